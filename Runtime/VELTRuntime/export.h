@@ -1,0 +1,10 @@
+// Which symbols the shared libraries show.
+#pragma once
+
+#define VELT_EXPORT __attribute__((visibility("default")))
+
+/// An exported function whose usual case is inline; the library holds it as a symbol too.
+#define VELT_INLINE_EXPORT inline VELT_EXPORT
+
+#define VELT_LIKELY(condition) __builtin_expect(static_cast<bool>(condition), 1)
+#define VELT_UNLIKELY(condition) __builtin_expect(static_cast<bool>(condition), 0)

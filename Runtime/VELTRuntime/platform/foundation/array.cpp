@@ -1,0 +1,105 @@
+#include "VELTRuntime/platform/foundation/array.h"
+
+#include "VELTRuntime/platform/foundation/collection_text.h"
+#include "VELTRuntime/platform/object/class.h"
+#include "VELTRuntime/platform/object/exception.h"
+#include "VELTRuntime/platform/object/message.h"
+#include "VELTRuntime/values/string.h"
+
+velt::Class& NSArray::entry() {
+    static velt::Class& cls = velt::declareClass<NSArray>("NSArray", &NSObject::entry());
+    return cls;
+}
+velt::Class& NSMutableArray::entry() {
+    static velt::Class& cls = velt::declareClass<NSMutableArray>("NSMutableArray", &NSArray::entry());
+    return cls;
+}
+
+void NSArray::append(std::span<const id> values) {
+    // An array may be appended to itself: the list must not move while it is read.
+    const std::size_t count = values.size();
+    const bool own = !values.empty() && values.data() == values_.items().data();
+    values_.reserve(values_.size() + count);
+    for (std::size_t i = 0; i < count; ++i) values_.append(own ? values_[i] : values[i]);
+}
+
+void NSArray::raiseOutOfRange(const char* operation, long position) const {
+    velt::raiseRange("'" + isa().name() + "' " + operation, position, count());
+}
+
+id NSArray::description() const {
+    const velt::DescriptionScope scope(*this);
+    if (scope.isNested()) return velt::string("(...)");
+    std::u16string text = u"(";
+    for (const id& item : items()) {
+        if (text.size() > 1) text += u", ";
+        text += velt::elementText(item);
+    }
+    return velt::string(text + u")");
+}
+
+bool NSArray::isEqual(const id& other) const {
+    const NSArray* array = velt::arrayOf(other);
+    if (!array || array->count() != count()) return false;
+    for (std::size_t i = 0; i < count(); ++i) {
+        if (!velt::isEqual(values_[i], array->values_[i])) return false;
+    }
+    return true;
+}
+
+// Elements may change after an array became a key; its length is all that equal arrays surely share cheaply.
+std::size_t NSArray::hash() const { return count(); }
+
+id NSArray::copy() const {
+    if (kind() == velt::Kind::Array) return id(const_cast<NSArray*>(this));
+    return velt::make<NSArray>(items());
+}
+
+void NSArray::visitOwned(velt::OwnedVisitor& visitor) {
+    for (id& item : values_.items()) {
+        if (item.isObject()) visitor.visit(item);
+    }
+    NSObject::visitOwned(visitor);
+}
+
+long NSArray::indexOf(const id& value) const {
+    for (std::size_t i = 0; i < count(); ++i) {
+        if (velt::isEqual(values_[i], value)) return static_cast<long>(i);
+    }
+    return -1;
+}
+
+void NSMutableArray::raiseNilElement(const char* operation) {
+    velt::raise(velt::kInvalidArgumentException,
+                std::string("'NSMutableArray' ") + operation + ": nil cannot be an element");
+}
+
+void NSMutableArray::insert(const id& value, long position) {
+    requireElement(value, "insertObject:atIndex:");
+    if (static_cast<std::size_t>(position) > count()) raiseOutOfRange("insertObject:atIndex:", position);
+    values_.insert(static_cast<std::size_t>(position), value);
+}
+
+void NSMutableArray::remove(long position) {
+    if (static_cast<std::size_t>(position) >= count()) raiseOutOfRange("removeObjectAtIndex:", position);
+    const id dropped = values_.remove(static_cast<std::size_t>(position));
+}
+
+void NSArray::describe(velt::ClassBuilder<NSArray>& c) {
+    using namespace velt;
+    c.property("count", &NSArray::count)
+        .method("objectAtIndex:", &NSArray::at)
+        .method("indexOfObject:", &NSArray::indexOf)
+        .method("containsObject:",
+                [](const id& self, const id* a) { return boxResult(arrayOf(self)->indexOf(a[0]) >= 0); })
+        .method("mutableCopy",
+                [](const id& self, const id*) { return id(make<NSMutableArray>(arrayOf(self)->items())); });
+}
+
+void NSMutableArray::describe(velt::ClassBuilder<NSMutableArray>& c) {
+    c.method("addObject:", static_cast<void (NSMutableArray::*)(const id&)>(&NSMutableArray::append))
+        .method("insertObject:atIndex:", &NSMutableArray::insert)
+        .method("replaceObjectAtIndex:withObject:", &NSMutableArray::replace)
+        .method("removeObjectAtIndex:", &NSMutableArray::remove)
+        .method("removeAllObjects", &NSMutableArray::removeAll);
+}

@@ -1,0 +1,196 @@
+#include "VELTRuntime/platform/foundation/dictionary.h"
+
+#include "VELTRuntime/platform/foundation/array.h"
+#include "VELTRuntime/platform/foundation/collection_text.h"
+#include "VELTRuntime/platform/object/class.h"
+#include "VELTRuntime/platform/object/exception.h"
+#include "VELTRuntime/platform/object/message.h"
+#include "VELTRuntime/values/string.h"
+
+namespace velt {
+
+// The index is probed linearly from the hash; it is never more than two thirds full, removed places included.
+
+std::size_t EntryTable::slotOf(const id& key, std::size_t hash) const {
+    const std::size_t mask = index_.size() - 1;
+    for (std::size_t slot = hash & mask;; slot = (slot + 1) & mask) {
+        const std::uint32_t at = index_[slot];
+        if (at == kFree) return slot;
+        if (at == kRemoved) continue;
+        const Entry& entry = entries_[at];
+        if (entry.hash == hash && isEqual(entry.key, key)) return slot;
+    }
+}
+
+void EntryTable::rebuild(std::size_t room) {
+    std::erase_if(entries_, [](const Entry& entry) { return entry.key.isNil(); });
+    holes_ = 0;
+    std::size_t size = 8;
+    while (size * 2 < room * 3) size *= 2;
+    index_.assign(size, kFree);
+    for (std::size_t i = 0; i < entries_.size(); ++i) {
+        std::size_t slot = entries_[i].hash & (size - 1);
+        while (index_[slot] != kFree) slot = (slot + 1) & (size - 1);
+        index_[slot] = static_cast<std::uint32_t>(i);
+    }
+}
+
+const id* EntryTable::find(const id& key) const {
+    if (index_.empty()) return nullptr;
+    const std::uint32_t at = index_[slotOf(key, velt::hash(key))];
+    return at == kFree ? nullptr : &entries_[at].value;
+}
+
+id EntryTable::set(const id& key, const id& value) {
+    const std::size_t hash = velt::hash(key);
+    if ((entries_.size() + 1) * 3 > index_.size() * 2) rebuild((size() + 1) * 2);
+    const std::size_t slot = slotOf(key, hash);
+    if (index_[slot] != kFree) return std::exchange(entries_[index_[slot]].value, value);
+    entries_.push_back(Entry{hash, key, value});
+    index_[slot] = static_cast<std::uint32_t>(entries_.size() - 1);
+    return nil;
+}
+
+EntryTable::Entry EntryTable::remove(const id& key) {
+    if (index_.empty()) return {};
+    const std::size_t slot = slotOf(key, velt::hash(key));
+    const std::uint32_t at = index_[slot];
+    if (at == kFree) return {};
+    index_[slot] = kRemoved;
+    ++holes_;
+    Entry removed = std::move(entries_[at]);
+    entries_[at] = Entry{};
+    return removed;
+}
+
+std::vector<EntryTable::Entry> EntryTable::takeAll() {
+    index_.clear();
+    holes_ = 0;
+    return std::exchange(entries_, {});
+}
+
+namespace {
+
+/// A key as a dictionary keeps it: a string that could change is copied.
+id keptKey(const id& key) { return isString(key) ? key.object()->copy() : key; }
+
+void require(const id& value, const char* what) {
+    if (value.isNil()) {
+        raise(kInvalidArgumentException, std::string("'NSMutableDictionary' setObject:forKey:: nil cannot be a ") + what);
+    }
+}
+
+}  // namespace
+
+}  // namespace velt
+
+velt::Class& NSDictionary::entry() {
+    static velt::Class& cls = velt::declareClass<NSDictionary>("NSDictionary", &NSObject::entry());
+    return cls;
+}
+velt::Class& NSMutableDictionary::entry() {
+    static velt::Class& cls = velt::declareClass<NSMutableDictionary>("NSMutableDictionary", &NSDictionary::entry());
+    return cls;
+}
+
+void NSDictionary::addEntries(const NSDictionary& other) {
+    other.forEach([this](const id& key, const id& value) { table_.set(key, value); });
+}
+
+id NSDictionary::description() const {
+    const velt::DescriptionScope scope(*this);
+    if (scope.isNested()) return velt::string("{...}");
+    std::u16string text = u"{";
+    forEach([&text](const id& key, const id& value) {
+        if (text.size() > 1) text += u"; ";
+        text += velt::elementText(key) + u" = " + velt::elementText(value);
+    });
+    return velt::string(text + u"}");
+}
+
+bool NSDictionary::isEqual(const id& other) const {
+    const NSDictionary* dictionary = velt::dictionaryOf(other);
+    if (!dictionary || dictionary->count() != count()) return false;
+    bool equal = true;
+    forEach([&](const id& key, const id& value) {
+        const id* found = equal ? dictionary->table_.find(key) : nullptr;
+        equal = found && velt::isEqual(value, *found);
+    });
+    return equal;
+}
+
+std::size_t NSDictionary::hash() const { return count(); }
+
+id NSDictionary::copy() const {
+    if (kind() == velt::Kind::Dictionary) return id(const_cast<NSDictionary*>(this));
+    return velt::make<NSDictionary>(*this);
+}
+
+void NSDictionary::visitOwned(velt::OwnedVisitor& visitor) {
+    // The collector empties keys too; a dictionary that it empties is not used any more.
+    for (auto& entry : table_.entries()) {
+        if (entry.key.isObject()) visitor.visit(entry.key);
+        if (entry.value.isObject()) visitor.visit(entry.value);
+    }
+    NSObject::visitOwned(visitor);
+}
+
+id NSDictionary::objectForKey(const id& key) const {
+    if (key.isNil()) return nil;
+    const id* value = table_.find(key);
+    return value ? *value : id();
+}
+
+id NSDictionary::allKeys() const {
+    velt::Ref<NSMutableArray> keys = velt::make<NSMutableArray>();
+    keys->reserve(count());
+    forEach([&](const id& key, const id&) { keys->append(key); });
+    return keys;
+}
+
+id NSDictionary::allValues() const {
+    velt::Ref<NSMutableArray> values = velt::make<NSMutableArray>();
+    values->reserve(count());
+    forEach([&](const id&, const id& value) { values->append(value); });
+    return values;
+}
+
+id NSDictionary::keyAt(long position) const {
+    if (static_cast<std::size_t>(position) >= count()) {
+        velt::raiseRange("'" + isa().name() + "' key", position, count());
+    }
+    const auto entries = table_.entries();
+    if (entries.size() == count()) return entries[static_cast<std::size_t>(position)].key;
+    for (const auto& entry : entries) {
+        if (!entry.key.isNil() && position-- == 0) return entry.key;
+    }
+    return nil;
+}
+
+void NSMutableDictionary::setObject(const id& value, const id& key) {
+    velt::require(key, "key");
+    velt::require(value, "value");
+    const id dropped = table_.set(velt::keptKey(key), value);
+}
+
+void NSMutableDictionary::removeObject(const id& key) {
+    if (!key.isNil()) const auto dropped = table_.remove(key);
+}
+
+void NSMutableDictionary::removeAll() { const auto dropped = table_.takeAll(); }
+
+void NSDictionary::describe(velt::ClassBuilder<NSDictionary>& c) {
+    using namespace velt;
+    c.property("count", &NSDictionary::count)
+        .property("allKeys", &NSDictionary::allKeys)
+        .property("allValues", &NSDictionary::allValues)
+        .method("objectForKey:", &NSDictionary::objectForKey)
+        .method("mutableCopy",
+                [](const id& self, const id*) { return id(make<NSMutableDictionary>(*dictionaryOf(self))); });
+}
+
+void NSMutableDictionary::describe(velt::ClassBuilder<NSMutableDictionary>& c) {
+    c.method("setObject:forKey:", &NSMutableDictionary::setObject)
+        .method("removeObjectForKey:", &NSMutableDictionary::removeObject)
+        .method("removeAllObjects", &NSMutableDictionary::removeAll);
+}

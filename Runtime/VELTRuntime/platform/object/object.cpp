@@ -1,0 +1,104 @@
+#include "VELTRuntime/platform/object/object.h"
+
+#include "VELTRuntime/platform/object/class.h"
+#include "VELTRuntime/platform/object/cycles.h"
+#include "VELTRuntime/platform/object/exception.h"
+#include "VELTRuntime/platform/object/message.h"
+#include "VELTRuntime/values/string.h"
+
+#include <cstdio>
+
+NSObject::~NSObject() = default;
+
+velt::Class& NSObject::entry() {
+    static velt::Class& cls = velt::declareClass<NSObject>("NSObject", nullptr);
+    return cls;
+}
+
+velt::Class& NSObject::isa() const { return entry(); }
+
+id NSObject::description() const {
+    char address[32];
+    std::snprintf(address, sizeof address, " %p>", static_cast<const void*>(this));
+    return velt::string("<" + isa().name() + address);
+}
+
+bool NSObject::isEqual(const id& other) const { return other.object() == this; }
+
+std::size_t NSObject::hash() const { return reinterpret_cast<std::size_t>(this) >> 4; }
+
+id NSObject::copy() const {
+    velt::raise(velt::kInvalidArgumentException, "'" + isa().name() + "' objects cannot be copied");
+}
+
+void NSObject::visitOwned(velt::OwnedVisitor& visitor) { isa().visitOwnedFields(*this, visitor); }
+
+void NSObject::describe(velt::ClassBuilder<NSObject>& c) {
+    using namespace velt;
+    c.method("self", [](const id& self, const id*) { return self; })
+        .method("init", [](const id& self, const id*) { return self; })
+        .method("description", [](const id& self, const id*) { return velt::description(self); })
+        .method("copy", [](const id& self, const id*) { return velt::copy(self); })
+        .method("isEqual:", [](const id& self, const id* a) { return boxResult(velt::isEqual(self, a[0])); })
+        .method("hash", [](const id& self, const id*) { return boxResult(velt::hash(self)); })
+        .method("className", [](const id& self, const id*) { return string(classOf(self)->name()); })
+        .method("respondsToSelector:",
+                [](const id& self, const id* a) {
+                    return boxResult(velt::respondsTo(self, Selector::named(utf8(VELT_CSTRING(a[0])))));
+                })
+        .method("valueForKey:",
+                [](const id& self, const id* a) { return valueForKey(self, utf8(VELT_CSTRING(a[0]))); })
+        .method("setValue:forKey:", [](const id& self, const id* a) {
+            setValueForKey(self, utf8(VELT_CSTRING(a[1])), a[0]);
+            return id();
+        });
+}
+
+namespace velt {
+
+namespace {
+
+/// Objects that wait to be destroyed on this thread, linked through their head words: a long chain of objects that
+/// own each other must not become a deep recursion.
+struct DestroyQueue {
+    NSObject* first = nullptr;
+    bool running = false;
+};
+constinit thread_local DestroyQueue queue;
+
+constexpr unsigned kLinkShift = 8;  // an address keeps clear of kind, colour and the destroying bit
+
+void push(NSObject* object, std::uint64_t head) {
+    const auto link = static_cast<std::uint64_t>(reinterpret_cast<std::uintptr_t>(queue.first)) << kLinkShift;
+    HeadAccess::of(object).store(link | ObjectHead::kDestroying | (head & ObjectHead::kKindMask),
+                                 std::memory_order_relaxed);
+    queue.first = object;
+}
+
+NSObject* pop() {
+    NSObject* object = queue.first;
+    std::atomic<std::uint64_t>& head = HeadAccess::of(object);
+    const std::uint64_t linked = head.load(std::memory_order_relaxed);
+    queue.first = reinterpret_cast<NSObject*>(static_cast<std::uintptr_t>(linked >> kLinkShift) & ~std::uintptr_t{15});
+    head.store(ObjectHead::kDestroying | (linked & ObjectHead::kKindMask), std::memory_order_relaxed);
+    return object;
+}
+
+}  // namespace
+
+void destroyObject(NSObject* object) noexcept {
+    const std::uint64_t head = HeadAccess::of(object).load(std::memory_order_relaxed);
+    if (isLeaf(static_cast<Kind>(head & ObjectHead::kKindMask))) {
+        delete object;
+        return;
+    }
+    if (head & ObjectHead::kDestroying) return;  // its own destructor took and dropped a reference
+    if (head & ObjectHead::kPlaceMask) forgetCycleCandidate(object);
+    push(object, head);
+    if (queue.running) return;
+    queue.running = true;
+    while (queue.first) delete pop();
+    queue.running = false;
+}
+
+}  // namespace velt

@@ -1,0 +1,42 @@
+#include "VELTRuntime/platform/object/selector.h"
+
+#include <algorithm>
+#include <deque>
+#include <mutex>
+#include <unordered_map>
+
+namespace velt {
+
+namespace {
+
+struct SelectorTable {
+    std::mutex mutex;
+    std::deque<Selector::Row> rows;
+    std::unordered_map<std::string_view, const Selector::Row*> byName;
+};
+
+SelectorTable& table() {
+    static SelectorTable& instance = *new SelectorTable;  // outlives every other static object
+    return instance;
+}
+
+}  // namespace
+
+Selector Selector::named(std::string_view name) {
+    SelectorTable& all = table();
+    const std::lock_guard lock(all.mutex);
+    if (const auto found = all.byName.find(name); found != all.byName.end()) return Selector(found->second);
+    const auto colons = static_cast<unsigned>(std::count(name.begin(), name.end(), ':'));
+    const Row& row = all.rows.emplace_back(Row{std::string(name), colons});
+    all.byName.emplace(row.name, &row);
+    return Selector(&row);
+}
+
+const std::string& Selector::name() const {
+    static const std::string& none = *new std::string;
+    return row_ ? row_->name : none;
+}
+
+unsigned Selector::argumentCount() const { return row_ ? row_->argumentCount : 0; }
+
+}  // namespace velt

@@ -1,0 +1,229 @@
+#include "VELTRuntime/values/string.h"
+
+#include "VELTRuntime/platform/object/class.h"
+#include "VELTRuntime/platform/object/exception.h"
+#include "VELTRuntime/platform/object/message.h"
+#include "VELTRuntime/values/text/reading.h"
+#include "VELTRuntime/values/text/search.h"
+#include "VELTRuntime/values/text/utf.h"
+
+#include <cstring>
+#include <new>
+
+namespace velt {
+
+TextBuffer* TextBuffer::create(std::size_t capacity) {
+    constexpr std::size_t kMost = (SIZE_MAX / 2 - sizeof(TextBuffer)) / sizeof(char16_t);
+    void* memory = capacity <= kMost ? std::malloc(sizeof(TextBuffer) + capacity * sizeof(char16_t)) : nullptr;
+    if (!memory) throw std::bad_alloc();
+    return new (memory) TextBuffer(capacity);
+}
+
+bool TextBuffer::claim(std::size_t end, std::size_t count) noexcept {
+    if (count > capacity_ - end) return false;
+    std::size_t expected = end;
+    return used_.compare_exchange_strong(expected, end + count, std::memory_order_relaxed);
+}
+
+}  // namespace velt
+
+namespace {
+
+void copyUnits(char16_t* to, std::u16string_view text) {
+    if (!text.empty()) std::memcpy(to, text.data(), text.size() * sizeof(char16_t));
+}
+
+}  // namespace
+
+namespace velt {
+
+id string(std::string_view utf8) {
+    char16_t* units = nullptr;
+    if (text::isAscii(utf8)) {
+        Ref<NSMutableString> result = make<NSMutableString>(utf8.size(), units);
+        text::widenAscii(utf8, units);
+        return result;
+    }
+    return string(text::fromUtf8Lenient(utf8));
+}
+
+id frozenString(std::string_view utf8) {
+    id result = string(utf8);
+    asMutableString(result).freeze();
+    return result;
+}
+
+std::string utf8(std::u16string_view text) { return text::toUtf8(text); }
+std::string utf8(const id& string) { return utf8(textOf(string)); }
+
+}  // namespace velt
+
+velt::Class& NSString::entry() {
+    static velt::Class& cls = velt::declareClass<NSString>("NSString", &NSObject::entry());
+    return cls;
+}
+velt::Class& NSMutableString::entry() {
+    static velt::Class& cls = velt::declareClass<NSMutableString>("NSMutableString", &NSString::entry());
+    return cls;
+}
+
+id NSString::description() const { return velt::freshCopy(*this); }
+
+bool NSString::isEqual(const id& other) const {
+    // Unit by unit: what keys and element tests compare. The language's own equality also matches canonically
+    // equivalent texts.
+    return velt::isString(other) && velt::textOf(other) == view();
+}
+
+std::size_t NSString::hash() const { return std::hash<std::u16string_view>()(view()); }
+
+id NSString::copy() const {
+    if (frozen_) return id(const_cast<NSString*>(this));
+    velt::Ref<NSMutableString> result = velt::make<NSMutableString>(*this);
+    result->freeze();
+    return result;
+}
+
+char16_t* NSMutableString::allocate(std::size_t length) {
+    length_ = length;
+    if (length <= kInlineUnits) {
+        inline_ = 1;
+        return inlineUnits_;
+    }
+    velt::TextBuffer* buffer = velt::TextBuffer::create(length);
+    buffer->setUsed(length);
+    inline_ = 0;
+    shared_ = {buffer, buffer->units()};
+    return shared_.start;
+}
+
+NSMutableString::NSMutableString(std::u16string_view text) { copyUnits(allocate(text.size()), text); }
+
+NSMutableString::NSMutableString(std::size_t length, char16_t*& fill) { fill = allocate(length); }
+
+NSMutableString::NSMutableString(const NSString& other) noexcept {
+    become(static_cast<const NSMutableString&>(other));
+}
+
+NSMutableString::NSMutableString(const NSString& other, std::size_t start, std::size_t length) {
+    const auto& source = static_cast<const NSMutableString&>(other);
+    assert(start <= source.length_ && length <= source.length_ - start);
+    // A short piece would keep a long text alive for little.
+    if (length <= kInlineUnits || source.inline_ || length < source.shared_.buffer->capacity() / 2) {
+        copyUnits(allocate(length), source.view().substr(start, length));
+        return;
+    }
+    length_ = length;
+    inline_ = 0;
+    shared_ = {source.shared_.buffer, source.shared_.start + start};
+    shared_.buffer->retain();
+}
+
+NSMutableString::NSMutableString(const NSString& head, std::u16string_view tail) {
+    const auto& source = static_cast<const NSMutableString&>(head);
+    const std::size_t length = source.length_ + tail.size();
+    if (length <= kInlineUnits || source.inline_) {
+        char16_t* units = allocate(length);
+        copyUnits(units, source.view());
+        copyUnits(units + source.length_, tail);
+        return;
+    }
+    length_ = length;
+    inline_ = 0;
+    velt::TextBuffer* buffer = source.shared_.buffer;
+    const std::size_t start = static_cast<std::size_t>(source.shared_.start - buffer->units());
+    if (buffer->claim(start + source.length_, tail.size())) {
+        shared_ = source.shared_;
+        buffer->retain();
+    } else {
+        // A text that is appended to will be appended to again.
+        buffer = velt::TextBuffer::create(length + length / 2);
+        buffer->setUsed(length);
+        shared_ = {buffer, buffer->units()};
+        copyUnits(shared_.start, source.view());
+    }
+    copyUnits(shared_.start + source.length_, tail);
+}
+
+void NSMutableString::requireChangeable(const char* operation) const {
+    if (frozen_) {
+        velt::raise(velt::kInvalidArgumentException,
+                    std::string("'") + operation + "' on a string that cannot be changed");
+    }
+}
+
+void NSMutableString::become(const NSMutableString& other) noexcept {
+    if (!isInline()) shared_.buffer->release();
+    length_ = other.length_;
+    inline_ = other.inline_;
+    if (inline_) {
+        std::memcpy(inlineUnits_, other.inlineUnits_, sizeof inlineUnits_);
+    } else {
+        shared_ = other.shared_;
+        shared_.buffer->retain();
+    }
+}
+
+void NSMutableString::assign(std::u16string_view a, std::u16string_view b, std::u16string_view c) {
+    // The pieces may be parts of the text that is replaced: build first, then take over.
+    char16_t* units = nullptr;
+    const NSMutableString built(a.size() + b.size() + c.size(), units);
+    copyUnits(units, a);
+    copyUnits(units + a.size(), b);
+    copyUnits(units + a.size() + b.size(), c);
+    become(built);
+}
+
+void NSMutableString::setText(std::u16string_view text) {
+    requireChangeable("setString:");
+    assign(text, {}, {});
+}
+
+void NSMutableString::append(std::u16string_view text) {
+    requireChangeable("appendString:");
+    const NSMutableString longer(*this, text);
+    become(longer);
+}
+
+void NSMutableString::insert(std::size_t position, std::u16string_view text) { replace(position, 0, text); }
+
+void NSMutableString::replace(std::size_t position, std::size_t length, std::u16string_view text) {
+    requireChangeable("replaceCharactersInRange:withString:");
+    if (position > length_) velt::raiseRange("replaceCharacters", static_cast<long long>(position), length_);
+    if (length > length_ - position) {
+        velt::raiseRange("replaceCharacters", static_cast<long long>(position + length), length_);
+    }
+    assign(view().substr(0, position), text, view().substr(position + length));
+}
+
+void NSString::describe(velt::ClassBuilder<NSString>& c) {
+    using namespace velt;
+    c.property("length", &NSString::length)
+        .method("string", [](const id& s, const id*) { return s; })
+        .method("mutableCopy", [](const id& s, const id*) { return freshCopy(asString(s)); })
+        .method("integerValue", [](const id& s, const id*) { return boxResult(text::integerReading(textOf(s))); })
+        .method("intValue", [](const id& s, const id*) { return boxResult(text::integerReading(textOf(s))); })
+        .method("longLongValue", [](const id& s, const id*) { return boxResult(text::integerReading(textOf(s))); })
+        .method("doubleValue", [](const id& s, const id*) { return boxResult(text::doubleReading(textOf(s))); })
+        .method("floatValue", [](const id& s, const id*) { return boxResult(text::floatReading(textOf(s))); })
+        .method("boolValue", [](const id& s, const id*) { return boxResult(text::booleanReading(textOf(s))); })
+        .method("compare:", [](const id& s, const id* a) {
+            if (!isString(a[0])) raiseClassExpected(NSString::entry());
+            return boxResult(text::compare(textOf(s), textOf(a[0]), text::Case::Respected));
+        });
+}
+
+void NSMutableString::describe(velt::ClassBuilder<NSMutableString>& c) {
+    using namespace velt;
+    c.method("setString:",
+             [](const id& s, const id* a) {
+                 const id text = VELT_CSTRING(a[0]);
+                 asMutableString(s).setText(textOf(text));
+                 return id();
+             })
+        .method("appendString:", [](const id& s, const id* a) {
+            const id text = VELT_CSTRING(a[0]);
+            asMutableString(s).append(textOf(text));
+            return id();
+        });
+}
