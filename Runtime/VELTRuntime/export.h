@@ -8,3 +8,7 @@
 
 #define VELT_LIKELY(condition) __builtin_expect(static_cast<bool>(condition), 1)
 #define VELT_UNLIKELY(condition) __builtin_expect(static_cast<bool>(condition), 0)
+
+/// Inlined even where the compiler sees little use in it: a call that takes a variable's address, be it only on the way
+/// of an exception, would keep the variable in memory everywhere.
+#define VELT_ALWAYS_INLINE [[gnu::always_inline]]

@@ -12,7 +12,7 @@ namespace velt {
 /// Adds an owner to the object of a heap word.
 inline void retainObject(Word word) noexcept;
 /// Takes an owner from the object of a heap word; the last one frees it.
-inline void releaseObject(Word word) noexcept;
+VELT_EXPORT void releaseObject(Word word) noexcept;
 
 }  // namespace velt
 
@@ -25,16 +25,16 @@ public:
     /// Shares the object; nil for a null pointer.
     id(NSObject* object) noexcept : word_(velt::objectWord(object)) { retain(word_); }
 
-    constexpr id(const id& other) noexcept : word_(other.word_) { retain(word_); }
-    constexpr id(id&& other) noexcept : word_(other.word_) { other.word_ = velt::kNilWord; }
-    constexpr id& operator=(const id& other) noexcept {
+    VELT_ALWAYS_INLINE constexpr id(const id& other) noexcept : word_(other.word_) { retain(word_); }
+    VELT_ALWAYS_INLINE constexpr id(id&& other) noexcept : word_(other.word_) { other.word_ = velt::kNilWord; }
+    VELT_ALWAYS_INLINE constexpr id& operator=(const id& other) noexcept {
         const velt::Word old = word_;
         retain(other.word_);
         word_ = other.word_;
         release(old);
         return *this;
     }
-    constexpr id& operator=(id&& other) noexcept {
+    VELT_ALWAYS_INLINE constexpr id& operator=(id&& other) noexcept {
         const velt::Word taken = other.word_;
         other.word_ = velt::kNilWord;
         const velt::Word old = word_;
@@ -42,10 +42,10 @@ public:
         release(old);
         return *this;
     }
-    constexpr ~id() { release(word_); }
+    VELT_ALWAYS_INLINE constexpr ~id() { release(word_); }
 
     /// Takes over a word that already counts this owner.
-    static constexpr id adopt(velt::Word word) noexcept {
+    VELT_ALWAYS_INLINE static constexpr id adopt(velt::Word word) noexcept {
         id value;
         value.word_ = word;
         return value;
@@ -69,11 +69,11 @@ public:
     friend constexpr bool operator==(const id& a, const id& b) noexcept { return a.word_ == b.word_; }
 
 private:
-    static constexpr void retain(velt::Word word) noexcept {
+    VELT_ALWAYS_INLINE static constexpr void retain(velt::Word word) noexcept {
         if (velt::isHeapWord(word)) velt::retainObject(word);
     }
-    static constexpr void release(velt::Word word) noexcept {
-        if (velt::isHeapWord(word)) velt::releaseObject(word);
+    VELT_ALWAYS_INLINE static constexpr void release(velt::Word word) noexcept {
+        if (VELT_UNLIKELY(velt::isHeapWord(word))) velt::releaseObject(word);
     }
 
     velt::Word word_ = velt::kNilWord;

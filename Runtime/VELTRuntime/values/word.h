@@ -13,14 +13,14 @@ namespace velt {
 ///   word                         | holds
 ///   -----------------------------|---------------------------------------------------------------
 ///   0                            | nil
-///   ........ ........ ....  000  | address of a heap object (at least 8-byte aligned)
-///   payload (56 bits) 00ccc 100  | a small number; ccc is its SmallCode
-///   payload (62 bits)        11  | Integer or Long ("q"), two's complement
-///   rotl(bits, 4) ^ 1: 01 or 10  | Double ("d")
+///   address               ... 000 | a heap object (at least 8-byte aligned)
+///   payload (56 bits) 00ccc   100 | a small number; ccc is its SmallCode
+///   payload (61 bits)         111 | Integer or Long ("q"), two's complement
+///   rotl(bits, 4) ^ 1  ..01, ..10 | Double ("d")
 ///
 /// A double tags itself: rotating it left by four brings exponent bits 9 and 8 to the bottom, and they are
 /// equal (00 or 11) for zeros, subnormals, infinities, NaNs and every magnitude from 2^-255 to 2^257. The
-/// few doubles between those ranges, integers beyond 62 bits and unsigned words beyond 56 bits live on the
+/// few doubles between those ranges, integers beyond 61 bits and unsigned words beyond 56 bits live on the
 /// heap as number objects that behave the same.
 using Word = std::uint64_t;
 
@@ -28,26 +28,34 @@ using Word = std::uint64_t;
 enum class SmallCode : std::uint8_t { Char, Short, Int, Float, UnsignedLong };
 
 inline constexpr Word kNilWord = 0;
-inline constexpr Word kIntegerTag = 3;
+inline constexpr Word kIntegerTag = 7;
 inline constexpr Word kSmallTag = 4;
-inline constexpr std::int64_t kMaxImmediateInteger = (std::int64_t{1} << 61) - 1;
-inline constexpr std::int64_t kMinImmediateInteger = -(std::int64_t{1} << 61);
+inline constexpr std::int64_t kMaxImmediateInteger = (std::int64_t{1} << 60) - 1;
+inline constexpr std::int64_t kMinImmediateInteger = -(std::int64_t{1} << 60);
 inline constexpr std::uint64_t kMaxImmediateUnsigned = (std::uint64_t{1} << 56) - 1;
 
-constexpr bool isHeapWord(Word w) { return (w & 7) == 0 && w != kNilWord; }
-constexpr bool isIntegerWord(Word w) { return (w & 3) == kIntegerTag; }
-constexpr bool isDoubleWord(Word w) { return ((w + 1) & 2) != 0; }
+// Every test looks at all three tag bits, so that the compiler learns from one what another would say.
+constexpr bool isHeapWord(Word w) {
+    if (__builtin_expect((w & 7) == 0, 0)) return w != kNilWord;
+    return false;
+}
+constexpr bool isIntegerWord(Word w) { return (w & 7) == kIntegerTag; }
+constexpr bool isDoubleWord(Word w) { return (((w & 7) + 1) & 2) != 0; }
 constexpr bool isSmallWord(Word w) { return (w & 7) == kSmallTag; }
 constexpr bool isImmediateNumberWord(Word w) { return (w & 7) != 0; }
 
-constexpr bool areIntegerWords(Word a, Word b) { return (a & b & 3) == kIntegerTag; }
-constexpr bool areDoubleWords(Word a, Word b) { return ((a + 1) & (b + 1) & 2) != 0; }
+/// One test each, not one of both words together: what is known of a word once lets the compiler drop later tests of
+/// it, and the release of the value that it overwrites.
+constexpr bool areIntegerWords(Word a, Word b) {
+    return __builtin_expect(isIntegerWord(a), 1) && __builtin_expect(isIntegerWord(b), 1);
+}
+constexpr bool areDoubleWords(Word a, Word b) { return isDoubleWord(a) && isDoubleWord(b); }
 
 constexpr bool fitsImmediateInteger(std::int64_t v) {
     return v >= kMinImmediateInteger && v <= kMaxImmediateInteger;
 }
-constexpr Word integerWord(std::int64_t v) { return (static_cast<Word>(v) << 2) | kIntegerTag; }
-constexpr std::int64_t asIntegerWord(Word w) { return static_cast<std::int64_t>(w) >> 2; }
+constexpr Word integerWord(std::int64_t v) { return (static_cast<Word>(v) << 3) | kIntegerTag; }
+constexpr std::int64_t asIntegerWord(Word w) { return static_cast<std::int64_t>(w) >> 3; }
 
 /// The word for a double; it is a Double word only when isDoubleWord says so, else the double needs the heap.
 constexpr Word doubleWord(double v) { return std::rotl(std::bit_cast<Word>(v), 4) ^ 1; }

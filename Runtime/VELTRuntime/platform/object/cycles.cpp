@@ -1,6 +1,7 @@
 #include "VELTRuntime/platform/object/cycles.h"
 
 #include "VELTRuntime/platform/object/class.h"
+#include "VELTRuntime/platform/object/ownership.h"
 
 #include <algorithm>
 #include <mutex>
@@ -242,7 +243,7 @@ void releaseCycleCandidate(NSObject* object) noexcept {
             due = !all.collecting && (all.stress || all.candidates.size() >= all.threshold);
         }
     }
-    if (dropOwner(HeadAccess::of(object))) destroyObject(object);
+    if (dropOwner(object)) destroyObject(object);
     if (due) collectCycles();
 }
 

@@ -4,6 +4,7 @@
 #include "VELTRuntime/platform/object/cycles.h"
 #include "VELTRuntime/platform/object/exception.h"
 #include "VELTRuntime/platform/object/message.h"
+#include "VELTRuntime/platform/object/ownership.h"
 #include "VELTRuntime/values/string.h"
 
 #include <cstdio>
@@ -85,6 +86,18 @@ NSObject* pop() {
 }
 
 }  // namespace
+
+void releaseObject(Word word) noexcept {
+    NSObject* object = asObjectWord(word);
+    const std::uint64_t head = HeadAccess::of(object).load(std::memory_order_relaxed);
+    const bool keepsOwners = head >= 2 * ObjectHead::kOneOwner;
+    const bool noted = (head & ObjectHead::kPlaceMask) != 0;
+    if (keepsOwners && !noted && !isLeaf(static_cast<Kind>(head & ObjectHead::kKindMask))) {
+        releaseCycleCandidate(object);
+    } else if (dropOwner(object)) {
+        destroyObject(object);
+    }
+}
 
 void destroyObject(NSObject* object) noexcept {
     const std::uint64_t head = HeadAccess::of(object).load(std::memory_order_relaxed);

@@ -54,12 +54,6 @@ struct ObjectHead {
 /// Objects that can never be part of a dropped cycle: they own no values.
 constexpr bool isLeaf(Kind kind) { return kind >= Kind::Number && kind <= Kind::MutableData; }
 
-/// Frees an object whose last owner has gone.
-VELT_EXPORT void destroyObject(NSObject* object) noexcept;
-/// Takes an owner from an object that keeps others and may therefore hang in a dropped cycle: notes it as a
-/// candidate first, and collects when enough of them have gathered.
-VELT_EXPORT void releaseCycleCandidate(NSObject* object) noexcept;
-
 }  // namespace velt
 
 /// The root class. Objects are made with velt::make, shared through values and Ref, and freed by the last owner.
@@ -129,28 +123,6 @@ inline void retainObject(Word word) noexcept {
         head.store(head.load(std::memory_order_relaxed) + ObjectHead::kOneOwner, std::memory_order_relaxed);
     } else {
         head.fetch_add(ObjectHead::kOneOwner, std::memory_order_relaxed);
-    }
-}
-
-/// Counts one owner less; true when that was the last one.
-inline bool dropOwner(std::atomic<std::uint64_t>& head) noexcept {
-    if (VELT_LIKELY(__libc_single_threaded)) {
-        const std::uint64_t left = head.load(std::memory_order_relaxed) - ObjectHead::kOneOwner;
-        head.store(left, std::memory_order_relaxed);
-        return left < ObjectHead::kOneOwner;
-    }
-    return head.fetch_sub(ObjectHead::kOneOwner, std::memory_order_acq_rel) < 2 * ObjectHead::kOneOwner;
-}
-
-inline void releaseObject(Word word) noexcept {
-    NSObject* object = asObjectWord(word);
-    std::atomic<std::uint64_t>& head = object->head_;
-    const std::uint64_t seen = head.load(std::memory_order_relaxed);
-    const auto kind = static_cast<Kind>(seen & ObjectHead::kKindMask);
-    if (!isLeaf(kind) && seen >= 2 * ObjectHead::kOneOwner && (seen & ObjectHead::kPlaceMask) == 0) {
-        releaseCycleCandidate(object);
-    } else if (dropOwner(head)) {
-        destroyObject(object);
     }
 }
 
