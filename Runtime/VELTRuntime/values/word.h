@@ -40,7 +40,12 @@ constexpr bool isHeapWord(Word w) {
     return false;
 }
 constexpr bool isIntegerWord(Word w) { return (w & 7) == kIntegerTag; }
-constexpr bool isDoubleWord(Word w) { return (((w & 7) + 1) & 2) != 0; }
+constexpr bool isDoubleWord(Word w) {
+    if ((((w & 7) + 1) & 2) == 0) return false;
+    // Follows from the test, but the compiler does not see it.
+    if ((w & 7) == 0 || (w & 7) == kIntegerTag) __builtin_unreachable();
+    return true;
+}
 constexpr bool isSmallWord(Word w) { return (w & 7) == kSmallTag; }
 constexpr bool isImmediateNumberWord(Word w) { return (w & 7) != 0; }
 

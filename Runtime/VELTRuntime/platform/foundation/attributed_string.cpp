@@ -1,0 +1,106 @@
+#include "VELTRuntime/platform/foundation/attributed_string.h"
+
+#include "VELTRuntime/platform/object/class.h"
+#include "VELTRuntime/platform/object/exception.h"
+#include "VELTRuntime/platform/object/message.h"
+
+velt::Class& NSAttributedString::entry() {
+    static velt::Class& cls = velt::declareClass<NSAttributedString>("NSAttributedString", &NSObject::entry());
+    return cls;
+}
+velt::Class& NSMutableAttributedString::entry() {
+    static velt::Class& cls =
+        velt::declareClass<NSMutableAttributedString>("NSMutableAttributedString", &NSAttributedString::entry());
+    return cls;
+}
+
+void NSAttributedString::appendText(std::u16string_view text, const id& attributes) {
+    if (text.empty()) return;
+    text_ += text;
+    if (!runs_.empty() && runs_.back().attributes == attributes) {
+        runs_.back().end = text_.size();
+    } else {
+        runs_.push_back({text_.size(), attributes});
+    }
+}
+
+id NSAttributedString::description() const { return string(); }
+
+bool NSAttributedString::isEqual(const id& other) const {
+    const NSAttributedString* attributed = velt::attributedStringOf(other);
+    if (!attributed || attributed->text_ != text_) return false;
+    // Runs may be cut differently: walk both to the nearest end.
+    const auto same = [](const id& a, const id& b) { return a == b || velt::isEqual(a, b); };
+    for (std::size_t i = 0, j = 0; i < runs_.size() && j < attributed->runs_.size();) {
+        const Run &a = runs_[i], &b = attributed->runs_[j];
+        if (!same(a.attributes, b.attributes)) return false;
+        i += a.end <= b.end;
+        j += b.end <= a.end;
+    }
+    return true;
+}
+
+std::size_t NSAttributedString::hash() const { return std::hash<std::u16string_view>()(text_); }
+
+id NSAttributedString::copy() const { return velt::make<NSAttributedString>(*this); }
+
+void NSAttributedString::visitOwned(velt::OwnedVisitor& visitor) {
+    for (Run& run : runs_) {
+        if (run.attributes.isObject()) visitor.visit(run.attributes);
+    }
+    NSObject::visitOwned(visitor);
+}
+
+id NSAttributedString::attributesAt(long position) const {
+    if (static_cast<std::size_t>(position) >= length()) {
+        velt::raiseRange("'" + isa().name() + "' attributesAtIndex:", position, length());
+    }
+    for (const Run& run : runs_) {
+        if (static_cast<std::size_t>(position) < run.end) return run.attributes;
+    }
+    return nil;
+}
+
+void NSMutableAttributedString::append(const NSAttributedString& other) {
+    const NSMutableAttributedString source(other);  // the other may be this one
+    std::size_t begin = 0;
+    for (const Run& run : source.runs_) {
+        appendText(source.view().substr(begin, run.end - begin), run.attributes);
+        begin = run.end;
+    }
+}
+
+void NSMutableAttributedString::setAttributes(const id& attributes, NSRange range) {
+    if (range.location > length() || range.length > length() - range.location) {
+        velt::raiseRange("'NSMutableAttributedString' setAttributes:range:",
+                         static_cast<long long>(range.location + range.length), length());
+    }
+    if (range.length == 0) return;
+    const std::size_t rangeEnd = range.location + range.length;
+    NSMutableAttributedString result;
+    const auto copyRuns = [&](std::size_t from, std::size_t to) {
+        std::size_t begin = 0;
+        for (const Run& run : runs_) {
+            const std::size_t first = std::max(begin, from), last = std::min(run.end, to);
+            if (first < last) result.appendText(view().substr(first, last - first), run.attributes);
+            begin = run.end;
+        }
+    };
+    copyRuns(0, range.location);
+    result.appendText(view().substr(range.location, range.length), attributes);
+    copyRuns(rangeEnd, length());
+    text_.swap(result.text_);
+    runs_.swap(result.runs_);
+}
+
+void NSAttributedString::describe(velt::ClassBuilder<NSAttributedString>& c) {
+    c.property("length", &NSAttributedString::length)
+        .property("string", &NSAttributedString::string)
+        .method("mutableCopy", [](const id& self, const id*) {
+            return id(velt::make<NSMutableAttributedString>(*velt::attributedStringOf(self)));
+        });
+}
+
+void NSMutableAttributedString::describe(velt::ClassBuilder<NSMutableAttributedString>& c) {
+    c.method("setAttributes:range:", &NSMutableAttributedString::setAttributes);
+}

@@ -1,0 +1,73 @@
+// Attributed strings: text whose ranges carry attributes.
+#pragma once
+
+#include "VELTRuntime/values/string.h"
+#include "VELTRuntime/values/structures.h"
+
+#include <string>
+#include <vector>
+
+/// Text with attributes that does not change.
+class VELT_EXPORT NSAttributedString : public NSObject {
+public:
+    /// That text without attributes.
+    explicit NSAttributedString(std::u16string_view text = {}) : NSAttributedString(velt::Kind::AttributedString) {
+        appendText(text, nil);
+    }
+    /// The text and attributes of another one.
+    explicit NSAttributedString(const NSAttributedString& other)
+        : NSObject(velt::Kind::AttributedString), text_(other.text_), runs_(other.runs_) {}
+
+    static velt::Class& entry();
+    velt::Class& isa() const override { return entry(); }
+    /// The text without its attributes.
+    id description() const override;
+    /// The same text with equal attributes everywhere.
+    bool isEqual(const id& other) const override;
+    std::size_t hash() const override;
+    id copy() const override;
+    void visitOwned(velt::OwnedVisitor& visitor) override;
+
+    std::u16string_view view() const { return text_; }
+    std::size_t length() const { return text_.size(); }
+    /// The text as a new string.
+    id string() const { return velt::string(std::u16string_view(text_)); }
+    /// The attributes, a dictionary or nil, of the unit at that position; raises "NSRangeException" beyond the end.
+    id attributesAt(long position) const;
+    static void describe(velt::ClassBuilder<NSAttributedString>& c);
+
+protected:
+    /// The attributes of the units before a position, from the end of the run before.
+    struct Run {
+        std::size_t end;
+        id attributes;
+    };
+    explicit NSAttributedString(velt::Kind kind) : NSObject(kind) {}
+    void appendText(std::u16string_view text, const id& attributes);
+
+    std::u16string text_;
+    std::vector<Run> runs_;
+};
+
+/// Text with attributes that may be changed in place.
+class VELT_EXPORT NSMutableAttributedString final : public NSAttributedString {
+public:
+    explicit NSMutableAttributedString(std::u16string_view text = {}) : NSAttributedString(text) {}
+    explicit NSMutableAttributedString(const NSAttributedString& other) : NSAttributedString(other) {}
+    static velt::Class& entry();
+    velt::Class& isa() const override { return entry(); }
+
+    void append(const NSAttributedString& other);
+    /// Replaces the attributes of a range; raises "NSRangeException" when it goes beyond the end.
+    void setAttributes(const id& attributes, NSRange range);
+    static void describe(velt::ClassBuilder<NSMutableAttributedString>& c);
+};
+
+namespace velt {
+
+/// The attributed string behind a value, or null when it is none.
+inline const NSAttributedString* attributedStringOf(const id& value) {
+    return isKind(value.word(), Kind::AttributedString) ? static_cast<const NSAttributedString*>(value.object()) : nullptr;
+}
+
+}  // namespace velt

@@ -1,0 +1,60 @@
+#include "VELTRuntime/platform/object/providers.h"
+
+#include "VELTRuntime/platform/object/exception.h"
+
+#include <dlfcn.h>
+#include <mutex>
+
+namespace velt {
+
+namespace {
+
+constexpr const char* kLibrary = "libVELTRuntimeUI.so.0";
+
+struct State {
+    std::once_flag loaded;
+    Providers providers{};
+    std::string failure;
+};
+
+State& state() {
+    static State& instance = *new State;
+    return instance;
+}
+
+/// Beside this library first, then wherever the system looks.
+void load() {
+    Dl_info own{};
+    std::string folder;
+    if (dladdr(reinterpret_cast<void*>(&load), &own) && own.dli_fname) {
+        folder = own.dli_fname;
+        folder.erase(folder.rfind('/') == folder.npos ? 0 : folder.rfind('/') + 1);
+    }
+    if (!folder.empty() && dlopen((folder + kLibrary).c_str(), RTLD_NOW | RTLD_GLOBAL)) return;
+    if (dlopen(kLibrary, RTLD_NOW | RTLD_GLOBAL)) return;
+    const char* reason = dlerror();
+    state().failure = reason ? reason : "it could not be loaded";
+}
+
+}  // namespace
+
+void provide(const Providers& given) {
+    Providers& all = state().providers;
+    if (given.imageFromFile) all.imageFromFile = given.imageFromFile;
+    if (given.attributedStringFromHtml) all.attributedStringFromHtml = given.attributedStringFromHtml;
+    if (given.soundAlert) all.soundAlert = given.soundAlert;
+    if (given.visibleScreenFrame) all.visibleScreenFrame = given.visibleScreenFrame;
+}
+
+const Providers& providers() {
+    std::call_once(state().loaded, load);
+    return state().providers;
+}
+
+void raiseNotProvided(const char* what) {
+    const std::string& failure = state().failure;
+    raise(kRuntimeException, std::string(what) + " needs " + kLibrary + ": " +
+                                 (failure.empty() ? "the library does not give it" : failure));
+}
+
+}  // namespace velt

@@ -1,0 +1,32 @@
+// What this library needs and only the library with windows can give. That library hands it over when it is loaded, and
+// is loaded at the first need.
+#pragma once
+
+#include "VELTRuntime/values/structures.h"
+
+#include <string>
+
+namespace velt {
+
+/// The services of the library with windows.
+struct Providers {
+    /// The image in a file (path in UTF-8), or nil when there is none.
+    id (*imageFromFile)(const std::string& path);
+    /// A new attributed string of an HTML text (UTF-8).
+    id (*attributedStringFromHtml)(const std::string& html);
+    /// Sounds the desktop's alert; false when there is no desktop.
+    bool (*soundAlert)();
+    /// The main screen without panels, y upward; the zero rectangle when there is no screen.
+    NSRect (*visibleScreenFrame)();
+};
+
+/// Hands services over; null members leave what was there.
+VELT_EXPORT void provide(const Providers& providers);
+
+/// The services, after loading the library with windows if it was not. Members are null when it does not give them.
+VELT_EXPORT const Providers& providers();
+
+/// Raises "VLException": what was asked for needs the library with windows, and why that was not to be had.
+[[noreturn]] VELT_EXPORT void raiseNotProvided(const char* what);
+
+}  // namespace velt

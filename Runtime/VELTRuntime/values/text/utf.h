@@ -1,0 +1,27 @@
+// UTF-8, ASCII and UTF-16: decoding and encoding of whole texts.
+#pragma once
+
+#include "VELTRuntime/export.h"
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace velt::text {
+
+/// All bytes are below 0x80.
+VELT_EXPORT bool isAscii(std::string_view bytes);
+/// Writes the code units of ASCII bytes; as many units as bytes.
+VELT_EXPORT void widenAscii(std::string_view bytes, char16_t* units);
+
+/// The text of well-formed UTF-8 (no overlong forms, no surrogates, nothing above U+10FFFF), or nothing. A byte order
+/// mark is part of the text.
+VELT_EXPORT std::optional<std::u16string> fromUtf8(std::string_view bytes);
+/// The text of any bytes: every maximal ill-formed part becomes one U+FFFD.
+VELT_EXPORT std::u16string fromUtf8Lenient(std::string_view bytes);
+/// The text of ASCII bytes: others become U+FFFD.
+VELT_EXPORT std::u16string fromAscii(std::string_view bytes);
+/// The UTF-8 bytes of a text: a surrogate without its partner becomes U+FFFD.
+VELT_EXPORT std::string toUtf8(std::u16string_view text);
+
+}  // namespace velt::text
