@@ -64,8 +64,8 @@ VELT_INLINE_EXPORT id VELT_MUL(const id& a, const id& b) {
     const Word x = a.word(), y = b.word();
     if (VELT_LIKELY(areIntegerWords(x, y))) {
         std::int64_t product;
-        if (VELT_LIKELY(!__builtin_mul_overflow(static_cast<std::int64_t>(x - kIntegerTag), asIntegerWord(y),
-                                                &product))) {
+        if (VELT_LIKELY(
+                !__builtin_mul_overflow(static_cast<std::int64_t>(x - kIntegerTag), asIntegerWord(y), &product))) {
             return id::adopt(static_cast<Word>(product) | kIntegerTag);
         }
     } else if (areDoubleWords(x, y)) {

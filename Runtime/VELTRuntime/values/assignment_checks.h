@@ -13,9 +13,12 @@ VELT_EXPORT id numberForVariable(Word value, NumberType type);
 template <NumberType Type, NumberCode Code> id checkedNumber(const id& value) {
     const Word word = value.word();
     bool keeps = false;
-    if constexpr (Code == NumberCode::Long) keeps = isIntegerWord(word);
-    else if constexpr (Code == NumberCode::Double) keeps = isDoubleWord(word);
-    else keeps = (word & 0xFF) == (smallWord(static_cast<SmallCode>(Code), 0) & 0xFF);
+    if constexpr (Code == NumberCode::Long)
+        keeps = isIntegerWord(word);
+    else if constexpr (Code == NumberCode::Double)
+        keeps = isDoubleWord(word);
+    else
+        keeps = (word & 0xFF) == (smallWord(static_cast<SmallCode>(Code), 0) & 0xFF);
     return VELT_LIKELY(keeps || word == kNilWord) ? value : numberForVariable(word, Type);
 }
 

@@ -12,8 +12,8 @@
 
 /// Accepts the editor view and any text view, whatever the reason says. Programs rely on it.
 VELT_EXPORT id VELT__VLTEXTVIEW(const id& value);
-/// Accept any array, any dictionary and any data, those that cannot be changed too; raise "'NSMutableArray' expected" and
-/// so on. Programs rely on it.
+/// Accept any array, any dictionary and any data, those that cannot be changed too; raise "'NSMutableArray' expected"
+/// and so on. Programs rely on it.
 VELT_EXPORT id VELT__ARRAY(const id& value);
 VELT_EXPORT id VELT__NSMUTABLEARRAY(const id& value);
 VELT_EXPORT id VELT__DICTIONARY(const id& value);

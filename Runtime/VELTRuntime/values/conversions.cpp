@@ -42,9 +42,7 @@ std::int64_t slowIntegerCast(Word value) {
 std::int64_t slowLongCast(Word value) {
     return scalarCast(value, slowIntegerReading, text::integerReading, "'Long' expected");
 }
-float slowSingleCast(Word value) {
-    return scalarCast(value, floatReading, text::floatReading, "'Single' expected");
-}
+float slowSingleCast(Word value) { return scalarCast(value, floatReading, text::floatReading, "'Single' expected"); }
 double slowDoubleCast(Word value) {
     return scalarCast(value, slowDoubleReading, text::doubleReading, "'Double' expected");
 }

@@ -25,7 +25,7 @@ VELT_EXPORT extern id VELT_idAPPLICATION;
 VELT_EXPORT extern id VELT_idFIRSTRESPONDER;
 VELT_EXPORT extern id VELT_mSuppressSpotlightForHelp;
 
-/// The random generator's state, and the last value that it gave; 0.0 means that it was never seeded. Both belong to the
-/// main thread.
+/// The random generator's state, and the last value that it gave; 0.0 means that it was never seeded. Both belong to
+/// the main thread.
 VELT_EXPORT extern long VELT_lStartValue;
 VELT_EXPORT extern double VELT_dLastRND;

@@ -3,7 +3,6 @@
 
 #include "VELTRuntime/values/value.h"
 
-
 /// File, scope and line (as text) of the statement that runs now; empty before the first one. The pointers are
 /// the caller's: the texts live as long as the program. They belong to the main thread and are not synchronised.
 VELT_EXPORT extern const char* META_acCurrentFile;

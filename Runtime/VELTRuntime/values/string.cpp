@@ -101,9 +101,7 @@ NSMutableString::NSMutableString(std::u16string_view text) { copyUnits(allocate(
 
 NSMutableString::NSMutableString(std::size_t length, char16_t*& fill) { fill = allocate(length); }
 
-NSMutableString::NSMutableString(const NSString& other) noexcept {
-    become(static_cast<const NSMutableString&>(other));
-}
+NSMutableString::NSMutableString(const NSString& other) noexcept { become(static_cast<const NSMutableString&>(other)); }
 
 NSMutableString::NSMutableString(const NSString& other, std::size_t start, std::size_t length) {
     const auto& source = static_cast<const NSMutableString&>(other);
@@ -215,15 +213,13 @@ void NSString::describe(velt::ClassBuilder<NSString>& c) {
 
 void NSMutableString::describe(velt::ClassBuilder<NSMutableString>& c) {
     using namespace velt;
-    c.method("setString:",
-             [](const id& s, const id* a) {
-                 const id text = VELT_CSTRING(a[0]);
-                 asMutableString(s).setText(textOf(text));
-                 return id();
-             })
-        .method("appendString:", [](const id& s, const id* a) {
-            const id text = VELT_CSTRING(a[0]);
-            asMutableString(s).append(textOf(text));
-            return id();
-        });
+    c.method("setString:", [](const id& s, const id* a) {
+         const id text = VELT_CSTRING(a[0]);
+         asMutableString(s).setText(textOf(text));
+         return id();
+     }).method("appendString:", [](const id& s, const id* a) {
+        const id text = VELT_CSTRING(a[0]);
+        asMutableString(s).append(textOf(text));
+        return id();
+    });
 }

@@ -8,8 +8,8 @@ NSValue::NSValue(const NSPoint& p) : NSObject(velt::Kind::Structure), shape_(Sha
 NSValue::NSValue(const NSSize& s)
     : NSObject(velt::Kind::Structure), shape_(Shape::Size), reals_{s.width, s.height, 0, 0} {}
 NSValue::NSValue(const NSRect& r)
-    : NSObject(velt::Kind::Structure), shape_(Shape::Rect),
-      reals_{r.origin.x, r.origin.y, r.size.width, r.size.height} {}
+    : NSObject(velt::Kind::Structure),
+      shape_(Shape::Rect), reals_{r.origin.x, r.origin.y, r.size.width, r.size.height} {}
 NSValue::NSValue(const NSRange& r)
     : NSObject(velt::Kind::Structure), shape_(Shape::Range), words_{r.location, r.length} {}
 

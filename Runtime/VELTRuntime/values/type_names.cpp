@@ -16,8 +16,16 @@ struct TypeName {
 
 /// In the order of the language's own rule, in which "Byte" and "Long" come too late to be ever found.
 constexpr TypeName kTypeNames[] = {
-    {"c", "Boolean"}, {"c", "Byte"},   {"s", "Short"},           {"q", "Integer"},          {"q", "Long"},
-    {"f", "Single"},  {"d", "Double"}, {velt::kRectCode, "Rect"}, {velt::kPointCode, "Point"}, {velt::kSizeCode, "Size"},
+    {"c", "Boolean"},
+    {"c", "Byte"},
+    {"s", "Short"},
+    {"q", "Integer"},
+    {"q", "Long"},
+    {"f", "Single"},
+    {"d", "Double"},
+    {velt::kRectCode, "Rect"},
+    {velt::kPointCode, "Point"},
+    {velt::kSizeCode, "Size"},
     {velt::kRangeCode, "Range"},
 };
 

@@ -8,7 +8,8 @@
 VELT_EXPORT id VELT_TYPENAME(const id& value);
 /// The name of the value's class as a string; nil for nil.
 VELT_EXPORT id VELT_CLASSNAME(const id& value);
-/// A shallow copy, which cannot be changed; nil for nil. Raises "NSInvalidArgumentException" for objects without a copy.
+/// A shallow copy, which cannot be changed; nil for nil. Raises "NSInvalidArgumentException" for objects without a
+/// copy.
 VELT_EXPORT id VELT_CLONE(const id& value);
 /// The value's description as a new string; "nil" for nil.
 VELT_EXPORT id VELT_INFO(const id& value);

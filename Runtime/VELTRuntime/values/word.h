@@ -56,9 +56,7 @@ constexpr bool areIntegerWords(Word a, Word b) {
 }
 constexpr bool areDoubleWords(Word a, Word b) { return isDoubleWord(a) && isDoubleWord(b); }
 
-constexpr bool fitsImmediateInteger(std::int64_t v) {
-    return v >= kMinImmediateInteger && v <= kMaxImmediateInteger;
-}
+constexpr bool fitsImmediateInteger(std::int64_t v) { return v >= kMinImmediateInteger && v <= kMaxImmediateInteger; }
 constexpr Word integerWord(std::int64_t v) { return (static_cast<Word>(v) << 3) | kIntegerTag; }
 constexpr std::int64_t asIntegerWord(Word w) { return static_cast<std::int64_t>(w) >> 3; }
 
@@ -80,16 +78,14 @@ constexpr Word intWord(int v) { return smallWord(SmallCode::Int, static_cast<std
 constexpr Word floatWord(float v) {
     return smallWord(SmallCode::Float, std::uint64_t{std::bit_cast<std::uint32_t>(v)});
 }
-constexpr float asFloatWord(Word w) {
-    return std::bit_cast<float>(static_cast<std::uint32_t>(unsignedPayload(w)));
-}
+constexpr float asFloatWord(Word w) { return std::bit_cast<float>(static_cast<std::uint32_t>(unsignedPayload(w))); }
 
 constexpr bool isCharWord(Word w) { return (w & 0xFF) == (kSmallTag | Word{0} << 3); }
 
 inline NSObject* asObjectWord(Word w) { return reinterpret_cast<NSObject*>(w); }
 inline Word objectWord(const NSObject* object) { return reinterpret_cast<Word>(object); }
 
-static_assert(isDoubleWord(doubleWord(0.0)) && isDoubleWord(doubleWord(1.0)) &&
-              isDoubleWord(doubleWord(-1e77)) && !isDoubleWord(doubleWord(1e100)));
+static_assert(isDoubleWord(doubleWord(0.0)) && isDoubleWord(doubleWord(1.0)) && isDoubleWord(doubleWord(-1e77)) &&
+              !isDoubleWord(doubleWord(1e100)));
 
 }  // namespace velt

@@ -25,7 +25,8 @@ public:
     std::span<const id> items() const { return values_.items(); }
     /// The element at that position; raises "NSRangeException" beyond the end.
     const id& at(long position) const {
-        if (VELT_UNLIKELY(static_cast<std::size_t>(position) >= values_.size())) raiseOutOfRange("objectAtIndex:", position);
+        if (VELT_UNLIKELY(static_cast<std::size_t>(position) >= values_.size()))
+            raiseOutOfRange("objectAtIndex:", position);
         return values_[static_cast<std::size_t>(position)];
     }
     /// Position of the first element equal to the value, or -1.
@@ -78,9 +79,7 @@ private:
 namespace velt {
 
 /// The array behind a value, or null when it is none.
-inline NSArray* arrayOf(const id& value) {
-    return isArray(value) ? static_cast<NSArray*>(value.object()) : nullptr;
-}
+inline NSArray* arrayOf(const id& value) { return isArray(value) ? static_cast<NSArray*>(value.object()) : nullptr; }
 /// The mutable array behind a value, or null when it is none.
 inline NSMutableArray* mutableArrayOf(const id& value) {
     return isKind(value.word(), Kind::MutableArray) ? static_cast<NSMutableArray*>(value.object()) : nullptr;

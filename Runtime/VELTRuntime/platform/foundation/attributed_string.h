@@ -67,7 +67,8 @@ namespace velt {
 
 /// The attributed string behind a value, or null when it is none.
 inline const NSAttributedString* attributedStringOf(const id& value) {
-    return isKind(value.word(), Kind::AttributedString) ? static_cast<const NSAttributedString*>(value.object()) : nullptr;
+    return isKind(value.word(), Kind::AttributedString) ? static_cast<const NSAttributedString*>(value.object())
+                                                        : nullptr;
 }
 
 }  // namespace velt

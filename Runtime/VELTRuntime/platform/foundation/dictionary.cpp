@@ -76,7 +76,8 @@ id keptKey(const id& key) { return isString(key) ? key.object()->copy() : key; }
 
 void require(const id& value, const char* what) {
     if (value.isNil()) {
-        raise(kInvalidArgumentException, std::string("'NSMutableDictionary' setObject:forKey:: nil cannot be a ") + what);
+        raise(kInvalidArgumentException,
+              std::string("'NSMutableDictionary' setObject:forKey:: nil cannot be a ") + what);
     }
 }
 

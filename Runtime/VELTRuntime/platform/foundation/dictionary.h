@@ -102,14 +102,12 @@ namespace velt {
 
 /// The dictionary behind a value, or null when it is none.
 inline NSDictionary* dictionaryOf(const id& value) {
-    const bool isDictionary =
-        isKind(value.word(), Kind::MutableDictionary) || isKind(value.word(), Kind::Dictionary);
+    const bool isDictionary = isKind(value.word(), Kind::MutableDictionary) || isKind(value.word(), Kind::Dictionary);
     return isDictionary ? static_cast<NSDictionary*>(value.object()) : nullptr;
 }
 /// The mutable dictionary behind a value, or null when it is none.
 inline NSMutableDictionary* mutableDictionaryOf(const id& value) {
-    return isKind(value.word(), Kind::MutableDictionary) ? static_cast<NSMutableDictionary*>(value.object())
-                                                         : nullptr;
+    return isKind(value.word(), Kind::MutableDictionary) ? static_cast<NSMutableDictionary*>(value.object()) : nullptr;
 }
 
 }  // namespace velt

@@ -7,8 +7,8 @@
 #include <fcntl.h>
 #include <memory>
 #include <sys/stat.h>
-#include <utility>
 #include <unistd.h>
+#include <utility>
 
 namespace velt {
 
@@ -112,8 +112,7 @@ bool writeFileAtomically(const std::string& path, std::string_view content, std:
     if (!file) return fail(failure, path);
     const bool written = writeAll(file.value(), content) &&
                          ::fchmod(file.value(), exists ? old.st_mode & 07777 : defaultMode()) == 0 &&
-                         ::fsync(file.value()) == 0 && file.close() &&
-                         ::rename(temporary.c_str(), target.c_str()) == 0;
+                         ::fsync(file.value()) == 0 && file.close() && ::rename(temporary.c_str(), target.c_str()) == 0;
     if (!written) {
         const int reason = errno;
         ::unlink(temporary.c_str());

@@ -94,7 +94,8 @@ void NSBundle::describe(velt::ClassBuilder<NSBundle>& c) {
     using namespace velt;
     c.method("bundlePath", [](const id& b, const id*) { return velt::string(as<NSBundle>(b)->bundlePath()); })
         .method("resourcePath", [](const id& b, const id*) { return velt::string(as<NSBundle>(b)->resourcePath()); })
-        .method("executablePath", [](const id& b, const id*) { return velt::string(as<NSBundle>(b)->executablePath()); });
+        .method("executablePath",
+                [](const id& b, const id*) { return velt::string(as<NSBundle>(b)->executablePath()); });
 }
 
 bool NSFileManager::fileExists(const id& path) const {

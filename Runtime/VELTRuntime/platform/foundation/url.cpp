@@ -22,7 +22,8 @@ bool isEscape(std::string_view text, std::size_t at) {
     return text[at] == '%' && at + 2 < text.size() && hexadecimal(text[at + 1]) >= 0 && hexadecimal(text[at + 2]) >= 0;
 }
 
-/// Every character may stand in a URL, with those in `more` beside letters, digits and the marks that are always allowed.
+/// Every character may stand in a URL, with those in `more` beside letters, digits and the marks that are always
+/// allowed.
 bool consistsOf(std::string_view text, std::string_view more) {
     constexpr std::string_view kAlways = "-._~!$&'()*+,;=";
     for (std::size_t i = 0; i < text.size(); ++i) {
@@ -72,9 +73,10 @@ std::optional<UrlParts> parseUrl(std::string_view text) {
     const std::size_t mark = rest.find_first_of(":/?#");
     if (mark != rest.npos && rest[mark] == ':') {
         const std::string_view scheme = rest.substr(0, mark);
-        const bool legal = !scheme.empty() && isLetter(scheme[0]) && std::all_of(scheme.begin(), scheme.end(), [](char c) {
-            return isLetter(c) || isDecimal(c) || c == '+' || c == '-' || c == '.';
-        });
+        const bool legal =
+            !scheme.empty() && isLetter(scheme[0]) && std::all_of(scheme.begin(), scheme.end(), [](char c) {
+                return isLetter(c) || isDecimal(c) || c == '+' || c == '-' || c == '.';
+            });
         if (!legal) return std::nullopt;
         parts.scheme = scheme;
         for (char& c : parts.scheme) c = static_cast<char>(c >= 'A' && c <= 'Z' ? c + 32 : c);
@@ -122,9 +124,7 @@ velt::Ref<NSURL> NSURL::withString(std::string_view text) {
 
 id NSURL::description() const { return velt::string(text_); }
 
-bool NSURL::isEqual(const id& other) const {
-    return velt::is<NSURL>(other) && velt::as<NSURL>(other)->text_ == text_;
-}
+bool NSURL::isEqual(const id& other) const { return velt::is<NSURL>(other) && velt::as<NSURL>(other)->text_ == text_; }
 
 std::size_t NSURL::hash() const { return std::hash<std::string>()(text_); }
 

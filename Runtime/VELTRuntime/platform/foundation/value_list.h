@@ -4,8 +4,8 @@
 
 #include "VELTRuntime/values/value.h"
 
-#include <cassert>
 #include <algorithm>
+#include <cassert>
 #include <cstring>
 #include <new>
 #include <span>

@@ -10,36 +10,51 @@
 namespace velt {
 
 template <class T> struct IsRef : std::false_type {};
-template <class T> struct IsRef<Ref<T>> : std::true_type {
-    using Pointee = T;
-};
+template <class T> struct IsRef<Ref<T>> : std::true_type { using Pointee = T; };
 
 /// The value for a native result, by the same rules as the language's boxing.
 template <class T> id boxResult(T&& result) {
     using Plain = std::remove_cvref_t<T>;
-    if constexpr (std::is_same_v<Plain, id> || IsRef<Plain>::value) return id(std::forward<T>(result));
-    else if constexpr (std::is_same_v<Plain, bool>) return VELT_ID(static_cast<BOOL>(result));
-    else if constexpr (std::is_same_v<Plain, int>) return VELT_ID(static_cast<long>(result));
-    else if constexpr (std::is_same_v<Plain, unsigned>) return VELT_ID(static_cast<unsigned long>(result));
-    else if constexpr (std::is_pointer_v<Plain>) return id(static_cast<NSObject*>(result));
-    else return VELT_ID(result);
+    if constexpr (std::is_same_v<Plain, id> || IsRef<Plain>::value)
+        return id(std::forward<T>(result));
+    else if constexpr (std::is_same_v<Plain, bool>)
+        return VELT_ID(static_cast<BOOL>(result));
+    else if constexpr (std::is_same_v<Plain, int>)
+        return VELT_ID(static_cast<long>(result));
+    else if constexpr (std::is_same_v<Plain, unsigned>)
+        return VELT_ID(static_cast<unsigned long>(result));
+    else if constexpr (std::is_pointer_v<Plain>)
+        return id(static_cast<NSObject*>(result));
+    else
+        return VELT_ID(result);
 }
 
 /// The native argument for a value, by the same conversions that the language uses; raises their cast failures.
 template <class T> T unboxArgument(const id& value) {
-    if constexpr (std::is_same_v<T, id>) return value;
+    if constexpr (std::is_same_v<T, id>)
+        return value;
     else if constexpr (std::is_same_v<T, bool> || std::is_same_v<T, signed char>)
         return static_cast<T>(VELT_CBOOL(value));
-    else if constexpr (std::is_same_v<T, float>) return VELT_CSINGLE(value);
-    else if constexpr (std::is_floating_point_v<T>) return VELT_CDOUBLE(value);
-    else if constexpr (std::is_integral_v<T>) return static_cast<T>(VELT_CINTEGER(value));
-    else if constexpr (std::is_same_v<T, NSPoint>) return VELT_CNSPOINT(value);
-    else if constexpr (std::is_same_v<T, NSSize>) return VELT_CNSSIZE(value);
-    else if constexpr (std::is_same_v<T, NSRect>) return VELT_CNSRECT(value);
-    else if constexpr (std::is_same_v<T, NSRange>) return VELT_CNSRANGE(value);
-    else if constexpr (IsRef<T>::value) return T(to<typename IsRef<T>::Pointee>(value));
-    else if constexpr (std::is_pointer_v<T>) return to<std::remove_pointer_t<T>>(value);
-    else static_assert(sizeof(T) == 0, "no conversion from a value to this type");
+    else if constexpr (std::is_same_v<T, float>)
+        return VELT_CSINGLE(value);
+    else if constexpr (std::is_floating_point_v<T>)
+        return VELT_CDOUBLE(value);
+    else if constexpr (std::is_integral_v<T>)
+        return static_cast<T>(VELT_CINTEGER(value));
+    else if constexpr (std::is_same_v<T, NSPoint>)
+        return VELT_CNSPOINT(value);
+    else if constexpr (std::is_same_v<T, NSSize>)
+        return VELT_CNSSIZE(value);
+    else if constexpr (std::is_same_v<T, NSRect>)
+        return VELT_CNSRECT(value);
+    else if constexpr (std::is_same_v<T, NSRange>)
+        return VELT_CNSRANGE(value);
+    else if constexpr (IsRef<T>::value)
+        return T(to<typename IsRef<T>::Pointee>(value));
+    else if constexpr (std::is_pointer_v<T>)
+        return to<std::remove_pointer_t<T>>(value);
+    else
+        static_assert(sizeof(T) == 0, "no conversion from a value to this type");
 }
 
 /// A class's own object behind a receiver that was found through the class's entry.
@@ -69,10 +84,8 @@ private:
         }
     }
 };
-template <class C, class R, class... A>
-struct MemberCall<R (C::*)(A...) const> : MemberCall<R (C::*)(A...)> {};
-template <class C, class R, class... A>
-struct MemberCall<R (C::*)(A...) noexcept> : MemberCall<R (C::*)(A...)> {};
+template <class C, class R, class... A> struct MemberCall<R (C::*)(A...) const> : MemberCall<R (C::*)(A...)> {};
+template <class C, class R, class... A> struct MemberCall<R (C::*)(A...) noexcept> : MemberCall<R (C::*)(A...)> {};
 template <class C, class R, class... A>
 struct MemberCall<R (C::*)(A...) const noexcept> : MemberCall<R (C::*)(A...)> {};
 
@@ -83,8 +96,7 @@ public:
 
     /// A method under a selector. Asserts that the selector has as many colons as the member has arguments.
     template <class Member>
-        requires std::is_member_function_pointer_v<Member>
-    ClassBuilder& method(std::string_view selector, Member member) {
+    requires std::is_member_function_pointer_v<Member> ClassBuilder& method(std::string_view selector, Member member) {
         const Selector named = Selector::named(selector);
         assert(named.argumentCount() == MemberCall<Member>::kArguments);
         class_.add(Method{named, Target::of(member), &MemberCall<Member>::template call<Member>});
@@ -101,22 +113,20 @@ public:
 
     /// A field: read and set by key, and owned when it holds a value.
     template <class C, class Field>
-        requires(!std::is_function_v<Field>)
-    ClassBuilder& property(std::string_view key, Field C::* field) {
+    requires(!std::is_function_v<Field>) ClassBuilder& property(std::string_view key, Field C::*field) {
         class_.add(Property{std::string(key), Target::of(field), Target::of(field),
                             [](const Property& property, const id& object) {
                                 return boxResult(receiverAs<C>(object).*property.getter.as<Field C::*>());
                             },
                             [](const Property& property, const id& object, const id& value) {
-                                receiverAs<C>(object).*property.setter.as<Field C::*>() =
-                                    unboxArgument<Field>(value);
+                                receiverAs<C>(object).*property.setter.as<Field C::*>() = unboxArgument<Field>(value);
                             }});
         return owns(field);
     }
     /// A property with a getter and a setter member. The setter is a method too: "key" and "setKey:".
     template <class Getter, class Setter>
-        requires std::is_member_function_pointer_v<Getter> && std::is_member_function_pointer_v<Setter>
-    ClassBuilder& property(std::string_view key, Getter getter, Setter setter) {
+    requires std::is_member_function_pointer_v<Getter> && std::is_member_function_pointer_v<Setter> ClassBuilder&
+    property(std::string_view key, Getter getter, Setter setter) {
         addAccessors(key, getter, setter, callMember<Setter>);
         std::string setterName = "set" + std::string(key) + ":";
         if (setterName[3] >= 'a' && setterName[3] <= 'z') setterName[3] = static_cast<char>(setterName[3] - 32);
@@ -124,13 +134,12 @@ public:
     }
     /// A read-only property, also a method of that name.
     template <class Getter>
-        requires std::is_member_function_pointer_v<Getter>
-    ClassBuilder& property(std::string_view key, Getter getter) {
+    requires std::is_member_function_pointer_v<Getter> ClassBuilder& property(std::string_view key, Getter getter) {
         addAccessors(key, getter, getter, nullptr);
         return method(key, getter);
     }
     /// A field that holds an owned value which is not reached by key. Fields of other types own nothing.
-    template <class C, class Field> ClassBuilder& owns(Field C::* field) {
+    template <class C, class Field> ClassBuilder& owns(Field C::*field) {
         if constexpr (std::is_same_v<Field, id> || IsRef<Field>::value) {
             class_.add(OwnedField{Target::of(field), [](const OwnedField& owned, NSObject& object, OwnedVisitor& v) {
                                       v.visit(static_cast<C&>(object).*owned.field.as<Field C::*>());
@@ -160,7 +169,7 @@ private:
 /// Enters class T under a name; used by VELT_OBJECT.
 template <class T> Class& declareClass(const char* name, Class* superclass) {
     Class::Describer describe = nullptr;
-    if constexpr (requires(ClassBuilder<T>& builder) { T::describe(builder); }) {
+    if constexpr (requires(ClassBuilder<T> & builder) { T::describe(builder); }) {
         describe = [](Class& cls) {
             ClassBuilder<T> builder(cls);
             T::describe(builder);

@@ -171,15 +171,15 @@ protected:
 /// Placed first in a class derived from NSObject: gives it its class entry under its own name and enters it when
 /// the program is loaded. The class says what it answers in
 /// `static void describe(velt::ClassBuilder<Type>& c)`.
-#define VELT_OBJECT(Type, Superclass)                                                                        \
-public:                                                                                                      \
-    static velt::Class& entry() {                                                                            \
-        static velt::Class& cls = velt::declareClass<Type>(#Type, &Superclass::entry());                     \
-        return cls;                                                                                          \
-    }                                                                                                        \
-    velt::Class& isa() const override { return entry(); }                                                    \
-                                                                                                             \
-private:                                                                                                     \
+#define VELT_OBJECT(Type, Superclass)                                                                                  \
+public:                                                                                                                \
+    static velt::Class& entry() {                                                                                      \
+        static velt::Class& cls = velt::declareClass<Type>(#Type, &Superclass::entry());                               \
+        return cls;                                                                                                    \
+    }                                                                                                                  \
+    velt::Class& isa() const override { return entry(); }                                                              \
+                                                                                                                       \
+private:                                                                                                               \
     inline static const velt::Class& entered_ = entry();
 
 #include "VELTRuntime/platform/object/binding.h"

@@ -76,8 +76,8 @@ Colour colourOf(NSObject* object) {
     return static_cast<Colour>((headOf(object) & ObjectHead::kColourMask) >> ObjectHead::kColourShift);
 }
 void paint(NSObject* object, Colour colour) {
-    setHead(object, (headOf(object) & ~ObjectHead::kColourMask) |
-                        static_cast<std::uint64_t>(colour) << ObjectHead::kColourShift);
+    setHead(object, (headOf(object) & ~ObjectHead::kColourMask) | static_cast<std::uint64_t>(colour)
+                                                                      << ObjectHead::kColourShift);
 }
 void addOwner(NSObject* object) { setHead(object, headOf(object) + ObjectHead::kOneOwner); }
 void subtractOwner(NSObject* object) { setHead(object, headOf(object) - ObjectHead::kOneOwner); }

@@ -87,8 +87,8 @@ void reportCurrentException() noexcept {
     } catch (const std::exception& exception) {
         writeReport(located(META_acCurrentFile, META_acCurrentScope, META_acCurrentLine, exception.what()));
     } catch (...) {
-        writeReport(located(META_acCurrentFile, META_acCurrentScope, META_acCurrentLine,
-                            "an exception of unknown type"));
+        writeReport(
+            located(META_acCurrentFile, META_acCurrentScope, META_acCurrentLine, "an exception of unknown type"));
     }
 }
 

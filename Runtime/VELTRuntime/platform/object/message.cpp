@@ -30,8 +30,8 @@ std::string setterName(std::string_view key) {
 
 void raiseNotUnderstood(const id& receiver, std::string_view selector) {
     const Class* cls = classOf(receiver);
-    raise(kInvalidArgumentException, (cls ? "'" + cls->name() + "'" : std::string("nil")) +
-                                         " does not understand '" + std::string(selector) + "'");
+    raise(kInvalidArgumentException, (cls ? "'" + cls->name() + "'" : std::string("nil")) + " does not understand '" +
+                                         std::string(selector) + "'");
 }
 
 id sendMessage(const id& receiver, Selector selector, std::span<const id> arguments) {

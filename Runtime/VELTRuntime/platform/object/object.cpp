@@ -47,8 +47,7 @@ void NSObject::describe(velt::ClassBuilder<NSObject>& c) {
                 [](const id& self, const id* a) {
                     return boxResult(velt::respondsTo(self, Selector::named(utf8(VELT_CSTRING(a[0])))));
                 })
-        .method("valueForKey:",
-                [](const id& self, const id* a) { return valueForKey(self, utf8(VELT_CSTRING(a[0]))); })
+        .method("valueForKey:", [](const id& self, const id* a) { return valueForKey(self, utf8(VELT_CSTRING(a[0]))); })
         .method("setValue:forKey:", [](const id& self, const id* a) {
             setValueForKey(self, utf8(VELT_CSTRING(a[1])), a[0]);
             return id();

@@ -138,8 +138,8 @@ public:
     Ref(const Ref& other) noexcept : Ref(other.object_) {}
     Ref(Ref&& other) noexcept : object_(std::exchange(other.object_, nullptr)) {}
     template <class U>
-        requires std::is_base_of_v<T, U>
-    Ref(Ref<U> other) noexcept : object_(other.release()) {}
+    requires std::is_base_of_v<T, U> Ref(Ref<U> other)
+    noexcept : object_(other.release()) {}
     Ref& operator=(Ref other) noexcept {
         std::swap(object_, other.object_);
         return *this;

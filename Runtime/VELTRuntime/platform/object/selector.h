@@ -39,8 +39,8 @@ private:
 }  // namespace velt
 
 /// The selector of a literal name, looked up once.
-#define VELT_SELECTOR(literal)                                                                               \
-    ([]() -> velt::Selector {                                                                                \
-        static const velt::Selector selector = velt::Selector::named(literal);                               \
-        return selector;                                                                                     \
+#define VELT_SELECTOR(literal)                                                                                         \
+    ([]() -> velt::Selector {                                                                                          \
+        static const velt::Selector selector = velt::Selector::named(literal);                                         \
+        return selector;                                                                                               \
     }())

@@ -14,7 +14,8 @@ namespace {
 const UNormalizer2* normalizer(const UNormalizer2* (*get)(UErrorCode*)) {
     UErrorCode status = U_ZERO_ERROR;
     const UNormalizer2* instance = get(&status);
-    if (U_FAILURE(status)) throw std::runtime_error(std::string("the Unicode data are missing: ") + u_errorName(status));
+    if (U_FAILURE(status))
+        throw std::runtime_error(std::string("the Unicode data are missing: ") + u_errorName(status));
     return instance;
 }
 const UNormalizer2* decomposer() {
@@ -33,8 +34,8 @@ template <class Convert> std::u16string converted(std::u16string_view text, Conv
     std::u16string result(text.size() + text.size() / 4 + 16, u'\0');
     for (;;) {
         UErrorCode status = U_ZERO_ERROR;
-        const std::int32_t length =
-            convert(result.data(), static_cast<std::int32_t>(result.size()), static_cast<std::int32_t>(text.size()), &status);
+        const std::int32_t length = convert(result.data(), static_cast<std::int32_t>(result.size()),
+                                            static_cast<std::int32_t>(text.size()), &status);
         const bool fits = length <= static_cast<std::int32_t>(result.size());
         if (U_FAILURE(status) && status != U_BUFFER_OVERFLOW_ERROR) throw std::bad_alloc();
         result.resize(static_cast<std::size_t>(length));

@@ -39,10 +39,10 @@ private:
             const std::u16string form = comparisonForm(std::u16string_view(&unit, 1), respect_);
             const bool surrogate = unit >= 0xD800 && unit < 0xE000;
             block->mapped[i] = form[0];
-            block->kinds[i] = surrogate                                  ? UnitBlock::Kind::Begins
-                              : !beginsCharacter(unit)                   ? UnitBlock::Kind::Combines
+            block->kinds[i] = surrogate                                      ? UnitBlock::Kind::Begins
+                              : !beginsCharacter(unit)                       ? UnitBlock::Kind::Combines
                               : form.size() == 1 && beginsCharacter(form[0]) ? UnitBlock::Kind::Single
-                                                                         : UnitBlock::Kind::Begins;
+                                                                             : UnitBlock::Kind::Begins;
         }
         return block;
     }

@@ -9,8 +9,8 @@
 
 namespace velt::text {
 
-/// Part of a text in comparison form, divided into clusters: characters with all that combines with them. The base of the
-/// window is where matches may begin; the window goes on far enough for them to end.
+/// Part of a text in comparison form, divided into clusters: characters with all that combines with them. The base of
+/// the window is where matches may begin; the window goes on far enough for them to end.
 class FoldedWindow {
 public:
     /// Units of text in a base.

@@ -41,8 +41,6 @@ inline bool isLiteralNeedle(std::u16string_view needle) {
 }
 
 /// Units below kFirstCombining that fold to several characters.
-inline bool foldsToSeveral(char16_t unit) {
-    return unit == 0xDF || unit == 0x130 || unit == 0x149 || unit == 0x1F0;
-}
+inline bool foldsToSeveral(char16_t unit) { return unit == 0xDF || unit == 0x130 || unit == 0x149 || unit == 0x1F0; }
 
 }  // namespace velt::text

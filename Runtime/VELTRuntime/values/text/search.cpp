@@ -275,9 +275,7 @@ Finder::Finder(std::u16string_view haystack, std::u16string_view needle, Case re
 
 Finder::~Finder() = default;
 
-std::optional<Match> Finder::next(std::size_t from) {
-    return strategy_ ? strategy_->next(from) : std::nullopt;
-}
+std::optional<Match> Finder::next(std::size_t from) { return strategy_ ? strategy_->next(from) : std::nullopt; }
 
 std::optional<Match> Finder::last() { return strategy_ ? strategy_->last() : std::nullopt; }
 

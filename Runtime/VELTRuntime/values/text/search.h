@@ -51,7 +51,8 @@ private:
 /// The texts are canonically equivalent.
 VELT_EXPORT bool equalCanonically(std::u16string_view a, std::u16string_view b);
 
-/// -1, 0 or 1 as a comes before, is the same as or comes after b: the order of the code points of their comparison forms.
+/// -1, 0 or 1 as a comes before, is the same as or comes after b: the order of the code points of their comparison
+/// forms.
 VELT_EXPORT int compare(std::u16string_view a, std::u16string_view b, Case respect);
 
 }  // namespace velt::text

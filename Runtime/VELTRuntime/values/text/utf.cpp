@@ -121,8 +121,7 @@ std::string toUtf8(std::u16string_view text) {
             continue;
         }
         if (c >= 0xD800 && c <= 0xDFFF) {
-            const bool paired =
-                c < 0xDC00 && i + 1 < text.size() && text[i + 1] >= 0xDC00 && text[i + 1] <= 0xDFFF;
+            const bool paired = c < 0xDC00 && i + 1 < text.size() && text[i + 1] >= 0xDC00 && text[i + 1] <= 0xDFFF;
             c = paired ? 0x10000 + ((c - 0xD800) << 10) + (text[++i] - 0xDC00u) : kReplacement;
         }
         if (c < 0x800) {

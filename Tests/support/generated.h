@@ -1,0 +1,32 @@
+// Generated inputs: how many, and from which seed.
+#pragma once
+
+#include <gtest/gtest.h>
+#include <random>
+
+namespace velt::test {
+
+#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
+inline constexpr int kSlowdown = 20;
+#else
+inline constexpr int kSlowdown = 1;
+#endif
+
+/// Fewer under a sanitizer.
+constexpr int iterations(int count) { return count / kSlowdown; }
+
+/// Random numbers from a seed that a failing test shows.
+class Generated : public ::testing::Test {
+protected:
+    Generated() : trace_(__FILE__, __LINE__, "seed " + std::to_string(seed_)) {}
+    /// A number from 0 to below the limit.
+    std::size_t below(std::size_t limit) { return static_cast<std::size_t>(random_() % limit); }
+    std::uint64_t bits() { return random_(); }
+
+private:
+    unsigned seed_ = std::random_device()();
+    std::mt19937_64 random_{seed_};
+    ::testing::ScopedTrace trace_;
+};
+
+}  // namespace velt::test

@@ -1,0 +1,112 @@
+#include "VELTRuntime/values/class_casts.h"
+
+#include "VELTRuntime/platform/foundation/attributed_string.h"
+#include "support/values.h"
+
+using namespace velt::test;
+
+namespace {
+
+/// An object of a class that is known by name, as the library that fills the class would make it.
+class Stand : public NSObject {
+public:
+    explicit Stand(std::string_view className) : class_(velt::Class::known(className)) {}
+    velt::Class& isa() const override { return class_; }
+
+private:
+    velt::Class& class_;
+};
+
+id instance(std::string_view className) { return velt::make<Stand>(className); }
+
+struct Row {
+    const char* suffix;
+    id (*call)(const id&);
+    const char* className;
+    bool nilPasses;
+};
+
+constexpr bool NilPasses = true, NilRejected = false;
+const Row kCasts[] = {
+#define VELT_CLASS_CAST(suffix, cls, nilRule) {#suffix, VELT_C##suffix, #cls, nilRule},
+#include "VELTRuntime/values/class_casts.def"
+};
+const Row kChecks[] = {
+#define VELT_CLASS_CHECK(suffix, cls) {#suffix, VELT__##suffix, #cls, true},
+#include "VELTRuntime/values/class_casts.def"
+};
+
+std::vector<id> valuesOfEveryKind() {
+    return {integer(1), real(1.5), str("a"), point(1, 2), data("x"), mutableData("x"), array(), frozenArray(integer(1)),
+            emptyDictionary(), velt::make<NSDictionary>(), velt::make<NSAttributedString>(u"a"), velt::make<NSObject>(),
+            instance("NSWindow"), instance("NSPanel"), instance("NSButton"), instance("NSPopUpButton"),
+            instance("VLTextView"), instance("NSMenuItem")};
+}
+
+void expectRowTellsClassesApart(const Row& row) {
+    const velt::Class& cls = velt::Class::known(row.className);
+    const std::string reason = "'" + std::string(row.className) + "' expected";
+    std::vector<id> values = valuesOfEveryKind();
+    values.push_back(instance(row.className));
+    for (const id& value : values) {
+        if (velt::isKindOf(value, cls)) {
+            EXPECT_TRUE(row.call(value) == value) << row.suffix << " " << show(value);
+        } else {
+            EXPECT_CAST_FAILURE(reason, row.call(value)) << row.suffix << " " << show(value);
+        }
+    }
+    if (row.nilPasses) EXPECT_TRUE(row.call(nil).isNil()) << row.suffix;
+    else EXPECT_CAST_FAILURE(reason, row.call(nil)) << row.suffix;
+}
+
+}  // namespace
+
+TEST(ClassCasts, PassInstancesAndRejectOthersByName) {
+    for (const Row& row : kCasts) expectRowTellsClassesApart(row);
+}
+
+TEST(ClassChecks, PassInstancesAndNilAndRejectOthersByName) {
+    for (const Row& row : kChecks) expectRowTellsClassesApart(row);
+}
+
+TEST(ClassCasts, RejectNilForResponderTaskEditorAndToolbarItemOnly) {
+    EXPECT_CAST_FAILURE("'VLTask' expected", VELT_CVLTASK(nil));
+    EXPECT_CAST_FAILURE("'NSResponder' expected", VELT_CNSRESPONDER(nil));
+    EXPECT_CAST_FAILURE("'VLTextView' expected", VELT_CVLTEXTVIEW(nil));
+    EXPECT_CAST_FAILURE("'NSToolbarItem' expected", VELT_CNSTOOLBARITEM(nil));
+    EXPECT_TRUE(VELT_CNSWINDOW(nil).isNil());
+    EXPECT_EQ(4, std::count_if(std::begin(kCasts), std::end(kCasts), [](const Row& row) { return !row.nilPasses; }));
+}
+
+TEST(ClassCasts, NameTheClassThatTheyTest) {
+    EXPECT_CAST_FAILURE("'NSButton' expected", VELT_CCHECKBOX(str("x")));
+    EXPECT_CAST_FAILURE("'NSTextField' expected", VELT_CLABEL(str("x")));
+    EXPECT_CAST_FAILURE("'NSSlider' expected", VELT__CIRCULARSLIDER(str("x")));
+    EXPECT_CAST_FAILURE("'NSProgressIndicator' expected", VELT_CINDETERMINATEPROGRESSINDICATOR(str("x")));
+    EXPECT_CAST_FAILURE("'NSSplitView' expected", VELT_CVERTICALSPLITVIEW(str("x")));
+    EXPECT_CAST_FAILURE("'NSBox' expected", VELT_CHORIZONTALLINE(str("x")));
+    EXPECT_CAST_FAILURE("'NSMutableDictionary' expected", VELT_CDICTIONARY(array()));
+}
+
+TEST(ArrayCast, RejectsWhatTheAssignmentCheckTakes) {
+    const id frozen = frozenArray(integer(1));
+    EXPECT_CAST_FAILURE("'NSMutableArray' expected", VELT_CARRAY(frozen));
+    EXPECT_TRUE(VELT__ARRAY(frozen) == frozen);
+    EXPECT_TRUE(VELT__NSMUTABLEARRAY(frozen) == frozen);
+    EXPECT_CAST_FAILURE("'NSMutableArray' expected", VELT__ARRAY(str("x")));
+    const id dictionary = velt::make<NSDictionary>();
+    EXPECT_TRUE(VELT__DICTIONARY(dictionary) == dictionary);
+    EXPECT_TRUE(VELT__NSMUTABLEDICTIONARY(dictionary) == dictionary);
+    EXPECT_CAST_FAILURE("'NSMutableDictionary' expected", VELT__DICTIONARY(array()));
+    const id bytes = data("x");
+    EXPECT_TRUE(VELT__NSMUTABLEDATA(bytes) == bytes);
+    EXPECT_CAST_FAILURE("'NSMutableData' expected", VELT__NSMUTABLEDATA(str("x")));
+}
+
+TEST(EditorViewCheck, TakesAnyTextView) {
+    const id textView = instance("NSTextView");
+    EXPECT_TRUE(VELT__VLTEXTVIEW(textView) == textView);
+    EXPECT_TRUE(VELT__VLTEXTVIEW(nil).isNil());
+    EXPECT_CAST_FAILURE("'VLTextView' expected", VELT__VLTEXTVIEW(instance("NSView")));
+    EXPECT_CAST_FAILURE("'VLTextView' expected", VELT_CVLTEXTVIEW(textView));
+}
