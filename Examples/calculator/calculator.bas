@@ -287,12 +287,13 @@ Function Shown(value As Object) As String
 End Function
 
 Function EvaluateLine(parser As Parser, source As String, number As Integer) As Boolean
-  Dim expression As String = Trim(source)
+  Dim text As String = Replace(source, Character(13), "", True)
+  Dim expression As String = Trim(text)
   If Len(expression) = 0 OrElse StartsWith(expression, "'", True) Then
     Return True
   End If
   Try
-    Dim value = parser.Evaluate(expression, number)
+    Dim value = parser.Evaluate(text, number)
     Print expression & " → " & Shown(value) & " (" & TypeName(value) & ")"
   Catch failure
     ReportFailure(failure)

@@ -498,106 +498,108 @@ id shown(id value) {
 
 id evaluateLine(id parser, id source, id number) {
     VELTS("calculator.bas", "EvaluateLine", "290", "");
-    id expression = VELT__STRING(VELT_TRIM(source));
+    id text = VELT__STRING(VELT_REPLACE(source, VELT_CHARACTER(VELT_ID(13L)), ""_v, kTrue));
     VELTS("calculator.bas", "EvaluateLine", "291", "");
+    id expression = VELT__STRING(VELT_TRIM(text));
+    VELTS("calculator.bas", "EvaluateLine", "292", "");
     if (VELT_CBOOL(
             VELT_ORELSE(VELT_EQUAL(VELT_LEN(expression), VELT_ID(0L)), VELT_STARTSWITH(expression, "'"_v, kTrue)))) {
-        VELTS("calculator.bas", "EvaluateLine", "292", "");
+        VELTS("calculator.bas", "EvaluateLine", "293", "");
         return VELT__BOOLEAN(kTrue);
     }
     try {
-        VELTS("calculator.bas", "EvaluateLine", "295", "");
-        id value = velt::send(parser, "Evaluate::", expression, number);
         VELTS("calculator.bas", "EvaluateLine", "296", "");
+        id value = velt::send(parser, "Evaluate::", text, number);
+        VELTS("calculator.bas", "EvaluateLine", "297", "");
         print(VELT_CONCAT(VELT_CONCAT(VELT_CONCAT(VELT_CONCAT(VELT_CONCAT(expression, " → "_v), shown(value)), " ("_v),
                                       VELT_TYPENAME(value)),
                           ")"_v));
     } catch (const NSException& failure) {
-        VELTS("calculator.bas", "EvaluateLine", "298", "");
-        printError(velt::string(velt::reportText(failure)));
         VELTS("calculator.bas", "EvaluateLine", "299", "");
+        printError(velt::string(velt::reportText(failure)));
+        VELTS("calculator.bas", "EvaluateLine", "300", "");
         return VELT__BOOLEAN(kFalse);
     }
-    VELTS("calculator.bas", "EvaluateLine", "301", "");
+    VELTS("calculator.bas", "EvaluateLine", "302", "");
     return VELT__BOOLEAN(kTrue);
 }
 
 id evaluateFile(id path) {
-    VELTS("calculator.bas", "EvaluateFile", "305", "");
-    id lines = VELT__NSMUTABLEARRAY(VELT_SPLIT(VELT_READSTRING(location(path)), VELT_CHARACTER(VELT_ID(10L))));
     VELTS("calculator.bas", "EvaluateFile", "306", "");
-    id parser = velt::make<Parser>();
+    id lines = VELT__NSMUTABLEARRAY(VELT_SPLIT(VELT_READSTRING(location(path)), VELT_CHARACTER(VELT_ID(10L))));
     VELTS("calculator.bas", "EvaluateFile", "307", "");
-    velt::send(parser, "Prepare:", VELT_FILENAME(path));
+    id parser = velt::make<Parser>();
     VELTS("calculator.bas", "EvaluateFile", "308", "");
-    id good = VELT__BOOLEAN(kTrue);
+    velt::send(parser, "Prepare:", VELT_FILENAME(path));
     VELTS("calculator.bas", "EvaluateFile", "309", "");
+    id good = VELT__BOOLEAN(kTrue);
+    VELTS("calculator.bas", "EvaluateFile", "310", "");
     id last = VELT_SUB(VELT_NSMUTABLEARRAY_COUNT(lines), VELT_ID(1L));
     for (id i = VELT_ID(0L); VELT_CBOOL(VELT_SMALLEREQUAL(i, last)); i = VELT_ADD(i, VELT_ID(1L))) {
-        VELTS("calculator.bas", "EvaluateFile", "310", "");
+        VELTS("calculator.bas", "EvaluateFile", "311", "");
         if (VELT_CBOOL(VELT_EQUAL(evaluateLine(parser, VELT__STRING(VELT_NSMUTABLEARRAY_OBJECT(lines, i)),
                                                VELT__INTEGER(VELT_ADD(i, VELT_ID(1L)))),
                                   kFalse))) {
-            VELTS("calculator.bas", "EvaluateFile", "311", "");
+            VELTS("calculator.bas", "EvaluateFile", "312", "");
             good = VELT__BOOLEAN(kFalse);
         }
     }
-    VELTS("calculator.bas", "EvaluateFile", "314", "");
+    VELTS("calculator.bas", "EvaluateFile", "315", "");
     return VELT__BOOLEAN(good);
 }
 
 id evaluateInput() {
-    VELTS("calculator.bas", "EvaluateInput", "318", "");
-    id parser = velt::make<Parser>();
     VELTS("calculator.bas", "EvaluateInput", "319", "");
-    velt::send(parser, "Prepare:", "input"_v);
+    id parser = velt::make<Parser>();
     VELTS("calculator.bas", "EvaluateInput", "320", "");
-    id good = VELT__BOOLEAN(kTrue);
+    velt::send(parser, "Prepare:", "input"_v);
     VELTS("calculator.bas", "EvaluateInput", "321", "");
-    id number = VELT__INTEGER(VELT_ID(1L));
+    id good = VELT__BOOLEAN(kTrue);
     VELTS("calculator.bas", "EvaluateInput", "322", "");
+    id number = VELT__INTEGER(VELT_ID(1L));
+    VELTS("calculator.bas", "EvaluateInput", "323", "");
     id source = VELT__STRING(readLine());
-    while (VELTS("calculator.bas", "EvaluateInput", "323", ""), VELT_CBOOL(VELT_UNEQUAL(source, nil))) {
-        VELTS("calculator.bas", "EvaluateInput", "324", "");
+    while (VELTS("calculator.bas", "EvaluateInput", "324", ""), VELT_CBOOL(VELT_UNEQUAL(source, nil))) {
+        VELTS("calculator.bas", "EvaluateInput", "325", "");
         if (VELT_CBOOL(VELT_EQUAL(evaluateLine(parser, VELT__STRING(source), VELT__INTEGER(number)), kFalse))) {
-            VELTS("calculator.bas", "EvaluateInput", "325", "");
+            VELTS("calculator.bas", "EvaluateInput", "326", "");
             good = VELT__BOOLEAN(kFalse);
         }
-        VELTS("calculator.bas", "EvaluateInput", "327", "");
-        number = VELT__INTEGER(VELT_ADD(number, VELT_ID(1L)));
         VELTS("calculator.bas", "EvaluateInput", "328", "");
+        number = VELT__INTEGER(VELT_ADD(number, VELT_ID(1L)));
+        VELTS("calculator.bas", "EvaluateInput", "329", "");
         source = VELT__STRING(readLine());
     }
-    VELTS("calculator.bas", "EvaluateInput", "330", "");
+    VELTS("calculator.bas", "EvaluateInput", "331", "");
     return VELT__BOOLEAN(good);
 }
 
 id mainFunction(id arguments) {
-    VELTS("calculator.bas", "Main", "334", "");
+    VELTS("calculator.bas", "Main", "335", "");
     id good = VELT__BOOLEAN(kTrue);
     try {
-        VELTS("calculator.bas", "Main", "336", "");
+        VELTS("calculator.bas", "Main", "337", "");
         if (VELT_CBOOL(VELT_GREATER(VELT_NSMUTABLEARRAY_COUNT(arguments), VELT_ID(0L)))) {
-            VELTS("calculator.bas", "Main", "337", "");
+            VELTS("calculator.bas", "Main", "338", "");
             good = VELT__BOOLEAN(evaluateFile(VELT__STRING(VELT_NSMUTABLEARRAY_OBJECT(arguments, VELT_ID(0L)))));
         } else {
-            VELTS("calculator.bas", "Main", "339", "");
+            VELTS("calculator.bas", "Main", "340", "");
             good = VELT__BOOLEAN(evaluateInput());
         }
     } catch (const NSException& failure) {
-        VELTS("calculator.bas", "Main", "342", "");
+        VELTS("calculator.bas", "Main", "343", "");
         printError(VELT_CONCAT(
             VELT_CONCAT(VELT_CONCAT("calculator: "_v, VELT_NSMUTABLEARRAY_OBJECT(arguments, VELT_ID(0L))), ": "_v),
             velt::string(failure.reason())));
-        VELTS("calculator.bas", "Main", "343", "");
+        VELTS("calculator.bas", "Main", "344", "");
         return VELT_ID(1L);
     }
-    VELTS("calculator.bas", "Main", "345", "");
+    VELTS("calculator.bas", "Main", "346", "");
     if (VELT_CBOOL(good)) {
-        VELTS("calculator.bas", "Main", "346", "");
+        VELTS("calculator.bas", "Main", "347", "");
         return VELT_ID(0L);
     }
-    VELTS("calculator.bas", "Main", "348", "");
+    VELTS("calculator.bas", "Main", "349", "");
     return VELT_ID(1L);
 }
 
