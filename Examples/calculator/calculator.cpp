@@ -1,11 +1,7 @@
-// calculator.bas as the translator writes it: a class with fields and methods, recursion, failures caught and reported.
-#include "functions.h"
+// calculator.bas as the translator writes it: an object of the program's class, messages, failures caught and reported.
+#include "parser.h"
 #include "support/console.h"
 
-using calculator::applyFunction;
-using calculator::applyOperator;
-using calculator::argumentCount;
-using calculator::raiseSyntaxError;
 using example::argumentList;
 using example::location;
 using example::print;
@@ -16,590 +12,122 @@ namespace {
 
 const id kTrue = VELT_ID(BOOL{1});
 const id kFalse = VELT_ID(BOOL{0});
-const id kDeepestNesting = VELT_ID(200L);
-
-class Parser : public NSObject {
-    VELT_OBJECT(Parser, NSObject)
-
-public:
-    id file, line;
-
-    static void describe(velt::ClassBuilder<Parser>& c) {
-        c.property("file", &Parser::file)
-            .property("line", &Parser::line)
-            .owns(&Parser::text_)
-            .owns(&Parser::levels_)
-            .owns(&Parser::variables_)
-            .method("Prepare:", &Parser::prepare)
-            .method("Evaluate::", &Parser::evaluate);
-    }
-
-    void prepare(id fileName);
-    id evaluate(id source, id number);
-
-private:
-    void fail(id reason);
-    id peek();
-    void skipBlanks();
-    void expectEnd();
-    void expect(id sign);
-    id isDigit(id sign);
-    id isNamePart(id sign);
-    id takeName();
-    id takeOperator(id sign);
-    void descend();
-    id parseLevel(id level);
-    id parseSigned();
-    id parsePrimary();
-    id parseCall(id name, id start);
-    void takeDigits();
-    id parseNumber();
-    id parseHexadecimal();
-    id parseString();
-
-    id text_, position_, depth_, levels_, variables_;
-};
-
-void Parser::prepare(id fileName) {
-    VELTS("calculator.bas", "Parser.Prepare", "16", "");
-    file = VELT__STRING(fileName);
-    VELTS("calculator.bas", "Parser.Prepare", "18", "");
-    levels_ =
-        VELT__NSMUTABLEARRAY(VELT_SPLIT("OrElse Or Xor,AndAlso And,<> <= >= = < >,Shl Shr,&,+ -,Mod,\\,* /"_v, ","_v));
-    VELTS("calculator.bas", "Parser.Prepare", "19", "");
-    id last = VELT_SUB(VELT_NSMUTABLEARRAY_COUNT(levels_), VELT_ID(1L));
-    for (id i = VELT_ID(0L); VELT_CBOOL(VELT_SMALLEREQUAL(i, last)); i = VELT_ADD(i, VELT_ID(1L))) {
-        VELTS("calculator.bas", "Parser.Prepare", "20", "");
-        VELT_NSMUTABLEARRAY_REPLACE(levels_, VELT_SPLIT(VELT_NSMUTABLEARRAY_OBJECT(levels_, i), " "_v), i);
-    }
-    VELTS("calculator.bas", "Parser.Prepare", "22", "");
-    variables_ = velt::make<NSMutableDictionary>();
-    VELTS("calculator.bas", "Parser.Prepare", "23", "");
-    VELT_NSMUTABLEDICTIONARY_INSERT(variables_, "true"_v, kTrue);
-    VELTS("calculator.bas", "Parser.Prepare", "24", "");
-    VELT_NSMUTABLEDICTIONARY_INSERT(variables_, "false"_v, kFalse);
-}
-
-id Parser::evaluate(id source, id number) {
-    VELTS("calculator.bas", "Parser.Evaluate", "29", "");
-    text_ = VELT__STRING(source);
-    VELTS("calculator.bas", "Parser.Evaluate", "30", "");
-    line = VELT__STRING(VELT_CSTRING(number));
-    VELTS("calculator.bas", "Parser.Evaluate", "31", "");
-    position_ = VELT__INTEGER(VELT_ID(0L));
-    VELTS("calculator.bas", "Parser.Evaluate", "32", "");
-    depth_ = VELT__INTEGER(VELT_ID(0L));
-    VELTS("calculator.bas", "Parser.Evaluate", "33", "");
-    id name = VELT__STRING(takeName());
-    VELTS("calculator.bas", "Parser.Evaluate", "34", "");
-    if (VELT_CBOOL(VELT_ANDALSO(VELT_GREATER(VELT_LEN(name), VELT_ID(0L)), takeOperator("="_v)))) {
-        VELTS("calculator.bas", "Parser.Evaluate", "35", "");
-        id result = parseLevel(VELT_ID(0L));
-        VELTS("calculator.bas", "Parser.Evaluate", "36", "");
-        expectEnd();
-        VELTS("calculator.bas", "Parser.Evaluate", "37", "");
-        VELT_NSMUTABLEDICTIONARY_INSERT(variables_, VELT_LCASE(name), result);
-        VELTS("calculator.bas", "Parser.Evaluate", "38", "");
-        return result;
-    }
-    VELTS("calculator.bas", "Parser.Evaluate", "40", "");
-    position_ = VELT__INTEGER(VELT_ID(0L));
-    VELTS("calculator.bas", "Parser.Evaluate", "41", "");
-    id value = parseLevel(VELT_ID(0L));
-    VELTS("calculator.bas", "Parser.Evaluate", "42", "");
-    expectEnd();
-    VELTS("calculator.bas", "Parser.Evaluate", "43", "");
-    return value;
-}
-
-void Parser::fail(id reason) {
-    VELTS("calculator.bas", "Parser.Fail", "47", "");
-    raiseSyntaxError(
-        file, line,
-        VELT_CONCAT(VELT_CONCAT(VELT_CONCAT("column "_v, VELT_ADD(position_, VELT_ID(1L))), ": "_v), reason));
-}
-
-id Parser::peek() {
-    VELTS("calculator.bas", "Parser.Peek", "51", "");
-    if (VELT_CBOOL(VELT_SMALLER(position_, VELT_LEN(text_)))) {
-        VELTS("calculator.bas", "Parser.Peek", "52", "");
-        return VELT__STRING(VELT_AT(text_, position_));
-    }
-    VELTS("calculator.bas", "Parser.Peek", "54", "");
-    return VELT__STRING(""_v);
-}
-
-void Parser::skipBlanks() {
-    while (VELTS("calculator.bas", "Parser.SkipBlanks", "58", ""),
-           VELT_CBOOL(VELT_ORELSE(VELT_EQUAL(peek(), " "_v), VELT_EQUAL(peek(), VELT_CHARACTER(VELT_ID(9L)))))) {
-        VELTS("calculator.bas", "Parser.SkipBlanks", "59", "");
-        position_ = VELT__INTEGER(VELT_ADD(position_, VELT_ID(1L)));
-    }
-}
-
-void Parser::expectEnd() {
-    VELTS("calculator.bas", "Parser.ExpectEnd", "64", "");
-    skipBlanks();
-    VELTS("calculator.bas", "Parser.ExpectEnd", "65", "");
-    if (VELT_CBOOL(VELT_SMALLER(position_, VELT_LEN(text_)))) {
-        VELTS("calculator.bas", "Parser.ExpectEnd", "66", "");
-        fail("the end of the line or an operator expected"_v);
-    }
-}
-
-void Parser::expect(id sign) {
-    VELTS("calculator.bas", "Parser.Expect", "71", "");
-    if (VELT_CBOOL(VELT_EQUAL(takeOperator(sign), kFalse))) {
-        VELTS("calculator.bas", "Parser.Expect", "72", "");
-        fail(VELT_CONCAT(VELT_CONCAT("'"_v, sign), "' expected"_v));
-    }
-}
-
-id Parser::isDigit(id sign) {
-    VELTS("calculator.bas", "Parser.IsDigit", "77", "");
-    return VELT__BOOLEAN(VELT_CONTAINS("0123456789"_v, sign, kTrue));
-}
-
-id Parser::isNamePart(id sign) {
-    VELTS("calculator.bas", "Parser.IsNamePart", "81", "");
-    return VELT__BOOLEAN(VELT_ANDALSO(VELT_GREATER(VELT_LEN(sign), VELT_ID(0L)),
-                                      VELT_ORELSE(VELT_ORELSE(VELT_EQUAL(sign, "_"_v), isDigit(sign)),
-                                                  VELT_UNEQUAL(VELT_LCASE(sign), VELT_UCASE(sign)))));
-}
-
-id Parser::takeName() {
-    VELTS("calculator.bas", "Parser.TakeName", "86", "");
-    skipBlanks();
-    VELTS("calculator.bas", "Parser.TakeName", "87", "");
-    id start = VELT__INTEGER(position_);
-    VELTS("calculator.bas", "Parser.TakeName", "88", "");
-    if (VELT_CBOOL(isDigit(peek()))) {
-        VELTS("calculator.bas", "Parser.TakeName", "89", "");
-        return VELT__STRING(""_v);
-    }
-    while (VELTS("calculator.bas", "Parser.TakeName", "91", ""), VELT_CBOOL(isNamePart(peek()))) {
-        VELTS("calculator.bas", "Parser.TakeName", "92", "");
-        position_ = VELT__INTEGER(VELT_ADD(position_, VELT_ID(1L)));
-    }
-    VELTS("calculator.bas", "Parser.TakeName", "94", "");
-    return VELT__STRING(VELT_MID(text_, start, VELT_SUB(position_, start)));
-}
-
-id Parser::takeOperator(id sign) {
-    VELTS("calculator.bas", "Parser.TakeOperator", "99", "");
-    skipBlanks();
-    VELTS("calculator.bas", "Parser.TakeOperator", "100", "");
-    if (VELT_CBOOL(
-            VELT_EQUAL(VELT_STARTSWITH(VELT_MID(text_, position_, VELT_MINUS(VELT_ID(1L))), sign, kFalse), kFalse))) {
-        VELTS("calculator.bas", "Parser.TakeOperator", "101", "");
-        return VELT__BOOLEAN(kFalse);
-    }
-    VELTS("calculator.bas", "Parser.TakeOperator", "103", "");
-    if (VELT_CBOOL(VELT_ANDALSO(isNamePart(VELT_AT(sign, VELT_ID(0L))),
-                                isNamePart(VELT_MID(text_, VELT_ADD(position_, VELT_LEN(sign)), VELT_ID(1L)))))) {
-        VELTS("calculator.bas", "Parser.TakeOperator", "104", "");
-        return VELT__BOOLEAN(kFalse);
-    }
-    VELTS("calculator.bas", "Parser.TakeOperator", "106", "");
-    position_ = VELT__INTEGER(VELT_ADD(position_, VELT_LEN(sign)));
-    VELTS("calculator.bas", "Parser.TakeOperator", "107", "");
-    return VELT__BOOLEAN(kTrue);
-}
-
-void Parser::descend() {
-    VELTS("calculator.bas", "Parser.Descend", "111", "");
-    depth_ = VELT__INTEGER(VELT_ADD(depth_, VELT_ID(1L)));
-    VELTS("calculator.bas", "Parser.Descend", "112", "");
-    if (VELT_CBOOL(VELT_GREATER(depth_, kDeepestNesting))) {
-        VELTS("calculator.bas", "Parser.Descend", "113", "");
-        fail("nested too deeply"_v);
-    }
-}
-
-id Parser::parseLevel(id level) {
-    VELTS("calculator.bas", "Parser.ParseLevel", "118", "");
-    if (VELT_CBOOL(VELT_EQUAL(level, VELT_NSMUTABLEARRAY_COUNT(levels_)))) {
-        VELTS("calculator.bas", "Parser.ParseLevel", "119", "");
-        return parseSigned();
-    }
-    VELTS("calculator.bas", "Parser.ParseLevel", "121", "");
-    if (VELT_CBOOL(VELT_EQUAL(level, VELT_ID(2L)))) {
-        VELTS("calculator.bas", "Parser.ParseLevel", "122", "");
-        if (VELT_CBOOL(takeOperator("Not"_v))) {
-            VELTS("calculator.bas", "Parser.ParseLevel", "123", "");
-            descend();
-            VELTS("calculator.bas", "Parser.ParseLevel", "124", "");
-            id operands = velt::make<NSMutableArray>();
-            VELTS("calculator.bas", "Parser.ParseLevel", "125", "");
-            VELT_NSMUTABLEARRAY_APPEND(operands, parseLevel(VELT_ID(2L)));
-            VELTS("calculator.bas", "Parser.ParseLevel", "126", "");
-            depth_ = VELT__INTEGER(VELT_SUB(depth_, VELT_ID(1L)));
-            VELTS("calculator.bas", "Parser.ParseLevel", "127", "");
-            return applyFunction("Not"_v, operands, file, line);
-        }
-    }
-    VELTS("calculator.bas", "Parser.ParseLevel", "130", "");
-    id result = parseLevel(VELT_ADD(level, VELT_ID(1L)));
-    VELTS("calculator.bas", "Parser.ParseLevel", "131", "");
-    id i = VELT__INTEGER(VELT_ID(0L));
-    while (VELTS("calculator.bas", "Parser.ParseLevel", "132", ""),
-           VELT_CBOOL(VELT_SMALLER(i, VELT_NSMUTABLEARRAY_COUNT(VELT_NSMUTABLEARRAY_OBJECT(levels_, level))))) {
-        VELTS("calculator.bas", "Parser.ParseLevel", "133", "");
-        id sign = VELT__STRING(VELT_NSMUTABLEARRAY_OBJECT(VELT_NSMUTABLEARRAY_OBJECT(levels_, level), i));
-        VELTS("calculator.bas", "Parser.ParseLevel", "134", "");
-        if (VELT_CBOOL(takeOperator(sign))) {
-            VELTS("calculator.bas", "Parser.ParseLevel", "135", "");
-            id right = parseLevel(VELT_ADD(level, VELT_ID(1L)));
-            VELTS("calculator.bas", "Parser.ParseLevel", "136", "");
-            result = applyOperator(sign, result, right, file, line);
-            VELTS("calculator.bas", "Parser.ParseLevel", "137", "");
-            i = VELT__INTEGER(VELT_ID(0L));
-        } else {
-            VELTS("calculator.bas", "Parser.ParseLevel", "139", "");
-            i = VELT__INTEGER(VELT_ADD(i, VELT_ID(1L)));
-        }
-    }
-    VELTS("calculator.bas", "Parser.ParseLevel", "142", "");
-    return result;
-}
-
-id Parser::parseSigned() {
-    VELTS("calculator.bas", "Parser.ParseSigned", "146", "");
-    if (VELT_CBOOL(takeOperator("-"_v))) {
-        VELTS("calculator.bas", "Parser.ParseSigned", "147", "");
-        descend();
-        VELTS("calculator.bas", "Parser.ParseSigned", "148", "");
-        id operands = velt::make<NSMutableArray>();
-        VELTS("calculator.bas", "Parser.ParseSigned", "149", "");
-        VELT_NSMUTABLEARRAY_APPEND(operands, parseSigned());
-        VELTS("calculator.bas", "Parser.ParseSigned", "150", "");
-        depth_ = VELT__INTEGER(VELT_SUB(depth_, VELT_ID(1L)));
-        VELTS("calculator.bas", "Parser.ParseSigned", "151", "");
-        return applyFunction("-"_v, operands, file, line);
-    }
-    VELTS("calculator.bas", "Parser.ParseSigned", "153", "");
-    return parsePrimary();
-}
-
-id Parser::parsePrimary() {
-    VELTS("calculator.bas", "Parser.ParsePrimary", "157", "");
-    skipBlanks();
-    VELTS("calculator.bas", "Parser.ParsePrimary", "158", "");
-    if (VELT_CBOOL(takeOperator("("_v))) {
-        VELTS("calculator.bas", "Parser.ParsePrimary", "159", "");
-        descend();
-        VELTS("calculator.bas", "Parser.ParsePrimary", "160", "");
-        id inner = parseLevel(VELT_ID(0L));
-        VELTS("calculator.bas", "Parser.ParsePrimary", "161", "");
-        depth_ = VELT__INTEGER(VELT_SUB(depth_, VELT_ID(1L)));
-        VELTS("calculator.bas", "Parser.ParsePrimary", "162", "");
-        expect(")"_v);
-        VELTS("calculator.bas", "Parser.ParsePrimary", "163", "");
-        return inner;
-    }
-    VELTS("calculator.bas", "Parser.ParsePrimary", "165", "");
-    if (VELT_CBOOL(VELT_EQUAL(peek(), VELT_CHARACTER(VELT_ID(34L))))) {
-        VELTS("calculator.bas", "Parser.ParsePrimary", "166", "");
-        return parseString();
-    }
-    VELTS("calculator.bas", "Parser.ParsePrimary", "168", "");
-    if (VELT_CBOOL(takeOperator("&H"_v))) {
-        VELTS("calculator.bas", "Parser.ParsePrimary", "169", "");
-        return parseHexadecimal();
-    }
-    VELTS("calculator.bas", "Parser.ParsePrimary", "171", "");
-    if (VELT_CBOOL(VELT_ORELSE(isDigit(peek()), VELT_EQUAL(peek(), "."_v)))) {
-        VELTS("calculator.bas", "Parser.ParsePrimary", "172", "");
-        return parseNumber();
-    }
-    VELTS("calculator.bas", "Parser.ParsePrimary", "174", "");
-    id start = VELT__INTEGER(position_);
-    VELTS("calculator.bas", "Parser.ParsePrimary", "175", "");
-    id name = VELT__STRING(takeName());
-    VELTS("calculator.bas", "Parser.ParsePrimary", "176", "");
-    if (VELT_CBOOL(VELT_EQUAL(VELT_LEN(name), VELT_ID(0L)))) {
-        VELTS("calculator.bas", "Parser.ParsePrimary", "177", "");
-        fail("a value expected"_v);
-    }
-    VELTS("calculator.bas", "Parser.ParsePrimary", "179", "");
-    if (VELT_CBOOL(takeOperator("("_v))) {
-        VELTS("calculator.bas", "Parser.ParsePrimary", "180", "");
-        return parseCall(VELT__STRING(name), VELT__INTEGER(start));
-    }
-    VELTS("calculator.bas", "Parser.ParsePrimary", "182", "");
-    if (VELT_CBOOL(VELT_EQUAL(VELT_NSMUTABLEDICTIONARY_CONTAINS(variables_, VELT_LCASE(name)), kFalse))) {
-        VELTS("calculator.bas", "Parser.ParsePrimary", "183", "");
-        position_ = VELT__INTEGER(start);
-        VELTS("calculator.bas", "Parser.ParsePrimary", "184", "");
-        fail(VELT_CONCAT("there is no variable named "_v, name));
-    }
-    VELTS("calculator.bas", "Parser.ParsePrimary", "186", "");
-    return VELT_NSMUTABLEDICTIONARY_OBJECT(variables_, VELT_LCASE(name));
-}
-
-id Parser::parseCall(id name, id start) {
-    VELTS("calculator.bas", "Parser.ParseCall", "190", "");
-    id wanted = VELT__INTEGER(argumentCount(name));
-    VELTS("calculator.bas", "Parser.ParseCall", "191", "");
-    if (VELT_CBOOL(VELT_SMALLER(wanted, VELT_ID(0L)))) {
-        VELTS("calculator.bas", "Parser.ParseCall", "192", "");
-        position_ = VELT__INTEGER(start);
-        VELTS("calculator.bas", "Parser.ParseCall", "193", "");
-        fail(VELT_CONCAT("there is no function named "_v, name));
-    }
-    VELTS("calculator.bas", "Parser.ParseCall", "195", "");
-    id arguments = velt::make<NSMutableArray>();
-    VELTS("calculator.bas", "Parser.ParseCall", "196", "");
-    descend();
-    while (VELTS("calculator.bas", "Parser.ParseCall", "197", ""),
-           VELT_CBOOL(VELT_SMALLER(VELT_NSMUTABLEARRAY_COUNT(arguments), wanted))) {
-        VELTS("calculator.bas", "Parser.ParseCall", "198", "");
-        if (VELT_CBOOL(VELT_GREATER(VELT_NSMUTABLEARRAY_COUNT(arguments), VELT_ID(0L)))) {
-            VELTS("calculator.bas", "Parser.ParseCall", "199", "");
-            expect(","_v);
-        }
-        VELTS("calculator.bas", "Parser.ParseCall", "201", "");
-        VELT_NSMUTABLEARRAY_APPEND(arguments, parseLevel(VELT_ID(0L)));
-    }
-    VELTS("calculator.bas", "Parser.ParseCall", "203", "");
-    depth_ = VELT__INTEGER(VELT_SUB(depth_, VELT_ID(1L)));
-    VELTS("calculator.bas", "Parser.ParseCall", "204", "");
-    expect(")"_v);
-    VELTS("calculator.bas", "Parser.ParseCall", "205", "");
-    return applyFunction(name, arguments, file, line);
-}
-
-void Parser::takeDigits() {
-    while (VELTS("calculator.bas", "Parser.TakeDigits", "209", ""), VELT_CBOOL(isDigit(peek()))) {
-        VELTS("calculator.bas", "Parser.TakeDigits", "210", "");
-        position_ = VELT__INTEGER(VELT_ADD(position_, VELT_ID(1L)));
-    }
-}
-
-id Parser::parseNumber() {
-    VELTS("calculator.bas", "Parser.ParseNumber", "216", "");
-    id start = VELT__INTEGER(position_);
-    VELTS("calculator.bas", "Parser.ParseNumber", "217", "");
-    takeDigits();
-    VELTS("calculator.bas", "Parser.ParseNumber", "218", "");
-    id floating = VELT__BOOLEAN(VELT_EQUAL(peek(), "."_v));
-    VELTS("calculator.bas", "Parser.ParseNumber", "219", "");
-    if (VELT_CBOOL(floating)) {
-        VELTS("calculator.bas", "Parser.ParseNumber", "220", "");
-        position_ = VELT__INTEGER(VELT_ADD(position_, VELT_ID(1L)));
-        VELTS("calculator.bas", "Parser.ParseNumber", "221", "");
-        takeDigits();
-    }
-    VELTS("calculator.bas", "Parser.ParseNumber", "223", "");
-    id mantissa = VELT__INTEGER(position_);
-    VELTS("calculator.bas", "Parser.ParseNumber", "224", "");
-    if (VELT_CBOOL(VELT_EQUAL(VELT_LCASE(peek()), "e"_v))) {
-        VELTS("calculator.bas", "Parser.ParseNumber", "225", "");
-        position_ = VELT__INTEGER(VELT_ADD(position_, VELT_ID(1L)));
-        VELTS("calculator.bas", "Parser.ParseNumber", "226", "");
-        if (VELT_CBOOL(VELT_ORELSE(VELT_EQUAL(peek(), "+"_v), VELT_EQUAL(peek(), "-"_v)))) {
-            VELTS("calculator.bas", "Parser.ParseNumber", "227", "");
-            position_ = VELT__INTEGER(VELT_ADD(position_, VELT_ID(1L)));
-        }
-        VELTS("calculator.bas", "Parser.ParseNumber", "229", "");
-        if (VELT_CBOOL(isDigit(peek()))) {
-            VELTS("calculator.bas", "Parser.ParseNumber", "230", "");
-            takeDigits();
-            VELTS("calculator.bas", "Parser.ParseNumber", "231", "");
-            floating = VELT__BOOLEAN(kTrue);
-        } else {
-            VELTS("calculator.bas", "Parser.ParseNumber", "233", "");
-            position_ = VELT__INTEGER(mantissa);
-        }
-    }
-    VELTS("calculator.bas", "Parser.ParseNumber", "236", "");
-    id digits = VELT__STRING(VELT_MID(text_, start, VELT_SUB(position_, start)));
-    VELTS("calculator.bas", "Parser.ParseNumber", "237", "");
-    if (VELT_CBOOL(VELT_EQUAL(digits, "."_v))) {
-        VELTS("calculator.bas", "Parser.ParseNumber", "238", "");
-        fail("a number expected"_v);
-    }
-    VELTS("calculator.bas", "Parser.ParseNumber", "240", "");
-    if (VELT_CBOOL(VELT_EQUAL(peek(), "!"_v))) {
-        VELTS("calculator.bas", "Parser.ParseNumber", "241", "");
-        position_ = VELT__INTEGER(VELT_ADD(position_, VELT_ID(1L)));
-        VELTS("calculator.bas", "Parser.ParseNumber", "242", "");
-        return VELT_ID(VELT_CSINGLE(digits));
-    }
-    VELTS("calculator.bas", "Parser.ParseNumber", "244", "");
-    if (VELT_CBOOL(floating)) {
-        VELTS("calculator.bas", "Parser.ParseNumber", "245", "");
-        return VELT_ID(VELT_CDOUBLE(digits));
-    }
-    VELTS("calculator.bas", "Parser.ParseNumber", "247", "");
-    return VELT_ID(VELT_CINTEGER(digits));
-}
-
-id Parser::parseHexadecimal() {
-    VELTS("calculator.bas", "Parser.ParseHexadecimal", "251", "");
-    id number = VELT__INTEGER(VELT_ID(0L));
-    VELTS("calculator.bas", "Parser.ParseHexadecimal", "252", "");
-    id start = VELT__INTEGER(position_);
-    while (VELTS("calculator.bas", "Parser.ParseHexadecimal", "253", ""),
-           VELT_CBOOL(VELT_GREATEREQUAL(VELT_INSTR("0123456789ABCDEF"_v, peek(), VELT_ID(0L), kFalse), VELT_ID(0L)))) {
-        VELTS("calculator.bas", "Parser.ParseHexadecimal", "254", "");
-        number = VELT__INTEGER(
-            VELT_OR(VELT_SHL(number, VELT_ID(4L)), VELT_INSTR("0123456789ABCDEF"_v, peek(), VELT_ID(0L), kFalse)));
-        VELTS("calculator.bas", "Parser.ParseHexadecimal", "255", "");
-        position_ = VELT__INTEGER(VELT_ADD(position_, VELT_ID(1L)));
-    }
-    VELTS("calculator.bas", "Parser.ParseHexadecimal", "257", "");
-    if (VELT_CBOOL(VELT_EQUAL(position_, start))) {
-        VELTS("calculator.bas", "Parser.ParseHexadecimal", "258", "");
-        fail("a hexadecimal digit expected"_v);
-    }
-    VELTS("calculator.bas", "Parser.ParseHexadecimal", "260", "");
-    return VELT__INTEGER(number);
-}
-
-id Parser::parseString() {
-    VELTS("calculator.bas", "Parser.ParseString", "265", "");
-    id result = VELT__STRING(""_v);
-    while (VELTS("calculator.bas", "Parser.ParseString", "266", ""),
-           VELT_CBOOL(VELT_EQUAL(peek(), VELT_CHARACTER(VELT_ID(34L))))) {
-        VELTS("calculator.bas", "Parser.ParseString", "267", "");
-        id close =
-            VELT__INTEGER(VELT_INSTR(text_, VELT_CHARACTER(VELT_ID(34L)), VELT_ADD(position_, VELT_ID(1L)), kTrue));
-        VELTS("calculator.bas", "Parser.ParseString", "268", "");
-        if (VELT_CBOOL(VELT_SMALLER(close, VELT_ID(0L)))) {
-            VELTS("calculator.bas", "Parser.ParseString", "269", "");
-            fail("the string has no end"_v);
-        }
-        VELTS("calculator.bas", "Parser.ParseString", "271", "");
-        result = VELT__STRING(VELT_CONCAT(result, VELT_MID(text_, VELT_ADD(position_, VELT_ID(1L)),
-                                                           VELT_SUB(VELT_SUB(close, position_), VELT_ID(1L)))));
-        VELTS("calculator.bas", "Parser.ParseString", "272", "");
-        position_ = VELT__INTEGER(VELT_ADD(close, VELT_ID(1L)));
-        VELTS("calculator.bas", "Parser.ParseString", "273", "");
-        if (VELT_CBOOL(VELT_EQUAL(peek(), VELT_CHARACTER(VELT_ID(34L))))) {
-            VELTS("calculator.bas", "Parser.ParseString", "274", "");
-            result = VELT__STRING(VELT_CONCAT(result, VELT_CHARACTER(VELT_ID(34L))));
-        }
-    }
-    VELTS("calculator.bas", "Parser.ParseString", "277", "");
-    return VELT__STRING(result);
-}
 
 id shown(id value) {
-    VELTS("calculator.bas", "Shown", "283", "");
+    VELTS("calculator.bas", "Shown", "4", "");
     if (VELT_CBOOL(VELT_ISSTRING(value))) {
-        VELTS("calculator.bas", "Shown", "284", "");
+        VELTS("calculator.bas", "Shown", "5", "");
         return VELT__STRING(
             VELT_CONCAT(VELT_CONCAT(VELT_CHARACTER(VELT_ID(34L)), value), VELT_CHARACTER(VELT_ID(34L))));
     }
-    VELTS("calculator.bas", "Shown", "286", "");
+    VELTS("calculator.bas", "Shown", "7", "");
     return VELT__STRING(VELT_INFO(value));
 }
 
 id evaluateLine(id parser, id source, id number) {
-    VELTS("calculator.bas", "EvaluateLine", "290", "");
+    VELTS("calculator.bas", "EvaluateLine", "11", "");
     id text = VELT__STRING(VELT_REPLACE(source, VELT_CHARACTER(VELT_ID(13L)), ""_v, kTrue));
-    VELTS("calculator.bas", "EvaluateLine", "291", "");
+    VELTS("calculator.bas", "EvaluateLine", "12", "");
     id expression = VELT__STRING(VELT_TRIM(text));
-    VELTS("calculator.bas", "EvaluateLine", "292", "");
+    VELTS("calculator.bas", "EvaluateLine", "13", "");
     if (VELT_CBOOL(
             VELT_ORELSE(VELT_EQUAL(VELT_LEN(expression), VELT_ID(0L)), VELT_STARTSWITH(expression, "'"_v, kTrue)))) {
-        VELTS("calculator.bas", "EvaluateLine", "293", "");
+        VELTS("calculator.bas", "EvaluateLine", "14", "");
         return VELT__BOOLEAN(kTrue);
     }
     try {
-        VELTS("calculator.bas", "EvaluateLine", "296", "");
+        VELTS("calculator.bas", "EvaluateLine", "17", "");
         id value = velt::send(parser, "Evaluate::", text, number);
-        VELTS("calculator.bas", "EvaluateLine", "297", "");
+        VELTS("calculator.bas", "EvaluateLine", "18", "");
         print(VELT_CONCAT(VELT_CONCAT(VELT_CONCAT(VELT_CONCAT(VELT_CONCAT(expression, " → "_v), shown(value)), " ("_v),
                                       VELT_TYPENAME(value)),
                           ")"_v));
     } catch (const NSException& failure) {
-        VELTS("calculator.bas", "EvaluateLine", "299", "");
+        VELTS("calculator.bas", "EvaluateLine", "20", "");
         printError(velt::string(velt::reportText(failure)));
-        VELTS("calculator.bas", "EvaluateLine", "300", "");
+        VELTS("calculator.bas", "EvaluateLine", "21", "");
         return VELT__BOOLEAN(kFalse);
     }
-    VELTS("calculator.bas", "EvaluateLine", "302", "");
+    VELTS("calculator.bas", "EvaluateLine", "23", "");
     return VELT__BOOLEAN(kTrue);
 }
 
 id evaluateFile(id path) {
-    VELTS("calculator.bas", "EvaluateFile", "306", "");
+    VELTS("calculator.bas", "EvaluateFile", "27", "");
     id lines = VELT__NSMUTABLEARRAY(VELT_SPLIT(VELT_READSTRING(location(path)), VELT_CHARACTER(VELT_ID(10L))));
-    VELTS("calculator.bas", "EvaluateFile", "307", "");
+    VELTS("calculator.bas", "EvaluateFile", "28", "");
     id parser = velt::make<Parser>();
-    VELTS("calculator.bas", "EvaluateFile", "308", "");
+    VELTS("calculator.bas", "EvaluateFile", "29", "");
     velt::send(parser, "Prepare:", VELT_FILENAME(path));
-    VELTS("calculator.bas", "EvaluateFile", "309", "");
+    VELTS("calculator.bas", "EvaluateFile", "30", "");
     id good = VELT__BOOLEAN(kTrue);
-    VELTS("calculator.bas", "EvaluateFile", "310", "");
+    VELTS("calculator.bas", "EvaluateFile", "31", "");
     id last = VELT_SUB(VELT_NSMUTABLEARRAY_COUNT(lines), VELT_ID(1L));
     for (id i = VELT_ID(0L); VELT_CBOOL(VELT_SMALLEREQUAL(i, last)); i = VELT_ADD(i, VELT_ID(1L))) {
-        VELTS("calculator.bas", "EvaluateFile", "311", "");
+        VELTS("calculator.bas", "EvaluateFile", "32", "");
         if (VELT_CBOOL(VELT_EQUAL(evaluateLine(parser, VELT__STRING(VELT_NSMUTABLEARRAY_OBJECT(lines, i)),
                                                VELT__INTEGER(VELT_ADD(i, VELT_ID(1L)))),
                                   kFalse))) {
-            VELTS("calculator.bas", "EvaluateFile", "312", "");
+            VELTS("calculator.bas", "EvaluateFile", "33", "");
             good = VELT__BOOLEAN(kFalse);
         }
     }
-    VELTS("calculator.bas", "EvaluateFile", "315", "");
+    VELTS("calculator.bas", "EvaluateFile", "36", "");
     return VELT__BOOLEAN(good);
 }
 
 id evaluateInput() {
-    VELTS("calculator.bas", "EvaluateInput", "319", "");
+    VELTS("calculator.bas", "EvaluateInput", "40", "");
     id parser = velt::make<Parser>();
-    VELTS("calculator.bas", "EvaluateInput", "320", "");
+    VELTS("calculator.bas", "EvaluateInput", "41", "");
     velt::send(parser, "Prepare:", "input"_v);
-    VELTS("calculator.bas", "EvaluateInput", "321", "");
+    VELTS("calculator.bas", "EvaluateInput", "42", "");
     id good = VELT__BOOLEAN(kTrue);
-    VELTS("calculator.bas", "EvaluateInput", "322", "");
+    VELTS("calculator.bas", "EvaluateInput", "43", "");
     id number = VELT__INTEGER(VELT_ID(1L));
-    VELTS("calculator.bas", "EvaluateInput", "323", "");
+    VELTS("calculator.bas", "EvaluateInput", "44", "");
     id source = VELT__STRING(readLine());
-    while (VELTS("calculator.bas", "EvaluateInput", "324", ""), VELT_CBOOL(VELT_UNEQUAL(source, nil))) {
-        VELTS("calculator.bas", "EvaluateInput", "325", "");
+    while (VELTS("calculator.bas", "EvaluateInput", "45", ""), VELT_CBOOL(VELT_UNEQUAL(source, nil))) {
+        VELTS("calculator.bas", "EvaluateInput", "46", "");
         if (VELT_CBOOL(VELT_EQUAL(evaluateLine(parser, VELT__STRING(source), VELT__INTEGER(number)), kFalse))) {
-            VELTS("calculator.bas", "EvaluateInput", "326", "");
+            VELTS("calculator.bas", "EvaluateInput", "47", "");
             good = VELT__BOOLEAN(kFalse);
         }
-        VELTS("calculator.bas", "EvaluateInput", "328", "");
+        VELTS("calculator.bas", "EvaluateInput", "49", "");
         number = VELT__INTEGER(VELT_ADD(number, VELT_ID(1L)));
-        VELTS("calculator.bas", "EvaluateInput", "329", "");
+        VELTS("calculator.bas", "EvaluateInput", "50", "");
         source = VELT__STRING(readLine());
     }
-    VELTS("calculator.bas", "EvaluateInput", "331", "");
+    VELTS("calculator.bas", "EvaluateInput", "52", "");
     return VELT__BOOLEAN(good);
 }
 
 id mainFunction(id arguments) {
-    VELTS("calculator.bas", "Main", "335", "");
+    VELTS("calculator.bas", "Main", "56", "");
     id good = VELT__BOOLEAN(kTrue);
     try {
-        VELTS("calculator.bas", "Main", "337", "");
+        VELTS("calculator.bas", "Main", "58", "");
         if (VELT_CBOOL(VELT_GREATER(VELT_NSMUTABLEARRAY_COUNT(arguments), VELT_ID(0L)))) {
-            VELTS("calculator.bas", "Main", "338", "");
+            VELTS("calculator.bas", "Main", "59", "");
             good = VELT__BOOLEAN(evaluateFile(VELT__STRING(VELT_NSMUTABLEARRAY_OBJECT(arguments, VELT_ID(0L)))));
         } else {
-            VELTS("calculator.bas", "Main", "340", "");
+            VELTS("calculator.bas", "Main", "61", "");
             good = VELT__BOOLEAN(evaluateInput());
         }
     } catch (const NSException& failure) {
-        VELTS("calculator.bas", "Main", "343", "");
+        VELTS("calculator.bas", "Main", "64", "");
         printError(VELT_CONCAT(
             VELT_CONCAT(VELT_CONCAT("calculator: "_v, VELT_NSMUTABLEARRAY_OBJECT(arguments, VELT_ID(0L))), ": "_v),
             velt::string(failure.reason())));
-        VELTS("calculator.bas", "Main", "344", "");
+        VELTS("calculator.bas", "Main", "65", "");
         return VELT_ID(1L);
     }
-    VELTS("calculator.bas", "Main", "346", "");
+    VELTS("calculator.bas", "Main", "67", "");
     if (VELT_CBOOL(good)) {
-        VELTS("calculator.bas", "Main", "347", "");
+        VELTS("calculator.bas", "Main", "68", "");
         return VELT_ID(0L);
     }
-    VELTS("calculator.bas", "Main", "349", "");
+    VELTS("calculator.bas", "Main", "70", "");
     return VELT_ID(1L);
 }
 
