@@ -25,7 +25,7 @@ struct PoolThreadEnd {
 };
 
 namespace {
-void armThread() {
+[[maybe_unused]] void armThread() {
     static thread_local PoolThreadEnd end;
     (void)end;
 }
