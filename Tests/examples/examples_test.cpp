@@ -1,5 +1,5 @@
 // The example programs, run as a person runs them; what they write is compared whole.
-#include "examples/run_example.h"
+#include "support/processes.h"
 
 #include <algorithm>
 #include <gtest/gtest.h>
@@ -236,17 +236,19 @@ std::vector<std::string> scopesOf(const std::string& source) {
 
 TEST(ExamplePrograms, RecordPositionsThatExistInTheirSources) {
     const std::regex call("VELTS\\(\"([^\"]*)\", \"([^\"]*)\", \"([0-9]+)\", \"\"\\)");
-    for (const std::string name : {"textstat", "calculator", "mandelbrot", "life"}) {
-        const std::string stem = std::string(VELT_SOURCE_FOLDER) + "/Examples/" + name + "/" + name;
-        const std::vector<std::string> scopes = scopesOf(contentOf(stem + ".bas"));
-        const std::string code = contentOf(stem + ".cpp");
+    const std::string folder = std::string(VELT_SOURCE_FOLDER) + "/Examples/";
+    for (const std::string program :
+         {"textstat/textstat", "calculator/calculator", "calculator/parser", "mandelbrot/mandelbrot", "life/life"}) {
+        const std::string source = program.substr(program.find('/') + 1) + ".bas";
+        const std::vector<std::string> scopes = scopesOf(contentOf(folder + program + ".bas"));
+        const std::string code = contentOf(folder + program + ".cpp");
         std::size_t calls = 0;
         for (std::sregex_iterator i(code.begin(), code.end(), call), end; i != end; ++i, ++calls) {
             const std::size_t line = std::stoul(i->str(3));
-            EXPECT_EQ(i->str(1), name + ".bas");
+            EXPECT_EQ(i->str(1), source);
             ASSERT_LT(line, scopes.size()) << i->str();
             EXPECT_EQ(i->str(2), scopes[line]) << i->str();
         }
-        EXPECT_GT(calls, 20u) << name;
+        EXPECT_GT(calls, 20u) << program;
     }
 }

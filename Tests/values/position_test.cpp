@@ -1,3 +1,4 @@
+#include "support/processes.h"
 #include "support/values.h"
 
 using namespace velt::test;
@@ -7,10 +8,8 @@ protected:
     ~PositionRecord() override { META_acCurrentFile = META_acCurrentScope = META_acCurrentLine = ""; }
 };
 
-TEST_F(PositionRecord, IsEmptyBeforeTheFirstStatement) {
-    EXPECT_VALUE("''", VeltF());
-    EXPECT_VALUE("''", VeltS());
-    EXPECT_VALUE("''", VeltL());
+TEST(PositionRecordOfAProgram, IsEmptyBeforeTheFirstStatement) {
+    EXPECT_EQ("file '' scope '' line ''\n", runProgram("position").output);
 }
 
 TEST_F(PositionRecord, HoldsTheCallersTexts) {

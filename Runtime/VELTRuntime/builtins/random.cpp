@@ -32,7 +32,8 @@ id VELT_RANDOMIZE() {
     now = std::time(nullptr);
     localtime_r(&now, &local);
     // Sixty seeds or so in one process: weak, and programs rely on no more.
-    const long seed = local.tm_sec + static_cast<long>(reinterpret_cast<std::uintptr_t>(&local));
+    const long processConstant = static_cast<long>(reinterpret_cast<std::uintptr_t>(&local) & 0x3FFFFFFF);
+    const long seed = local.tm_sec + processConstant;
     nextFrom(step(seed));
     return nil;
 }

@@ -111,7 +111,7 @@ public:
         return *this;
     }
 
-    /// A field: read and set by key, and owned when it holds a value.
+    /// A field: read and set by key and by the messages "key" and "setKey:", and owned when it holds a value.
     template <class C, class Field>
     requires(!std::is_function_v<Field>) ClassBuilder& property(std::string_view key, Field C::*field) {
         class_.add(Property{std::string(key), Target::of(field), Target::of(field),
@@ -121,6 +121,14 @@ public:
                             [](const Property& property, const id& object, const id& value) {
                                 receiverAs<C>(object).*property.setter.as<Field C::*>() = unboxArgument<Field>(value);
                             }});
+        class_.add(Method{Selector::named(key), Target::of(field), [](const Method& method, const id& object, const id*) {
+                              return boxResult(receiverAs<C>(object).*method.target.as<Field C::*>());
+                          }});
+        class_.add(Method{Selector::named(setterName(key)), Target::of(field),
+                          [](const Method& method, const id& object, const id* value) {
+                              receiverAs<C>(object).*method.target.as<Field C::*>() = unboxArgument<Field>(value[0]);
+                              return id();
+                          }});
         return owns(field);
     }
     /// A property with a getter and a setter member. The setter is a method too: "key" and "setKey:".
@@ -128,9 +136,7 @@ public:
     requires std::is_member_function_pointer_v<Getter> && std::is_member_function_pointer_v<Setter> ClassBuilder&
     property(std::string_view key, Getter getter, Setter setter) {
         addAccessors(key, getter, setter, callMember<Setter>);
-        std::string setterName = "set" + std::string(key) + ":";
-        if (setterName[3] >= 'a' && setterName[3] <= 'z') setterName[3] = static_cast<char>(setterName[3] - 32);
-        return method(key, getter).method(setterName, setter);
+        return method(key, getter).method(setterName(key), setter);
     }
     /// A read-only property, also a method of that name.
     template <class Getter>

@@ -195,10 +195,11 @@ private:
     std::size_t visited_ = 0;
 };
 
-/// When little was freed, candidates are mostly in use and the next run should wait for more of them.
+/// When little was freed of much, candidates are mostly in use and the next run should wait for more of them.
 std::size_t adaptedThreshold(std::size_t threshold, std::size_t freed, std::size_t visited) {
-    if (freed * 8 < visited) return std::min(threshold * 2, kMostCandidates);
-    return std::max(kLeastThreshold, threshold / 2);
+    if (freed * 2 >= visited) return kLeastThreshold;
+    if (freed * 8 >= visited) return std::max(kLeastThreshold, threshold / 2);
+    return visited < threshold ? threshold : std::min(threshold * 2, kMostCandidates);
 }
 
 }  // namespace

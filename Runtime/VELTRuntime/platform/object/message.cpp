@@ -20,12 +20,6 @@ constexpr std::string_view kUnknownKeyException = "NSUnknownKeyException";
                                          std::to_string(given));
 }
 
-std::string setterName(std::string_view key) {
-    std::string name = "set" + std::string(key) + ":";
-    if (name[3] >= 'a' && name[3] <= 'z') name[3] = static_cast<char>(name[3] - 'a' + 'A');
-    return name;
-}
-
 }  // namespace
 
 void raiseNotUnderstood(const id& receiver, std::string_view selector) {

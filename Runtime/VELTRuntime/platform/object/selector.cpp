@@ -39,4 +39,11 @@ const std::string& Selector::name() const {
 
 unsigned Selector::argumentCount() const { return row_ ? row_->argumentCount : 0; }
 
+std::string setterName(std::string_view key) {
+    std::string name = "set";
+    name.append(key).append(":");
+    if (name[3] >= 'a' && name[3] <= 'z') name[3] = static_cast<char>(name[3] - 'a' + 'A');
+    return name;
+}
+
 }  // namespace velt

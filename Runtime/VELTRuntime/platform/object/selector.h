@@ -36,6 +36,9 @@ private:
     const Row* row_ = nullptr;
 };
 
+/// The name of the setter of a property: "setKey:" for "key".
+VELT_EXPORT std::string setterName(std::string_view key);
+
 }  // namespace velt
 
 /// The selector of a literal name, looked up once.

@@ -1,4 +1,4 @@
-// Runs an example as a child process and keeps all that it writes.
+// Runs programs as child processes and keeps all that they write.
 #pragma once
 
 #include <cstdlib>
@@ -16,7 +16,7 @@ namespace velt::test {
 class TemporaryFolder {
 public:
     TemporaryFolder() {
-        std::string pattern = (std::filesystem::temp_directory_path() / "velt-examples-XXXXXX").string();
+        std::string pattern = (std::filesystem::temp_directory_path() / "velt-tests-XXXXXX").string();
         path_ = mkdtemp(pattern.data());
     }
     ~TemporaryFolder() {
@@ -47,12 +47,11 @@ struct ProgramResult {
     std::string output, errors;
 };
 
-/// Runs an example with arguments and a text as its standard input.
-inline ProgramResult runExample(const std::string& name, const std::vector<std::string>& arguments = {},
-                                const std::string& input = "") {
+/// Runs a program with arguments and a text as its standard input.
+inline ProgramResult runPath(const std::string& program, const std::vector<std::string>& arguments,
+                             const std::string& input) {
     const TemporaryFolder folder;
     const std::string in = folder.write("in", input), out = folder.file("out"), err = folder.file("err");
-    const std::string program = std::string(VELT_EXAMPLE_PROGRAMS) + "/" + name;
     std::vector<char*> words{const_cast<char*>(program.c_str())};
     for (const std::string& argument : arguments) words.push_back(const_cast<char*>(argument.c_str()));
     words.push_back(nullptr);
@@ -68,6 +67,17 @@ inline ProgramResult runExample(const std::string& name, const std::vector<std::
     int status = 0;
     waitpid(child, &status, 0);
     return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, contentOf(out), contentOf(err)};
+}
+
+/// Runs one of the examples.
+inline ProgramResult runExample(const std::string& name, const std::vector<std::string>& arguments = {},
+                                const std::string& input = "") {
+    return runPath((std::filesystem::path(VELT_EXAMPLE_PROGRAMS) / name).string(), arguments, input);
+}
+
+/// Runs one of the tests' own programs.
+inline ProgramResult runProgram(const std::string& name, const std::vector<std::string>& arguments = {}) {
+    return runPath((std::filesystem::path(VELT_TEST_PROGRAMS) / name).string(), arguments, "");
 }
 
 }  // namespace velt::test
