@@ -24,20 +24,31 @@ TEST(Arrays, AreReadAndChangedByPosition) {
 
 TEST(Arrays, RaiseRangeErrorsAndChangeNothing) {
     const id list = array(integer(1));
-    EXPECT_RAISES("NSRangeException: 'NSMutableArray' objectAtIndex:: index 1 is out of range; the count is 1", VELT_NSMUTABLEARRAY_OBJECT(list, integer(1)));
-    EXPECT_RAISES("NSRangeException: 'NSMutableArray' objectAtIndex:: index -1 is out of range; the count is 1", VELT_NSARRAY_OBJECT(list, integer(-1)));
-    EXPECT_RAISES("NSRangeException: 'NSMutableArray' insertObject:atIndex:: index 2 is out of range; the count is 1", VELT_NSMUTABLEARRAY_INSERT(list, integer(1), integer(2)));
-    EXPECT_RAISES("NSRangeException: 'NSMutableArray' replaceObjectAtIndex:withObject:: index 1 is out of range; the count is 1", VELT_NSMUTABLEARRAY_REPLACE(list, integer(1), integer(1)));
-    EXPECT_RAISES("NSRangeException: 'NSMutableArray' removeObjectAtIndex:: index -1 is out of range; the count is 1", VELT_NSMUTABLEARRAY_REMOVEOBJECT(list, integer(9)));
-    EXPECT_RAISES("NSInvalidArgumentException: 'NSMutableArray' addObject:: nil cannot be an element", VELT_NSMUTABLEARRAY_APPEND(list, nil));
-    EXPECT_RAISES("NSInvalidArgumentException: 'NSMutableArray' insertObject:atIndex:: nil cannot be an element", VELT_NSMUTABLEARRAY_INSERT(list, nil, integer(0)));
+    EXPECT_RAISES("NSRangeException: 'NSMutableArray' objectAtIndex:: index 1 is out of range; the count is 1",
+                  VELT_NSMUTABLEARRAY_OBJECT(list, integer(1)));
+    EXPECT_RAISES("NSRangeException: 'NSMutableArray' objectAtIndex:: index -1 is out of range; the count is 1",
+                  VELT_NSARRAY_OBJECT(list, integer(-1)));
+    EXPECT_RAISES("NSRangeException: 'NSMutableArray' insertObject:atIndex:: index 2 is out of range; the count is 1",
+                  VELT_NSMUTABLEARRAY_INSERT(list, integer(1), integer(2)));
+    EXPECT_RAISES(
+        "NSRangeException: 'NSMutableArray' replaceObjectAtIndex:withObject:: index 1 is out of range; the count is 1",
+        VELT_NSMUTABLEARRAY_REPLACE(list, integer(1), integer(1)));
+    EXPECT_RAISES("NSRangeException: 'NSMutableArray' removeObjectAtIndex:: index -1 is out of range; the count is 1",
+                  VELT_NSMUTABLEARRAY_REMOVEOBJECT(list, integer(9)));
+    EXPECT_RAISES("NSInvalidArgumentException: 'NSMutableArray' addObject:: nil cannot be an element",
+                  VELT_NSMUTABLEARRAY_APPEND(list, nil));
+    EXPECT_RAISES("NSInvalidArgumentException: 'NSMutableArray' insertObject:atIndex:: nil cannot be an element",
+                  VELT_NSMUTABLEARRAY_INSERT(list, nil, integer(0)));
     EXPECT_VALUE("NSMutableArray (1)", list);
 }
 
 TEST(Arrays, RejectOtherReceivers) {
-    EXPECT_RAISES("NSInvalidArgumentException: 'NSMutableString' does not understand 'count'", VELT_NSARRAY_COUNT(str("x")));
-    EXPECT_RAISES("NSInvalidArgumentException: 'NSArray' does not understand 'addObject:'", VELT_NSMUTABLEARRAY_APPEND(frozenArray(), integer(1)));
-    EXPECT_RAISES("NSInvalidArgumentException: 'NSNumber' does not understand 'objectAtIndex:'", VELT_NSARRAY_OBJECT(integer(1), integer(0)));
+    EXPECT_RAISES("NSInvalidArgumentException: 'NSMutableString' does not understand 'count'",
+                  VELT_NSARRAY_COUNT(str("x")));
+    EXPECT_RAISES("NSInvalidArgumentException: 'NSArray' does not understand 'addObject:'",
+                  VELT_NSMUTABLEARRAY_APPEND(frozenArray(), integer(1)));
+    EXPECT_RAISES("NSInvalidArgumentException: 'NSNumber' does not understand 'objectAtIndex:'",
+                  VELT_NSARRAY_OBJECT(integer(1), integer(0)));
     EXPECT_VALUE("Q 0", VELT_NSARRAY_COUNT(nil));
     EXPECT_VALUE("nil", VELT_NSARRAY_OBJECT(nil, integer(0)));
     EXPECT_VALUE("c 0", VELT_NSARRAY_CONTAINS(nil, integer(0)));
@@ -68,8 +79,10 @@ TEST(Dictionaries, HaveStringKeys) {
     EXPECT_VALUE("nil", VELT_NSDICTIONARY_VALUE(dictionary, str("6")));
     EXPECT_VALUE("'5'", VELT_NSDICTIONARY_KEY(dictionary, integer(0)));
     EXPECT_CAST_FAILURE("Number expected", VELT_NSDICTIONARY_KEY(dictionary, str("a")));
-    EXPECT_RAISES("NSRangeException: 'NSMutableDictionary' key: index 1 is out of range; the count is 1", VELT_NSDICTIONARY_OBJECT(dictionary, integer(1)));
-    EXPECT_RAISES("NSInvalidArgumentException: 'NSMutableDictionary' setObject:forKey:: nil cannot be a value", VELT_NSMUTABLEDICTIONARY_APPEND(dictionary, str("a"), nil));
+    EXPECT_RAISES("NSRangeException: 'NSMutableDictionary' key: index 1 is out of range; the count is 1",
+                  VELT_NSDICTIONARY_OBJECT(dictionary, integer(1)));
+    EXPECT_RAISES("NSInvalidArgumentException: 'NSMutableDictionary' setObject:forKey:: nil cannot be a value",
+                  VELT_NSMUTABLEDICTIONARY_APPEND(dictionary, str("a"), nil));
 }
 
 TEST(Dictionaries, KeepTheOrderOfTheirKeys) {
@@ -94,7 +107,8 @@ TEST(Dictionaries, CopyKeysThatCouldChange) {
 }
 
 TEST(Dictionaries, RejectOtherReceivers) {
-    EXPECT_RAISES("NSInvalidArgumentException: 'NSMutableArray' does not understand 'allKeys'", VELT_NSDICTIONARY_KEYS(array()));
+    EXPECT_RAISES("NSInvalidArgumentException: 'NSMutableArray' does not understand 'allKeys'",
+                  VELT_NSDICTIONARY_KEYS(array()));
     EXPECT_RAISES("NSInvalidArgumentException: 'NSDictionary' does not understand 'setObject:forKey:'",
                   VELT_NSMUTABLEDICTIONARY_INSERT(velt::make<NSDictionary>(), str("a"), str("b")));
     EXPECT_VALUE("Q 0", VELT_NSDICTIONARY_COUNT(nil));
@@ -105,7 +119,8 @@ TEST(Dictionaries, RejectOtherReceivers) {
 TEST(Data, CountsItsBytes) {
     EXPECT_VALUE("Q 3", VELT_NSDATA_COUNT(data("abc")));
     EXPECT_VALUE("Q 0", VELT_NSMUTABLEDATA_COUNT(nil));
-    EXPECT_RAISES("NSInvalidArgumentException: 'NSMutableArray' does not understand 'length'", VELT_NSDATA_COUNT(array()));
+    EXPECT_RAISES("NSInvalidArgumentException: 'NSMutableArray' does not understand 'length'",
+                  VELT_NSDATA_COUNT(array()));
 }
 
 class GeneratedDictionaries : public Generated {};
@@ -124,7 +139,8 @@ TEST_F(GeneratedDictionaries, HoldWhatAMapHolds) {
         }
         const std::string asked = std::to_string(below(500));
         const auto found = expected.find(asked);
-        ASSERT_EQ(found == expected.end() ? "nil" : "q " + std::to_string(found->second), show(VELT_NSDICTIONARY_OBJECT(dictionary, str(asked))));
+        ASSERT_EQ(found == expected.end() ? "nil" : "q " + std::to_string(found->second),
+                  show(VELT_NSDICTIONARY_OBJECT(dictionary, str(asked))));
         ASSERT_EQ(expected.size(), velt::dictionaryOf(dictionary)->count());
     }
 }

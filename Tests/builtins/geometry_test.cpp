@@ -8,7 +8,7 @@ std::string rectText(std::string_view fields) {
     std::string text = "{CGRect={CGPoint=dd}{CGSize=dd}} ";
     return text.append(fields);
 }
-}
+}  // namespace
 
 TEST(GeometryConstructors, CutFractionsOff) {
     EXPECT_VALUE("{CGPoint=dd} {1, -1}", VELT_POINT_INIT(nil, nullptr, real(1.9), real(-1.9)));
@@ -89,7 +89,9 @@ TEST_F(GeneratedRectangles, OverlapAsTheirUnitSquaresDo) {
         return r.origin.x <= x && x < r.origin.x + r.size.width && r.origin.y <= y && y < r.origin.y + r.size.height;
     };
     for (int round = 0; round < iterations(5'000); ++round) {
-        const auto any = [this] { return NSRect{{double(below(6)), double(below(6))}, {double(below(6)), double(below(6))}}; };
+        const auto any = [this] {
+            return NSRect{{double(below(6)), double(below(6))}, {double(below(6)), double(below(6))}};
+        };
         const NSRect a = any(), b = any();
         const NSRect both = VELT_CNSRECT(VELT_INTERSECTIONRECT(VELT_ID(a), VELT_ID(b)));
         const NSRect around = VELT_CNSRECT(VELT_UNIONRECT(VELT_ID(a), VELT_ID(b)));

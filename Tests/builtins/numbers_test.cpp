@@ -21,7 +21,8 @@ TEST(ElementaryFunctions, AreTheMathLibrarys) {
     EXPECT_EQ(std::log10(0.7), VELT_CDOUBLE(VELT_LOG10(real(0.7))));
     EXPECT_TRUE(std::isnan(VELT_CDOUBLE(VELT_SQR(integer(-1)))));
     EXPECT_VALUE("d 3", VELT_SQR(integer(9)));
-    for (const auto function : {VELT_ABS, VELT_ATN, VELT_COS, VELT_SIN, VELT_TAN, VELT_EXP, VELT_LN, VELT_LOG10, VELT_SQR, VELT_INT, VELT_FIX, VELT_FACT, VELT_MODF_INTEGRAL}) {
+    for (const auto function : {VELT_ABS, VELT_ATN, VELT_COS, VELT_SIN, VELT_TAN, VELT_EXP, VELT_LN, VELT_LOG10,
+                                VELT_SQR, VELT_INT, VELT_FIX, VELT_FACT, VELT_MODF_INTEGRAL}) {
         EXPECT_CAST_FAILURE("'Double' expected", function(nil));
     }
 }
@@ -74,7 +75,8 @@ TEST(Round, IsDefinedWhenItsScaleWrapsAround) {
 }
 
 TEST(Round, FailsForValuesWithoutATypeCode) {
-    EXPECT_RAISES("NSInvalidArgumentException: 'NSMutableString' does not understand 'objCType'", VELT_ROUND(str("1.5"), integer(1)));
+    EXPECT_RAISES("NSInvalidArgumentException: 'NSMutableString' does not understand 'objCType'",
+                  VELT_ROUND(str("1.5"), integer(1)));
     EXPECT_RAISES("NSInvalidArgumentException: nil does not understand 'objCType'", VELT_ROUND(nil, integer(1)));
     EXPECT_CAST_FAILURE("'Integer' expected", VELT_ROUND(str("1.5"), nil));
 }
@@ -138,7 +140,8 @@ TEST(MathFamily, ComputesTheFunctionsAndIgnoresItsReceiver) {
     EXPECT_VALUE("q 2", VELT_CMATH_RINTTOL(nil, real(2.5)));
     EXPECT_VALUE("d 0", VELT_CMATH_FDIM(nil, integer(2), integer(5)));
     EXPECT_VALUE("d 1.1025", VELT_CMATH_COMPOUND(nil, real(0.05), integer(2)));
-    EXPECT_NEAR((1 - std::pow(1.05, -10)) / 0.05, VELT_CDOUBLE(VELT_CMATH_ANNUITY(nil, real(0.05), integer(10))), 1e-14);
+    EXPECT_NEAR((1 - std::pow(1.05, -10)) / 0.05, VELT_CDOUBLE(VELT_CMATH_ANNUITY(nil, real(0.05), integer(10))),
+                1e-14);
     EXPECT_VALUE("d 10", VELT_CMATH_ANNUITY(nil, integer(0), integer(10)));
     EXPECT_DOUBLE_EQ(1 + 1e-12 * 1000, VELT_CDOUBLE(VELT_CMATH_COMPOUND(nil, real(1e-12), integer(1000))));
     EXPECT_VALUE("d 24", VELT_CMATH_GAMMA(nil, integer(5)));

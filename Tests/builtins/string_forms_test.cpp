@@ -40,7 +40,8 @@ TEST(FilePath, RaisesARangeErrorForABareName) {
     EXPECT_VALUE("'/a/b'", VELT_FILEPATH(str("/a/b/c.txt")));
     EXPECT_VALUE("''", VELT_FILEPATH(str("")));
     EXPECT_VALUE("''", VELT_FILEPATH(str("/c.txt")));
-    EXPECT_RAISES("NSRangeException: 'FilePath': index -1 is out of range; the count is 5", VELT_FILEPATH(str("c.txt")));
+    EXPECT_RAISES("NSRangeException: 'FilePath': index -1 is out of range; the count is 5",
+                  VELT_FILEPATH(str("c.txt")));
     EXPECT_RAISES("NSRangeException: 'FilePath': index -1 is out of range; the count is 1", VELT_FILEPATH(str("/")));
 }
 
@@ -69,8 +70,10 @@ TEST(FormatDecimal, GivesTheTemplateForANegativeDigitCount) {
 
 TEST(FormatDecimal, RefusesMoreDecimalsThanAnyNumberHas) {
     EXPECT_EQ(1002u, velt::textOf(VELT_FORMATDECIMAL(real(1), boolean(false), integer(1000))).size());
-    EXPECT_RAISES("VLException: 'Format': 1001 decimals are more than 1000", VELT_FORMATDECIMAL(real(1), boolean(false), integer(1001)));
-    EXPECT_RAISES("VLException: 'Format': 9223372036854775807 decimals are more than 1000", VELT_FORMATFLOAT(real(1), boolean(false), integer(LONG_MAX)));
+    EXPECT_RAISES("VLException: 'Format': 1001 decimals are more than 1000",
+                  VELT_FORMATDECIMAL(real(1), boolean(false), integer(1001)));
+    EXPECT_RAISES("VLException: 'Format': 9223372036854775807 decimals are more than 1000",
+                  VELT_FORMATFLOAT(real(1), boolean(false), integer(LONG_MAX)));
 }
 
 TEST(Hex, PrintsTwosComplement) {

@@ -19,8 +19,10 @@ TEST(At, RaisesOutsideTheString) {
 TEST(Unicode, RaisesARangeErrorOutsideTheString) {
     EXPECT_VALUE("q 97", VELT_UNICODE(str("abc"), integer(0)));
     EXPECT_VALUE("q 8364", VELT_UNICODE(str("€"), integer(0)));
-    EXPECT_RAISES("NSRangeException: 'Unicode': index 3 is out of range; the count is 3", VELT_UNICODE(str("abc"), integer(3)));
-    EXPECT_RAISES("NSRangeException: 'Unicode': index -1 is out of range; the count is 3", VELT_UNICODE(str("abc"), integer(-1)));
+    EXPECT_RAISES("NSRangeException: 'Unicode': index 3 is out of range; the count is 3",
+                  VELT_UNICODE(str("abc"), integer(3)));
+    EXPECT_RAISES("NSRangeException: 'Unicode': index -1 is out of range; the count is 3",
+                  VELT_UNICODE(str("abc"), integer(-1)));
 }
 
 TEST(Character, TakesTheLowSixteenBits) {
@@ -33,7 +35,8 @@ TEST(Space, RepeatsTheFillToTheCount) {
     EXPECT_VALUE("'ababa'", VELT_SPACE(integer(5), str("ab")));
     EXPECT_VALUE("''", VELT_SPACE(integer(0), str("ab")));
     EXPECT_VALUE("''", VELT_SPACE(integer(-5), str("")));
-    EXPECT_RAISES("NSInvalidArgumentException: 'Space': an empty string cannot fill 2 characters", VELT_SPACE(integer(2), str("")));
+    EXPECT_RAISES("NSInvalidArgumentException: 'Space': an empty string cannot fill 2 characters",
+                  VELT_SPACE(integer(2), str("")));
 }
 
 TEST(Space, GivesAStringThatCannotBeChangedUnlessEmpty) {
@@ -75,9 +78,10 @@ TEST(Right, GivesAllButTheFirstForACountThatReachesTheLength) {
 TEST(StringResults, AreNewStringsThatMayBeChanged) {
     const std::string longText(100, 'x');
     const id text = str(longText);
-    for (const id& result : {VELT_LEFT(text, integer(200)), VELT_MID(text, integer(0), integer(-1)), VELT_RIGHT(text, integer(200)),
-                             VELT_TRIM(text), VELT_REPLACE(text, str("y"), str("z"), boolean(true)), VELT_APPEND(text, str("")),
-                             VELT_LCASE(text), VELT_FILENAME(text), VELT_AT(text, integer(0)), VELT_CSTRING(text)}) {
+    for (const id& result :
+         {VELT_LEFT(text, integer(200)), VELT_MID(text, integer(0), integer(-1)), VELT_RIGHT(text, integer(200)),
+          VELT_TRIM(text), VELT_REPLACE(text, str("y"), str("z"), boolean(true)), VELT_APPEND(text, str("")),
+          VELT_LCASE(text), VELT_FILENAME(text), VELT_AT(text, integer(0)), VELT_CSTRING(text)}) {
         EXPECT_FALSE(result == text);
         velt::send(result, "appendString:", str("!"));
         velt::send(result, "setString:", str("gone"));
@@ -112,7 +116,8 @@ TEST(StringBuiltIns, CheckKindsBeforeAnythingElse) {
             EXPECT_CAST_FAILURE(reason, pair(t, wrong));
         }
         EXPECT_CAST_FAILURE(reason, VELT_JOIN(array(), wrong));
-        for (const auto unary : {VELT_TRIM, VELT_LCASE, VELT_UCASE, VELT_FILENAME, VELT_FILEEXTENSION, VELT_FILEPATH, VELT_READSTRING}) {
+        for (const auto unary :
+             {VELT_TRIM, VELT_LCASE, VELT_UCASE, VELT_FILENAME, VELT_FILEEXTENSION, VELT_FILEPATH, VELT_READSTRING}) {
             EXPECT_CAST_FAILURE(reason, unary(wrong));
         }
     }

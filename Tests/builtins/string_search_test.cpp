@@ -34,7 +34,8 @@ TEST(InStrRev, SearchesTheWholeStringForAStartBeforeItsBegin) {
 }
 
 TEST(InStrRev, RaisesARangeErrorForAStartOfZero) {
-    EXPECT_RAISES("NSRangeException: 'InStrRev': index 4 is out of range; the count is 3", VELT_INSTRREV(str("abc"), str("a"), integer(0), kWithCase));
+    EXPECT_RAISES("NSRangeException: 'InStrRev': index 4 is out of range; the count is 3",
+                  VELT_INSTRREV(str("abc"), str("a"), integer(0), kWithCase));
 }
 
 TEST(Count, CountsOverlappingOccurrences) {
@@ -59,7 +60,9 @@ TEST(StartsAndEndsWith, AreFalseForEmptyAndLongerStrings) {
 TEST(Contains, FindsAnywhere) {
     EXPECT_VALUE("c 1", VELT_CONTAINS(str("abc"), str("bc"), kWithCase));
     EXPECT_VALUE("c 0", VELT_CONTAINS(str("abc"), str(""), kWithCase));
-    EXPECT_VALUE("c 1", VELT_CONTAINS(str("stra\xC3\x9F" "e"), str("SS"), kWithoutCase));
+    EXPECT_VALUE("c 1", VELT_CONTAINS(str("stra\xC3\x9F"
+                                          "e"),
+                                      str("SS"), kWithoutCase));
 }
 
 TEST(Compare, GivesTheOrder) {
@@ -100,7 +103,8 @@ TEST_F(GeneratedStrings, AreReplacedSplitAndCountedAsTheObviousWaySays) {
         for (std::size_t left = 1 + below(2); left > 0; --left) find += "ab,"[below(3)];
         for (std::size_t left = below(3); left > 0; --left) with += "xyz"[below(3)];
         std::string replaced = text;
-        for (std::size_t at = 0; (at = replaced.find(find, at)) != replaced.npos; at += with.size()) replaced.replace(at, find.size(), with);
+        for (std::size_t at = 0; (at = replaced.find(find, at)) != replaced.npos; at += with.size())
+            replaced.replace(at, find.size(), with);
         long count = 0;
         for (std::size_t at = text.find(find); at != text.npos; at = text.find(find, at + 1)) ++count;
         const id t = str(text), f = str(find);

@@ -62,9 +62,12 @@ TEST(Division, RaisesWhatTheProcessorWouldRefuse) {
     EXPECT_RAISES("VLException: /: division of 1 by zero", VELT_DIV(boolean(true), boolean(false)));
     EXPECT_RAISES("VLException: \\: division of 7 by zero", VELT_IDIV(integer(7), real(0.5)));
     EXPECT_RAISES("VLException: Mod: division of 7 by zero", VELT_MOD(integer(7), integer(0)));
-    EXPECT_RAISES("VLException: /: -9223372036854775808 divided by -1 is beyond 64 bits", VELT_DIV(integer(LONG_MIN), integer(-1)));
-    EXPECT_RAISES("VLException: \\: -9223372036854775808 divided by -1 is beyond 64 bits", VELT_IDIV(integer(LONG_MIN), integer(-1)));
-    EXPECT_RAISES("VLException: Mod: -9223372036854775808 divided by -1 is beyond 64 bits", VELT_MOD(integer(LONG_MIN), integer(-1)));
+    EXPECT_RAISES("VLException: /: -9223372036854775808 divided by -1 is beyond 64 bits",
+                  VELT_DIV(integer(LONG_MIN), integer(-1)));
+    EXPECT_RAISES("VLException: \\: -9223372036854775808 divided by -1 is beyond 64 bits",
+                  VELT_IDIV(integer(LONG_MIN), integer(-1)));
+    EXPECT_RAISES("VLException: Mod: -9223372036854775808 divided by -1 is beyond 64 bits",
+                  VELT_MOD(integer(LONG_MIN), integer(-1)));
 }
 
 TEST(Negation, GivesIntegersAndDoublesOnly) {

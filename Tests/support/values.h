@@ -55,5 +55,6 @@ inline std::string castFailure(std::string_view reason) { return "VLCastExceptio
 }  // namespace velt::test
 
 #define EXPECT_VALUE(expected, expression) EXPECT_EQ(expected, velt::test::show(expression)) << #expression
-#define EXPECT_RAISES(expected, expression) EXPECT_EQ(expected, velt::test::raised([&] { (void)(expression); })) << #expression
+#define EXPECT_RAISES(expected, expression)                                                                            \
+    EXPECT_EQ(expected, velt::test::raised([&] { (void)(expression); })) << #expression
 #define EXPECT_CAST_FAILURE(reason, expression) EXPECT_RAISES(velt::test::castFailure(reason), expression)

@@ -42,7 +42,8 @@ TEST(NumericVariables, TakeNumbersAndNilOnly) {
                 {VELT__DOUBLE, "'Double' expected"},   {VELT__FLOAT, "'Float' expected"}};
     for (const auto& row : rows) {
         EXPECT_TRUE(row.check(nil).isNil());
-        for (const id& wrong : {str("5"), array(), point(1, 2), data("5")}) EXPECT_CAST_FAILURE(row.reason, row.check(wrong));
+        for (const id& wrong : {str("5"), array(), point(1, 2), data("5")})
+            EXPECT_CAST_FAILURE(row.reason, row.check(wrong));
     }
 }
 
@@ -54,7 +55,8 @@ TEST(ObjectVariables, TakeTheirKindAndNil) {
     EXPECT_CAST_FAILURE("'String' for assignment expected", VELT__STRING(integer(1)));
     EXPECT_CAST_FAILURE("'AttributedString' for assignment expected", VELT__ATTRIBUTEDSTRING(text));
     EXPECT_CAST_FAILURE("'Data' expected", VELT__DATA(text));
-    for (const auto check : {VELT__STRING, VELT__DATA, VELT__ATTRIBUTEDSTRING, VELT__POINT, VELT__SIZE, VELT__RECT, VELT__RANGE}) {
+    for (const auto check :
+         {VELT__STRING, VELT__DATA, VELT__ATTRIBUTEDSTRING, VELT__POINT, VELT__SIZE, VELT__RECT, VELT__RANGE}) {
         EXPECT_TRUE(check(nil).isNil());
     }
 }

@@ -37,10 +37,24 @@ const Row kChecks[] = {
 };
 
 std::vector<id> valuesOfEveryKind() {
-    return {integer(1), real(1.5), str("a"), point(1, 2), data("x"), mutableData("x"), array(), frozenArray(integer(1)),
-            emptyDictionary(), velt::make<NSDictionary>(), velt::make<NSAttributedString>(u"a"), velt::make<NSObject>(),
-            instance("NSWindow"), instance("NSPanel"), instance("NSButton"), instance("NSPopUpButton"),
-            instance("VLTextView"), instance("NSMenuItem")};
+    return {integer(1),
+            real(1.5),
+            str("a"),
+            point(1, 2),
+            data("x"),
+            mutableData("x"),
+            array(),
+            frozenArray(integer(1)),
+            emptyDictionary(),
+            velt::make<NSDictionary>(),
+            velt::make<NSAttributedString>(u"a"),
+            velt::make<NSObject>(),
+            instance("NSWindow"),
+            instance("NSPanel"),
+            instance("NSButton"),
+            instance("NSPopUpButton"),
+            instance("VLTextView"),
+            instance("NSMenuItem")};
 }
 
 void expectRowTellsClassesApart(const Row& row) {
@@ -55,8 +69,10 @@ void expectRowTellsClassesApart(const Row& row) {
             EXPECT_CAST_FAILURE(reason, row.call(value)) << row.suffix << " " << show(value);
         }
     }
-    if (row.nilPasses) EXPECT_TRUE(row.call(nil).isNil()) << row.suffix;
-    else EXPECT_CAST_FAILURE(reason, row.call(nil)) << row.suffix;
+    if (row.nilPasses)
+        EXPECT_TRUE(row.call(nil).isNil()) << row.suffix;
+    else
+        EXPECT_CAST_FAILURE(reason, row.call(nil)) << row.suffix;
 }
 
 }  // namespace

@@ -37,7 +37,8 @@ TEST(ScalarConversions, SayWhatTheyExpected) {
 }
 
 TEST(BooleanConversion, ReadsYesTrueAndDigits) {
-    for (const char* text : {"yes", "YES", "true", "1", "2", "007", " +0t", "-9"}) EXPECT_TRUE(VELT_CBOOL(str(text))) << text;
+    for (const char* text : {"yes", "YES", "true", "1", "2", "007", " +0t", "-9"})
+        EXPECT_TRUE(VELT_CBOOL(str(text))) << text;
     for (const char* text : {"0", "no", "abc", "", "000", "- 1"}) EXPECT_FALSE(VELT_CBOOL(str(text))) << text;
     EXPECT_TRUE(VELT_CBOOL(real(0.5)));
     EXPECT_FALSE(VELT_CBOOL(real(-0.0)));

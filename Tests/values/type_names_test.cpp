@@ -91,7 +91,8 @@ TEST(TypePredicates, CompareTypeCodes) {
 }
 
 TEST(TypePredicates, FailForValuesWithoutATypeCode) {
-    EXPECT_RAISES("NSInvalidArgumentException: 'NSMutableString' does not understand 'objCType'", VELT_ISINTEGER(str("5")));
+    EXPECT_RAISES("NSInvalidArgumentException: 'NSMutableString' does not understand 'objCType'",
+                  VELT_ISINTEGER(str("5")));
     EXPECT_RAISES("NSInvalidArgumentException: 'NSMutableArray' does not understand 'objCType'", VELT_ISPOINT(array()));
     EXPECT_RAISES("NSInvalidArgumentException: nil does not understand 'objCType'", VELT_ISBOOLEAN(nil));
 }

@@ -12,7 +12,9 @@ public:
         return count;
     }
     void reset() { count = integer(0); }
-    double scaled(double factor, long times, bool negative) const { return (negative ? -factor : factor) * static_cast<double>(times); }
+    double scaled(double factor, long times, bool negative) const {
+        return (negative ? -factor : factor) * static_cast<double>(times);
+    }
     NSPoint moved(NSPoint p, NSSize by) { return {p.x + by.width, p.y + by.height}; }
     std::size_t sizeOf(NSArray* list) const { return list ? list->count() : 0; }
     id label() const { return label_; }
@@ -118,7 +120,8 @@ TEST(Messages, FailByNameAndDoNothingToNil) {
     const id counter = velt::make<Counter>();
     EXPECT_RAISES("NSInvalidArgumentException: 'Counter' does not understand 'fly:'", velt::send(counter, "fly:", nil));
     EXPECT_RAISES("NSInvalidArgumentException: 'NSNumber' does not understand 'fly'", velt::send(integer(5), "fly"));
-    EXPECT_RAISES("NSInvalidArgumentException: 'add:' of 'Counter' takes 1 arguments, not 2", velt::send(counter, "add:", nil, nil));
+    EXPECT_RAISES("NSInvalidArgumentException: 'add:' of 'Counter' takes 1 arguments, not 2",
+                  velt::send(counter, "add:", nil, nil));
     EXPECT_VALUE("nil", velt::send(nil, "anything:at:all:"));
     EXPECT_TRUE(velt::respondsTo(counter, VELT_SELECTOR("add:")));
     EXPECT_FALSE(velt::respondsTo(counter, VELT_SELECTOR("add")));
@@ -155,8 +158,10 @@ TEST(Keys, ReachFieldsPropertiesAndMethods) {
 
 TEST(Keys, FailByName) {
     const id counter = velt::make<Counter>();
-    EXPECT_RAISES("NSUnknownKeyException: 'Counter' has no value for key 'weight'", velt::valueForKey(counter, "weight"));
-    EXPECT_RAISES("NSUnknownKeyException: 'Counter' has no value for key 'twice'", velt::setValueForKey(counter, "twice", integer(1)));
+    EXPECT_RAISES("NSUnknownKeyException: 'Counter' has no value for key 'weight'",
+                  velt::valueForKey(counter, "weight"));
+    EXPECT_RAISES("NSUnknownKeyException: 'Counter' has no value for key 'twice'",
+                  velt::setValueForKey(counter, "twice", integer(1)));
     EXPECT_RAISES("NSUnknownKeyException: 'NSNumber' has no value for key ''", velt::valueForKey(integer(1), ""));
     EXPECT_CAST_FAILURE("'Integer' expected", velt::setValueForKey(counter, "step", array()));
 }

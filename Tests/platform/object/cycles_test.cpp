@@ -169,8 +169,10 @@ TEST_F(DroppedCycles, InRandomGraphsAreExactlyWhatNothingReaches) {
             std::set<std::size_t> reached;
             std::vector<std::size_t> pending;
             for (std::size_t i = 0; i < kNodes; ++i) {
-                if (below(5) == 0) pending.push_back(i);
-                else roots[i] = nullptr;
+                if (below(5) == 0)
+                    pending.push_back(i);
+                else
+                    roots[i] = nullptr;
             }
             while (!pending.empty()) {
                 const std::size_t at = pending.back();

@@ -75,7 +75,8 @@ TEST_F(GeneratedReadings, AgreeWithTheCLibrary) {
     const locale_t plain = newlocale(LC_ALL_MASK, "C", nullptr);
     for (int round = 0; round < iterations(1'000'000); ++round) {
         std::string text;
-        for (std::size_t left = below(round % 10 == 0 ? 40 : 12); left > 0; --left) text += kCharacters[below(sizeof kCharacters - 1)];
+        for (std::size_t left = below(round % 10 == 0 ? 40 : 12); left > 0; --left)
+            text += kCharacters[below(sizeof kCharacters - 1)];
         const std::u16string wide(text.begin(), text.end());
         // What belongs to the number, found by hand for the C library, which would take more.
         const char* begin = text.c_str() + std::strspn(text.c_str(), " \t");
@@ -87,7 +88,8 @@ TEST_F(GeneratedReadings, AgreeWithTheCLibrary) {
         const std::string integer = digits ? number : "0";
         if (*at == '.') number += *at++;
         for (; std::isdigit(static_cast<unsigned char>(*at)); digits = true) number += *at++;
-        if (!digits) number = "0";
+        if (!digits)
+            number = "0";
         else if (*at == 'e' || *at == 'E') {
             const char* digit = at + 1 + (at[1] == '+' || at[1] == '-');
             if (std::isdigit(static_cast<unsigned char>(*digit))) {
@@ -99,7 +101,8 @@ TEST_F(GeneratedReadings, AgreeWithTheCLibrary) {
         const double read = doubleReading(wide);
         ASSERT_EQ(std::bit_cast<std::uint64_t>(expected), std::bit_cast<std::uint64_t>(read)) << text;
         const float expectedFloat = strtof_l(number.c_str(), nullptr, plain);
-        ASSERT_EQ(std::bit_cast<std::uint32_t>(expectedFloat), std::bit_cast<std::uint32_t>(floatReading(wide))) << text;
+        ASSERT_EQ(std::bit_cast<std::uint32_t>(expectedFloat), std::bit_cast<std::uint32_t>(floatReading(wide)))
+            << text;
         ASSERT_EQ(strtoll_l(integer.c_str(), nullptr, 10, plain), integerReading(wide)) << text;
     }
     freelocale(plain);

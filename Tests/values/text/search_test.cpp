@@ -10,8 +10,8 @@ using velt::test::iterations;
 namespace {
 
 /// The definition of a match, word by word: every range of whole code points is tried.
-std::optional<Match> obviousMatch(std::u16string_view haystack, std::u16string_view needle, Case respect, std::size_t from,
-                                  bool backwards) {
+std::optional<Match> obviousMatch(std::u16string_view haystack, std::u16string_view needle, Case respect,
+                                  std::size_t from, bool backwards) {
     if (needle.empty()) return std::nullopt;
     const std::u16string form = comparisonForm(needle, respect);
     std::vector<std::size_t> borders;
@@ -20,8 +20,10 @@ std::optional<Match> obviousMatch(std::u16string_view haystack, std::u16string_v
     std::optional<Match> found;
     for (std::size_t i = 0; i + 1 < borders.size(); ++i) {
         for (std::size_t j = i + 1; j < borders.size(); ++j) {
-            const bool combined = borders[j] < haystack.size() && !beginsCharacter(codePointAt(haystack, borders[j]).value);
-            if (combined || comparisonForm(haystack.substr(borders[i], borders[j] - borders[i]), respect) != form) continue;
+            const bool combined =
+                borders[j] < haystack.size() && !beginsCharacter(codePointAt(haystack, borders[j]).value);
+            if (combined || comparisonForm(haystack.substr(borders[i], borders[j] - borders[i]), respect) != form)
+                continue;
             found = Match{borders[i], borders[j] - borders[i]};
             if (!backwards) return found;
         }
@@ -107,7 +109,8 @@ TEST_F(GeneratedTextSearch, AgreesWithTheDefinition) {
         u"e\u0301\u0323\u00E9\u1EB9s",
         u"sS\u00DF\u017F\uFB00\uFB03f\u0130\u0131i\u0307",
         u"\u1112\u1161\u11AB\uD558\uD55C\u11A8",
-        u"\xD83D\xDE00\xDE01" u"a\u0301",
+        u"\xD83D\xDE00\xDE01"
+        u"a\u0301",
         u"\u03B1\u0345\u03B9\u1FB3\u0391\u0399\u03C2\u03C3",
         u"\u09C7\u09BE\u09CB\u0995",
         u"\u304B\u3099\u304C\u0418\u0306\u0419",
@@ -117,8 +120,10 @@ TEST_F(GeneratedTextSearch, AgreesWithTheDefinition) {
         const std::u16string haystack = text(alphabet, 12);
         const std::u16string needle = text(alphabet, 4);
         for (const Case respect : {Case::Respected, Case::Ignored}) {
-            const std::string where = dump(haystack) + "/ " + dump(needle) + (respect == Case::Ignored ? "ignored" : "");
-            ASSERT_EQ(show(obviousMatch(haystack, needle, respect, 0, false)), show(findFirst(haystack, needle, respect)))
+            const std::string where =
+                dump(haystack) + "/ " + dump(needle) + (respect == Case::Ignored ? "ignored" : "");
+            ASSERT_EQ(show(obviousMatch(haystack, needle, respect, 0, false)),
+                      show(findFirst(haystack, needle, respect)))
                 << where;
             ASSERT_EQ(show(obviousMatch(haystack, needle, respect, 0, true)), show(findLast(haystack, needle, respect)))
                 << where << " backwards";
@@ -132,7 +137,8 @@ TEST_F(GeneratedTextSearch, AgreesWithTheDefinition) {
 }
 
 TEST_F(GeneratedTextSearch, FindsNeedlesAcrossTheBordersOfLongTexts) {
-    for (const std::u16string_view alphabet : {std::u16string_view(u"abcde "), std::u16string_view(u"\u0430\u0431\u0439e\u0301\u00E9 ")}) {
+    for (const std::u16string_view alphabet :
+         {std::u16string_view(u"abcde "), std::u16string_view(u"\u0430\u0431\u0439e\u0301\u00E9 ")}) {
         std::u16string haystack;
         for (std::size_t i = 0; i < 200'000; ++i) haystack += alphabet[below(alphabet.size())];
         for (int round = 0; round < 20; ++round) {
@@ -181,7 +187,8 @@ TEST_F(GeneratedTextOrder, IsTheOrderOfTheComparisonForms) {
     constexpr std::u16string_view kAlphabet = u"aAeE\u0301\u0323\u00E9\u00DFsK\u212A\U0001F600\uFFFDz";
     const auto codePoints = [](std::u16string_view form) {
         std::u32string points;
-        for (std::size_t at = 0; at < form.size(); at += codePointAt(form, at).length) points += codePointAt(form, at).value;
+        for (std::size_t at = 0; at < form.size(); at += codePointAt(form, at).length)
+            points += codePointAt(form, at).value;
         return points;
     };
     for (int round = 0; round < iterations(50'000); ++round) {

@@ -121,9 +121,10 @@ public:
                             [](const Property& property, const id& object, const id& value) {
                                 receiverAs<C>(object).*property.setter.as<Field C::*>() = unboxArgument<Field>(value);
                             }});
-        class_.add(Method{Selector::named(key), Target::of(field), [](const Method& method, const id& object, const id*) {
-                              return boxResult(receiverAs<C>(object).*method.target.as<Field C::*>());
-                          }});
+        class_.add(
+            Method{Selector::named(key), Target::of(field), [](const Method& method, const id& object, const id*) {
+                       return boxResult(receiverAs<C>(object).*method.target.as<Field C::*>());
+                   }});
         class_.add(Method{Selector::named(setterName(key)), Target::of(field),
                           [](const Method& method, const id& object, const id* value) {
                               receiverAs<C>(object).*method.target.as<Field C::*>() = unboxArgument<Field>(value[0]);
