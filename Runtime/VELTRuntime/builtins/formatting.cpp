@@ -59,7 +59,7 @@ id formatted(const id& value, const id& localized, const id& digits, char notati
 }  // namespace
 
 id VELT_FORMAT(const id& value, const id& localized) {
-    const id text = VELT_CSTRING(value);
+    id text = VELT_CSTRING(value);
     VELT_CBOOL(localized);
     return text;
 }

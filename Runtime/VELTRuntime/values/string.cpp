@@ -151,15 +151,17 @@ void NSMutableString::requireChangeable(const char* operation) const {
 }
 
 void NSMutableString::become(const NSMutableString& other) noexcept {
-    if (!isInline()) shared_.buffer->release();
+    // The other may share this string's buffer: it gets its new owner before it loses the old one.
+    velt::TextBuffer* old = isInline() ? nullptr : shared_.buffer;
+    if (!other.isInline()) other.shared_.buffer->retain();
     length_ = other.length_;
     inline_ = other.inline_;
     if (inline_) {
         std::memcpy(inlineUnits_, other.inlineUnits_, sizeof inlineUnits_);
     } else {
         shared_ = other.shared_;
-        shared_.buffer->retain();
     }
+    if (old) old->release();
 }
 
 void NSMutableString::assign(std::u16string_view a, std::u16string_view b, std::u16string_view c) {
@@ -189,7 +191,8 @@ void NSMutableString::replace(std::size_t position, std::size_t length, std::u16
     requireChangeable("replaceCharactersInRange:withString:");
     if (position > length_) velt::raiseRange("replaceCharacters", static_cast<long long>(position), length_);
     if (length > length_ - position) {
-        velt::raiseRange("replaceCharacters", static_cast<long long>(position + length), length_);
+        const std::size_t end = position + length;
+        velt::raiseRange("replaceCharacters", static_cast<long long>(end), length_);
     }
     assign(view().substr(0, position), text, view().substr(position + length));
 }

@@ -72,8 +72,8 @@ void NSMutableAttributedString::append(const NSAttributedString& other) {
 
 void NSMutableAttributedString::setAttributes(const id& attributes, NSRange range) {
     if (range.location > length() || range.length > length() - range.location) {
-        velt::raiseRange("'NSMutableAttributedString' setAttributes:range:",
-                         static_cast<long long>(range.location + range.length), length());
+        const std::size_t end = range.location + range.length;
+        velt::raiseRange("'NSMutableAttributedString' setAttributes:range:", static_cast<long long>(end), length());
     }
     if (range.length == 0) return;
     const std::size_t rangeEnd = range.location + range.length;
