@@ -1,0 +1,80 @@
+#!/usr/bin/env python3
+"""Runs the works of the library and of its peers in turn and prints medians, ratios and whether the goals hold.
+
+compare.py BUILD_FOLDER [ROUNDS] [--markdown FILE]
+"""
+import os
+import shutil
+import statistics
+import subprocess
+import sys
+
+HERE = os.path.dirname(os.path.abspath(__file__))
+
+# work, peer, least ratio of the peer's time to ours
+GOALS = [("integer_loop", "lua5.4", 5.0), ("integer_loop", "luajit", 1 / 3.0), ("integer_loop", "plain C++", 1 / 6.0),
+         ("mandelbrot", "lua5.4", 2.0), ("fibonacci", "lua5.4", 2.0), ("sieve", "lua5.4", 2.0),
+         ("concatenation", "lua5.4", 1.0), ("start", "plain C++", 1 / 5.0)]
+STRING_WORKS = ["left", "mid", "instr", "count", "count_ignoring_case", "replace", "replace_ignoring_case", "split", "join"]
+GOALS += [(work, peer, 1.0) for work in STRING_WORKS for peer in ("lua5.4", "python3", "node")]
+SCALES = {("python3", "integer_loop"): 10}  # its program makes a tenth of the turns
+
+
+def lines_of(command):
+    output = subprocess.run(command, check=True, capture_output=True, text=True).stdout
+    return [line.split() for line in output.splitlines()]
+
+
+def main():
+    arguments = [a for a in sys.argv[1:] if a != "--markdown"]
+    markdown = arguments.pop() if "--markdown" in sys.argv else None
+    folder = arguments[0]
+    rounds = int(arguments[1]) if len(arguments) > 1 else 5
+    programs = {"VELTRuntime": [f"{folder}/Benchmarks/programs/works"], "plain C++": [f"{folder}/Benchmarks/plain/works"]}
+    starts = {"VELTRuntime": [f"{folder}/Benchmarks/programs/empty"], "plain C++": [f"{folder}/Benchmarks/plain/empty"]}
+    for peer, extension, nothing in (("lua5.4", "lua", "-e "), ("luajit", "lua", "-e "), ("python3", "py", "-c "), ("node", "js", "-e ")):
+        if shutil.which(peer):
+            programs[peer] = [peer, f"{HERE}/peers/works.{extension}"]
+            starts[peer] = [peer, nothing.strip(), ""]
+        else:
+            print(f"{peer} is not installed and is left out")
+    times, checks = {}, {}
+    for turn in range(rounds):
+        for name, command in programs.items():
+            print(f"round {turn + 1}: {name}", file=sys.stderr)
+            for work, seconds, check in lines_of(command):
+                scale = SCALES.get((name, work), 1)
+                times.setdefault((work, name), []).append(float(seconds) * scale)
+                if scale == 1:
+                    checks.setdefault(work, {})[name] = float(check)
+        for name, command in starts.items():
+            seconds = lines_of([f"{folder}/Benchmarks/plain/start_timer", "40"] + command)[0][0]
+            times.setdefault(("start", name), []).append(float(seconds))
+    medians = {key: statistics.median(values) for key, values in times.items()}
+    for work, results in checks.items():
+        if len({round(value / 1e6) if work == "integer_loop" else value for value in results.values()}) > 1:
+            print(f"{work}: the results differ: {results}")
+
+    names = list(programs)
+    works = list(dict.fromkeys(work for work, _ in medians))
+    rows = ["| work | " + " | ".join(names) + " |", "| --- |" + " ---: |" * len(names)]
+    for work in works:
+        own = medians[(work, "VELTRuntime")]
+        cells = [f"{own * 1000:.2f} ms"]
+        cells += [f"{medians[(work, n)] / own:.2f}" if (work, n) in medians else "" for n in names[1:]]
+        rows.append(f"| {work} | " + " | ".join(cells) + " |")
+    table = "\n".join(rows)
+    print("Ours in milliseconds; of the others how many times as long they take (medians of "
+          f"{rounds} alternating rounds).\n\n{table}\n")
+    for work, peer, least in GOALS:
+        if (work, peer) in medians:
+            ratio = medians[(work, peer)] / medians[(work, "VELTRuntime")]
+            print(f"{'holds' if ratio >= least else 'FAILS'}  {work} against {peer}: {ratio:.2f}, at least {least:.2f}")
+    missing = medians[("search_missing", "VELTRuntime")]
+    print(f"Searching plain text: {20e6 / missing / 1e9:.1f} GB/s of UTF-16")
+    if markdown:
+        with open(markdown, "w", encoding="utf-8") as file:
+            file.write(table + "\n")
+
+
+main()
