@@ -60,9 +60,9 @@ function shortStrings(call) {
   while (i < 1000000) { total = total + call(i); i = i + 1; }
   return total;
 }
-timeWork('left', () => shortStrings(() => word.substring(0, 5).length));
-timeWork('mid', () => shortStrings(() => word.substring(3, 9).length));
-timeWork('instr', () => shortStrings(() => word.indexOf('nal')));
+timeWork('left', () => shortStrings((i) => word.substring(0, i % 8).length));
+timeWork('mid', () => shortStrings((i) => word.substring(i % 8, i % 8 + 5).length));
+timeWork('instr', () => shortStrings((i) => word.indexOf('nal', i % 8)));
 
 const parts = [];
 for (let length = 0, i = 0; length < 10000000; i++) {

@@ -62,9 +62,9 @@ local function short_strings(call)
     return total
   end
 end
-time_work("left", short_strings(function() return #word:sub(1, 5) end))
-time_work("mid", short_strings(function() return #word:sub(4, 9) end))
-time_work("instr", short_strings(function() return word:find("nal", 1, true) - 1 end))
+time_work("left", short_strings(function(i) return #word:sub(1, i % 8) end))
+time_work("mid", short_strings(function(i) return #word:sub(i % 8 + 1, i % 8 + 5) end))
+time_work("instr", short_strings(function(i) return word:find("nal", i % 8 + 1, true) - 1 end))
 
 local parts, length, i = {}, 0, 0
 while length < 10000000 do

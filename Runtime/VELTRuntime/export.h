@@ -12,3 +12,6 @@
 /// Inlined even where the compiler sees little use in it: a call that takes a variable's address, be it only on the way
 /// of an exception, would keep the variable in memory everywhere.
 #define VELT_ALWAYS_INLINE [[gnu::always_inline]]
+
+/// A function that the usual case does not call: the compiler keeps the way there out of the hot code's registers.
+#define VELT_COLD [[gnu::cold]]

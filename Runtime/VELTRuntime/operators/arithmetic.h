@@ -16,10 +16,10 @@ enum class Arithmetic : std::uint8_t { Add, Subtract, Multiply, Divide };
 
 /// The general case of the operators; the words are borrowed, the result is owned.
 VELT_EXPORT Word slowAdd(Word a, Word b);
-VELT_EXPORT Word slowArithmetic(Arithmetic operation, Word a, Word b);
-VELT_EXPORT Word integerQuotient(Word a, Word b);
-VELT_EXPORT Word remainderOf(Word a, Word b);
-VELT_EXPORT Word negated(Word a);
+VELT_COLD VELT_EXPORT Word slowArithmetic(Arithmetic operation, Word a, Word b);
+VELT_COLD VELT_EXPORT Word integerQuotient(Word a, Word b);
+VELT_COLD VELT_EXPORT Word remainderOf(Word a, Word b);
+VELT_COLD VELT_EXPORT Word negated(Word a);
 VELT_EXPORT Word concatenated(Word a, Word b);
 
 }  // namespace velt

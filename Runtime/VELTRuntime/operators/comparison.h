@@ -8,7 +8,7 @@ namespace velt {
 VELT_EXPORT bool slowEqual(Word a, Word b);
 VELT_EXPORT bool sameClass(Word a, Word b);
 /// Order of two numbers, -1, 0 or 1; raises "'Boolean' or number expected" for anything else.
-VELT_EXPORT int slowOrder(Word a, Word b);
+VELT_COLD VELT_EXPORT int slowOrder(Word a, Word b);
 
 /// Integers or ordinary doubles are compared here; a NaN answers no comparison and goes the long way.
 template <class Compare> bool ordered(const id& a, const id& b, Compare compare) {
@@ -18,7 +18,7 @@ template <class Compare> bool ordered(const id& a, const id& b, Compare compare)
     }
     if (areDoubleWords(x, y)) {
         const double p = asDoubleWord(x), q = asDoubleWord(y);
-        if (VELT_LIKELY(p == p && q == q)) return compare(p, q);
+        if (VELT_LIKELY(!__builtin_isunordered(p, q))) return compare(p, q);
     }
     return compare(slowOrder(x, y), 0);
 }

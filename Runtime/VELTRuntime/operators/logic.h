@@ -9,10 +9,10 @@ namespace velt {
 struct IntegerPair {
     std::int64_t a, b;
 };
-VELT_EXPORT IntegerPair slowLogicalOperands(Word a, Word b);
-VELT_EXPORT IntegerPair slowShiftOperands(Word a, Word b);
-VELT_EXPORT bool slowNot(Word a);
-VELT_EXPORT std::int64_t slowFlip(Word a);
+VELT_COLD VELT_EXPORT IntegerPair slowLogicalOperands(Word a, Word b);
+VELT_COLD VELT_EXPORT IntegerPair slowShiftOperands(Word a, Word b);
+VELT_COLD VELT_EXPORT bool slowNot(Word a);
+VELT_COLD VELT_EXPORT std::int64_t slowFlip(Word a);
 
 inline IntegerPair logicalOperands(const id& a, const id& b) {
     const Word x = a.word(), y = b.word();

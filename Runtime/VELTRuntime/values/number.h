@@ -44,9 +44,9 @@ private:
 namespace velt {
 
 /// The word of a number, owning; the heap is used only when the word cannot hold it.
-VELT_EXPORT Word heapDouble(double value);
-VELT_EXPORT Word heapInteger(std::int64_t value);
-VELT_EXPORT Word heapUnsigned(std::uint64_t value);
+VELT_COLD VELT_EXPORT Word heapDouble(double value);
+VELT_COLD VELT_EXPORT Word heapInteger(std::int64_t value);
+VELT_COLD VELT_EXPORT Word heapUnsigned(std::uint64_t value);
 inline Word newDouble(double value) {
     const Word word = doubleWord(value);
     return VELT_LIKELY(isDoubleWord(word)) ? word : heapDouble(value);
