@@ -53,6 +53,7 @@ template <class Real> Real compute(Arithmetic operation, Real a, Real b) {
 
 /// The promotion table.
 Word promoted(Arithmetic operation, Word a, Word b) {
+    if (isWholeWord(a) && isWholeWord(b)) return newInteger(compute(operation, asWholeWord(a), asWholeWord(b)));
     const NumberCode right = numberCode(b);
     if (isFloatingCode(numberCode(a)) || right == NumberCode::Double) {
         return newDouble(compute(operation, doubleReading(a), doubleReading(b)));
@@ -87,6 +88,7 @@ Word slowArithmetic(Arithmetic operation, Word a, Word b) {
 }
 
 Word slowAdd(Word x, Word y) {
+    if (isWholeWord(x) && isWholeWord(y)) return newInteger(compute(Arithmetic::Add, asWholeWord(x), asWholeWord(y)));
     if (isNumber(x) && isNumber(y)) return promoted(Arithmetic::Add, x, y);
     const Borrowed a(x), b(y);
     if (isString(x)) return stringAndText(asString(a), b);

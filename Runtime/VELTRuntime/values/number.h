@@ -60,6 +60,15 @@ inline Word newUnsigned(std::uint64_t value) {
 
 /// The type code of a number word.
 VELT_EXPORT NumberCode numberCode(Word number);
+/// A whole number in the word, of any code, and its value.
+inline bool isWholeWord(Word word) {
+    return isIntegerWord(word) || (isSmallWord(word) && smallCode(word) != SmallCode::Float);
+}
+inline std::int64_t asWholeWord(Word word) {
+    if (isIntegerWord(word)) return asIntegerWord(word);
+    return smallCode(word) == SmallCode::UnsignedLong ? static_cast<std::int64_t>(unsignedPayload(word))
+                                                      : signedPayload(word);
+}
 inline bool isIntegerCode(NumberCode code) { return code == NumberCode::Long || code == NumberCode::Short; }
 inline bool isFloatingCode(NumberCode code) { return code == NumberCode::Double || code == NumberCode::Float; }
 

@@ -67,7 +67,7 @@ public:
 
 protected:
     /// Texts up to this length live in the object itself, longer ones in a buffer.
-    static constexpr std::size_t kInlineUnits = 12;
+    static constexpr std::size_t kInlineUnits = 16;
     struct SharedText {
         velt::TextBuffer* buffer;
         char16_t* start;

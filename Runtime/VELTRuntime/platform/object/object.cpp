@@ -9,8 +9,6 @@
 
 #include <cstdio>
 
-NSObject::~NSObject() = default;
-
 velt::Class& NSObject::entry() {
     static velt::Class& cls = velt::declareClass<NSObject>("NSObject", nullptr);
     return cls;
@@ -100,7 +98,12 @@ void releaseObject(Word word) noexcept {
 
 void destroyObject(NSObject* object) noexcept {
     const std::uint64_t head = HeadAccess::of(object).load(std::memory_order_relaxed);
-    if (isLeaf(static_cast<Kind>(head & ObjectHead::kKindMask))) {
+    const auto kind = static_cast<Kind>(head & ObjectHead::kKindMask);
+    if (kind == Kind::String) {
+        delete static_cast<NSMutableString*>(object);  // the one class of strings: no virtual call
+        return;
+    }
+    if (isLeaf(kind)) {
         delete object;
         return;
     }

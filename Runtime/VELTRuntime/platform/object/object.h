@@ -60,7 +60,7 @@ constexpr bool isLeaf(Kind kind) { return kind >= Kind::Number && kind <= Kind::
 class VELT_EXPORT NSObject {
 public:
     NSObject() noexcept : NSObject(velt::Kind::Object) {}
-    virtual ~NSObject();
+    virtual ~NSObject() = default;
     NSObject(const NSObject&) = delete;
     NSObject& operator=(const NSObject&) = delete;
 

@@ -33,7 +33,7 @@ namespace {
 
 void* Pool::allocateFresh(std::size_t size) {
     // Blocks of a list are all of its largest size, so that any of them serves any request of the list.
-    const std::size_t rounded = size <= kLargest ? (sizeClass(size) + 1) * kGrain : size;
+    const std::size_t rounded = size <= kLargest ? blockSize(sizeClass(size)) : size;
     if (void* memory = std::malloc(rounded)) return memory;
     throw std::bad_alloc();
 }

@@ -25,7 +25,7 @@ namespace velt {
 class Pool {
 public:
     static constexpr std::size_t kGrain = 16;
-    static constexpr std::size_t kLargest = 160;
+    static constexpr std::size_t kLargest = 168;
     static constexpr unsigned kKeptPerSize = 256;
 
     static void* allocate(std::size_t size) {
@@ -67,8 +67,10 @@ private:
         Block* first;
         unsigned room;
     };
-    static constexpr std::size_t kSizes = kLargest / kGrain;
-    static constexpr std::size_t sizeClass(std::size_t size) { return (size + kGrain - 1) / kGrain - 1; }
+    // malloc's blocks end eight bytes beyond a multiple of sixteen: 24, 40, 56 and so on waste none of them.
+    static constexpr std::size_t kSizes = (kLargest - 8) / kGrain;
+    static constexpr std::size_t sizeClass(std::size_t size) { return size <= 24 ? 0 : (size - 9) / kGrain; }
+    static constexpr std::size_t blockSize(std::size_t sizeClass) { return (sizeClass + 1) * kGrain + 8; }
 
     VELT_EXPORT static void* allocateFresh(std::size_t size);
     VELT_EXPORT static void freeFully(void* memory, std::size_t size) noexcept;

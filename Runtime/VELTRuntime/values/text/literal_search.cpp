@@ -1,23 +1,12 @@
 #include "VELTRuntime/values/text/literal_search.h"
 
-#include <cstdint>
+#include "VELTRuntime/values/text/plain_text.h"
+
 #include <cstring>
 
 namespace velt::text {
 
 namespace {
-
-// Eight units at a time, as a vector of the compiler's own: it becomes whatever the processor has.
-constexpr std::size_t kLanes = 8;
-using Units = char16_t __attribute__((vector_size(kLanes * sizeof(char16_t))));
-
-Units load(const char16_t* from) {
-    Units units;
-    std::memcpy(&units, from, sizeof units);
-    return units;
-}
-
-Units filledWith(char16_t unit) { return Units{unit, unit, unit, unit, unit, unit, unit, unit}; }
 
 /// After so many units of failed comparisons beyond what was scanned, the needle is a hard one for this text.
 constexpr std::size_t kPatience = 256;
@@ -25,7 +14,8 @@ constexpr std::size_t kPatience = 256;
 }  // namespace
 
 bool LiteralFinder::matchesAt(const char16_t* at) const {
-    return std::memcmp(at, needle_.data(), needle_.size() * sizeof(char16_t)) == 0;
+    // The first and the last unit are known to match.
+    return needle_.size() <= 2 || std::memcmp(at, needle_.data(), needle_.size() * sizeof(char16_t)) == 0;
 }
 
 std::size_t LiteralFinder::find(std::u16string_view haystack, std::size_t from) {
@@ -38,12 +28,9 @@ std::size_t LiteralFinder::find(std::u16string_view haystack, std::size_t from) 
     std::size_t at = from;
     // A place is looked at closely only when the needle's first and last unit are both there.
     for (; at + kLanes <= last + 1; at += kLanes) {
-        const auto hits = (load(text + at) == firsts) & (load(text + at + length - 1) == lasts);
-        std::uint64_t halves[2];
-        std::memcpy(halves, &hits, sizeof halves);
-        if ((halves[0] | halves[1]) == 0) continue;
-        for (std::size_t lane = 0; lane < kLanes; ++lane) {
-            if (!hits[lane]) continue;
+        const auto hits = (loadUnits(text + at) == firsts) & (loadUnits(text + at + length - 1) == lasts);
+        for (LaneMask lanes(hits); lanes.isAny(); lanes.removeFirst()) {
+            const std::size_t lane = lanes.first();
             if (matchesAt(text + at + lane)) return at + lane;
             failed += length;
         }

@@ -59,6 +59,7 @@ void foldAscii(const char16_t* from, char16_t* to, std::size_t count) {
 
 /// The text can be case-folded unit by unit.
 bool foldsByUnit(std::u16string_view text) {
+    if (allBelow(text, 0x80)) return true;
     return allBelow(text, kFirstCombining) && std::none_of(text.begin(), text.end(), foldsToSeveral);
 }
 
