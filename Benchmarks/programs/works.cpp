@@ -10,32 +10,32 @@ id integerLoop(id n) {
     id s = VELT_ID(0L);
     VELTS("works.bas", "IntegerLoop", "2", "");
     id i = VELT_ID(0L);
-    VELTS("works.bas", "IntegerLoop", "3", "");
-    while (VELT_CBOOL(VELT_SMALLER(i, n))) {
+    while (VELTS("works.bas", "IntegerLoop", "3", ""), VELT_CBOOL(VELT_SMALLER(i, n))) {
         VELTS("works.bas", "IntegerLoop", "4", "");
         s = VELT_ADD(s, i);
         VELTS("works.bas", "IntegerLoop", "5", "");
         i = VELT_ADD(i, VELT_ID(1L));
     }
-    return s;
+    return VELT__INTEGER(s);
 }
 
 id mandelbrot(id size, id limit) {
     VELTS("works.bas", "Mandelbrot", "1", "");
     id count = VELT_ID(0L), y = VELT_ID(0L);
-    while (VELT_CBOOL(VELT_SMALLER(y, size))) {
+    while (VELTS("works.bas", "Mandelbrot", "2", ""), VELT_CBOOL(VELT_SMALLER(y, size))) {
         VELTS("works.bas", "Mandelbrot", "3", "");
         id x = VELT_ID(0L);
-        while (VELT_CBOOL(VELT_SMALLER(x, size))) {
+        while (VELTS("works.bas", "Mandelbrot", "4", ""), VELT_CBOOL(VELT_SMALLER(x, size))) {
             VELTS("works.bas", "Mandelbrot", "5", "");
             id cr = VELT_SUB(VELT_DIV(VELT_MUL(VELT_ID(3.0), x), size), VELT_ID(2.0));
             VELTS("works.bas", "Mandelbrot", "6", "");
             id ci = VELT_SUB(VELT_DIV(VELT_MUL(VELT_ID(2.0), y), size), VELT_ID(1.0));
             VELTS("works.bas", "Mandelbrot", "7", "");
             id zr = VELT_ID(0.0), zi = VELT_ID(0.0), n = VELT_ID(0L);
-            while (VELT_CBOOL(
-                VELT_ANDALSO(VELT_SMALLER(n, limit),
-                             VELT_SMALLEREQUAL(VELT_ADD(VELT_MUL(zr, zr), VELT_MUL(zi, zi)), VELT_ID(4.0))))) {
+            while (VELTS("works.bas", "Mandelbrot", "8", ""),
+                   VELT_CBOOL(
+                       VELT_ANDALSO(VELT_SMALLER(n, limit),
+                                    VELT_SMALLEREQUAL(VELT_ADD(VELT_MUL(zr, zr), VELT_MUL(zi, zi)), VELT_ID(4.0))))) {
                 VELTS("works.bas", "Mandelbrot", "9", "");
                 id t = VELT_ADD(VELT_SUB(VELT_MUL(zr, zr), VELT_MUL(zi, zi)), cr);
                 VELTS("works.bas", "Mandelbrot", "10", "");
@@ -53,7 +53,7 @@ id mandelbrot(id size, id limit) {
         VELTS("works.bas", "Mandelbrot", "17", "");
         y = VELT_ADD(y, VELT_ID(1L));
     }
-    return count;
+    return VELT__INTEGER(count);
 }
 
 id fibonacci(const id& n) {
@@ -69,7 +69,7 @@ id fibonacci(const id& n) {
 id sieve(id n) {
     VELTS("works.bas", "Sieve", "1", "");
     id flags = velt::make<NSMutableArray>(), i = VELT_ID(0L);
-    while (VELT_CBOOL(VELT_SMALLEREQUAL(i, n))) {
+    while (VELTS("works.bas", "Sieve", "2", ""), VELT_CBOOL(VELT_SMALLEREQUAL(i, n))) {
         VELTS("works.bas", "Sieve", "3", "");
         VELT_NSMUTABLEARRAY_APPEND(flags, VELT_ID(static_cast<BOOL>(1)));
         VELTS("works.bas", "Sieve", "4", "");
@@ -78,14 +78,14 @@ id sieve(id n) {
     VELTS("works.bas", "Sieve", "6", "");
     id count = VELT_ID(0L);
     i = VELT_ID(2L);
-    while (VELT_CBOOL(VELT_SMALLEREQUAL(i, n))) {
+    while (VELTS("works.bas", "Sieve", "7", ""), VELT_CBOOL(VELT_SMALLEREQUAL(i, n))) {
         VELTS("works.bas", "Sieve", "8", "");
         if (VELT_CBOOL(VELT_NSMUTABLEARRAY_OBJECT(flags, i))) {
             VELTS("works.bas", "Sieve", "9", "");
             count = VELT_ADD(count, VELT_ID(1L));
             VELTS("works.bas", "Sieve", "10", "");
             id j = VELT_MUL(i, i);
-            while (VELT_CBOOL(VELT_SMALLEREQUAL(j, n))) {
+            while (VELTS("works.bas", "Sieve", "11", ""), VELT_CBOOL(VELT_SMALLEREQUAL(j, n))) {
                 VELTS("works.bas", "Sieve", "12", "");
                 VELT_NSMUTABLEARRAY_REPLACE(flags, VELT_ID(static_cast<BOOL>(0)), j);
                 VELTS("works.bas", "Sieve", "13", "");
@@ -95,13 +95,13 @@ id sieve(id n) {
         VELTS("works.bas", "Sieve", "16", "");
         i = VELT_ADD(i, VELT_ID(1L));
     }
-    return count;
+    return VELT__INTEGER(count);
 }
 
 id concatenation(id n) {
     VELTS("works.bas", "Concatenation", "1", "");
     id s = VELT_STRING(""_v, nil), i = VELT_ID(0L);
-    while (VELT_CBOOL(VELT_SMALLER(i, n))) {
+    while (VELTS("works.bas", "Concatenation", "2", ""), VELT_CBOOL(VELT_SMALLER(i, n))) {
         VELTS("works.bas", "Concatenation", "3", "");
         s = VELT_CONCAT(s, "x"_v);
         VELTS("works.bas", "Concatenation", "4", "");
@@ -113,13 +113,13 @@ id concatenation(id n) {
 template <class Call> id shortStrings(id n, Call call) {
     VELTS("works.bas", "ShortStrings", "1", "");
     id total = VELT_ID(0L), i = VELT_ID(0L);
-    while (VELT_CBOOL(VELT_SMALLER(i, n))) {
+    while (VELTS("works.bas", "ShortStrings", "2", ""), VELT_CBOOL(VELT_SMALLER(i, n))) {
         VELTS("works.bas", "ShortStrings", "3", "");
         total = VELT_ADD(total, call(i));
         VELTS("works.bas", "ShortStrings", "4", "");
         i = VELT_ADD(i, VELT_ID(1L));
     }
-    return total;
+    return VELT__INTEGER(total);
 }
 
 /// A text of at least that many characters.
