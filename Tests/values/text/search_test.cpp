@@ -19,7 +19,8 @@ std::optional<Match> obviousMatch(std::u16string_view haystack, std::u16string_v
     borders.push_back(haystack.size());
     std::optional<Match> found;
     for (std::size_t i = 0; i + 1 < borders.size(); ++i) {
-        for (std::size_t j = i + 1; j < borders.size(); ++j) {
+        // Every code point has a form of one unit at least.
+        for (std::size_t j = i + 1; j < borders.size() && j - i <= form.size(); ++j) {
             const bool combined =
                 borders[j] < haystack.size() && !beginsCharacter(codePointAt(haystack, borders[j]).value);
             if (combined || comparisonForm(haystack.substr(borders[i], borders[j] - borders[i]), respect) != form)
@@ -132,6 +133,37 @@ TEST_F(GeneratedTextSearch, AgreesWithTheDefinition) {
                 ASSERT_EQ(show(obviousMatch(haystack, needle, respect, from, false)), show(finder.next(from)))
                     << where << " from " << from;
             }
+        }
+    }
+}
+
+TEST_F(GeneratedTextSearch, AgreesWithTheDefinitionInLongTextsOfMixedCharacters) {
+    constexpr std::u16string_view kCommon[] = {u"abAB", u"\u0430\u0431\u0410\u0411", u"\uD558\uD55C",
+                                               u"\u00E9eE\u00C9"};
+    constexpr std::u16string_view kRare[] = {u"\u00DF", u"e\u0301", u"\U0001F600", u"\xDE00", u"\uFB01",
+                                             u"\u0301", u"\u11A8",  u"\U00010400", u"\u0130", u"ss",
+                                             u"\u1FB3", u"\u0345",  u"\u03B9"};
+    for (int round = 0; round < iterations(300); ++round) {
+        const std::u16string_view alphabet = kCommon[below(std::size(kCommon))];
+        const std::size_t distance = 1 + below(200);
+        std::u16string haystack;
+        while (haystack.size() < 1500) {
+            haystack += text(alphabet, distance);
+            haystack += kRare[below(std::size(kRare))];
+        }
+        std::u16string needle = text(alphabet, 8) + std::u16string(kRare[below(std::size(kRare))]);
+        if (below(2) == 0) needle = haystack.substr(below(haystack.size() - 9), 1 + below(9));
+        for (const Case respect : {Case::Respected, Case::Ignored}) {
+            Finder finder(haystack, needle, respect);
+            std::size_t from = 0;
+            for (int step = 0; step < 3 && from < haystack.size(); ++step) {
+                const auto expected = obviousMatch(haystack, needle, respect, from, false);
+                ASSERT_EQ(show(expected), show(finder.next(from)))
+                    << dump(haystack) << "/ " << dump(needle) << " from " << from;
+                from = expected ? expected->position + 1 + below(200) : haystack.size();
+            }
+            ASSERT_EQ(show(obviousMatch(haystack, needle, respect, 0, true)), show(findLast(haystack, needle, respect)))
+                << dump(haystack) << "/ " << dump(needle) << " backwards";
         }
     }
 }

@@ -1,8 +1,10 @@
 #include "VELTRuntime/values/text/casing.h"
 
-#include <algorithm>
+#include "VELTRuntime/values/text/plain_text.h"
+
 #include <new>
 #include <stdexcept>
+#include <unicode/uchar.h>
 #include <unicode/unorm2.h>
 #include <unicode/ustring.h>
 
@@ -57,7 +59,7 @@ std::u16string folded(std::u16string_view text) {
 
 /// Maps a text of ASCII characters; false when there is another one.
 bool mapAscii(std::u16string_view text, char16_t first, char16_t last, int change, std::u16string& result) {
-    if (!std::all_of(text.begin(), text.end(), [](char16_t unit) { return unit < 0x80; })) return false;
+    if (!allBelow(text, 0x80)) return false;
     result.resize(text.size());
     for (std::size_t i = 0; i < text.size(); ++i) {
         const char16_t unit = text[i];
@@ -88,6 +90,22 @@ std::u16string uppered(std::u16string_view text) {
 std::u16string comparisonForm(std::u16string_view text, Case respect) {
     std::u16string form = decomposed(text);
     return respect == Case::Respected ? form : decomposed(folded(form));
+}
+
+std::u16string composed(std::u16string_view text) {
+    return converted(text, [&](char16_t* out, std::int32_t room, std::int32_t length, UErrorCode* status) {
+        return unorm2_normalize(composer(), text.data(), length, out, room, status);
+    });
+}
+
+bool isOwnForm(char32_t codePoint, Case respect) {
+    const auto character = static_cast<UChar32>(codePoint);
+    char16_t room[8];
+    UErrorCode status = U_ZERO_ERROR;
+    const bool decomposes = unorm2_getDecomposition(decomposer(), character, room, std::size(room), &status) >= 0;
+    // Beyond the 16-bit range every folding is a simple one.
+    return !decomposes && beginsCharacter(codePoint) &&
+           (respect == Case::Respected || u_foldCase(character, U_FOLD_CASE_DEFAULT) == character);
 }
 
 bool beginsCharacter(char32_t codePoint) {

@@ -18,6 +18,12 @@ enum class Case { Respected, Ignored };
 /// The form in which texts are compared: canonically decomposed, and with case ignored also fully case-folded.
 VELT_EXPORT std::u16string comparisonForm(std::u16string_view text, Case respect);
 
+/// The canonical composition.
+std::u16string composed(std::u16string_view text);
+
+/// The character is its own comparison form, and begins a character.
+bool isOwnForm(char32_t codePoint, Case respect);
+
 /// The character neither combines with what stands before it nor composes with it.
 VELT_EXPORT bool beginsCharacter(char32_t codePoint);
 

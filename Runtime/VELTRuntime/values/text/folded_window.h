@@ -1,9 +1,8 @@
 // A window of a text in comparison form, with a map back to the text's own positions.
 #pragma once
 
-#include "VELTRuntime/values/text/casing.h"
+#include "VELTRuntime/values/text/unit_forms.h"
 
-#include <cstdint>
 #include <optional>
 #include <vector>
 
@@ -13,13 +12,11 @@ namespace velt::text {
 /// the window is where matches may begin; the window goes on far enough for them to end.
 class FoldedWindow {
 public:
-    /// Units of text in a base.
-    static constexpr std::size_t kBase = 32768;
+    FoldedWindow(std::u16string_view text, Case respect) : text_(text), respect_(respect), forms_(unitForms(respect)) {}
 
-    /// Fills the window from a position of the text, which begins a cluster, for a needle of that many units in
-    /// comparison form. The base ends at or before baseLimit.
-    void build(std::u16string_view text, std::size_t begin, std::size_t needleLength, Case respect,
-               std::size_t baseLimit = static_cast<std::size_t>(-1));
+    /// Fills the window from a position of the text on, for a needle of that many units in comparison form. The text
+    /// from there on is taken as a text of its own. The base ends at or soon after a wanted position.
+    void build(std::size_t begin, std::size_t wantedBaseEnd, std::size_t needleLength);
 
     bool covers(std::size_t position) const { return position >= begin_ && position < baseEnd_; }
     std::size_t begin() const { return begin_; }
@@ -37,10 +34,17 @@ public:
 
 private:
     struct Start {
-        std::uint32_t text;  // from the window's begin
-        std::uint32_t form;
+        std::size_t text;  // from the window's begin
+        std::size_t form;
     };
 
+    std::size_t clusterEnd(std::size_t begin) const;
+    void appendForm(std::u16string_view cluster);
+    bool appendSimple(std::u16string_view cluster);
+
+    std::u16string_view text_;
+    Case respect_;
+    const UnitForms& forms_;
     std::size_t begin_ = 0, baseEnd_ = 0, baseClusters_ = 0;
     std::u16string form_;
     std::vector<Start> starts_;

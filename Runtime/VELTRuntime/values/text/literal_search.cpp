@@ -8,79 +8,124 @@ namespace velt::text {
 
 namespace {
 
-/// After so many units of failed comparisons beyond what was scanned, the needle is a hard one for this text.
+/// So much work is never too much.
 constexpr std::size_t kPatience = 256;
+/// Comparing goes over so many units while the search by borders goes over one.
+constexpr std::size_t kComparedAtOnce = 16;
+
+/// The length of the longest proper border of each prefix of a needle, which is read through `unitAt`.
+template <class UnitAt> std::vector<std::size_t> bordersOf(std::size_t length, UnitAt unitAt) {
+    std::vector<std::size_t> borders(length + 1);
+    std::size_t border = 0;
+    for (std::size_t i = 1; i < length; ++i) {
+        while (border > 0 && unitAt(i) != unitAt(border)) border = borders[border];
+        if (unitAt(i) == unitAt(border)) ++border;
+        borders[i + 1] = border;
+    }
+    return borders;
+}
+
+/// The last occurrence that ends at or before `end`: needle and text are read backwards.
+std::size_t findLastByBorders(std::u16string_view text, std::size_t end, std::u16string_view needle) {
+    const auto unitAt = [&](std::size_t i) { return needle[needle.size() - 1 - i]; };
+    const std::vector<std::size_t> borders = bordersOf(needle.size(), unitAt);
+    std::size_t matched = 0;
+    for (std::size_t at = end; at-- > 0;) {
+        while (matched > 0 && text[at] != unitAt(matched)) matched = borders[matched];
+        if (text[at] == unitAt(matched)) ++matched;
+        if (matched == needle.size()) return at;
+    }
+    return kNotFound;
+}
 
 }  // namespace
 
-bool LiteralFinder::matchesAt(const char16_t* at) const {
+void LiteralFinder::changeText() { oldest_ = position_ = matched_ = 0; }
+
+bool LiteralFinder::matchesAt(const char16_t* at) {
     // The first and the last unit are known to match.
-    return needle_.size() <= 2 || std::memcmp(at, needle_.data(), needle_.size() * sizeof(char16_t)) == 0;
+    if (needle_.size() <= 2) return true;
+    work_ += needle_.size() / kComparedAtOnce;
+    return std::memcmp(at, needle_.data(), needle_.size() * sizeof(char16_t)) == 0;
 }
 
-std::size_t LiteralFinder::find(std::u16string_view haystack, std::size_t from) {
+bool LiteralFinder::isTooMuchWork(std::size_t progress) const { return work_ > kPatience + 4 * (progress_ + progress); }
+
+std::size_t LiteralFinder::find(std::u16string_view text, std::size_t from) {
     const std::size_t length = needle_.size();
-    if (haystack.size() < length || from > haystack.size() - length) return kNotFound;
-    const char16_t* text = haystack.data();
-    const std::size_t last = haystack.size() - length;  // the last position that can match
+    if (text.size() < length || from > text.size() - length) return kNotFound;
+    if (isTooMuchWork(0)) return findByBorders(text, from);
+    const char16_t* units = text.data();
+    const std::size_t last = text.size() - length;  // the last position that can match
     const Units firsts = filledWith(needle_.front()), lasts = filledWith(needle_.back());
-    std::size_t failed = 0;
     std::size_t at = from;
     // A place is looked at closely only when the needle's first and last unit are both there.
+    const auto hitsAt = [&](std::size_t position) {
+        return (loadUnits(units + position) == firsts) & (loadUnits(units + position + length - 1) == lasts);
+    };
     for (; at + kLanes <= last + 1; at += kLanes) {
-        const auto hits = (loadUnits(text + at) == firsts) & (loadUnits(text + at + length - 1) == lasts);
-        for (LaneMask lanes(hits); lanes.isAny(); lanes.removeFirst()) {
-            const std::size_t lane = lanes.first();
-            if (matchesAt(text + at + lane)) return at + lane;
-            failed += length;
+        while (at + 4 * kLanes <= last + 1 &&
+               !isAnyLane(hitsAt(at) | hitsAt(at + kLanes) | hitsAt(at + 2 * kLanes) | hitsAt(at + 3 * kLanes))) {
+            at += 4 * kLanes;
         }
-        if (failed > kPatience + 4 * (at - from)) return findLinear(haystack, at + kLanes);
+        if (at + kLanes > last + 1) break;
+        for (LaneMask lanes(hitsAt(at)); lanes.isAny(); lanes.remove(lanes.first())) {
+            const std::size_t place = at + lanes.first();
+            if (matchesAt(units + place)) {
+                progress_ += place - from;
+                return place;
+            }
+        }
+        if (isTooMuchWork(at - from)) return findByBorders(text, at + kLanes);
     }
     for (; at <= last; ++at) {
-        if (text[at] == needle_.front() && text[at + length - 1] == needle_.back() && matchesAt(text + at)) return at;
+        if (units[at] == needle_.front() && units[at + length - 1] == needle_.back() && matchesAt(units + at)) break;
     }
-    return kNotFound;
+    progress_ += at - from;
+    return at <= last ? at : kNotFound;
 }
 
-/// The search of Knuth, Morris and Pratt: linear for every needle.
-std::size_t LiteralFinder::findLinear(std::u16string_view haystack, std::size_t from) {
-    if (borders_.empty()) {
-        borders_.resize(needle_.size() + 1);
-        std::size_t border = 0;
-        for (std::size_t i = 1; i < needle_.size(); ++i) {
-            while (border > 0 && needle_[i] != needle_[border]) border = borders_[border];
-            if (needle_[i] == needle_[border]) ++border;
-            borders_[i + 1] = border;
+/// The search of Knuth, Morris and Pratt. It goes on where it stood, if what was asked for lies ahead of that.
+std::size_t LiteralFinder::findByBorders(std::u16string_view text, std::size_t from) {
+    if (borders_.empty()) borders_ = bordersOf(needle_.size(), [&](std::size_t i) { return needle_[i]; });
+    const bool goesOn = from >= oldest_ && from + matched_ <= position_;
+    if (!goesOn) {
+        position_ = from;
+        matched_ = 0;
+    }
+    while (position_ < text.size()) {
+        const char16_t unit = text[position_++];
+        while (matched_ > 0 && unit != needle_[matched_]) matched_ = borders_[matched_];
+        if (unit == needle_[matched_]) ++matched_;
+        if (matched_ == needle_.size()) {
+            matched_ = borders_[matched_];
+            oldest_ = position_ - needle_.size() + 1;
+            return oldest_ - 1;
         }
     }
-    std::size_t matched = 0;
-    for (std::size_t i = from; i < haystack.size(); ++i) {
-        while (matched > 0 && haystack[i] != needle_[matched]) matched = borders_[matched];
-        if (haystack[i] == needle_[matched]) ++matched;
-        if (matched == needle_.size()) return i + 1 - matched;
-    }
+    oldest_ = text.size();
     return kNotFound;
 }
 
-std::size_t LiteralFinder::findLast(std::u16string_view haystack, std::size_t end) {
+std::size_t LiteralFinder::findLast(std::u16string_view text, std::size_t end) {
     const std::size_t length = needle_.size();
     if (end < length) return kNotFound;
-    const char16_t* text = haystack.data();
-    std::size_t failed = 0;
-    for (std::size_t at = end - length + 1; at-- > 0;) {
-        if (text[at] != needle_.front() || text[at + length - 1] != needle_.back()) continue;
-        if (matchesAt(text + at)) return at;
-        failed += length;
-        if (failed > kPatience + 4 * (end - at)) {
-            // Hard: the last of all occurrences before here, found forward.
-            const std::u16string_view rest = haystack.substr(0, at + length - 1);
-            std::size_t found = kNotFound;
-            for (std::size_t next = findLinear(rest, 0); next != kNotFound; next = findLinear(rest, next + 1)) {
-                found = next;
-                if (next + 1 > rest.size()) break;
-            }
-            return found;
+    const char16_t* units = text.data();
+    const Units firsts = filledWith(needle_.front()), lasts = filledWith(needle_.back());
+    std::size_t after = end - length + 1;  // places before it are still to be looked at
+    const std::size_t begin = after;
+    while (after >= kLanes) {
+        const std::size_t at = after - kLanes;
+        LaneMask lanes((loadUnits(units + at) == firsts) & (loadUnits(units + at + length - 1) == lasts));
+        for (; lanes.isAny(); lanes.remove(lanes.last())) {
+            if (matchesAt(units + at + lanes.last())) return at + lanes.last();
         }
+        after = at;
+        if (isTooMuchWork(begin - after)) return findLastByBorders(text, after + length - 1, needle_);
+    }
+    while (after-- > 0) {
+        if (units[after] == needle_.front() && units[after + length - 1] == needle_.back() && matchesAt(units + after))
+            return after;
     }
     return kNotFound;
 }

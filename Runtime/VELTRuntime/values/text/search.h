@@ -42,9 +42,7 @@ public:
 
 private:
     class Strategy;
-    class Literal;
-    class Folded;
-    class General;
+    template <class Implementation> class By;
     std::unique_ptr<Strategy> strategy_;
 };
 
