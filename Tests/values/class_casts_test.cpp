@@ -10,7 +10,8 @@ namespace {
 /// An object of a class that is known by name, as the library that fills the class would make it.
 class Stand : public NSObject {
 public:
-    explicit Stand(std::string_view className) : class_(velt::Class::known(className)) {}
+    explicit Stand(std::string_view className) : Stand(velt::Class::known(className)) {}
+    explicit Stand(velt::Class& cls) : class_(cls) {}
     velt::Class& isa() const override { return class_; }
 
 private:
@@ -18,6 +19,13 @@ private:
 };
 
 id instance(std::string_view className) { return velt::make<Stand>(className); }
+
+/// An object of a class that a program derives from a known one.
+id derivedInstance(const std::string& className) {
+    velt::Class& parent = velt::Class::known(className);
+    velt::Class& derived = velt::Class::declare(("Own" + className).c_str(), &parent, typeid(Stand), nullptr, nullptr);
+    return velt::make<Stand>(derived);
+}
 
 struct Row {
     const char* suffix;
@@ -38,9 +46,21 @@ const Row kChecks[] = {
 
 std::vector<id> valuesOfEveryKind() {
     return {integer(1),
+            integer(LONG_MAX),
+            natural(1),
             real(1.5),
+            real(1e100),
+            single(1.5f),
+            shortNumber(1),
+            byte(1),
+            boolean(true),
+            charCode(65),
             str("a"),
+            "a"_v,
             point(1, 2),
+            size(1, 2),
+            rect(1, 2, 3, 4),
+            range(1, 2),
             data("x"),
             mutableData("x"),
             array(),
@@ -62,6 +82,7 @@ void expectRowTellsClassesApart(const Row& row) {
     const std::string reason = "'" + std::string(row.className) + "' expected";
     std::vector<id> values = valuesOfEveryKind();
     values.push_back(instance(row.className));
+    values.push_back(derivedInstance(row.className));
     for (const id& value : values) {
         if (velt::isKindOf(value, cls)) {
             EXPECT_TRUE(row.call(value) == value) << row.suffix << " " << show(value);

@@ -1,8 +1,12 @@
 #include "VELTRuntime/platform/foundation/attributed_string.h"
 
+#include "VELTRuntime/platform/foundation/dictionary.h"
 #include "VELTRuntime/platform/object/class.h"
 #include "VELTRuntime/platform/object/exception.h"
 #include "VELTRuntime/platform/object/message.h"
+
+#include <algorithm>
+#include <climits>
 
 velt::Class& NSAttributedString::entry() {
     static velt::Class& cls = velt::declareClass<NSAttributedString>("NSAttributedString", &NSObject::entry());
@@ -70,37 +74,62 @@ void NSMutableAttributedString::append(const NSAttributedString& other) {
     }
 }
 
-void NSMutableAttributedString::setAttributes(const id& attributes, NSRange range) {
+template <class Change>
+void NSMutableAttributedString::changeRuns(const char* operation, NSRange range, Change changed) {
     if (range.location > length() || range.length > length() - range.location) {
-        const std::size_t end = range.location + range.length;
-        velt::raiseRange("'NSMutableAttributedString' setAttributes:range:", static_cast<long long>(end), length());
+        std::size_t end = 0;
+        if (__builtin_add_overflow(range.location, range.length, &end)) end = LONG_MAX;
+        velt::raiseRange(std::string("'NSMutableAttributedString' ") + operation, static_cast<long long>(end),
+                         length());
     }
-    if (range.length == 0) return;
     const std::size_t rangeEnd = range.location + range.length;
     NSMutableAttributedString result;
-    const auto copyRuns = [&](std::size_t from, std::size_t to) {
-        std::size_t begin = 0;
-        for (const Run& run : runs_) {
-            const std::size_t first = std::max(begin, from), last = std::min(run.end, to);
-            if (first < last) result.appendText(view().substr(first, last - first), run.attributes);
-            begin = run.end;
-        }
-    };
-    copyRuns(0, range.location);
-    result.appendText(view().substr(range.location, range.length), attributes);
-    copyRuns(rangeEnd, length());
+    std::size_t begin = 0;
+    for (const Run& run : runs_) {
+        // The run's parts before, within and behind the range; any of them may be empty.
+        const std::size_t first = std::clamp(range.location, begin, run.end);
+        const std::size_t last = std::clamp(rangeEnd, first, run.end);
+        result.appendText(view().substr(begin, first - begin), run.attributes);
+        if (first < last) result.appendText(view().substr(first, last - first), changed(run.attributes));
+        result.appendText(view().substr(last, run.end - last), run.attributes);
+        begin = run.end;
+    }
     text_.swap(result.text_);
     runs_.swap(result.runs_);
+}
+
+void NSMutableAttributedString::setAttributes(const id& attributes, NSRange range) {
+    changeRuns("setAttributes:range:", range, [&](const id&) { return attributes; });
+}
+
+void NSMutableAttributedString::addAttribute(const id& name, const id& value, NSRange range) {
+    changeRuns("addAttribute:value:range:", range, [&](const id& attributes) {
+        const NSDictionary* old = velt::dictionaryOf(attributes);
+        const auto extended = old ? velt::make<NSMutableDictionary>(*old) : velt::make<NSMutableDictionary>();
+        extended->setObject(value, name);
+        return extended->copy();
+    });
 }
 
 void NSAttributedString::describe(velt::ClassBuilder<NSAttributedString>& c) {
     c.property("length", &NSAttributedString::length)
         .property("string", &NSAttributedString::string)
+        .method("attributesAtIndex:", &NSAttributedString::attributesAt)
         .method("mutableCopy", [](const id& self, const id*) {
             return id(velt::make<NSMutableAttributedString>(*velt::attributedStringOf(self)));
         });
 }
 
 void NSMutableAttributedString::describe(velt::ClassBuilder<NSMutableAttributedString>& c) {
-    c.method("setAttributes:range:", &NSMutableAttributedString::setAttributes);
+    c.method("setAttributes:range:", &NSMutableAttributedString::setAttributes)
+        .method("addAttribute:value:range:", &NSMutableAttributedString::addAttribute)
+        .method("appendAttributedString:", [](const id& self, const id* a) {
+            const auto* other = velt::to<NSAttributedString>(a[0]);
+            if (!other) {
+                velt::raise(velt::kInvalidArgumentException,
+                            "'NSMutableAttributedString' appendAttributedString:: nil cannot be appended");
+            }
+            velt::as<NSMutableAttributedString>(self)->append(*other);
+            return id();
+        });
 }

@@ -58,9 +58,16 @@ public:
     velt::Class& isa() const override { return entry(); }
 
     void append(const NSAttributedString& other);
+    /// Adds one attribute to those of every unit of a range, or replaces it there; raises "NSRangeException" when the
+    /// range goes beyond the end.
+    void addAttribute(const id& name, const id& value, NSRange range);
     /// Replaces the attributes of a range; raises "NSRangeException" when it goes beyond the end.
     void setAttributes(const id& attributes, NSRange range);
     static void describe(velt::ClassBuilder<NSMutableAttributedString>& c);
+
+private:
+    /// Puts what `changed` makes of a run's attributes in their place, within a range.
+    template <class Change> void changeRuns(const char* operation, NSRange range, Change changed);
 };
 
 namespace velt {

@@ -4,6 +4,7 @@
 
 #include <dlfcn.h>
 #include <mutex>
+#include <unistd.h>
 
 namespace velt {
 
@@ -22,6 +23,13 @@ State& state() {
     return instance;
 }
 
+/// Loads a library. Empty, or why it could not be loaded.
+std::string failureToLoad(const std::string& path) {
+    if (dlopen(path.c_str(), RTLD_NOW | RTLD_GLOBAL)) return {};
+    const char* reason = dlerror();
+    return reason ? reason : "it could not be loaded";
+}
+
 /// Beside this library first, then wherever the system looks.
 void load() {
     Dl_info own{};
@@ -30,10 +38,14 @@ void load() {
         folder = own.dli_fname;
         folder.erase(folder.rfind('/') == folder.npos ? 0 : folder.rfind('/') + 1);
     }
-    if (!folder.empty() && dlopen((folder + kLibrary).c_str(), RTLD_NOW | RTLD_GLOBAL)) return;
-    if (dlopen(kLibrary, RTLD_NOW | RTLD_GLOBAL)) return;
-    const char* reason = dlerror();
-    state().failure = reason ? reason : "it could not be loaded";
+    const std::string beside = folder + kLibrary;
+    const bool liesBeside = !folder.empty() && access(beside.c_str(), F_OK) == 0;
+    std::string& failure = state().failure;
+    if (liesBeside) failure = failureToLoad(beside);
+    if (liesBeside && failure.empty()) return;
+    const std::string elsewhere = failureToLoad(kLibrary);
+    // What keeps the library beside this one from being loaded tells more than that there is no other.
+    if (!liesBeside || elsewhere.empty()) failure = elsewhere;
 }
 
 }  // namespace

@@ -1,0 +1,66 @@
+#include "VELTRuntime/platform/foundation/array.h"
+
+#include "support/values.h"
+
+using namespace velt::test;
+
+TEST(ArrayObjects, AreReachedByName) {
+    const id list = array(str("a"), integer(2));
+    EXPECT_VALUE("Q 2", velt::send(list, "count"));
+    EXPECT_VALUE("'a'", velt::send(list, "objectAtIndex:", integer(0)));
+    EXPECT_VALUE("q 1", velt::send(list, "indexOfObject:", real(2.0)));
+    EXPECT_VALUE("q -1", velt::send(list, "indexOfObject:", str("b")));
+    EXPECT_VALUE("c 1", velt::send(list, "containsObject:", str("a")));
+    velt::send(list, "addObject:", boolean(true));
+    velt::send(list, "insertObject:atIndex:", str("first"), integer(0));
+    velt::send(list, "replaceObjectAtIndex:withObject:", integer(1), str("A"));
+    velt::send(list, "removeObjectAtIndex:", integer(2));
+    EXPECT_VALUE("NSMutableArray (first, A, 1)", list);
+    velt::send(list, "removeAllObjects");
+    EXPECT_VALUE("NSMutableArray ()", list);
+}
+
+TEST(ArrayObjects, AreEqualWithEqualElementsInOrder) {
+    const id list = array(integer(1), str("a"), array());
+    EXPECT_TRUE(velt::isEqual(list, frozenArray(real(1.0), str("a"), frozenArray())));
+    EXPECT_EQ(velt::hash(list), velt::hash(frozenArray(real(1.0), str("a"), frozenArray())));
+    EXPECT_FALSE(velt::isEqual(list, array(str("a"), integer(1), array())));
+    EXPECT_FALSE(velt::isEqual(list, array(integer(1), str("a"))));
+    EXPECT_FALSE(velt::isEqual(list, str("a")));
+    EXPECT_FALSE(velt::isEqual(array(), nil));
+}
+
+TEST(ArrayCopies, ShareElementsAndStayAsTheyAre) {
+    const id inner = array(), list = array(inner);
+    const id copy = velt::copy(list);
+    velt::send(list, "removeAllObjects");
+    EXPECT_TRUE(velt::arrayOf(copy)->at(0) == inner);
+    EXPECT_TRUE(velt::copy(copy) == copy);
+    EXPECT_EQ(nullptr, velt::mutableArrayOf(copy));
+    const id changeable = velt::send(copy, "mutableCopy");
+    velt::send(changeable, "addObject:", integer(1));
+    EXPECT_VALUE("NSMutableArray ((), 1)", changeable);
+    EXPECT_VALUE("NSArray (())", copy);
+}
+
+TEST(ArrayObjects, CanBeAppendedToThemselves) {
+    velt::Ref<NSMutableArray> list = velt::make<NSMutableArray>();
+    for (long i = 0; i < 5; ++i) list->append(integer(i));
+    list->appendAll(*list);
+    EXPECT_VALUE("NSMutableArray (0, 1, 2, 3, 4, 0, 1, 2, 3, 4)", list);
+}
+
+TEST(ArrayObjects, LetGoOfWhatTheyHeld) {
+    const id held = velt::make<NSObject>();
+    const auto owners = [&] { return held.object()->ownerCount(); };
+    {
+        velt::Ref<NSMutableArray> list = velt::make<NSMutableArray>();
+        for (int i = 0; i < 3; ++i) list->append(held);
+        EXPECT_EQ(4u, owners());
+        list->remove(1);
+        EXPECT_EQ(3u, owners());
+        list->replace(0, integer(1));
+        EXPECT_EQ(2u, owners());
+    }
+    EXPECT_EQ(1u, owners());
+}
