@@ -4,8 +4,11 @@
 #include "support/processes.h"
 #include "support/values.h"
 
+#include <chrono>
+#include <csignal>
 #include <fcntl.h>
 #include <sys/stat.h>
+#include <thread>
 
 using namespace velt::test;
 
@@ -113,4 +116,48 @@ TEST_F(ReadStringFromAServer, FailsForErrorsAndOtherBodies) {
 TEST_F(ReadStringFromAServer, GivesUpOnAServerThatStalls) {
     velt::urlTimeouts() = {.connect = 1, .stall = 1};
     EXPECT_RAISES(kFailed, VELT_READSTRING(str(server_.url("/slow"))));
+}
+
+class ReadStringFromAnEncryptedServer : public ::testing::Test {
+protected:
+    void SetUp() override {
+        ASSERT_EQ(0, std::system(("openssl req -x509 -newkey ec -pkeyopt ec_paramgen_curve:P-256 -nodes -days 2 "
+                                  "-subj /CN=127.0.0.1 -addext subjectAltName=IP:127.0.0.1 -keyout '" +
+                                  folder_.file("key") + "' -out '" + folder_.file("certificate") + "' 2> /dev/null")
+                                     .c_str()));
+        folder_.write("text", "hällo");
+        const std::string output = folder_.file("output"), key = folder_.file("key"), root = folder_.file("");
+        server_ = fork();
+        if (server_ == 0) {
+            if (std::freopen("/dev/null", "r", stdin) && std::freopen(output.c_str(), "w", stdout) &&
+                std::freopen("/dev/null", "w", stderr) && chdir(root.c_str()) == 0) {
+                execlp("openssl", "openssl", "s_server", "-accept", "127.0.0.1:0", "-cert", "certificate", "-key",
+                       key.c_str(), "-WWW", static_cast<char*>(nullptr));
+            }
+            _exit(127);
+        }
+        for (int tries = 0; tries < 500 && port_.empty(); ++tries) {
+            std::this_thread::sleep_for(std::chrono::milliseconds(20));
+            const std::string said = contentOf(output), before = "ACCEPT 127.0.0.1:";
+            const std::size_t at = said.find(before), end = said.find('\n', at);
+            if (at != said.npos && end != said.npos) port_ = said.substr(at + before.size(), end - at - before.size());
+        }
+        ASSERT_FALSE(port_.empty());
+    }
+    ~ReadStringFromAnEncryptedServer() override {
+        unsetenv("SSL_CERT_FILE");
+        if (server_ <= 0) return;
+        kill(server_, SIGKILL);
+        waitpid(server_, nullptr, 0);
+    }
+    TemporaryFolder folder_;
+    pid_t server_ = -1;
+    std::string port_;
+};
+
+TEST_F(ReadStringFromAnEncryptedServer, GivesTheBodyWhenTheServerIsTrusted) {
+    const id url = str("https://127.0.0.1:" + port_ + "/text");
+    EXPECT_RAISES(kFailed, VELT_READSTRING(url));
+    setenv("SSL_CERT_FILE", folder_.file("certificate").c_str(), 1);
+    EXPECT_VALUE("'hällo'", VELT_READSTRING(url));
 }

@@ -6,7 +6,14 @@
 
 namespace velt::test {
 
-#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
+#if defined(__has_feature)
+#define VELT_TEST_HAS_FEATURE(feature) __has_feature(feature)
+#else
+#define VELT_TEST_HAS_FEATURE(feature) 0
+#endif
+
+#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__) || VELT_TEST_HAS_FEATURE(address_sanitizer) ||       \
+    VELT_TEST_HAS_FEATURE(thread_sanitizer)
 inline constexpr int kSlowdown = 20;
 #else
 inline constexpr int kSlowdown = 1;

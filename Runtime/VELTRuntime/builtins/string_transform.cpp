@@ -20,9 +20,9 @@ std::vector<text::Match> allMatches(std::u16string_view text, std::u16string_vie
     return matches;
 }
 
-char16_t* put(char16_t* to, std::u16string_view text) {
-    if (!text.empty()) std::memcpy(to, text.data(), text.size() * sizeof(char16_t));
-    return to + text.size();
+char16_t* put(char16_t* to, std::u16string_view units) {
+    text::copyUnits(to, units);
+    return to + units.size();
 }
 
 bool isTrimmed(char16_t unit) {

@@ -25,18 +25,6 @@ bool TextBuffer::claim(std::size_t end, std::size_t count) noexcept {
     return used_.compare_exchange_strong(expected, end + count, std::memory_order_relaxed);
 }
 
-}  // namespace velt
-
-namespace {
-
-void copyUnits(char16_t* to, std::u16string_view text) {
-    if (!text.empty()) std::memcpy(to, text.data(), text.size() * sizeof(char16_t));
-}
-
-}  // namespace
-
-namespace velt {
-
 id string(std::string_view utf8) {
     char16_t* units = nullptr;
     if (text::isAscii(utf8)) {
@@ -58,6 +46,8 @@ std::string utf8(const id& string) { return utf8(textOf(string)); }
 
 }  // namespace velt
 
+using velt::text::copyUnits;
+
 velt::Class& NSString::entry() {
     static velt::Class& cls = velt::declareClass<NSString>("NSString", &NSObject::entry());
     return cls;
@@ -78,59 +68,53 @@ bool NSString::isEqual(const id& other) const {
 std::size_t NSString::hash() const { return std::hash<std::u16string_view>()(view()); }
 
 id NSString::copy() const {
-    if (frozen_) return id(const_cast<NSString*>(this));
+    if (isFrozen()) return id(const_cast<NSString*>(this));
     velt::Ref<NSMutableString> result = velt::make<NSMutableString>(*this);
     result->freeze();
     return result;
 }
 
 char16_t* NSMutableString::allocate(std::size_t length) {
-    length_ = length;
     if (length <= kInlineUnits) {
-        inline_ = 1;
+        setLength(length, true);
         return inlineUnits_;
     }
     velt::TextBuffer* buffer = velt::TextBuffer::create(length);
     buffer->setUsed(length);
-    inline_ = 0;
+    setLength(length, false);
     shared_ = {buffer, buffer->units()};
     return shared_.start;
 }
-
-NSMutableString::NSMutableString(std::u16string_view text) { copyUnits(allocate(text.size()), text); }
 
 NSMutableString::NSMutableString(std::size_t length, char16_t*& fill) { fill = allocate(length); }
 
 NSMutableString::NSMutableString(const NSString& other) noexcept { become(static_cast<const NSMutableString&>(other)); }
 
-NSMutableString::NSMutableString(const NSString& other, std::size_t start, std::size_t length) {
+void NSMutableString::takeLongPiece(const NSString& other, std::size_t start, std::size_t length) {
     const auto& source = static_cast<const NSMutableString&>(other);
-    assert(start <= source.length_ && length <= source.length_ - start);
     // A short piece would keep a long text alive for little.
-    if (length <= kInlineUnits || source.inline_ || length < source.shared_.buffer->capacity() / 2) {
+    if (source.isInline() || length < source.shared_.buffer->capacity() / 2) {
         copyUnits(allocate(length), source.view().substr(start, length));
         return;
     }
-    length_ = length;
-    inline_ = 0;
+    setLength(length, false);
     shared_ = {source.shared_.buffer, source.shared_.start + start};
     shared_.buffer->retain();
 }
 
 NSMutableString::NSMutableString(const NSString& head, std::u16string_view tail) {
     const auto& source = static_cast<const NSMutableString&>(head);
-    const std::size_t length = source.length_ + tail.size();
-    if (length <= kInlineUnits || source.inline_) {
+    const std::size_t length = source.length() + tail.size();
+    if (length <= kInlineUnits || source.isInline()) {
         char16_t* units = allocate(length);
         copyUnits(units, source.view());
-        copyUnits(units + source.length_, tail);
+        copyUnits(units + source.length(), tail);
         return;
     }
-    length_ = length;
-    inline_ = 0;
+    setLength(length, false);
     velt::TextBuffer* buffer = source.shared_.buffer;
     const std::size_t start = static_cast<std::size_t>(source.shared_.start - buffer->units());
-    if (buffer->claim(start + source.length_, tail.size())) {
+    if (buffer->claim(start + source.length(), tail.size())) {
         shared_ = source.shared_;
         buffer->retain();
     } else {
@@ -140,11 +124,11 @@ NSMutableString::NSMutableString(const NSString& head, std::u16string_view tail)
         shared_ = {buffer, buffer->units()};
         copyUnits(shared_.start, source.view());
     }
-    copyUnits(shared_.start + source.length_, tail);
+    copyUnits(shared_.start + source.length(), tail);
 }
 
 void NSMutableString::requireChangeable(const char* operation) const {
-    if (frozen_) {
+    if (isFrozen()) {
         velt::raise(velt::kInvalidArgumentException,
                     std::string("'") + operation + "' on a string that cannot be changed");
     }
@@ -154,9 +138,8 @@ void NSMutableString::become(const NSMutableString& other) noexcept {
     // The other may share this string's buffer: it gets its new owner before it loses the old one.
     velt::TextBuffer* old = isInline() ? nullptr : shared_.buffer;
     if (!other.isInline()) other.shared_.buffer->retain();
-    length_ = other.length_;
-    inline_ = other.inline_;
-    if (inline_) {
+    setLength(other.length(), other.isInline());
+    if (isInline()) {
         std::memcpy(inlineUnits_, other.inlineUnits_, sizeof inlineUnits_);
     } else {
         shared_ = other.shared_;
@@ -189,10 +172,11 @@ void NSMutableString::insert(std::size_t position, std::u16string_view text) { r
 
 void NSMutableString::replace(std::size_t position, std::size_t length, std::u16string_view text) {
     requireChangeable("replaceCharactersInRange:withString:");
-    if (position > length_) velt::raiseRange("replaceCharacters", static_cast<long long>(position), length_);
-    if (length > length_ - position) {
+    const std::size_t size = view().size();
+    if (position > size) velt::raiseRange("replaceCharacters", static_cast<long long>(position), size);
+    if (length > size - position) {
         const std::size_t end = position + length;
-        velt::raiseRange("replaceCharacters", static_cast<long long>(end), length_);
+        velt::raiseRange("replaceCharacters", static_cast<long long>(end), size);
     }
     assign(view().substr(0, position), text, view().substr(position + length));
 }

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "VELTRuntime/platform/object/object.h"
+#include "VELTRuntime/values/text/copy_units.h"
 
 #include <algorithm>
 #include <string>
@@ -53,11 +54,11 @@ public:
     id copy() const override;
 
     /// Number of UTF-16 code units.
-    std::size_t length() const noexcept { return length_; }
+    std::size_t length() const noexcept { return state_ >> kLengthShift; }
     /// The text; valid until the string is changed or freed.
-    std::u16string_view view() const noexcept { return {units(), length_}; }
+    std::u16string_view view() const noexcept { return {units(), length()}; }
     /// The text must not change; changing it raises.
-    bool isFrozen() const noexcept { return frozen_; }
+    bool isFrozen() const noexcept { return (state_ & kFrozen) != 0; }
     static void describe(velt::ClassBuilder<NSString>& c);
 
     ~NSString() override {
@@ -74,14 +75,19 @@ protected:
     };
 
     NSString() noexcept : NSObject(velt::Kind::String) {}
-    bool isInline() const noexcept { return inline_; }
+    bool isInline() const noexcept { return (state_ & kInline) != 0; }
     const char16_t* units() const noexcept { return isInline() ? inlineUnits_ : shared_.start; }
 
-    std::uint64_t length_ : 56 = 0;
-    std::uint64_t inline_ : 1 = 1;
-    std::uint64_t frozen_ : 1 = 0;
+    void setLength(std::size_t length, bool isInline) noexcept {
+        state_ = (state_ & kFrozen) | (isInline ? kInline : 0) | length << kLengthShift;
+    }
+
+    // One word, always written whole: reading a word of which a byte was just written makes the processor wait.
+    static constexpr std::uint64_t kInline = 1, kFrozen = 2;
+    static constexpr unsigned kLengthShift = 2;
+    std::uint64_t state_ = kInline;
     union {
-        char16_t inlineUnits_[kInlineUnits] = {};
+        char16_t inlineUnits_[kInlineUnits];
         SharedText shared_;
     };
 };
@@ -93,11 +99,20 @@ public:
     velt::Class& isa() const override { return entry(); }
 
     /// A string of that text, copied.
-    explicit NSMutableString(std::u16string_view text);
+    explicit NSMutableString(std::u16string_view text) {
+        velt::text::copyUnits(text.size() <= kInlineUnits ? allocateInline(text.size()) : allocate(text.size()), text);
+    }
     /// A string that shares the text of another one; nothing is copied.
     explicit NSMutableString(const NSString& other) noexcept;
     /// The units from start, length of them, of another string: shared when that is cheaper than copying.
-    NSMutableString(const NSString& other, std::size_t start, std::size_t length);
+    NSMutableString(const NSString& other, std::size_t start, std::size_t length) {
+        assert(start <= other.length() && length <= other.length() - start);
+        if (length <= kInlineUnits) {
+            velt::text::copyUnits(allocateInline(length), other.view().substr(start, length));
+        } else {
+            takeLongPiece(other, start, length);
+        }
+    }
     /// A string of that many units, to be filled at once through `fill`.
     NSMutableString(std::size_t length, char16_t*& fill);
     /// The text of a string followed by another text.
@@ -105,7 +120,7 @@ public:
 
     /// Forbids changes from now on.
     NSMutableString& freeze() noexcept {
-        frozen_ = 1;
+        state_ |= kFrozen;
         return *this;
     }
 
@@ -118,7 +133,12 @@ public:
     static void describe(velt::ClassBuilder<NSMutableString>& c);
 
 private:
+    char16_t* allocateInline(std::size_t length) noexcept {
+        setLength(length, true);
+        return inlineUnits_;
+    }
     char16_t* allocate(std::size_t length);
+    void takeLongPiece(const NSString& other, std::size_t start, std::size_t length);
     void assign(std::u16string_view a, std::u16string_view b, std::u16string_view c);
     void become(const NSMutableString& other) noexcept;
     void requireChangeable(const char* operation) const;

@@ -1,5 +1,6 @@
 #include "VELTRuntime/platform/foundation/url_loader.h"
 
+#include <cstdlib>
 #include <curl/curl.h>
 #include <dlfcn.h>
 #include <memory>
@@ -83,6 +84,10 @@ std::optional<std::string> loadUrl(const std::string& url, std::string& failure)
     set(CURLOPT_FOLLOWLOCATION, 1L);
     set(CURLOPT_MAXREDIRS, kMostRedirects);
     set(CURLOPT_FAILONERROR, 1L);
+    // As other programs that speak https: the user may name the authorities to trust.
+    if (const char* authorities = std::getenv("SSL_CERT_FILE"); authorities && *authorities) {
+        set(CURLOPT_CAINFO, authorities);
+    }
     set(CURLOPT_NOSIGNAL, 1L);
     set(CURLOPT_ACCEPT_ENCODING, "");
     set(CURLOPT_CONNECTTIMEOUT, urlTimeouts().connect);

@@ -18,7 +18,8 @@ struct UrlTimeouts {
 VELT_EXPORT UrlTimeouts& urlTimeouts();
 
 /// The whole body at a URL, following redirects; blocks. Nothing, with the reason in `failure`, for other schemes, when
-/// the server cannot be reached, answers with a status of 400 or above, or stalls.
+/// the server cannot be reached, is not to be trusted, answers with a status of 400 or above, or stalls. The
+/// environment variable SSL_CERT_FILE may name a file of authorities to trust in place of the system's.
 VELT_EXPORT std::optional<std::string> loadUrl(const std::string& url, std::string& failure);
 
 }  // namespace velt

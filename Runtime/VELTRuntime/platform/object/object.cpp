@@ -62,7 +62,7 @@ struct DestroyQueue {
     NSObject* first = nullptr;
     bool running = false;
 };
-constinit thread_local DestroyQueue queue;
+constinit thread_local DestroyQueue queue __attribute__((tls_model("initial-exec")));
 
 constexpr unsigned kLinkShift = 8;  // an address keeps clear of kind, colour and the destroying bit
 
@@ -86,7 +86,11 @@ NSObject* pop() {
 
 void releaseObject(Word word) noexcept {
     NSObject* object = asObjectWord(word);
-    const std::uint64_t head = HeadAccess::of(object).load(std::memory_order_relaxed);
+    const std::uint64_t head = HeadAccess::of(object).load(std::memory_order_acquire);
+    if (VELT_LIKELY(head == (ObjectHead::kOneOwner | static_cast<std::uint64_t>(Kind::String)))) {
+        delete static_cast<NSMutableString*>(object);  // nobody else can take it any more
+        return;
+    }
     const bool keepsOwners = head >= 2 * ObjectHead::kOneOwner;
     const bool noted = (head & ObjectHead::kPlaceMask) != 0;
     if (keepsOwners && !noted && !isLeaf(static_cast<Kind>(head & ObjectHead::kKindMask))) {

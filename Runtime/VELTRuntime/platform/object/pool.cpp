@@ -6,7 +6,7 @@ constinit thread_local Pool::List Pool::lists_[Pool::kSizes] = {};
 
 namespace {
 enum class ThreadState : unsigned char { Unarmed, Armed, Ended };
-constinit thread_local ThreadState threadState = ThreadState::Unarmed;
+constinit thread_local ThreadState threadState __attribute__((tls_model("initial-exec"))) = ThreadState::Unarmed;
 }  // namespace
 
 /// Empties a thread's lists when the thread ends; what is freed later on that thread goes straight to malloc.

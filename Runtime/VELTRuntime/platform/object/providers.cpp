@@ -10,7 +10,7 @@ namespace velt {
 
 namespace {
 
-constexpr const char* kLibrary = "libVELTRuntimeUI.so.0";
+constexpr const char* kLibrary = "libVELTRuntimeUI.so." VELT_ABI_VERSION;
 
 struct State {
     std::once_flag loaded;
