@@ -26,6 +26,7 @@ set(CPACK_GENERATOR DEB)
 set(CPACK_PACKAGE_NAME libveltruntime-dev)
 set(CPACK_PACKAGE_CONTACT "VELTRuntime developers <developers@veltruntime.invalid>")
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
+set(CPACK_DEBIAN_PACKAGE_DEPENDS "libcurl4 | libcurl3-gnutls")  # loaded at the first URL
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 set(CPACK_RESOURCE_FILE_LICENSE ${PROJECT_SOURCE_DIR}/LICENSE)
 include(CPack)

@@ -87,8 +87,8 @@ protected:
     static constexpr unsigned kLengthShift = 2;
     std::uint64_t state_ = kInline;
     union {
+        SharedText shared_ = {};
         char16_t inlineUnits_[kInlineUnits];
-        SharedText shared_;
     };
 };
 
