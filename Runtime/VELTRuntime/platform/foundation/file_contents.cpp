@@ -1,37 +1,20 @@
 #include "VELTRuntime/platform/foundation/file_contents.h"
 
+#include "VELTRuntime/platform/foundation/descriptor.h"
+#include "VELTRuntime/platform/foundation/file_size_signal.h"
+
+#include <atomic>
 #include <cerrno>
 #include <climits>
 #include <cstdlib>
 #include <cstring>
 #include <fcntl.h>
-#include <memory>
 #include <sys/stat.h>
 #include <unistd.h>
-#include <utility>
 
 namespace velt {
 
 namespace {
-
-/// A file descriptor that is closed with its scope.
-class Descriptor {
-public:
-    explicit Descriptor(int value) : value_(value) {}
-    ~Descriptor() { close(); }
-    Descriptor(const Descriptor&) = delete;
-    Descriptor& operator=(const Descriptor&) = delete;
-    int value() const { return value_; }
-    explicit operator bool() const { return value_ >= 0; }
-    /// False when the system could not keep what was written.
-    bool close() {
-        const int closing = std::exchange(value_, -1);
-        return closing < 0 || ::close(closing) == 0;
-    }
-
-private:
-    int value_;
-};
 
 bool fail(std::string* failure, const std::string& path) {
     if (failure) *failure = path + ": " + std::strerror(errno);
@@ -50,22 +33,47 @@ bool writeAll(int file, std::string_view content) {
     return true;
 }
 
-/// Where a path leads when its last component is a symbolic link; the path itself otherwise.
-std::string linkTarget(const std::string& path) {
-    const std::unique_ptr<char, void (*)(void*)> resolved(::realpath(path.c_str(), nullptr), std::free);
-    return resolved ? std::string(resolved.get()) : path;
-}
-
 std::string folderOf(const std::string& path) {
     const std::size_t slash = path.rfind('/');
     if (slash == path.npos) return ".";
     return slash == 0 ? "/" : path.substr(0, slash);
 }
 
-mode_t defaultMode() {
-    const mode_t mask = ::umask(0);
-    ::umask(mask);
-    return 0666 & ~mask;
+/// Where a path leads when its last component is a symbolic link, even one whose target is not there yet; the path
+/// itself otherwise. Nothing for links that lead to each other.
+std::optional<std::string> linkTarget(std::string path) {
+    constexpr int kMostLinks = 40;
+    for (int i = 0; i < kMostLinks; ++i) {
+        char content[PATH_MAX];
+        const ssize_t length = ::readlink(path.c_str(), content, sizeof content);
+        if (length <= 0 || length == sizeof content) return path;
+        const std::string target(content, static_cast<std::size_t>(length));
+        path = target.front() == '/' ? target : folderOf(path).append("/").append(target);
+    }
+    errno = ELOOP;
+    return std::nullopt;
+}
+
+/// A new file of a name that nothing has yet, with the permissions that new files get. The name is left in `path`.
+int createBeside(const std::string& target, std::string& path) {
+    constexpr int kTries = 100;
+    static std::atomic<unsigned> number = 0;
+    for (int i = 0; i < kTries; ++i) {
+        path = folderOf(target) + "/.velt-" + std::to_string(::getpid()) + "-" + std::to_string(++number);
+        const int file = ::open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, 0666);
+        if (file >= 0 || errno != EEXIST) return file;
+    }
+    return -1;
+}
+
+/// Gives a new file the owner and permissions of the one that it replaces. Only some may give files away; what counts
+/// are the permissions.
+bool keepPermissions(int file, const struct stat& old) {
+    struct stat fresh {};
+    if (::fstat(file, &fresh) != 0) return false;
+    if (fresh.st_gid != old.st_gid && ::fchown(file, static_cast<uid_t>(-1), old.st_gid) != 0) errno = 0;
+    if (fresh.st_uid != old.st_uid && ::fchown(file, old.st_uid, static_cast<gid_t>(-1)) != 0) errno = 0;
+    return ::fchmod(file, old.st_mode & 07777) == 0;
 }
 
 }  // namespace
@@ -97,7 +105,9 @@ std::optional<std::string> readFile(const std::string& path, std::string* failur
 }
 
 bool writeFileAtomically(const std::string& path, std::string_view content, std::string* failure) {
-    const std::string target = linkTarget(path);
+    const std::optional<std::string> followed = linkTarget(path);
+    if (!followed) return fail(failure, path);
+    const std::string& target = *followed;
     struct stat old {};
     const bool exists = ::stat(target.c_str(), &old) == 0;
     if (exists && !S_ISREG(old.st_mode)) {
@@ -107,11 +117,11 @@ bool writeFileAtomically(const std::string& path, std::string_view content, std:
     // A file that its owner made read-only is not replaced behind his back.
     if (exists && ::access(target.c_str(), W_OK) != 0) return fail(failure, path);
 
-    std::string temporary = folderOf(target) + "/.velt-XXXXXX";
-    Descriptor file(::mkostemp(temporary.data(), O_CLOEXEC));
+    const FileSizeSignal scope;
+    std::string temporary;
+    Descriptor file(createBeside(target, temporary));
     if (!file) return fail(failure, path);
-    const bool written = writeAll(file.value(), content) &&
-                         ::fchmod(file.value(), exists ? old.st_mode & 07777 : defaultMode()) == 0 &&
+    const bool written = writeAll(file.value(), content) && (!exists || keepPermissions(file.value(), old)) &&
                          ::fsync(file.value()) == 0 && file.close() && ::rename(temporary.c_str(), target.c_str()) == 0;
     if (!written) {
         const int reason = errno;
