@@ -29,9 +29,17 @@ template <class T> id boxResult(T&& result) {
         return VELT_ID(result);
 }
 
+/// A native parameter or field that has no nil: a number, a truth value or a structure.
+template <class T>
+inline constexpr bool kRejectsNil =
+    !std::is_same_v<std::remove_cvref_t<T>, id> && !IsRef<std::remove_cvref_t<T>>::value && !std::is_pointer_v<T>;
+
+/// A parameter while it waits for the call: a value passed by reference counts no owner.
+template <class A> using Unboxed = std::conditional_t<std::is_same_v<A, const id&>, const id&, std::remove_cvref_t<A>>;
+
 /// The native argument for a value, by the same conversions that the language uses; raises their cast failures.
 template <class T> T unboxArgument(const id& value) {
-    if constexpr (std::is_same_v<T, id>)
+    if constexpr (std::is_same_v<std::remove_cvref_t<T>, id>)
         return value;
     else if constexpr (std::is_same_v<T, bool> || std::is_same_v<T, signed char>)
         return static_cast<T>(VELT_CBOOL(value));
@@ -58,12 +66,16 @@ template <class T> T unboxArgument(const id& value) {
 }
 
 /// A class's own object behind a receiver that was found through the class's entry.
-template <class C> C& receiverAs(const id& receiver) { return *static_cast<C*>(receiver.object()); }
+template <class C> C& receiverAs(const id& receiver) {
+    assert(receiver.isObject());
+    return *static_cast<C*>(asObjectWord(receiver.word()));
+}
 
 template <class Pointer> struct MemberCall;
 
 template <class C, class R, class... A> struct MemberCall<R (C::*)(A...)> {
     static constexpr unsigned kArguments = sizeof...(A);
+    static constexpr bool kAllRejectNil = (kRejectsNil<A> && ...);
     template <class Pointer> static id call(const Method& method, const id& receiver, const id* arguments) {
         return spread<Pointer>(method, receiver, arguments, std::index_sequence_for<A...>());
     }
@@ -75,10 +87,12 @@ private:
         auto& object = receiverAs<C>(receiver);
         const auto member = method.target.as<Pointer>();
         // Braces: the conversions run from the first argument to the last.
-        std::tuple<std::remove_cvref_t<A>...> converted{unboxArgument<std::remove_cvref_t<A>>(arguments[I])...};
+        std::tuple<Unboxed<A>...> converted{unboxArgument<Unboxed<A>>(arguments[I])...};
         if constexpr (std::is_void_v<R>) {
             (object.*member)(std::get<I>(converted)...);
             return nil;
+        } else if constexpr (std::is_same_v<R, id>) {
+            return (object.*member)(std::get<I>(converted)...);
         } else {
             return boxResult((object.*member)(std::get<I>(converted)...));
         }
@@ -104,10 +118,13 @@ public:
     }
     /// A method of values that may live in the word: a function of the receiver and the arguments.
     ClassBuilder& method(std::string_view selector, id (*function)(const id& receiver, const id* arguments)) {
-        class_.add(Method{Selector::named(selector), Target::of(function),
-                          [](const Method& method, const id& receiver, const id* arguments) {
-                              return method.target.as<decltype(function)>()(receiver, arguments);
-                          }});
+        class_.add(Method{Selector::named(selector), Target::of(function), &callFunction});
+        return *this;
+    }
+
+    /// A method that the class itself answers; its receiver is the class's own value.
+    ClassBuilder& classMethod(std::string_view selector, id (*function)(const id& cls, const id* arguments)) {
+        class_.addClassMethod(Method{Selector::named(selector), Target::of(function), &callFunction});
         return *this;
     }
 
@@ -120,7 +137,8 @@ public:
                             },
                             [](const Property& property, const id& object, const id& value) {
                                 receiverAs<C>(object).*property.setter.as<Field C::*>() = unboxArgument<Field>(value);
-                            }});
+                            },
+                            kRejectsNil<Field>});
         class_.add(
             Method{Selector::named(key), Target::of(field), [](const Method& method, const id& object, const id*) {
                        return boxResult(receiverAs<C>(object).*method.target.as<Field C::*>());
@@ -136,14 +154,24 @@ public:
     template <class Getter, class Setter>
     requires std::is_member_function_pointer_v<Getter> && std::is_member_function_pointer_v<Setter> ClassBuilder&
     property(std::string_view key, Getter getter, Setter setter) {
-        addAccessors(key, getter, setter, callMember<Setter>);
+        addAccessors(key, getter, setter, callMember<Setter>, MemberCall<Setter>::kAllRejectNil);
         return method(key, getter).method(setterName(key), setter);
     }
     /// A read-only property, also a method of that name.
     template <class Getter>
     requires std::is_member_function_pointer_v<Getter> ClassBuilder& property(std::string_view key, Getter getter) {
-        addAccessors(key, getter, getter, nullptr);
+        addAccessors(key, getter, getter, nullptr, false);
         return method(key, getter);
+    }
+    /// A property whose value follows from others: who observes it hears of a change at any of those key paths.
+    ClassBuilder& keyPathsForValuesAffecting(std::string_view key, std::vector<std::string> keyPaths) {
+        class_.add(Dependency{std::string(key), std::move(keyPaths)});
+        return *this;
+    }
+    /// Values by key come from these functions, for a class that holds values under keys of their own.
+    ClassBuilder& keyAccess(const KeyAccess& access) {
+        class_.setKeyAccess(access);
+        return *this;
     }
     /// A field that holds an owned value which is not reached by key. Fields of other types own nothing.
     template <class C, class Field> ClassBuilder& owns(Field C::*field) {
@@ -156,18 +184,21 @@ public:
     }
 
 private:
+    static id callFunction(const Method& method, const id& receiver, const id* arguments) {
+        return method.target.as<id (*)(const id&, const id*)>()(receiver, arguments);
+    }
     template <class Setter> static void callMember(const Property& property, const id& object, const id& value) {
         MemberCall<Setter>::template call<Setter>(Method{Selector(), property.setter, nullptr}, object, &value);
     }
     template <class Getter, class Setter>
     void addAccessors(std::string_view key, Getter getter, Setter setter,
-                      void (*set)(const Property&, const id&, const id&)) {
+                      void (*set)(const Property&, const id&, const id&), bool rejectsNil) {
         class_.add(Property{std::string(key), Target::of(getter), Target::of(setter),
                             [](const Property& property, const id& object) {
                                 return MemberCall<Getter>::template call<Getter>(
                                     Method{Selector(), property.getter, nullptr}, object, nullptr);
                             },
-                            set});
+                            set, rejectsNil});
     }
 
     Class& class_;

@@ -1,5 +1,6 @@
 #include "VELTRuntime/platform/object/class.h"
 
+#include "VELTRuntime/platform/object/class_object.h"
 #include "VELTRuntime/platform/object/exception.h"
 #include "VELTRuntime/platform/object/message.h"
 #include "VELTRuntime/values/number.h"
@@ -120,7 +121,7 @@ void Class::flatten() {
         const std::size_t mask = methodTable_.size() - 1;
         std::size_t at = method->selector.hash() & mask;
         while (methodTable_[at].method && methodTable_[at].selector != method->selector) at = (at + 1) & mask;
-        methodTable_[at] = {method->selector, method};
+        methodTable_[at] = {method->selector, method, type_};
     };
     if (superclass_) {
         for (const MethodSlot& slot : superclass_->methodTable_) {
@@ -128,15 +129,42 @@ void Class::flatten() {
         }
     }
     for (const Method& method : ownMethods_) place(&method);
+
+    if (superclass_ && !keyAccess_.get) keyAccess_ = superclass_->keyAccess_;
+    methodMask_ = methodTable_.size() - 1;
+    methodSlots_.store(methodTable_.data(), std::memory_order_release);
 }
 
-const Method* Class::method(Selector selector) const {
+const MethodSlot* Class::describedSlots() const {
     ensureDescribed();
-    const std::size_t mask = methodTable_.size() - 1;
-    for (std::size_t at = selector.hash() & mask; methodTable_[at].method; at = (at + 1) & mask) {
-        if (methodTable_[at].selector == selector) return methodTable_[at].method;
+    return methodTable_.data();
+}
+
+const Method* Class::classMethod(Selector selector) const {
+    for (const Class* cls = this; cls; cls = cls->superclass_) {
+        cls->ensureDescribed();
+        for (const Method& method : cls->classMethods_) {
+            if (method.selector == selector) return &method;
+        }
     }
     return nullptr;
+}
+
+std::vector<std::string> Class::keyPathsAffecting(std::string_view key) const {
+    ensureDescribed();
+    std::vector<std::string> keyPaths;
+    for (const Class* cls = this; cls; cls = cls->superclass_) {
+        for (const Dependency& dependency : cls->dependencies_) {
+            if (dependency.key != key) continue;
+            keyPaths.insert(keyPaths.end(), dependency.keyPaths.begin(), dependency.keyPaths.end());
+        }
+    }
+    return keyPaths;
+}
+
+const id& Class::object() const {
+    std::call_once(objectMade_, [this] { object_ = make<ClassObject>(*this); });
+    return object_;
 }
 
 const Property* Class::property(std::string_view key) const {
@@ -160,6 +188,8 @@ id Class::newObject() const {
 void Class::add(Method method) { ownMethods_.push_back(method); }
 void Class::add(Property property) { ownProperties_.push_back(std::move(property)); }
 void Class::add(OwnedField field) { ownFields_.push_back(field); }
+void Class::add(Dependency dependency) { dependencies_.push_back(std::move(dependency)); }
+void Class::addClassMethod(Method method) { classMethods_.push_back(method); }
 
 Class* classOf(const id& value) {
     if (NSObject* object = value.object()) return &object->isa();

@@ -6,6 +6,7 @@
 #include "VELTRuntime/platform/object/selector.h"
 
 #include <array>
+#include <atomic>
 #include <cstring>
 #include <mutex>
 #include <span>
@@ -48,12 +49,34 @@ struct Property {
     Target setter;
     id (*get)(const Property&, const id& object);
     void (*set)(const Property&, const id& object, const id& value);
+    /// The setter takes a number or a structure, which nil is not.
+    bool rejectsNil = false;
+};
+
+/// How a class that holds values of its own finds them by key, in place of its properties and methods.
+struct KeyAccess {
+    id (*get)(const id& object, std::string_view key);
+    void (*set)(const id& object, std::string_view key, const id& value);
+};
+
+/// A key whose value follows from values at other key paths of the same object.
+struct Dependency {
+    std::string key;
+    std::vector<std::string> keyPaths;
 };
 
 /// One field that holds an owned value.
 struct OwnedField {
     Target field;
     void (*visit)(const OwnedField&, NSObject& object, OwnedVisitor& visitor);
+};
+
+/// One row of a class's method table. It says of which C++ type the class is, so that a row alone tells whether it
+/// serves an object.
+struct MethodSlot {
+    Selector selector;
+    const Method* method;
+    const std::type_info* type;
 };
 
 /// The entry of one class. Entries live as long as the process.
@@ -80,12 +103,33 @@ public:
         return isDeepKindOf(other);
     }
 
-    /// The method of that selector, own or inherited, or null.
-    const Method* method(Selector selector) const;
+    /// The method of that selector, own or inherited, or null. Takes no lock.
+    const Method* method(Selector selector) const { return methodSlot(selector).method; }
+    /// The row of that method; it has no method when there is none.
+    const MethodSlot& methodSlot(Selector selector) const {
+        const MethodSlot* slots = methodSlots_.load(std::memory_order_acquire);
+        if (VELT_UNLIKELY(!slots)) slots = describedSlots();
+        for (std::size_t at = selector.hash() & methodMask_;; at = (at + 1) & methodMask_) {
+            if (VELT_LIKELY(slots[at].selector == selector) || !slots[at].method) return slots[at];
+        }
+    }
+    /// The method of that selector that the class itself answers, own or inherited, or null.
+    const Method* classMethod(Selector selector) const;
     /// The property of that key (UTF-8), own or inherited, or null.
     const Property* property(std::string_view key) const;
+    /// How values are found by key; null members for properties and methods.
+    const KeyAccess& keyAccess() const {
+        if (VELT_UNLIKELY(!methodSlots_.load(std::memory_order_acquire))) describedSlots();
+        return keyAccess_;
+    }
+    /// The key paths from which the value under a key follows, by this class and its superclasses.
+    std::vector<std::string> keyPathsAffecting(std::string_view key) const;
+    /// The class as a value: it answers class methods and makes objects. One object a class.
+    const id& object() const;
     /// Shows the visitor the registered fields of this class and its superclasses.
     void visitOwnedFields(NSObject& object, OwnedVisitor& visitor) const;
+    /// Objects of the class can be made without arguments.
+    bool canMakeObjects() const { return factory_ != nullptr; }
     /// A new object made without arguments; raises "NSInvalidArgumentException" when the class cannot make one.
     id newObject() const;
 
@@ -93,6 +137,9 @@ public:
     void add(Method method);
     void add(Property property);
     void add(OwnedField field);
+    void add(Dependency dependency);
+    void addClassMethod(Method method);
+    void setKeyAccess(const KeyAccess& access) { keyAccess_ = access; }
 
     Class(const Class&) = delete;
     Class& operator=(const Class&) = delete;
@@ -105,13 +152,9 @@ public:
 
 private:
     static constexpr unsigned kDisplay = 12;
-    struct MethodSlot {
-        Selector selector;
-        const Method* method;
-    };
-
     bool isDeepKindOf(const Class& other) const;
     void ensureDescribed() const;
+    const MethodSlot* describedSlots() const;
     void flatten();
 
     std::string name_;
@@ -127,7 +170,14 @@ private:
     std::vector<Method> ownMethods_;
     std::vector<Property> ownProperties_;
     std::vector<OwnedField> ownFields_;
+    std::vector<Method> classMethods_;
+    std::vector<Dependency> dependencies_;
+    KeyAccess keyAccess_{};
     std::vector<MethodSlot> methodTable_;  // open addressing, own and inherited
+    std::size_t methodMask_ = 0;
+    std::atomic<const MethodSlot*> methodSlots_{nullptr};  // the table, once it is complete
+    mutable std::once_flag objectMade_;
+    mutable id object_;
     std::unordered_map<std::string_view, const Property*> properties_;
 };
 

@@ -1,6 +1,6 @@
 #include "VELTRuntime/platform/object/cycles.h"
 
-#include "VELTRuntime/platform/object/class.h"
+#include "VELTRuntime/platform/object/attached_table.h"
 #include "VELTRuntime/platform/object/ownership.h"
 
 #include <algorithm>
@@ -13,8 +13,8 @@ namespace {
 
 enum class Colour : std::uint64_t { Black, Gray, White, Garbage };
 
-/// Places in the candidate list are 24 bits of the head; what finds the list full is noted again at a later drop.
-constexpr std::size_t kMostCandidates = (std::size_t{1} << 24) - 2;
+/// Places in the candidate list are 23 bits of the head; what finds the list full is noted again at a later drop.
+constexpr std::size_t kMostCandidates = (std::size_t{1} << 23) - 2;
 constexpr std::size_t kLeastThreshold = 10'000;
 
 struct Collector {
@@ -94,6 +94,7 @@ template <class F> void forEachOwned(NSObject* object, F&& function) {
         F& function;
     } visitor(function);
     object->visitOwned(visitor);
+    if (object->isAttached()) visitAttached(object, visitor);
 }
 
 struct EmptyingVisitor final : OwnedVisitor {
@@ -223,7 +224,10 @@ std::size_t collectCycles() {
     }
     const std::size_t freed = garbage.size();
     EmptyingVisitor emptying;
-    for (const id& object : garbage) object.object()->visitOwned(emptying);
+    for (const id& object : garbage) {
+        object.object()->visitOwned(emptying);
+        if (object.object()->isAttached()) visitAttached(object.object(), emptying);
+    }
     garbage.clear();
     const std::lock_guard lock(all.mutex);
     all.collecting = false;

@@ -59,8 +59,7 @@ std::terminate_handler previousHandler = nullptr;
         try {
             std::rethrow_exception(current);
         } catch (const NSException&) {
-            reportCurrentException();
-            std::_Exit(EXIT_FAILURE);
+            velt::endWithCurrentException();
         } catch (...) {
         }
     }
@@ -90,6 +89,11 @@ void reportCurrentException() noexcept {
         writeReport(
             located(META_acCurrentFile, META_acCurrentScope, META_acCurrentLine, "an exception of unknown type"));
     }
+}
+
+void endWithCurrentException() noexcept {
+    reportCurrentException();
+    std::_Exit(EXIT_FAILURE);
 }
 
 int runProgram(int (*program)(int, char**), int argumentCount, char** arguments) {

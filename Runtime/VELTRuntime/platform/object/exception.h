@@ -52,6 +52,8 @@ inline constexpr std::string_view kInternalInconsistencyException = "NSInternalI
 VELT_EXPORT std::string reportText(const NSException& exception);
 /// Writes the exception being handled to standard error; call it inside a catch clause.
 VELT_EXPORT void reportCurrentException() noexcept;
+/// The same, and ends the process with a failure status: nobody is there to catch it.
+[[noreturn]] VELT_EXPORT void endWithCurrentException() noexcept;
 
 /// Runs a program's main function. An exception that leaves it is reported on standard error and gives a failure
 /// status. Returns the status for the operating system.

@@ -1,18 +1,14 @@
 #include "VELTRuntime/platform/object/message.h"
 
+#include "VELTRuntime/platform/object/class_object.h"
 #include "VELTRuntime/platform/object/exception.h"
+#include "VELTRuntime/platform/object/observing.h"
 #include "VELTRuntime/values/number.h"
 #include "VELTRuntime/values/string.h"
 
 namespace velt {
 
 namespace {
-
-constexpr std::string_view kUnknownKeyException = "NSUnknownKeyException";
-
-[[noreturn]] void raiseUnknownKey(const id& object, std::string_view key) {
-    raise(kUnknownKeyException, "'" + classOf(object)->name() + "' has no value for key '" + std::string(key) + "'");
-}
 
 [[noreturn]] void raiseArgumentCount(const id& receiver, Selector selector, std::size_t given) {
     raise(kInvalidArgumentException, "'" + selector.name() + "' of '" + classOf(receiver)->name() + "' takes " +
@@ -28,18 +24,55 @@ void raiseNotUnderstood(const id& receiver, std::string_view selector) {
                                          std::string(selector) + "'");
 }
 
-id sendMessage(const id& receiver, Selector selector, std::span<const id> arguments) {
+namespace {
+
+/// The key that a setter's message changes: "key" for "setKey:", or as it is written when only that is a property.
+std::string changedKey(const Class& cls, std::string_view suffix) {
+    std::string key(suffix);
+    if (key[0] >= 'A' && key[0] <= 'Z') key[0] = static_cast<char>(key[0] - 'A' + 'a');
+    return !cls.property(key) && cls.property(suffix) ? std::string(suffix) : key;
+}
+
+const Method* methodOf(const id& receiver, const Class& cls, Selector selector) {
+    if (const Method* method = cls.method(selector)) return method;
+    return is<ClassObject>(receiver) ? as<ClassObject>(receiver)->represented().classMethod(selector) : nullptr;
+}
+
+}  // namespace
+
+id slowSendMessage(const id& receiver, Selector selector, std::span<const id> arguments) {
     const Class* cls = classOf(receiver);
     if (!cls) return nil;
-    const Method* method = cls->method(selector);
+    const Method* method = methodOf(receiver, *cls, selector);
     if (!method) raiseNotUnderstood(receiver, selector.name());
     if (arguments.size() != selector.argumentCount()) raiseArgumentCount(receiver, selector, arguments.size());
-    return method->call(*method, receiver, arguments.data());
+    NSObject* object = receiver.object();
+    const std::string_view suffix = selector.setterSuffix();
+    if (suffix.empty() || !object || !object->isAttached()) return method->call(*method, receiver, arguments.data());
+    id result;
+    changeValue(*object, changedKey(*cls, suffix), [&] { result = method->call(*method, receiver, arguments.data()); });
+    return result;
+}
+
+Selector MessageSite::registered() const {
+    const Selector selector = Selector::named(name_);
+    selector_.store(selector, std::memory_order_release);
+    return selector;
+}
+
+id MessageSite::sendAnew(const id& receiver, std::span<const id> arguments) const {
+    const Selector selector = *this;
+    if (const NSObject* object = receiver.object()) {
+        const MethodSlot& slot = object->isa().methodSlot(selector);
+        // A class of C++ without an entry of its own shares its superclass's rows: they do not name its type.
+        if (slot.method && slot.type == &typeid(*object)) slot_.store(&slot, std::memory_order_release);
+    }
+    return slowSendMessage(receiver, selector, arguments);
 }
 
 bool respondsTo(const id& receiver, Selector selector) {
     const Class* cls = classOf(receiver);
-    return cls && cls->method(selector);
+    return cls && methodOf(receiver, *cls, selector);
 }
 
 id description(const id& value) {
@@ -62,28 +95,6 @@ std::size_t hash(const id& value) {
 id copy(const id& value) {
     NSObject* object = value.object();
     return object ? object->copy() : value;
-}
-
-id valueForKey(const id& object, std::string_view key) {
-    const Class* cls = classOf(object);
-    if (!cls) return nil;
-    if (const Property* property = cls->property(key)) return property->get(*property, object);
-    if (const Method* method = cls->method(Selector::named(key)); method && key.find(':') == key.npos) {
-        return method->call(*method, object, nullptr);
-    }
-    raiseUnknownKey(object, key);
-}
-
-void setValueForKey(const id& object, std::string_view key, const id& value) {
-    const Class* cls = classOf(object);
-    if (!cls) return;
-    if (const Property* property = cls->property(key); property && property->set) {
-        property->set(*property, object, value);
-        return;
-    }
-    const Method* method = key.empty() ? nullptr : cls->method(Selector::named(setterName(key)));
-    if (!method) raiseUnknownKey(object, key);
-    method->call(*method, object, &value);
 }
 
 }  // namespace velt

@@ -1,10 +1,14 @@
 #include "VELTRuntime/platform/object/object.h"
 
-#include "VELTRuntime/platform/object/class.h"
+#include "VELTRuntime/platform/object/attached_table.h"
+#include "VELTRuntime/platform/object/class_object.h"
 #include "VELTRuntime/platform/object/cycles.h"
+#include "VELTRuntime/platform/object/departures.h"
 #include "VELTRuntime/platform/object/exception.h"
 #include "VELTRuntime/platform/object/message.h"
+#include "VELTRuntime/platform/object/observing.h"
 #include "VELTRuntime/platform/object/ownership.h"
+#include "VELTRuntime/platform/object/value_binding.h"
 #include "VELTRuntime/values/string.h"
 
 #include <cstdio>
@@ -39,17 +43,11 @@ void NSObject::describe(velt::ClassBuilder<NSObject>& c) {
         .method("description", [](const id& self, const id*) { return velt::description(self); })
         .method("copy", [](const id& self, const id*) { return velt::copy(self); })
         .method("isEqual:", [](const id& self, const id* a) { return boxResult(velt::isEqual(self, a[0])); })
-        .method("hash", [](const id& self, const id*) { return boxResult(velt::hash(self)); })
-        .method("className", [](const id& self, const id*) { return string(classOf(self)->name()); })
-        .method("respondsToSelector:",
-                [](const id& self, const id* a) {
-                    return boxResult(velt::respondsTo(self, Selector::named(utf8(VELT_CSTRING(a[0])))));
-                })
-        .method("valueForKey:", [](const id& self, const id* a) { return valueForKey(self, utf8(VELT_CSTRING(a[0]))); })
-        .method("setValue:forKey:", [](const id& self, const id* a) {
-            setValueForKey(self, utf8(VELT_CSTRING(a[1])), a[0]);
-            return id();
-        });
+        .method("hash", [](const id& self, const id*) { return boxResult(velt::hash(self)); });
+    describeReflection(c);
+    describeKeyValueCoding(c);
+    describeKeyValueObserving(c);
+    describeValueBindings(c);
 }
 
 namespace velt {
@@ -103,6 +101,10 @@ void releaseObject(Word word) noexcept {
 void destroyObject(NSObject* object) noexcept {
     const std::uint64_t head = HeadAccess::of(object).load(std::memory_order_relaxed);
     const auto kind = static_cast<Kind>(head & ObjectHead::kKindMask);
+    // Not once more when its own destructor took and dropped a reference.
+    if (VELT_UNLIKELY((head & (ObjectHead::kWatched | ObjectHead::kDestroying)) == ObjectHead::kWatched)) {
+        announceDeparture(object);
+    }
     if (kind == Kind::String) {
         delete static_cast<NSMutableString*>(object);  // the one class of strings: no virtual call
         return;

@@ -25,9 +25,9 @@ enum class Kind : std::uint8_t {
     Number,
     Structure,
     String,
-    AttributedString,
     Data,
     MutableData,
+    AttributedString,
     Array,
     MutableArray,
     Dictionary,
@@ -39,15 +39,19 @@ enum class Kind : std::uint8_t {
 ///   bits  0-3   Kind
 ///   bits  4-5   colour, used by the cycle collector while it runs
 ///   bit   6     the object is being destroyed
-///   bits  8-31  the object's place among the collector's candidates plus one; 0 when it is not a candidate
+///   bit   7     changes of the object may have to be told to observers (attached_table.h)
+///   bits  8-30  the object's place among the collector's candidates plus one; 0 when it is not a candidate
+///   bit  31     others want to know when the object goes (departures.h)
 ///   bits 32-63  number of owners
 struct ObjectHead {
     static constexpr std::uint64_t kKindMask = 0xF;
     static constexpr unsigned kColourShift = 4;
     static constexpr std::uint64_t kColourMask = std::uint64_t{3} << kColourShift;
     static constexpr std::uint64_t kDestroying = std::uint64_t{1} << 6;
+    static constexpr std::uint64_t kAttached = std::uint64_t{1} << 7;
     static constexpr unsigned kPlaceShift = 8;
-    static constexpr std::uint64_t kPlaceMask = std::uint64_t{0xFFFFFF} << kPlaceShift;
+    static constexpr std::uint64_t kPlaceMask = std::uint64_t{0x7FFFFF} << kPlaceShift;
+    static constexpr std::uint64_t kWatched = std::uint64_t{1} << 31;
     static constexpr std::uint64_t kOneOwner = std::uint64_t{1} << 32;
 };
 
@@ -83,6 +87,10 @@ public:
 
     velt::Kind kind() const noexcept {
         return static_cast<velt::Kind>(head_.load(std::memory_order_relaxed) & velt::ObjectHead::kKindMask);
+    }
+    /// Observers may have to hear of changes; false for nearly every object, and then a change costs this test.
+    bool isAttached() const noexcept {
+        return VELT_UNLIKELY(head_.load(std::memory_order_relaxed) & velt::ObjectHead::kAttached);
     }
     /// Number of owners at this moment; for tests and diagnostics.
     std::uint32_t ownerCount() const noexcept {

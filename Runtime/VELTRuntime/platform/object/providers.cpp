@@ -56,7 +56,10 @@ void provide(const Providers& given) {
     if (given.attributedStringFromHtml) all.attributedStringFromHtml = given.attributedStringFromHtml;
     if (given.soundAlert) all.soundAlert = given.soundAlert;
     if (given.visibleScreenFrame) all.visibleScreenFrame = given.visibleScreenFrame;
+    if (given.makeMainLoopDriver) all.makeMainLoopDriver = given.makeMainLoopDriver;
 }
+
+const Providers& availableProviders() { return state().providers; }
 
 const Providers& providers() {
     std::call_once(state().loaded, load);

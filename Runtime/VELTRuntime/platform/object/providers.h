@@ -4,9 +4,13 @@
 
 #include "VELTRuntime/values/structures.h"
 
+#include <memory>
 #include <string>
 
 namespace velt {
+
+class LoopDriver;
+struct LoopCalls;
 
 /// The services of the library with windows.
 struct Providers {
@@ -18,6 +22,8 @@ struct Providers {
     bool (*soundAlert)();
     /// The main screen without panels, y upward; the zero rectangle when there is no screen.
     NSRect (*visibleScreenFrame)();
+    /// Makes the application object when there is none, and what waits within its event loop (loop_driver.h).
+    std::unique_ptr<LoopDriver> (*makeMainLoopDriver)(LoopCalls calls);
 };
 
 /// Hands services over; null members leave what was there.
@@ -25,6 +31,9 @@ VELT_EXPORT void provide(const Providers& providers);
 
 /// The services, after loading the library with windows if it was not. Members are null when it does not give them.
 VELT_EXPORT const Providers& providers();
+
+/// The services that were handed over up to now; loads nothing.
+VELT_EXPORT const Providers& availableProviders();
 
 /// Raises "VLException": what was asked for needs the library with windows, and why that was not to be had.
 [[noreturn]] VELT_EXPORT void raiseNotProvided(const char* what);

@@ -32,12 +32,23 @@ Selector Selector::named(std::string_view name) {
     return Selector(&row);
 }
 
+Selector Selector::existing(std::string_view name) {
+    SelectorTable& all = table();
+    const std::lock_guard lock(all.mutex);
+    const auto found = all.byName.find(name);
+    return found == all.byName.end() ? Selector() : Selector(found->second);
+}
+
 const std::string& Selector::name() const {
     static const std::string& none = *new std::string;
     return row_ ? row_->name : none;
 }
 
-unsigned Selector::argumentCount() const { return row_ ? row_->argumentCount : 0; }
+std::string_view Selector::setterSuffix() const {
+    const std::string_view whole = name();
+    const bool isSetter = argumentCount() == 1 && whole.size() > 4 && whole.starts_with("set") && whole.ends_with(':');
+    return isSetter ? whole.substr(3, whole.size() - 4) : std::string_view();
+}
 
 std::string setterName(std::string_view key) {
     std::string name = "set";
