@@ -8,6 +8,7 @@ import shutil
 import statistics
 import subprocess
 import sys
+import tempfile
 
 HERE = os.path.dirname(os.path.abspath(__file__))
 
@@ -17,12 +18,27 @@ GOALS = [("integer_loop", "lua5.4", 5.0), ("integer_loop", "luajit", 1 / 3.0), (
          ("concatenation", "lua5.4", 1.0), ("start", "plain C++", 1 / 5.0)]
 STRING_WORKS = ["left", "mid", "instr", "count", "count_ignoring_case", "replace", "replace_ignoring_case", "split", "join"]
 GOALS += [(work, peer, 1.0) for work in STRING_WORKS for peer in ("lua5.4", "python3", "node")]
+PLIST_WORKS = ["plist_write_xml", "plist_write_binary", "plist_read_xml", "plist_read_binary"]
+GOALS += [(work, "python3", 5.0) for work in PLIST_WORKS]
+GOALS += [(work + "_memory", "python3", 1.0) for work in PLIST_WORKS]
 SCALES = {("python3", "integer_loop"): 10}  # its program makes a tenth of the turns
 
 
 def lines_of(command):
     output = subprocess.run(command, check=True, capture_output=True, text=True).stdout
     return [line.split() for line in output.splitlines()]
+
+
+def property_lists(name, command, times, checks):
+    """Each form and direction in a run of its own, for the sake of its peak memory; reading takes what was written."""
+    with tempfile.TemporaryDirectory() as folder:
+        for direction in ("write", "read"):
+            for form in ("xml", "binary"):
+                rows = lines_of(command + [direction, form, f"{folder}/{form}"])
+                (work, seconds, check), (_, kilobytes) = rows
+                times.setdefault((work, name), []).append(float(seconds))
+                times.setdefault((work + "_memory", name), []).append(float(kilobytes) / 1e6)
+                checks.setdefault(work, {})[name] = float(check)
 
 
 def main():
@@ -38,6 +54,9 @@ def main():
             starts[peer] = [peer, nothing.strip(), ""]
         else:
             print(f"{peer} is not installed and is left out")
+    lists = {"VELTRuntime": [f"{folder}/Benchmarks/programs/property_lists"]}
+    if "python3" in programs:
+        lists["python3"] = ["python3", f"{HERE}/peers/property_lists.py"]
     times, checks = {}, {}
     for turn in range(rounds):
         for name, command in programs.items():
@@ -47,6 +66,8 @@ def main():
                 times.setdefault((work, name), []).append(float(seconds) * scale)
                 if scale == 1:
                     checks.setdefault(work, {})[name] = float(check)
+        for name, command in lists.items():
+            property_lists(name, command, times, checks)
         for name, command in starts.items():
             seconds = lines_of([f"{folder}/Benchmarks/plain/start_timer", "40"] + command)[0][0]
             times.setdefault(("start", name), []).append(float(seconds))
@@ -60,7 +81,7 @@ def main():
     rows = ["| work | " + " | ".join(names) + " |", "| --- |" + " ---: |" * len(names)]
     for work in works:
         own = medians[(work, "VELTRuntime")]
-        cells = [f"{own * 1000:.2f} ms"]
+        cells = [f"{own * 1000:.2f} {'MB' if work.endswith('_memory') else 'ms'}"]
         cells += [f"{medians[(work, n)] / own:.2f}" if (work, n) in medians else "" for n in names[1:]]
         rows.append(f"| {work} | " + " | ".join(cells) + " |")
     table = "\n".join(rows)

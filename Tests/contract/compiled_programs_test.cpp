@@ -1,7 +1,9 @@
 // The C++ that Documentation/compiled-programs.md shows, compiled and run. The last test holds the two together.
 #include "VELTRuntime/VELTRuntime.h"
 
+#include "support/processes.h"
 #include <fstream>
+
 #include <gtest/gtest.h>
 #include <iterator>
 #include <sstream>
@@ -312,6 +314,49 @@ TEST(CompiledExceptions, AreCaughtAndRaisedWithTheirPlace) {
         EXPECT_EQ(failure.reason(), "/no/such/file: ReadString failed");
         EXPECT_EQ(velt::reportText(failure), "read.bas:6: in LengthOf: ReadFailure: /no/such/file: ReadString failed");
     }
+}
+
+class Member : public NSObject {
+    VELT_OBJECT(Member, NSObject)
+
+public:
+    id name, friends = velt::make<NSMutableArray>();
+
+    id encodeWithCoder(id coder) {
+        VELTS("club.bas", "Member.EncodeWithCoder", "5", "");
+        VELT_NSOBJECT_PERFORMSELECTOR2(coder, "encodeObject:forKey:"_v, name, "name"_v);
+        VELTS("club.bas", "Member.EncodeWithCoder", "6", "");
+        return VELT_NSOBJECT_PERFORMSELECTOR2(coder, "encodeObject:forKey:"_v, friends, "friends"_v);
+    }
+    void initWithCoder(id coder) {
+        VELTS("club.bas", "Member.InitWithCoder", "9", "");
+        name = VELT__STRING(VELT_NSOBJECT_PERFORMSELECTOR1(coder, "decodeObjectForKey:"_v, "name"_v));
+        VELTS("club.bas", "Member.InitWithCoder", "10", "");
+        friends = VELT__NSMUTABLEARRAY(VELT_NSOBJECT_PERFORMSELECTOR1(coder, "decodeObjectForKey:"_v, "friends"_v));
+    }
+
+    static void describe(velt::ClassBuilder<Member>& c) {
+        c.property("name", &Member::name)
+            .property("friends", &Member::friends)
+            .method("encodeWithCoder:", &Member::encodeWithCoder)
+            .method("initWithCoder:", &Member::initWithCoder);
+    }
+};
+
+TEST(CompiledArchives, KeepMembersWhoKnowEachOther) {
+    const velt::test::TemporaryFolder folder;
+    const id path = velt::string(folder.file("club"));
+    const velt::Ref<Member> ann = velt::make<Member>(), ben = velt::make<Member>();
+    ann->name = "Ann"_v;
+    ben->name = "Ben"_v;
+    VELT_NSMUTABLEARRAY_APPEND(ann->friends, ben);
+    VELT_NSMUTABLEARRAY_APPEND(ben->friends, ann);
+    ASSERT_TRUE(VELT_CBOOL(VELT_WRITEKEYEDARCHIVE(ann, path)));
+    const id read = VELT_READKEYEDARCHIVE(path);
+    const id other = VELT_NSMUTABLEARRAY_OBJECT(VELT_PROPERTY(read, "friends"_v), VELT_ID(0L));
+    EXPECT_EQ(velt::utf8(VELT_PROPERTY(other, "name"_v)), "Ben");
+    EXPECT_TRUE(
+        VELT_CBOOL(VELT_EQUALEQUAL(read, VELT_NSMUTABLEARRAY_OBJECT(VELT_PROPERTY(other, "friends"_v), VELT_ID(0L)))));
 }
 
 TEST(CompiledThreads, ShareValuesWhileAScopeSaysSo) {

@@ -1,6 +1,10 @@
 #include "VELTRuntime/values/load_state.h"
 
-#include "VELTRuntime/platform/foundation/services.h"
+#include "VELTRuntime/platform/foundation/bundle.h"
+#include "VELTRuntime/platform/foundation/file_manager.h"
+#include "VELTRuntime/platform/foundation/notification_center.h"
+#include "VELTRuntime/platform/foundation/process_info.h"
+#include "VELTRuntime/platform/foundation/user_defaults.h"
 #include "VELTRuntime/values/boxing.h"
 
 id VELT_id_NSPROCESSINFO(&NSProcessInfo::processInfo());

@@ -1,6 +1,6 @@
 // Conversions to attributed strings and images.
 #include "VELTRuntime/platform/foundation/attributed_string.h"
-#include "VELTRuntime/platform/foundation/services.h"
+#include "VELTRuntime/platform/foundation/bundle.h"
 #include "VELTRuntime/platform/object/class.h"
 #include "VELTRuntime/platform/object/exception.h"
 #include "VELTRuntime/platform/object/providers.h"

@@ -1,4 +1,4 @@
-#include "VELTRuntime/platform/foundation/services.h"
+#include "VELTRuntime/platform/foundation/bundle.h"
 
 #include "support/processes.h"
 #include "support/values.h"

@@ -1,9 +1,11 @@
 #include "VELTRuntime/platform/foundation/array.h"
 
+#include "VELTRuntime/platform/foundation/collection_operators.h"
 #include "VELTRuntime/platform/foundation/collection_text.h"
 #include "VELTRuntime/platform/object/class.h"
 #include "VELTRuntime/platform/object/exception.h"
 #include "VELTRuntime/platform/object/message.h"
+#include "VELTRuntime/platform/object/observing.h"
 #include "VELTRuntime/values/string.h"
 
 velt::Class& NSArray::entry() {
@@ -77,17 +79,77 @@ void NSMutableArray::raiseNilElement(const char* operation) {
 void NSMutableArray::insert(const id& value, long position) {
     requireElement(value, "insertObject:atIndex:");
     if (static_cast<std::size_t>(position) > count()) raiseOutOfRange("insertObject:atIndex:", position);
+    if (isAttached()) return insertObserved(value, static_cast<std::size_t>(position));
     values_.insert(static_cast<std::size_t>(position), value);
+}
+
+void NSMutableArray::insertObserved(const id& value, std::size_t position) {
+    velt::changeElements(*this, velt::ChangeKind::Insertion, {position, 1}, [&] {
+        // Who was told before the change may have changed the array.
+        if (position > count()) raiseOutOfRange("insertObject:atIndex:", static_cast<long>(position));
+        values_.insert(position, value);
+    });
+}
+
+void NSMutableArray::replaceObserved(std::size_t position, const id& value) {
+    id dropped;
+    velt::changeElements(*this, velt::ChangeKind::Replacement, {position, 1}, [&] {
+        if (position >= count()) raiseOutOfRange("replaceObjectAtIndex:withObject:", static_cast<long>(position));
+        dropped = std::exchange(values_[position], value);
+    });
+}
+
+void NSMutableArray::appendAll(const NSArray& other) {
+    velt::changeElements(*this, velt::ChangeKind::Insertion, {count(), other.count()},
+                         [&] { NSArray::append(other.items()); });
 }
 
 void NSMutableArray::remove(long position) {
     if (static_cast<std::size_t>(position) >= count()) raiseOutOfRange("removeObjectAtIndex:", position);
-    const id dropped = values_.remove(static_cast<std::size_t>(position));
+    id dropped;
+    const auto at = static_cast<std::size_t>(position);
+    velt::changeElements(*this, velt::ChangeKind::Removal, {at, 1}, [&] {
+        if (at >= count()) raiseOutOfRange("removeObjectAtIndex:", position);
+        dropped = values_.remove(at);
+    });
 }
+
+void NSMutableArray::removeAll() {
+    velt::changeElements(*this, velt::ChangeKind::Removal, {0, count()}, [&] { values_.clear(); });
+}
+
+namespace velt {
+
+namespace {
+
+/// Each element's value under the key; an element without one leaves no place.
+id elementValues(const id& self, std::string_view key) {
+    if (key.starts_with('@')) return collectionValue(self, key, {});
+    const NSArray* array = arrayOf(self);
+    Ref<NSMutableArray> values = make<NSMutableArray>();
+    for (std::size_t i = 0; i < array->count(); ++i) {
+        const id element = array->items()[i];
+        if (const id value = valueForKey(element, key)) values->append(value);
+    }
+    return values;
+}
+
+void setElementValues(const id& self, std::string_view key, const id& value) {
+    const NSArray* array = arrayOf(self);
+    for (std::size_t i = 0; i < array->count(); ++i) {
+        const id element = array->items()[i];
+        setValueForKey(element, key, value);
+    }
+}
+
+}  // namespace
+
+}  // namespace velt
 
 void NSArray::describe(velt::ClassBuilder<NSArray>& c) {
     using namespace velt;
-    c.property("count", &NSArray::count)
+    c.keyAccess({elementValues, setElementValues})
+        .property("count", &NSArray::count)
         .method("objectAtIndex:", &NSArray::at)
         .method("indexOfObject:", &NSArray::indexOf)
         .method("containsObject:",

@@ -7,6 +7,10 @@
 #include <string>
 #include <vector>
 
+namespace velt {
+struct UnarchivedFill;
+}
+
 /// Text with attributes that does not change.
 class VELT_EXPORT NSAttributedString : public NSObject {
 public:
@@ -36,7 +40,17 @@ public:
     id attributesAt(long position) const;
     static void describe(velt::ClassBuilder<NSAttributedString>& c);
 
+    /// Calls a function with begin, end and attributes (a dictionary or nil) of every run in order.
+    template <class F> void forEachRun(F&& function) const {
+        std::size_t begin = 0;
+        for (const Run& run : runs_) {
+            function(begin, run.end, run.attributes);
+            begin = run.end;
+        }
+    }
+
 protected:
+    friend velt::UnarchivedFill;
     /// The attributes of the units before a position, from the end of the run before.
     struct Run {
         std::size_t end;

@@ -5,6 +5,8 @@
 #include "VELTRuntime/platform/object/class.h"
 #include "VELTRuntime/platform/object/exception.h"
 #include "VELTRuntime/platform/object/message.h"
+#include "VELTRuntime/platform/object/observing.h"
+#include "VELTRuntime/values/conversions.h"
 #include "VELTRuntime/values/string.h"
 
 namespace velt {
@@ -28,11 +30,16 @@ void EntryTable::rebuild(std::size_t room) {
     std::size_t size = 8;
     while (size * 2 < room * 3) size *= 2;
     index_.assign(size, kFree);
+    entries_.reserve(size * 2 / 3);
     for (std::size_t i = 0; i < entries_.size(); ++i) {
         std::size_t slot = entries_[i].hash & (size - 1);
         while (index_[slot] != kFree) slot = (slot + 1) & (size - 1);
         index_[slot] = static_cast<std::uint32_t>(i);
     }
+}
+
+void EntryTable::reserve(std::size_t count) {
+    if (count * 3 > index_.size() * 2) rebuild(count);
 }
 
 const id* EntryTable::find(const id& key) const {
@@ -41,12 +48,12 @@ const id* EntryTable::find(const id& key) const {
     return at == kFree ? nullptr : &entries_[at].value;
 }
 
-id EntryTable::set(const id& key, const id& value) {
+id EntryTable::set(id key, id value) {
     const std::size_t hash = velt::hash(key);
     if ((entries_.size() + 1) * 3 > index_.size() * 2) rebuild((size() + 1) * 2);
     const std::size_t slot = slotOf(key, hash);
-    if (index_[slot] != kFree) return std::exchange(entries_[index_[slot]].value, value);
-    entries_.push_back(Entry{hash, key, value});
+    if (index_[slot] != kFree) return std::exchange(entries_[index_[slot]].value, std::move(value));
+    entries_.push_back(Entry{hash, std::move(key), std::move(value)});
     index_[slot] = static_cast<std::uint32_t>(entries_.size() - 1);
     return nil;
 }
@@ -74,6 +81,24 @@ namespace {
 /// A key as a dictionary keeps it: a string that could change is copied.
 id keptKey(const id& key) { return isString(key) ? key.object()->copy() : key; }
 
+/// The key as observers name it.
+std::string observedKey(const id& key) { return utf8(VELT_CSTRING(key)); }
+
+id entryForKey(const id& self, std::string_view key) {
+    if (key.starts_with('@')) return memberValueForKey(self, key.substr(1));
+    return dictionaryOf(self)->objectForKey(string(key));
+}
+
+void setEntryForKey(const id& self, std::string_view key, const id& value) {
+    NSMutableDictionary* dictionary = mutableDictionaryOf(self);
+    if (!dictionary) raiseUnknownKey(self, key);
+    if (value.isNil()) {
+        dictionary->removeObject(string(key));
+    } else {
+        dictionary->setObject(value, string(key));
+    }
+}
+
 void require(const id& value, const char* what) {
     if (value.isNil()) {
         raise(kInvalidArgumentException,
@@ -96,6 +121,16 @@ velt::Class& NSMutableDictionary::entry() {
 
 void NSDictionary::addEntries(const NSDictionary& other) {
     other.forEach([this](const id& key, const id& value) { table_.set(key, value); });
+}
+
+void NSDictionary::addEntries(velt::MovedValues keysAndValues) {
+    const std::span<id> values = keysAndValues.values;
+    assert(values.size() % 2 == 0);
+    table_.reserve(table_.size() + values.size() / 2);
+    for (std::size_t i = 0; i < values.size(); i += 2) {
+        assert(values[i] && values[i + 1]);
+        const id dropped = table_.set(velt::keptKey(values[i]), std::move(values[i + 1]));
+    }
 }
 
 id NSDictionary::description() const {
@@ -171,18 +206,36 @@ id NSDictionary::keyAt(long position) const {
 void NSMutableDictionary::setObject(const id& value, const id& key) {
     velt::require(key, "key");
     velt::require(value, "value");
+    if (isAttached()) {
+        id dropped;
+        velt::changeValue(*this, velt::observedKey(key), [&] { dropped = table_.set(velt::keptKey(key), value); });
+        return;
+    }
     const id dropped = table_.set(velt::keptKey(key), value);
 }
 
 void NSMutableDictionary::removeObject(const id& key) {
-    if (!key.isNil()) const auto dropped = table_.remove(key);
+    if (key.isNil()) return;
+    velt::EntryTable::Entry dropped;
+    if (isAttached() && table_.find(key)) {
+        velt::changeValue(*this, velt::observedKey(key), [&] { dropped = table_.remove(key); });
+    } else {
+        dropped = table_.remove(key);
+    }
 }
 
-void NSMutableDictionary::removeAll() { const auto dropped = table_.takeAll(); }
+void NSMutableDictionary::removeAll() {
+    if (isAttached()) {
+        const id keys = allKeys();
+        for (const id& key : velt::arrayOf(keys)->items()) removeObject(key);
+    }
+    const auto dropped = table_.takeAll();
+}
 
 void NSDictionary::describe(velt::ClassBuilder<NSDictionary>& c) {
     using namespace velt;
-    c.property("count", &NSDictionary::count)
+    c.keyAccess({entryForKey, setEntryForKey})
+        .property("count", &NSDictionary::count)
         .property("allKeys", &NSDictionary::allKeys)
         .property("allValues", &NSDictionary::allValues)
         .method("objectForKey:", &NSDictionary::objectForKey)

@@ -1,6 +1,7 @@
 // Dictionaries: values by key, in the order in which the keys were first set.
 #pragma once
 
+#include "VELTRuntime/platform/foundation/value_list.h"
 #include "VELTRuntime/platform/object/object.h"
 
 #include <span>
@@ -18,13 +19,15 @@ public:
     };
 
     std::size_t size() const { return entries_.size() - holes_; }
+    /// Makes room for that many entries in all.
+    void reserve(std::size_t count);
     /// The entries in order. Those with a nil key have been removed.
     std::span<const Entry> entries() const { return entries_; }
     std::span<Entry> entries() { return entries_; }
     /// The value for a key, or null.
     const id* find(const id& key) const;
     /// Sets the value for a key, which is shared, not copied. Returns the value that was there before.
-    id set(const id& key, const id& value);
+    id set(id key, id value);
     /// Removes a key's entry and returns it; nil key when there was none.
     Entry remove(const id& key);
     std::vector<Entry> takeAll();
@@ -42,12 +45,21 @@ private:
 
 }  // namespace velt
 
+namespace velt {
+struct UnarchivedFill;
+}
+
 /// A dictionary that does not change.
 class VELT_EXPORT NSDictionary : public NSObject {
 public:
     NSDictionary() : NSDictionary(velt::Kind::Dictionary) {}
     /// The entries of another dictionary, shared.
     explicit NSDictionary(const NSDictionary& other) : NSDictionary(velt::Kind::Dictionary) { addEntries(other); }
+    /// A dictionary of keys and values in turn, none of them nil; the last value of a repeated key counts. Keys that
+    /// are strings which could change are copied.
+    explicit NSDictionary(velt::MovedValues keysAndValues) : NSDictionary(velt::Kind::Dictionary) {
+        addEntries(keysAndValues);
+    }
 
     static velt::Class& entry();
     velt::Class& isa() const override { return entry(); }
@@ -76,8 +88,10 @@ public:
     static void describe(velt::ClassBuilder<NSDictionary>& c);
 
 protected:
+    friend velt::UnarchivedFill;
     explicit NSDictionary(velt::Kind kind) : NSObject(kind) {}
     void addEntries(const NSDictionary& other);
+    void addEntries(velt::MovedValues keysAndValues);
 
     velt::EntryTable table_;
 };
@@ -87,6 +101,7 @@ class VELT_EXPORT NSMutableDictionary final : public NSDictionary {
 public:
     NSMutableDictionary() : NSDictionary(velt::Kind::MutableDictionary) {}
     explicit NSMutableDictionary(const NSDictionary& other) : NSMutableDictionary() { addEntries(other); }
+    explicit NSMutableDictionary(velt::MovedValues keysAndValues) : NSMutableDictionary() { addEntries(keysAndValues); }
 
     static velt::Class& entry();
     velt::Class& isa() const override { return entry(); }

@@ -12,6 +12,11 @@
 
 namespace velt {
 
+/// Values that their new owner may move out of where they are; nil stays behind.
+struct MovedValues {
+    std::span<id> values;
+};
+
 /// A growing list of values.
 class ValueList {
 public:

@@ -1,5 +1,6 @@
 #include "VELTRuntime/values/text/reading.h"
 
+#include <algorithm>
 #include <charconv>
 #include <limits>
 #include <string>
@@ -67,7 +68,8 @@ bool isTooLarge(std::u16string_view text, const DecimalNumber& number) {
     if (number.end > number.mantissaEnd) exponent = integerReading(text.substr(number.mantissaEnd + 1));
     const auto place = static_cast<std::int64_t>(number.integerEnd) - static_cast<std::int64_t>(first);
     // An exponent at the limits of 64 bits outweighs any place that a text in memory can have.
-    return exponent > 0 ? exponent + (place < 0 ? place : 0) > 0 : exponent + place > 0;
+    return exponent > 0 ? exponent + std::min<std::int64_t>(place, 0) > 0
+                        : exponent + std::max<std::int64_t>(place, 0) > 0;
 }
 
 template <class Real> Real realReading(std::u16string_view text) {

@@ -1,0 +1,91 @@
+#include "VELTRuntime/builtins/performing.h"
+
+#include "VELTRuntime/platform/foundation/run_loop.h"
+#include "VELTRuntime/platform/object/message.h"
+#include "VELTRuntime/values/conversions.h"
+#include "VELTRuntime/values/string.h"
+
+#include <future>
+
+using namespace velt;
+
+namespace {
+
+Selector selectorOf(const id& name) { return Selector::named(utf8(VELT_CSTRING(name))); }
+
+/// One message on its way.
+struct Message {
+    id receiver;
+    Selector selector;
+    id argument;
+
+    void send() const {
+        const bool takesArgument = selector.argumentCount() > 0;
+        sendMessage(receiver, selector, std::span<const id>(&argument, takesArgument ? 1 : 0));
+    }
+};
+
+void sendLater(const id& receiver, Selector selector, const id& argument, double seconds) {
+    if (receiver.isNil()) return;
+    RunLoop::current().after(
+        seconds, [message = Message{receiver, selector, argument}] { message.send(); }, receiver.word());
+}
+
+/// Lets the main thread send and waits; what the message raises is raised here.
+void sendOnMainThread(const Message& message) {
+    std::promise<void> sent;
+    RunLoop::main().perform([&] {
+        try {
+            message.send();
+            sent.set_value();
+        } catch (...) {
+            sent.set_exception(std::current_exception());
+        }
+    });
+    sent.get_future().get();
+}
+
+/// What every object answers by name about messages to come.
+[[maybe_unused]] const bool described = [] {
+    ClassBuilder<NSObject>(NSObject::entry())
+        .method("performSelector:withObject:afterDelay:",
+                [](const id& self, const id* a) {
+                    sendLater(self, selectorOf(a[0]), a[1], VELT_CDOUBLE(a[2]));
+                    return id();
+                })
+        .method("performSelectorOnMainThread:withObject:waitUntilDone:",
+                [](const id& self, const id* a) {
+                    return VELT_NSOBJECT_PERFORMSELECTORONMAINTHREAD(self, a[0], a[1], a[2]);
+                })
+        .method("cancelPreviousPerformRequestsWithTarget:", [](const id&, const id* a) {
+            RunLoop::current().cancelAll(a[0].word());
+            return id();
+        });
+    return true;
+}();
+
+}  // namespace
+
+id VELT_NSOBJECT_PERFORMSELECTORDELAYED(const id& object, const id& selector, const id& argument, const id& delay) {
+    const Selector named = selectorOf(selector);
+    sendLater(object, named, argument, VELT_CDOUBLE(delay));
+    return nil;
+}
+
+id VELT_NSOBJECT_PERFORMSELECTORNEXTRUNLOOP(const id& object, const id& selector, const id& argument) {
+    sendLater(object, selectorOf(selector), argument, 0.0);
+    return nil;
+}
+
+id VELT_NSOBJECT_PERFORMSELECTORONMAINTHREAD(const id& object, const id& selector, const id& argument, const id& wait) {
+    const Message message{object, selectorOf(selector), argument};
+    const bool waits = VELT_CBOOL(wait) != 0;
+    if (!waits) {
+        RunLoop::main().perform([message] { message.send(); });
+    } else if (RunLoop::main().isCurrent()) {
+        message.send();
+    } else {
+        sendOnMainThread(message);
+    }
+    return nil;
+}

@@ -1,0 +1,29 @@
+// Makes the objects of an interface file (the XML of a graphical designer, ".ui") and connects them with their owner.
+#pragma once
+
+#include "VELTRuntime/platform/foundation/xml_tree.h"
+#include "VELTRuntime/values/value.h"
+
+#include <string>
+
+namespace velt {
+
+/// Makes the object of a <widget>, <action>, <layout> or <spacer> within its parent (nil for the outermost) and sets
+/// what its properties say. For classes that the class table cannot make by name; the library with windows registers
+/// one for each kind of widget.
+using InterfaceMaker = id (*)(const XmlElement& element, const id& parent);
+VELT_EXPORT void registerInterfaceMaker(const std::string& className, InterfaceMaker maker);
+
+/// Loads a file for an owner, who may be nil. All objects are made before the owner is touched. Then
+///
+///   outlets      the owner's property of each object's name, where it has one, is set to the object;
+///   connections  the sender gets the receiver as its target and the slot as its action: "open()" is the method
+///   "open:".
+///                As receiver the outermost object's name stands for the owner when the owner has the method.
+///
+/// A class of the class table is made by name, its properties are set by key (those that it lacks are left out), and it
+/// is handed to its parent with "addSubview:" when that has such a method. Returns an empty text, or why the file could
+/// not be loaded. What the program's own methods raise leaves here.
+VELT_EXPORT std::string loadInterface(const std::string& path, const id& owner);
+
+}  // namespace velt
