@@ -16,7 +16,7 @@ HERE = os.path.dirname(os.path.abspath(__file__))
 GOALS = [("integer_loop", "lua5.4", 5.0), ("integer_loop", "luajit", 1 / 3.0), ("integer_loop", "plain C++", 1 / 6.0),
          ("mandelbrot", "lua5.4", 2.0), ("fibonacci", "lua5.4", 2.0), ("sieve", "lua5.4", 2.0),
          ("concatenation", "lua5.4", 1.0), ("start", "plain C++", 1 / 5.0)]
-STRING_WORKS = ["left", "mid", "instr", "count", "count_ignoring_case", "replace", "replace_ignoring_case", "split", "join"]
+STRING_WORKS = ["left", "mid", "instr", "count", "count_ignoring_case", "replace", "replace_ignoring_case", "split", "word_count", "join"]
 GOALS += [(work, peer, 1.0) for work in STRING_WORKS for peer in ("lua5.4", "python3", "node")]
 PLIST_WORKS = ["plist_write_xml", "plist_write_binary", "plist_read_xml", "plist_read_binary"]
 GOALS += [(work, "python3", 5.0) for work in PLIST_WORKS]

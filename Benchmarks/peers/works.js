@@ -83,4 +83,17 @@ timeWork('search_missing', () => text.indexOf('lazy cat'));
 const half = text.substring(0, 5000000);
 let pieces = [];
 timeWork('split', () => { pieces = half.split(' '); return pieces.length; });
+timeWork('word_count', () => {
+  const counts = new Map();
+  let most = 0;
+  for (let i = 0; i < pieces.length; i++) {
+    const word = pieces[i];
+    let count = counts.get(word);
+    if (count === undefined) count = 0;
+    count = count + 1;
+    counts.set(word, count);
+    if (count > most) most = count;
+  }
+  return most + counts.size;
+});
 timeWork('join', () => pieces.join(' ').length);

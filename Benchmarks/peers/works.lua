@@ -94,4 +94,19 @@ time_work("split", function()
   end
   return #pieces
 end)
+time_work("word_count", function()
+  local counts, most, different = {}, 0, 0
+  for i = 1, #pieces do
+    local word = pieces[i]
+    local count = counts[word]
+    if count == nil then
+      count = 0
+      different = different + 1
+    end
+    count = count + 1
+    counts[word] = count
+    if count > most then most = count end
+  end
+  return most + different
+end)
 time_work("join", function() return #table.concat(pieces, " ") end)

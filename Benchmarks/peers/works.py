@@ -107,4 +107,18 @@ def split():
 
 
 time_work("split", split)
+def word_count():
+    counts, most = {}, 0
+    for word in pieces:
+        count = counts.get(word)
+        if count is None:
+            count = 0
+        count = count + 1
+        counts[word] = count
+        if count > most:
+            most = count
+    return most + len(counts)
+
+
+time_work("word_count", word_count)
 time_work("join", lambda: len(" ".join(pieces)))

@@ -122,6 +122,36 @@ template <class Call> id shortStrings(id n, Call call) {
     return VELT__INTEGER(total);
 }
 
+/// How often the most frequent word comes, and how many different ones there are.
+id wordCount(id words) {
+    VELTS("works.bas", "WordCount", "1", "");
+    id counts = velt::make<NSMutableDictionary>(), most = VELT_ID(0L);
+    VELTS("works.bas", "WordCount", "2", "");
+    id last = VELT_SUB(VELT_NSMUTABLEARRAY_COUNT(words), VELT_ID(1L));
+    for (id i = VELT_ID(0L); VELT_CBOOL(VELT_SMALLEREQUAL(i, last)); i = VELT_ADD(i, VELT_ID(1L))) {
+        VELTS("works.bas", "WordCount", "3", "");
+        id word = VELT__STRING(VELT_NSMUTABLEARRAY_OBJECT(words, i));
+        VELTS("works.bas", "WordCount", "4", "");
+        id count = VELT_NSMUTABLEDICTIONARY_VALUE(counts, word);
+        VELTS("works.bas", "WordCount", "5", "");
+        if (VELT_CBOOL(VELT_EQUAL(count, nil))) {
+            VELTS("works.bas", "WordCount", "6", "");
+            count = VELT_ID(0L);
+        }
+        VELTS("works.bas", "WordCount", "8", "");
+        count = VELT_ADD(count, VELT_ID(1L));
+        VELTS("works.bas", "WordCount", "9", "");
+        VELT_NSMUTABLEDICTIONARY_INSERT(counts, word, count);
+        VELTS("works.bas", "WordCount", "10", "");
+        if (VELT_CBOOL(VELT_GREATER(count, most))) {
+            VELTS("works.bas", "WordCount", "11", "");
+            most = VELT__INTEGER(count);
+        }
+    }
+    VELTS("works.bas", "WordCount", "14", "");
+    return VELT_ADD(most, VELT_NSMUTABLEDICTIONARY_COUNT(counts));
+}
+
 /// A text of at least that many characters.
 id longText(std::size_t length) {
     std::string text;
@@ -163,5 +193,6 @@ int main() {
     const id half = VELT_LEFT(text, VELT_ID(5000000L));
     id pieces;
     timeWork("split", [&] { return number(VELT_NSARRAY_COUNT(pieces = VELT_SPLIT(half, " "_v))); });
+    timeWork("word_count", [&] { return number(wordCount(pieces)); });
     timeWork("join", [&] { return number(VELT_LEN(VELT_JOIN(pieces, " "_v))); });
 }

@@ -5,6 +5,7 @@
 #include "VELTRuntime/platform/object/message.h"
 #include "VELTRuntime/values/text/reading.h"
 #include "VELTRuntime/values/text/search.h"
+#include "VELTRuntime/values/text/hashing.h"
 #include "VELTRuntime/values/text/utf.h"
 
 #include <cstring>
@@ -65,7 +66,14 @@ bool NSString::isEqual(const id& other) const {
     return velt::isString(other) && velt::textOf(other) == view();
 }
 
-std::size_t NSString::hash() const { return std::hash<std::u16string_view>()(view()); }
+std::size_t NSString::hash() const {
+    const std::uint64_t known = state();
+    if (const std::uint64_t hash = known >> kHashShift) return hash;
+    const std::uint64_t hash = std::max<std::uint64_t>(velt::text::hashOf(view()) >> kHashShift, 1);
+    // A thread that does the same at this moment writes the same.
+    setState(known | hash << kHashShift);
+    return hash;
+}
 
 id NSString::copy() const {
     if (isFrozen()) return id(const_cast<NSString*>(this));
@@ -78,6 +86,9 @@ char16_t* NSMutableString::allocate(std::size_t length) {
     if (length <= kInlineUnits) {
         setLength(length, true);
         return inlineUnits_;
+    }
+    if (length > kMostUnits) {
+        velt::raise(velt::kRangeException, "a string of " + std::to_string(length) + " characters is too long");
     }
     velt::TextBuffer* buffer = velt::TextBuffer::create(length);
     buffer->setUsed(length);

@@ -49,16 +49,17 @@ public:
     velt::Class& isa() const override { return entry(); }
     id description() const override;
     bool isEqual(const id& other) const override;
+    /// Worked out once for a text.
     std::size_t hash() const override;
     /// The same text in a string that cannot be changed: itself when it is one.
     id copy() const override;
 
     /// Number of UTF-16 code units.
-    std::size_t length() const noexcept { return state_ >> kLengthShift; }
+    std::size_t length() const noexcept { return (state() >> kLengthShift) & kMostUnits; }
     /// The text; valid until the string is changed or freed.
     std::u16string_view view() const noexcept { return {units(), length()}; }
     /// The text must not change; changing it raises.
-    bool isFrozen() const noexcept { return (state_ & kFrozen) != 0; }
+    bool isFrozen() const noexcept { return (state() & kFrozen) != 0; }
     static void describe(velt::ClassBuilder<NSString>& c);
 
     ~NSString() override {
@@ -75,17 +76,21 @@ protected:
     };
 
     NSString() noexcept : NSObject(velt::Kind::String) {}
-    bool isInline() const noexcept { return (state_ & kInline) != 0; }
+    bool isInline() const noexcept { return (state() & kInline) != 0; }
     const char16_t* units() const noexcept { return isInline() ? inlineUnits_ : shared_.start; }
 
     void setLength(std::size_t length, bool isInline) noexcept {
-        state_ = (state_ & kFrozen) | (isInline ? kInline : 0) | length << kLengthShift;
+        setState((state() & kFrozen) | (isInline ? kInline : 0) | length << kLengthShift);
     }
+    std::uint64_t state() const noexcept { return state_.load(std::memory_order_relaxed); }
+    void setState(std::uint64_t state) const noexcept { state_.store(state, std::memory_order_relaxed); }
 
-    // One word, always written whole: reading a word of which a byte was just written makes the processor wait.
+    // Two flags, the length, and the hash once it was asked for (0 before); a change of the text forgets the hash. One
+    // word, always written whole: reading a word of which a byte was just written makes the processor wait.
     static constexpr std::uint64_t kInline = 1, kFrozen = 2;
-    static constexpr unsigned kLengthShift = 2;
-    std::uint64_t state_ = kInline;
+    static constexpr unsigned kLengthShift = 2, kHashShift = 34;
+    static constexpr std::uint64_t kMostUnits = (std::uint64_t{1} << (kHashShift - kLengthShift)) - 1;
+    mutable std::atomic<std::uint64_t> state_{kInline};
     union {
         SharedText shared_ = {};
         char16_t inlineUnits_[kInlineUnits];
@@ -120,7 +125,7 @@ public:
 
     /// Forbids changes from now on.
     NSMutableString& freeze() noexcept {
-        state_ |= kFrozen;
+        setState(state() | kFrozen);
         return *this;
     }
 

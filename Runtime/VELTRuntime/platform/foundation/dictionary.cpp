@@ -9,18 +9,34 @@
 #include "VELTRuntime/values/conversions.h"
 #include "VELTRuntime/values/string.h"
 
+#include <cstring>
+
 namespace velt {
 
 // The index is probed linearly from the hash; it is never more than two thirds full, removed places included.
 
+namespace {
+
+bool isSameKey(const id& a, const id& b) {
+    if (a.word() == b.word()) return true;
+    if (!isString(a) || !isString(b)) return isEqual(a, b);
+    const std::u16string_view x = textOf(a), y = textOf(b);
+    return x.size() == y.size() && std::memcmp(x.data(), y.data(), x.size() * sizeof(char16_t)) == 0;
+}
+
+/// A key as a dictionary keeps it: a string that could change is copied.
+id keptKey(const id& key) { return isString(key) ? key.object()->copy() : key; }
+
+}  // namespace
+
 std::size_t EntryTable::slotOf(const id& key, std::size_t hash) const {
     const std::size_t mask = index_.size() - 1;
     for (std::size_t slot = hash & mask;; slot = (slot + 1) & mask) {
-        const std::uint32_t at = index_[slot];
-        if (at == kFree) return slot;
-        if (at == kRemoved) continue;
-        const Entry& entry = entries_[at];
-        if (entry.hash == hash && isEqual(entry.key, key)) return slot;
+        const Slot& place = index_[slot];
+        if (place.entry == kFree) return slot;
+        if (place.hash != static_cast<std::uint32_t>(hash) || place.entry == kRemoved) continue;
+        const Entry& entry = entries_[place.entry];
+        if (entry.hash == hash && isSameKey(entry.key, key)) return slot;
     }
 }
 
@@ -29,12 +45,12 @@ void EntryTable::rebuild(std::size_t room) {
     holes_ = 0;
     std::size_t size = 8;
     while (size * 2 < room * 3) size *= 2;
-    index_.assign(size, kFree);
+    index_.assign(size, Slot{});
     entries_.reserve(size * 2 / 3);
     for (std::size_t i = 0; i < entries_.size(); ++i) {
         std::size_t slot = entries_[i].hash & (size - 1);
-        while (index_[slot] != kFree) slot = (slot + 1) & (size - 1);
-        index_[slot] = static_cast<std::uint32_t>(i);
+        while (index_[slot].entry != kFree) slot = (slot + 1) & (size - 1);
+        index_[slot] = {static_cast<std::uint32_t>(i), static_cast<std::uint32_t>(entries_[i].hash)};
     }
 }
 
@@ -44,26 +60,26 @@ void EntryTable::reserve(std::size_t count) {
 
 const id* EntryTable::find(const id& key) const {
     if (index_.empty()) return nullptr;
-    const std::uint32_t at = index_[slotOf(key, velt::hash(key))];
+    const std::uint32_t at = index_[slotOf(key, velt::hash(key))].entry;
     return at == kFree ? nullptr : &entries_[at].value;
 }
 
-id EntryTable::set(id key, id value) {
+id EntryTable::set(const id& key, id value) {
     const std::size_t hash = velt::hash(key);
     if ((entries_.size() + 1) * 3 > index_.size() * 2) rebuild((size() + 1) * 2);
     const std::size_t slot = slotOf(key, hash);
-    if (index_[slot] != kFree) return std::exchange(entries_[index_[slot]].value, std::move(value));
-    entries_.push_back(Entry{hash, std::move(key), std::move(value)});
-    index_[slot] = static_cast<std::uint32_t>(entries_.size() - 1);
+    if (index_[slot].entry != kFree) return std::exchange(entries_[index_[slot].entry].value, std::move(value));
+    entries_.push_back(Entry{hash, keptKey(key), std::move(value)});
+    index_[slot] = {static_cast<std::uint32_t>(entries_.size() - 1), static_cast<std::uint32_t>(hash)};
     return nil;
 }
 
 EntryTable::Entry EntryTable::remove(const id& key) {
     if (index_.empty()) return {};
     const std::size_t slot = slotOf(key, velt::hash(key));
-    const std::uint32_t at = index_[slot];
+    const std::uint32_t at = index_[slot].entry;
     if (at == kFree) return {};
-    index_[slot] = kRemoved;
+    index_[slot].entry = kRemoved;
     ++holes_;
     Entry removed = std::move(entries_[at]);
     entries_[at] = Entry{};
@@ -77,9 +93,6 @@ std::vector<EntryTable::Entry> EntryTable::takeAll() {
 }
 
 namespace {
-
-/// A key as a dictionary keeps it: a string that could change is copied.
-id keptKey(const id& key) { return isString(key) ? key.object()->copy() : key; }
 
 /// The key as observers name it.
 std::string observedKey(const id& key) { return utf8(VELT_CSTRING(key)); }
@@ -129,7 +142,7 @@ void NSDictionary::addEntries(velt::MovedValues keysAndValues) {
     table_.reserve(table_.size() + values.size() / 2);
     for (std::size_t i = 0; i < values.size(); i += 2) {
         assert(values[i] && values[i + 1]);
-        const id dropped = table_.set(velt::keptKey(values[i]), std::move(values[i + 1]));
+        const id dropped = table_.set(values[i], std::move(values[i + 1]));
     }
 }
 
@@ -208,10 +221,10 @@ void NSMutableDictionary::setObject(const id& value, const id& key) {
     velt::require(value, "value");
     if (isAttached()) {
         id dropped;
-        velt::changeValue(*this, velt::observedKey(key), [&] { dropped = table_.set(velt::keptKey(key), value); });
+        velt::changeValue(*this, velt::observedKey(key), [&] { dropped = table_.set(key, value); });
         return;
     }
-    const id dropped = table_.set(velt::keptKey(key), value);
+    const id dropped = table_.set(key, value);
 }
 
 void NSMutableDictionary::removeObject(const id& key) {

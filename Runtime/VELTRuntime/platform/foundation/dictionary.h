@@ -27,7 +27,7 @@ public:
     /// The value for a key, or null.
     const id* find(const id& key) const;
     /// Sets the value for a key, which is shared, not copied. Returns the value that was there before.
-    id set(id key, id value);
+    id set(const id& key, id value);
     /// Removes a key's entry and returns it; nil key when there was none.
     Entry remove(const id& key);
     std::vector<Entry> takeAll();
@@ -39,7 +39,12 @@ private:
     void rebuild(std::size_t room);
 
     std::vector<Entry> entries_;
-    std::vector<std::uint32_t> index_;
+    /// A place of the index: which entry, and what most hashes differ in, so that other entries need not be looked at.
+    struct Slot {
+        std::uint32_t entry = kFree;
+        std::uint32_t hash = 0;
+    };
+    std::vector<Slot> index_;
     std::size_t holes_ = 0;
 };
 
