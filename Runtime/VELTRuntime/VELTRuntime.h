@@ -17,4 +17,5 @@
 #include "VELTRuntime/platform/object/message.h"
 #include "VELTRuntime/platform/object/observing.h"
 #include "VELTRuntime/platform/object/value_transformer.h"
+#include "VELTRuntime/process/process.h"
 #include "VELTRuntime/values/values.h"

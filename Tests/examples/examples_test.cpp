@@ -214,6 +214,68 @@ TEST(LifeExample, NamesAPatternThatCannotBeRead) {
     EXPECT_EQ(result.status, 1);
 }
 
+TEST(RunnerExample, ShowsEachPieceWithItsTimeAndEndsWithTheCommandsStatus) {
+    const ProgramResult result =
+        runExample("runner", {"sh", "-c", "echo one; echo two; sleep 0.1; echo three >&2; exit 3"});
+    const std::string shown = std::regex_replace(result.output, std::regex("(^|\n) +[0-9]+\\.[0-9]{3} "), "$1");
+    EXPECT_EQ(shown, "run sh -c echo one; echo two; sleep 0.1; echo three >&2; exit 3\n"
+                     "out one\nout two\nerr three\nend status 3\n")
+        << result.output;
+    EXPECT_EQ(result.errors, "");
+    EXPECT_EQ(result.status, 3);
+}
+
+TEST(RunnerExample, ShowsThatACommandIsMissing) {
+    const ProgramResult result = runExample("runner", {"/no/such/command"});
+    EXPECT_NE(result.output.find("No such file or directory"), std::string::npos) << result.output;
+    EXPECT_NE(result.output.find("end status 127"), std::string::npos) << result.output;
+    EXPECT_EQ(result.status, 127);
+}
+
+TEST(RunnerExample, EndsTheCommandAtTheSecondInterrupt) {
+    // The command, deaf to interrupts, sends both itself.
+    const ProgramResult result =
+        runExample("runner", {"sh", "-c", "trap '' INT; kill -INT $PPID; sleep 0.3; kill -INT $PPID; exec sleep 60"});
+    EXPECT_NE(result.output.find("int once more ends it"), std::string::npos) << result.output;
+    EXPECT_NE(result.output.find("int ending it"), std::string::npos) << result.output;
+    EXPECT_NE(result.output.find("end status 15"), std::string::npos) << result.output;
+    EXPECT_EQ(result.status, 15);
+}
+
+TEST(RunnerExample, NeedsACommand) {
+    const ProgramResult result = runExample("runner");
+    EXPECT_EQ(result.output, "");
+    EXPECT_EQ(result.errors, "usage: runner COMMAND [ARGUMENT...]\n");
+    EXPECT_EQ(result.status, 2);
+}
+
+TEST(BuilderExample, BuildsAProgramThatRuns) {
+    const TemporaryFolder folder;
+    folder.write("main.bas", "Sub Main\n  Call Greet\nEnd Sub\n");
+    folder.write("greet.bas", "' says so\nSub Greet\n  Print \"Hello\"\nEnd Sub\n");
+    const std::string root = folder.file("");
+    const ProgramResult result = runExample("builder", {root.substr(0, root.size() - 1)});
+    EXPECT_EQ(result.output.substr(result.output.find('\n') + 1),
+              "greet translate: ok\ngreet header: ok\ngreet compile: ok\n"
+              "main translate: ok\nmain header: ok\nmain compile: ok\nlink: ok\nBuilt " +
+                  root + "build/program\n");
+    EXPECT_EQ(result.errors, "");
+    EXPECT_EQ(result.status, 0);
+    EXPECT_EQ(velt::test::runPath(folder.file("build/program"), {}, "").output, "Hello\n");
+}
+
+TEST(BuilderExample, ShowsTheDiagnosticsOfASourceThatFails) {
+    const TemporaryFolder folder;
+    folder.write("main.bas", "Sub Main\n  Prnt \"Hello\"\n\n  Goto 5\nEnd Sub\n");
+    const std::string root = folder.file("");
+    const ProgramResult result = runExample("builder", {root.substr(0, root.size() - 1)});
+    EXPECT_EQ(result.output.substr(result.output.find('\n') + 1), "main translate: failed\n"
+                                                                  "  main.bas:2: not understood: Prnt \"Hello\"\n"
+                                                                  "  main.bas:4: not understood: Goto 5\n"
+                                                                  "1 failed\n");
+    EXPECT_EQ(result.status, 1);
+}
+
 namespace {
 
 /// The procedure that each line of a BASIC source belongs to, "Class.Method" in a class; empty outside.
@@ -237,8 +299,8 @@ std::vector<std::string> scopesOf(const std::string& source) {
 TEST(ExamplePrograms, RecordPositionsThatExistInTheirSources) {
     const std::regex call("VELTS\\(\"([^\"]*)\", \"([^\"]*)\", \"([0-9]+)\", \"\"\\)");
     const std::string folder = std::string(VELT_SOURCE_FOLDER) + "/Examples/";
-    for (const std::string program :
-         {"textstat/textstat", "calculator/calculator", "calculator/parser", "mandelbrot/mandelbrot", "life/life"}) {
+    for (const std::string program : {"textstat/textstat", "calculator/calculator", "calculator/parser",
+                                      "mandelbrot/mandelbrot", "life/life", "runner/runner", "builder/builder"}) {
         const std::string source = program.substr(program.find('/') + 1) + ".bas";
         const std::vector<std::string> scopes = scopesOf(contentOf(folder + program + ".bas"));
         const std::string code = contentOf(folder + program + ".cpp");

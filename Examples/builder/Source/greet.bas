@@ -1,0 +1,3 @@
+Sub Greet
+  Print "Hello"
+End Sub
