@@ -12,6 +12,13 @@ namespace velt::test {
 #define VELT_TEST_HAS_FEATURE(feature) 0
 #endif
 
+/// The thread sanitizer keeps no stack of more than 65535 frames.
+#if defined(__SANITIZE_THREAD__) || VELT_TEST_HAS_FEATURE(thread_sanitizer)
+inline constexpr bool kKeepsDeepStacks = false;
+#else
+inline constexpr bool kKeepsDeepStacks = true;
+#endif
+
 #if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__) || VELT_TEST_HAS_FEATURE(address_sanitizer) ||       \
     VELT_TEST_HAS_FEATURE(thread_sanitizer)
 inline constexpr int kSlowdown = 20;

@@ -65,7 +65,7 @@ VELT_ON_DEFAULT_PATHS(VELT_FILE_MOVE, moveItem)
 id VELT_FILE_CREATEFILE(const id&, const id& path) { return boxResult(defaultManager().createFile(pathOf(path), "")); }
 
 id VELT_NSFILEMANAGER_INIT(const id& owner, const char* action) {
-    const id manager(&NSFileManager::defaultManager());
+    id manager(&NSFileManager::defaultManager());
     if (action && respondsTo(owner, Selector::named(action))) {
         send(manager, VELT_SELECTOR("setAction:"), velt::string(std::string_view(action)));
         send(manager, VELT_SELECTOR("setTarget:"), owner);

@@ -3,9 +3,9 @@
 #include "VELTRuntime/platform/object/class.h"
 #include "VELTRuntime/platform/object/exception.h"
 #include "VELTRuntime/platform/object/message.h"
+#include "VELTRuntime/values/text/hashing.h"
 #include "VELTRuntime/values/text/reading.h"
 #include "VELTRuntime/values/text/search.h"
-#include "VELTRuntime/values/text/hashing.h"
 #include "VELTRuntime/values/text/utf.h"
 
 #include <cstring>

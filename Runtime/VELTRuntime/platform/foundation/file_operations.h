@@ -1,4 +1,5 @@
-// Copying, moving, linking and removing of files and folders. A path that is a symbolic link stands for the link itself.
+// Copying, moving, linking and removing of files and folders. A path that is a symbolic link stands for the link
+// itself.
 //
 // Every function returns false when it fails, with the reason in `failure` if given. Nothing that exists is replaced,
 // and what fails half way leaves nothing new behind.
@@ -12,8 +13,8 @@
 
 namespace velt {
 
-/// Copies a file or a folder with all that it holds: symbolic links stay links, permissions and times are kept. A folder
-/// cannot be copied into itself.
+/// Copies a file or a folder with all that it holds: symbolic links stay links, permissions and times are kept. A
+/// folder cannot be copied into itself.
 VELT_EXPORT bool copyItem(const std::string& from, const std::string& to, std::string* failure = nullptr);
 /// Gives a file a second name (a hard link); for a folder, makes one like it with hard links to its files.
 VELT_EXPORT bool linkItem(const std::string& from, const std::string& to, std::string* failure = nullptr);

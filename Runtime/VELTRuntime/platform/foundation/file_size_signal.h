@@ -1,5 +1,5 @@
-// Keeps a limit on the size of files (as of `ulimit -f`) an error of the writing call instead of the end of the process,
-// so that what was written by halves can be removed.
+// Keeps a limit on the size of files (as of `ulimit -f`) an error of the writing call instead of the end of the
+// process, so that what was written by halves can be removed.
 #pragma once
 
 #include <csignal>

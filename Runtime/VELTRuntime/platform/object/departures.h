@@ -19,8 +19,8 @@ VELT_EXPORT void addDepartureHandler(DepartureHandler handler);
 /// The handlers are called when this object goes. Watching twice is the same as once.
 VELT_EXPORT void watchDeparture(NSObject* object) noexcept;
 
-/// The object with one owner more, or nil when its last owner has gone; nil for null. Only for an object that cannot be freed
-/// meanwhile because its departure handler waits for the caller's lock.
+/// The object with one owner more, or nil when its last owner has gone; nil for null. Only for an object that cannot be
+/// freed meanwhile because its departure handler waits for the caller's lock.
 VELT_EXPORT id shareIfAlive(NSObject* object) noexcept;
 
 /// Calls the handlers. For the freeing of objects.

@@ -176,6 +176,7 @@ TEST(FileHandleBackground, WaitsForDataWithoutReadingIt) {
 }
 
 TEST(FileHandleBackground, EndsWithTheHandlesClosing) {
+    RunLoop::current().prepare();
     const std::size_t before = openDescriptorCount();
     const Ref<HandleListener> listener = make<HandleListener>();
     {
@@ -190,6 +191,7 @@ TEST(FileHandleBackground, EndsWithTheHandlesClosing) {
 }
 
 TEST(FileHandleBackground, MayBeClosedOnAnotherThread) {
+    RunLoop::current().prepare();
     const std::size_t before = openDescriptorCount();
     const Ref<NSPipe> pipe = make<NSPipe>();
     pipe->fileHandleForReading()->readInBackgroundAndNotify();
