@@ -36,8 +36,10 @@ bool addSubpaths(NSMutableArray& paths, const std::string& folder, const std::st
     if (!names) return false;
     for (const std::string& name : *names) {
         paths.append(velt::string(prefix + name));
-        const std::string inner = folder + "/" + name;
-        if (isFolderItself(inner)) addSubpaths(paths, inner, prefix + name + "/");
+        std::string inner = folder, innerPrefix = prefix;
+        inner.append("/").append(name);
+        innerPrefix.append(name).append("/");
+        if (isFolderItself(inner)) addSubpaths(paths, inner, innerPrefix);
     }
     return true;
 }

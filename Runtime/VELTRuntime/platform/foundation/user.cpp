@@ -74,7 +74,7 @@ std::string fullUserName() {
 }
 
 std::string homeFolder() {
-    if (const std::string home = folderVariable("HOME"); !home.empty()) return home;
+    if (std::string home = folderVariable("HOME"); !home.empty()) return home;
     const auto own = ownAccount();
     return own && !own->home.empty() ? own->home : "/";
 }
@@ -93,7 +93,7 @@ std::string temporaryFolder() {
 }
 
 std::string configurationFolder() {
-    if (const std::string folder = folderVariable("XDG_CONFIG_HOME"); !folder.empty()) return folder;
+    if (std::string folder = folderVariable("XDG_CONFIG_HOME"); !folder.empty()) return folder;
     const std::string home = homeFolder();
     return (home == "/" ? "" : home) + "/.config";
 }

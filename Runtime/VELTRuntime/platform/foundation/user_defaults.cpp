@@ -61,7 +61,7 @@ id deepCopy(const id& value, Copies copies, id& fault, unsigned level = 0) {
 
 id keptCopy(const id& value, const id& key) {
     id fault;
-    const id copied = deepCopy(value, Copies::Frozen, fault);
+    id copied = deepCopy(value, Copies::Frozen, fault);
     if (!copied.isNil()) return copied;
     raise(kInvalidArgumentException,
           "the setting '" + utf8(key) + "' cannot be kept: '" + classOf(fault)->name() + "' is no property-list value");

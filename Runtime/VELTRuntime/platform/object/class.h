@@ -107,10 +107,10 @@ public:
     const Method* method(Selector selector) const { return methodSlot(selector).method; }
     /// The row of that method; it has no method when there is none.
     const MethodSlot& methodSlot(Selector selector) const {
-        const MethodSlot* slots = methodSlots_.load(std::memory_order_acquire);
-        if (VELT_UNLIKELY(!slots)) slots = describedSlots();
+        const MethodSlot* table = methodSlots_.load(std::memory_order_acquire);
+        if (VELT_UNLIKELY(!table)) table = describedSlots();
         for (std::size_t at = selector.hash() & methodMask_;; at = (at + 1) & methodMask_) {
-            if (VELT_LIKELY(slots[at].selector == selector) || !slots[at].method) return slots[at];
+            if (VELT_LIKELY(table[at].selector == selector) || !table[at].method) return table[at];
         }
     }
     /// The method of that selector that the class itself answers, own or inherited, or null.

@@ -249,11 +249,11 @@ void ObservedChange::finish() {
 }
 
 id mutableArrayForKey(const id& object, std::string_view key) {
-    const id value = valueForKey(object, key);
+    id value = valueForKey(object, key);
     if (object.isNil() || mutableArrayOf(value)) return value;
     Ref<NSMutableArray> array = make<NSMutableArray>();
     if (const NSArray* elements = to<NSArray>(value)) array->appendAll(*elements);
-    const id made = array;
+    id made = array;
     setValueForKey(object, key, made);
     return made;
 }
