@@ -21,7 +21,7 @@ std::string environmentText(const char* name) {
 }
 
 std::string homeFolder() {
-    const std::string home = environmentText("HOME");
+    std::string home = environmentText("HOME");
     if (!home.empty()) return home;
     const passwd* user = ::getpwuid(::getuid());
     return user ? user->pw_dir : "/";
@@ -288,7 +288,7 @@ std::string findExecutable(const std::string& program) {
     if (path.empty()) path = "/usr/local/bin:/usr/bin:/bin";
     for (std::size_t begin = 0; begin <= path.size();) {
         const std::size_t end = std::min(path.find(':', begin), path.size());
-        const std::string candidate = (end > begin ? path.substr(begin, end - begin) : ".") + "/" + program;
+        std::string candidate = (end > begin ? path.substr(begin, end - begin) : ".") + "/" + program;
         if (isExecutable(candidate)) return candidate;
         begin = end + 1;
     }

@@ -78,8 +78,9 @@ std::vector<KeyGroups> choiceLists() {
     std::vector<KeyGroups> lists;
     const auto add = [&](const std::string& folder) {
         for (const std::string& name : names) {
-            if (KeyGroups groups = readKeyFile(folder + "/" + name); !groups.empty())
-                lists.push_back(std::move(groups));
+            std::string path = folder;
+            path.append("/").append(name);
+            if (KeyGroups groups = readKeyFile(path); !groups.empty()) lists.push_back(std::move(groups));
         }
     };
     for (const std::string& folder : configurationFolders()) add(folder);
@@ -104,7 +105,7 @@ std::string typeOfFile(const std::string& path) {
     struct stat status;
     if (::stat(path.c_str(), &status) != 0) return {};
     if (S_ISDIR(status.st_mode)) return "inode/directory";
-    const std::string type = typeByName(std::filesystem::path(path).filename().string());
+    std::string type = typeByName(std::filesystem::path(path).filename().string());
     if (!type.empty()) return type;
     return S_ISREG(status.st_mode) ? typeByContent(path) : "application/octet-stream";
 }
