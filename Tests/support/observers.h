@@ -5,6 +5,8 @@
 
 #include "VELTRuntime/platform/object/observing.h"
 
+#include <atomic>
+
 namespace velt::test {
 
 /// A model with a value, one that follows from it, a list and a link to another model.
@@ -13,8 +15,9 @@ class Model : public NSObject {
 public:
     Model() { ++living(); }
     ~Model() override { --living(); }
-    static long& living() {
-        static long count = 0;
+    /// How many there are, on whatever thread they were made.
+    static std::atomic<long>& living() {
+        static std::atomic<long> count = 0;
         return count;
     }
 

@@ -303,7 +303,7 @@ TEST_F(Observing, KeepsNeitherSideAliveAndEndsWithEither) {
         addObserver(brief, watcher, "value", 0);
         EXPECT_EQ(1u, brief->ownerCount());
     }
-    EXPECT_EQ(before, Model::living());
+    EXPECT_EQ(before, Model::living().load());
     EXPECT_FALSE(watcher->isAttached());
     {
         const velt::Ref<Watcher> brief = velt::make<Watcher>();
@@ -338,7 +338,7 @@ TEST_F(Observing, KeepsTheContextWithoutKeepingACycleAlive) {
         addObserver(own, own, "next", kBoth, own);
     }
     velt::collectCycles();
-    EXPECT_EQ(before, Model::living());
+    EXPECT_EQ(before, Model::living().load());
 }
 
 TEST_F(Observing, ReachesThousandsOfObserversInOrder) {

@@ -241,7 +241,7 @@ TEST_F(Bindings, BothWaysBetweenDroppedObjectsAreReclaimed) {
         bindValue(a, "number", a, "limited", options("self", a));
     }
     velt::collectCycles();
-    EXPECT_EQ(before, Model::living());
+    EXPECT_EQ(before, Model::living().load());
 }
 
 TEST(ValueTransformers, AreRegisteredByName) {
