@@ -44,7 +44,7 @@ bool NSAttributedString::isEqual(const id& other) const {
     return true;
 }
 
-std::size_t NSAttributedString::hash() const { return std::hash<std::u16string_view>()(text_); }
+std::size_t NSAttributedString::hash() const { return velt::text::hashOf(text_); }
 
 id NSAttributedString::copy() const { return velt::make<NSAttributedString>(*this); }
 
