@@ -20,7 +20,9 @@ STRING_WORKS = ["left", "mid", "instr", "count", "count_ignoring_case", "replace
 GOALS += [(work, peer, 1.0) for work in STRING_WORKS for peer in ("lua5.4", "python3", "node")]
 PLIST_WORKS = ["plist_write_xml", "plist_write_binary", "plist_read_xml", "plist_read_binary"]
 GOALS += [(work, "python3", 5.0) for work in PLIST_WORKS]
-GOALS += [(work + "_memory", "python3", 1.0) for work in PLIST_WORKS]
+ARCHIVE_WORKS = ["archive_write", "archive_read"]
+GOALS += [(work, "python3", 5.0) for work in ARCHIVE_WORKS]
+GOALS += [(work + "_memory", "python3", 1.0) for work in PLIST_WORKS + ARCHIVE_WORKS]
 SCALES = {("python3", "integer_loop"): 10}  # its program makes a tenth of the turns
 
 
@@ -29,16 +31,25 @@ def lines_of(command):
     return [line.split() for line in output.splitlines()]
 
 
+def note(rows, name, times, checks):
+    (work, seconds, check), (_, kilobytes) = rows
+    times.setdefault((work, name), []).append(float(seconds))
+    times.setdefault((work + "_memory", name), []).append(float(kilobytes) / 1e6)
+    checks.setdefault(work, {})[name] = float(check)
+
+
 def property_lists(name, command, times, checks):
     """Each form and direction in a run of its own, for the sake of its peak memory; reading takes what was written."""
     with tempfile.TemporaryDirectory() as folder:
         for direction in ("write", "read"):
             for form in ("xml", "binary"):
-                rows = lines_of(command + [direction, form, f"{folder}/{form}"])
-                (work, seconds, check), (_, kilobytes) = rows
-                times.setdefault((work, name), []).append(float(seconds))
-                times.setdefault((work + "_memory", name), []).append(float(kilobytes) / 1e6)
-                checks.setdefault(work, {})[name] = float(check)
+                note(lines_of(command + [direction, form, f"{folder}/{form}"]), name, times, checks)
+
+
+def keyed_archives(name, command, times, checks):
+    with tempfile.TemporaryDirectory() as folder:
+        for direction in ("write", "read"):
+            note(lines_of(command + [direction, f"{folder}/archive"]), name, times, checks)
 
 
 def main():
@@ -57,6 +68,9 @@ def main():
     lists = {"VELTRuntime": [f"{folder}/Benchmarks/programs/property_lists"]}
     if "python3" in programs:
         lists["python3"] = ["python3", f"{HERE}/peers/property_lists.py"]
+    archives = {"VELTRuntime": [f"{folder}/Benchmarks/programs/keyed_archives"]}
+    if "python3" in programs:
+        archives["python3"] = ["python3", f"{HERE}/peers/keyed_archives.py"]
     times, checks = {}, {}
     for turn in range(rounds):
         for name, command in programs.items():
@@ -68,6 +82,8 @@ def main():
                     checks.setdefault(work, {})[name] = float(check)
         for name, command in lists.items():
             property_lists(name, command, times, checks)
+        for name, command in archives.items():
+            keyed_archives(name, command, times, checks)
         for name, command in starts.items():
             seconds = lines_of([f"{folder}/Benchmarks/plain/start_timer", "40"] + command)[0][0]
             times.setdefault(("start", name), []).append(float(seconds))

@@ -4,6 +4,7 @@
 #include "VELTRuntime/platform/object/class.h"
 #include "VELTRuntime/platform/object/exception.h"
 #include "VELTRuntime/platform/object/message.h"
+#include "VELTRuntime/values/text/hashing.h"
 
 #include <algorithm>
 #include <climits>
