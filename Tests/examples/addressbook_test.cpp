@@ -72,6 +72,11 @@ TEST(AddressbookExample, SurvivesAKillWhileItSaves) {
     const std::string input = folder.write("commands", commands);
     const std::string program = (std::filesystem::path(VELT_EXAMPLE_PROGRAMS) / "addressbook").string();
     std::minstd_rand random(std::random_device{}());
+    // A kill falls anywhere between the start and several saves, however slow the build is.
+    const auto begin = std::chrono::steady_clock::now();
+    ASSERT_EQ("", runExample("addressbook", {folder.file("other book")}, "add Ann; 5\nadd Bob; 6\n").errors);
+    const auto unit = std::chrono::steady_clock::now() - begin;
+    std::uniform_int_distribution<std::int64_t> pause(unit.count() / 4, unit.count() * 4);
     // The commands add the same 300 names again and again, so that a book that lost some would show.
     int most = 0;
     for (int round = 0; round < 40; ++round) {
@@ -80,7 +85,7 @@ TEST(AddressbookExample, SurvivesAKillWhileItSaves) {
             execl(program.c_str(), program.c_str(), book.c_str(), input.c_str(), static_cast<char*>(nullptr));
             _exit(127);
         }
-        std::this_thread::sleep_for(std::chrono::microseconds(5000 + random() % 60'000));
+        std::this_thread::sleep_for(std::chrono::steady_clock::duration(pause(random)));
         kill(child, SIGKILL);
         waitpid(child, nullptr, 0);
         const ProgramResult result = runExample("addressbook", {book}, "find no such thing\n");

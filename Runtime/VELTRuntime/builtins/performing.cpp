@@ -1,11 +1,13 @@
 #include "VELTRuntime/builtins/performing.h"
 
 #include "VELTRuntime/platform/foundation/run_loop.h"
+#include "VELTRuntime/platform/object/exception.h"
 #include "VELTRuntime/platform/object/message.h"
 #include "VELTRuntime/values/conversions.h"
 #include "VELTRuntime/values/string.h"
 
 #include <future>
+#include <optional>
 
 using namespace velt;
 
@@ -31,18 +33,21 @@ void sendLater(const id& receiver, Selector selector, const id& argument, double
         seconds, [message = Message{receiver, selector, argument}] { message.send(); }, receiver.word());
 }
 
-/// Lets the main thread send and waits; what the message raises is raised here.
+/// Lets the main thread send and waits; what the message raises is raised here. A run-time failure comes over as a
+/// copy: each thread ends the one that it caught.
 void sendOnMainThread(const Message& message) {
-    std::promise<void> sent;
+    std::promise<std::optional<NSException>> sent;
     RunLoop::main().perform([&] {
         try {
             message.send();
-            sent.set_value();
+            sent.set_value(std::nullopt);
+        } catch (const NSException& exception) {
+            sent.set_value(exception);
         } catch (...) {
             sent.set_exception(std::current_exception());
         }
     });
-    sent.get_future().get();
+    if (const std::optional<NSException> raised = sent.get_future().get()) throw NSException(*raised);
 }
 
 /// What every object answers by name about messages to come.
