@@ -4,6 +4,7 @@
 #include "VELTRuntime/VELTRuntime.h"
 #include "VELTRuntime/platform/appkit/application.h"
 #include "VELTRuntime/platform/appkit/color.h"
+#include "VELTRuntime/platform/appkit/controls/control.h"
 #include "VELTRuntime/platform/appkit/cursor.h"
 #include "VELTRuntime/platform/appkit/event.h"
 #include "VELTRuntime/platform/appkit/font.h"
@@ -11,4 +12,5 @@
 #include "VELTRuntime/platform/appkit/panel.h"
 #include "VELTRuntime/platform/appkit/view.h"
 #include "VELTRuntime/platform/appkit/window.h"
+#include "VELTRuntime/ui/controls.h"
 #include "VELTRuntime/ui/windows.h"

@@ -1,11 +1,9 @@
 #include "VELTRuntime/platform/appkit/view_widget.h"
 
-#include "VELTRuntime/platform/appkit/event.h"
 #include "VELTRuntime/platform/appkit/event_delivery.h"
-#include "VELTRuntime/platform/appkit/view.h"
+#include "VELTRuntime/platform/appkit/view_events.h"
 #include "VELTRuntime/platform/appkit/window.h"
 
-#include <QApplication>
 #include <QKeyEvent>
 #include <QPainter>
 #include <QVariant>
@@ -16,49 +14,6 @@ namespace velt {
 namespace {
 
 constexpr const char* kViewProperty = "veltView";
-
-using Type = NSEvent::Type;
-
-/// Which of the three mouse buttons' types: left, right, other.
-struct ButtonTypes {
-    Type left, right, other;
-    const char *leftSelector, *rightSelector, *otherSelector;
-};
-constexpr ButtonTypes kDown{Type::LeftMouseDown, Type::RightMouseDown, Type::OtherMouseDown,
-                            "mouseDown:",        "rightMouseDown:",    "otherMouseDown:"};
-constexpr ButtonTypes kUp{Type::LeftMouseUp, Type::RightMouseUp, Type::OtherMouseUp,
-                          "mouseUp:",        "rightMouseUp:",    "otherMouseUp:"};
-constexpr ButtonTypes kDragged{Type::LeftMouseDragged, Type::RightMouseDragged, Type::OtherMouseDragged,
-                               "mouseDragged:",        "rightMouseDragged:",    "otherMouseDragged:"};
-
-NSPoint locationInWindow(const QWidget& widget, QPointF position, const NSView& view) {
-    const NSWindow* window = view.windowPointer();
-    if (!window) return {position.x(), position.y()};
-    return window->basePointOf(widget, {position.x(), position.y()});
-}
-
-Ref<NSEvent> mouseEvent(const QWidget& widget, const QSinglePointEvent& event, Type type, long clicks, NSView& view) {
-    const long button = event.button() == Qt::RightButton ? 1 : event.button() == Qt::MiddleButton ? 2 : 0;
-    return NSEvent::ofMouse(type, locationInWindow(widget, event.position(), view),
-                            modifiersOf(event.modifiers().toInt()), button, clicks, view.windowPointer());
-}
-
-void sendButton(const QWidget& widget, const QMouseEvent& event, Qt::MouseButton button, const ButtonTypes& types,
-                long clicks) {
-    NSView* view = viewOf(&widget);
-    if (!view) return;
-    const bool isRight = button == Qt::RightButton, isLeft = button == Qt::LeftButton;
-    const Type type = isLeft ? types.left : isRight ? types.right : types.other;
-    const char* selector = isLeft ? types.leftSelector : isRight ? types.rightSelector : types.otherSelector;
-    deliver(*view, Selector::named(selector), mouseEvent(widget, event, type, clicks, *view));
-}
-
-void sendKey(const QWidget& widget, QKeyEvent& event, Type type, const char* selector) {
-    NSView* view = viewOf(&widget);
-    if (!view) return;
-    deliver(*view, Selector::named(selector), NSEvent::ofKey(type, event, view->windowPointer()));
-    event.accept();
-}
 
 }  // namespace
 
@@ -83,73 +38,46 @@ void ViewWidget::paintEvent(QPaintEvent* event) {
 void ViewWidget::mousePressEvent(QMouseEvent* event) {
     clicks_ = 1;
     if (NSView* view = viewOf(this); view && view->canBecomeKeyView()) setFocus(Qt::MouseFocusReason);
-    sendButton(*this, *event, event->button(), kDown, clicks_);
+    tell(*event);
 }
 
 void ViewWidget::mouseDoubleClickEvent(QMouseEvent* event) {
     clicks_ = 2;
-    sendButton(*this, *event, event->button(), kDown, clicks_);
+    tell(*event);
 }
 
-void ViewWidget::mouseReleaseEvent(QMouseEvent* event) { sendButton(*this, *event, event->button(), kUp, clicks_); }
-
-void ViewWidget::mouseMoveEvent(QMouseEvent* event) {
-    NSView* view = viewOf(this);
-    if (!view) return;
-    if (event->buttons() == Qt::NoButton) {
-        deliver(*view, VELT_SELECTOR("mouseMoved:"), mouseEvent(*this, *event, Type::MouseMoved, 0, *view));
-        return;
-    }
-    const Qt::MouseButton button = event->buttons() & Qt::LeftButton    ? Qt::LeftButton
-                                   : event->buttons() & Qt::RightButton ? Qt::RightButton
-                                                                        : Qt::MiddleButton;
-    sendButton(*this, *event, button, kDragged, clicks_);
-}
-
-void ViewWidget::enterEvent(QEnterEvent* event) {
-    if (NSView* view = viewOf(this)) {
-        deliver(*view, VELT_SELECTOR("mouseEntered:"), mouseEvent(*this, *event, Type::MouseEntered, 0, *view));
-    }
-}
-
-void ViewWidget::leaveEvent(QEvent*) {
-    NSView* view = viewOf(this);
-    if (!view) return;
-    const QPointF position = mapFromGlobal(QCursor::pos());
-    deliver(*view, VELT_SELECTOR("mouseExited:"),
-            NSEvent::ofMouse(Type::MouseExited, locationInWindow(*this, position, *view),
-                             modifiersOf(QApplication::keyboardModifiers().toInt()), 0, 0, view->windowPointer()));
-}
+void ViewWidget::mouseReleaseEvent(QMouseEvent* event) { tell(*event); }
+void ViewWidget::mouseMoveEvent(QMouseEvent* event) { tell(*event); }
+void ViewWidget::enterEvent(QEnterEvent* event) { tell(*event); }
+void ViewWidget::leaveEvent(QEvent* event) { tell(*event); }
 
 void ViewWidget::wheelEvent(QWheelEvent* event) {
     NSView* view = viewOf(this);
-    if (!view) return;
-    Ref<NSEvent> made = mouseEvent(*this, *event, Type::ScrollWheel, 0, *view);
-    constexpr double kUnitsPerLine = 120;
-    made->setDelta({event->angleDelta().x() / kUnitsPerLine, event->angleDelta().y() / kUnitsPerLine});
-    if (answersItself(*view, VELT_SELECTOR("scrollWheel:"))) {
-        deliver(*view, VELT_SELECTOR("scrollWheel:"), made);
-    } else {
-        event->ignore();  // an enclosing scroll view is a widget of the toolkit
-    }
+    // What the view leaves is for an enclosing scroll view, a widget of the toolkit.
+    if (!view || !offerToProgram(*view, *this, *event)) event->ignore();
 }
 
 void ViewWidget::keyPressEvent(QKeyEvent* event) {
-    const bool isModifier = event->key() >= Qt::Key_Shift && event->key() <= Qt::Key_ScrollLock;
-    sendKey(*this, *event, isModifier ? Type::FlagsChanged : Type::KeyDown, isModifier ? "flagsChanged:" : "keyDown:");
+    tell(*event);
+    event->accept();
 }
 
 void ViewWidget::keyReleaseEvent(QKeyEvent* event) {
-    const bool isModifier = event->key() >= Qt::Key_Shift && event->key() <= Qt::Key_ScrollLock;
-    sendKey(*this, *event, isModifier ? Type::FlagsChanged : Type::KeyUp, isModifier ? "flagsChanged:" : "keyUp:");
+    tell(*event);
+    event->accept();
 }
 
 void ViewWidget::contextMenuEvent(QContextMenuEvent* event) { event->ignore(); }
 
 bool ViewWidget::focusNextPrevChild(bool next) {
-    NSView* view = viewOf(this);
-    NSWindow* window = view ? view->windowPointer() : nullptr;
-    return window ? window->moveKeyView(*view, next) : QWidget::focusNextPrevChild(next);
+    // The widgets of controls hand the question outward: it is about the one that has the keyboard.
+    NSView* view = viewAround(window()->focusWidget());
+    NSWindow* shown = view ? view->windowPointer() : nullptr;
+    return (shown && shown->moveKeyView(*view, next)) || QWidget::focusNextPrevChild(next);
+}
+
+void ViewWidget::tell(const QEvent& event) {
+    if (NSView* view = viewOf(this)) sendEventMessage(*view, *this, event, clicks_);
 }
 
 }  // namespace velt

@@ -4,7 +4,6 @@
 #include <QWidget>
 
 class NSView;
-class QSinglePointEvent;
 
 namespace velt {
 
@@ -30,7 +29,7 @@ protected:
     bool focusNextPrevChild(bool next) override;
 
 private:
-    void sendMouse(QMouseEvent* event, long leftType);
+    void tell(const QEvent& event);
 
     int clicks_ = 0;
 };
