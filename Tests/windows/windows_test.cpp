@@ -210,6 +210,9 @@ TEST(ProgramsWithWindows, SayInOneSentenceThatThereIsNoDisplay) {
 }
 
 TEST(DroppedWindows, LeaveNothingBehind) {
+    velt::collectCycles();
+    velt::RunLoop::current().runOnce(0.01);
+    const qsizetype before = QApplication::topLevelWidgets().size();
     for (int i = 0; i < 50; ++i) {
         const Ref<NSWindow> window = velt::make<NSWindow>();
         const Ref<Board> board = velt::make<Board>();
@@ -223,5 +226,5 @@ TEST(DroppedWindows, LeaveNothingBehind) {
     }
     EXPECT_EQ(150u, velt::collectCycles());  // window, content view and board of each
     velt::RunLoop::current().runOnce(0.01);
-    EXPECT_TRUE(QApplication::topLevelWidgets().isEmpty());
+    EXPECT_EQ(before, QApplication::topLevelWidgets().size());
 }
