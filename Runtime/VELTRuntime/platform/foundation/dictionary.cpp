@@ -2,6 +2,7 @@
 
 #include "VELTRuntime/operators/borrowed.h"
 #include "VELTRuntime/platform/foundation/array.h"
+#include "VELTRuntime/platform/foundation/collection_hash.h"
 #include "VELTRuntime/platform/foundation/collection_text.h"
 #include "VELTRuntime/platform/foundation/entry_lookup.h"
 #include "VELTRuntime/platform/object/class.h"
@@ -89,7 +90,7 @@ bool NSDictionary::isEqual(const id& other) const {
     return equal;
 }
 
-std::size_t NSDictionary::hash() const { return count(); }
+std::size_t NSDictionary::hash() const { return velt::hashOfEntries(*this); }
 
 id NSDictionary::copy() const {
     if (kind() == velt::Kind::Dictionary) return id(const_cast<NSDictionary*>(this));

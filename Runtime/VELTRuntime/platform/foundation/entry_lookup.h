@@ -34,7 +34,7 @@ VELT_ALWAYS_INLINE inline std::size_t EntryTable::slotWhere(std::uint32_t hash, 
 VELT_ALWAYS_INLINE inline std::size_t EntryTable::slotOf(const NSString& key, std::uint32_t hash) const {
     return slotWhere(hash, [&key, text = key.view()](const id& kept) {
         if (VELT_LIKELY(isString(kept))) return text::isSameText(textOf(kept), text);
-        return isEqual(kept, id(const_cast<NSString*>(&key)));
+        return isEqualToText(kept, key);
     });
 }
 

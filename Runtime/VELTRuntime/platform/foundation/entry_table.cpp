@@ -4,6 +4,10 @@
 
 namespace velt {
 
+bool EntryTable::isEqualToText(const id& kept, const NSString& key) {
+    return isEqual(kept, id(const_cast<NSString*>(&key)));
+}
+
 std::size_t EntryTable::freeSlot(std::uint32_t hash) const {
     const std::size_t mask = index_.size() - 1;
     std::size_t slot = hash & mask;

@@ -50,6 +50,7 @@ private:
     std::size_t slotOf(const id& key, std::uint32_t hash) const;
     std::size_t slotOf(const NSString& key, std::uint32_t hash) const;
     template <class IsSame> std::size_t slotWhere(std::uint32_t hash, IsSame isSame) const;
+    static bool isEqualToText(const id& kept, const NSString& key);
     std::size_t freeSlot(std::uint32_t hash) const;
     void addEntry(id key, id value, std::uint32_t hash, std::size_t slot);
     void rebuild(std::size_t room);
