@@ -69,7 +69,7 @@ bool NSString::isEqual(const id& other) const {
 std::size_t NSString::hash() const {
     const std::uint64_t known = state();
     if (const std::uint64_t hash = known >> kHashShift) return hash;
-    const std::uint64_t hash = std::max<std::uint64_t>(velt::text::hashOf(view()) >> kHashShift, 1);
+    const std::uint64_t hash = std::max<std::uint64_t>(velt::text::hashOf(view()) << kHashShift >> kHashShift, 1);
     // A thread that does the same at this moment writes the same.
     setState(known | hash << kHashShift);
     return hash;
