@@ -4,6 +4,7 @@
 
 #include <VELTRuntime/VELTRuntimeUI.h>
 
+#include <ostream>
 #include <string>
 #include <vector>
 
@@ -20,6 +21,9 @@ struct WrapperRow {
     id (*cast)(const id&);             // of the class that a setter takes; null when it takes anything
     const char* castName;
 };
+
+/// How a failed test names a row.
+inline void PrintTo(const WrapperRow& row, std::ostream* out) { *out << "VELT_" << row.name; }
 
 using OneArgument = id (*)(const id&);
 using TwoArguments = id (*)(const id&, const id&);
@@ -50,6 +54,7 @@ inline std::vector<WrapperRow> wrapperRows() {
 #include "VELTRuntime/ui/windows.def"
 #include "VELTRuntime/ui/views.def"
 #include "VELTRuntime/ui/containers.def"
+#include "VELTRuntime/ui/controls.def"
 // clang-format on
 #include "VELTRuntime/ui/accessor_rows_end.h"
     return rows;

@@ -29,6 +29,8 @@ const std::map<std::string, id (*)()> kMakers{
     {"NSPANEL", [] { return VELT_NSPANEL_INIT(nil, ""); }},
     {"NSRESPONDER", [] { return VELT_NSVIEW_INIT(nil, ""); }},
     {"NSVIEW", [] { return VELT_NSVIEW_INIT(nil, ""); }},
+    {"NSCONTROL", [] { return id(velt::make<NSControl>()); }},
+    {"NSCELL", [] { return id(velt::make<NSCell>()); }},
     {"NSBOX", [] { return VELT_NSBOX_INIT(nil, ""); }},
     {"NSTABVIEW", tabViewWithItems},
     {"NSSCROLLVIEW", [] { return VELT_NSSCROLLVIEW_INIT(nil, ""); }},
@@ -55,6 +57,7 @@ const std::map<std::string, id (*)()> kObjects{
     {"NSCOLOR", [] { return id(NSColor::deviceRgb(1, 0.5, 0, 1)); }},
     {"NSIMAGE", someImage},
     {"NSFONT", [] { return id(velt::make<NSFont>()); }},
+    {"NSCELL", [] { return id(velt::make<NSActionCell>()); }},
     {"ARRAY", [] { return array(str("one"), str("two")); }},
 };
 

@@ -203,6 +203,10 @@ bool NSTabView::performKeyEquivalent(NSEvent* event) {
     return true;
 }
 
+void NSTabView::keyDown(NSEvent* event) {
+    if (!performKeyEquivalent(event)) passOn(VELT_SELECTOR("keyDown:"), id(static_cast<NSObject*>(event)));
+}
+
 // Looks.
 
 void NSTabView::setTabViewType(unsigned long type) {
@@ -369,6 +373,7 @@ void NSTabView::describe(velt::ClassBuilder<NSTabView>& c) {
         .method("selectFirstTabViewItem:", &NSTabView::selectFirstTabViewItem)
         .method("selectLastTabViewItem:", &NSTabView::selectLastTabViewItem)
         .method("performKeyEquivalent:", &NSTabView::performKeyEquivalent)
+        .method("keyDown:", &NSTabView::keyDown)
         .owns(&NSTabView::selected_)
         .owns(&NSTabView::delegate_)
         .owns(&NSTabView::font_);

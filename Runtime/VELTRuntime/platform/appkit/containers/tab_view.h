@@ -68,6 +68,7 @@ public:
     bool acceptsFirstResponder() const override;
     /// Control with Tab or a page key goes from page to page wherever in them the keyboard is.
     bool performKeyEquivalent(NSEvent* event);
+    void keyDown(NSEvent* event);
     void drawRect(NSRect rect) override;
     /// A label or view of an item changed.
     void itemChanged(NSTabViewItem& item);
