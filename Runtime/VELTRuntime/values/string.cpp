@@ -3,6 +3,7 @@
 #include "VELTRuntime/platform/object/class.h"
 #include "VELTRuntime/platform/object/exception.h"
 #include "VELTRuntime/platform/object/message.h"
+#include "VELTRuntime/values/string_drawing.h"
 #include "VELTRuntime/values/text/hashing.h"
 #include "VELTRuntime/values/text/reading.h"
 #include "VELTRuntime/values/text/search.h"
@@ -194,6 +195,7 @@ void NSMutableString::replace(std::size_t position, std::size_t length, std::u16
 
 void NSString::describe(velt::ClassBuilder<NSString>& c) {
     using namespace velt;
+    addDrawingMethods(c);
     c.property("length", &NSString::length)
         .method("string", [](const id& s, const id*) { return s; })
         .method("mutableCopy", [](const id& s, const id*) { return freshCopy(asString(s)); })

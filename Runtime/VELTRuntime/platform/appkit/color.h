@@ -24,6 +24,10 @@ public:
     double alphaComponent() const { return alpha_; }
     /// What is drawn from now on is filled and stroked with it.
     void set() const;
+    void setFill() const;
+    void setStroke() const;
+    /// The same colour with another opacity.
+    id colorWithAlphaComponent(double alpha) const;
     static void describe(velt::ClassBuilder<NSColor>& c);
 
 private:

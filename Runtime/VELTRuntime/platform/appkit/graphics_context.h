@@ -4,6 +4,7 @@
 #include "VELTRuntime/export.h"
 
 #include <QColor>
+#include <vector>
 
 class QPainter;
 
@@ -21,10 +22,25 @@ public:
     static GraphicsContext* current();
 
     QPainter& painter() { return painter_; }
+    /// Keeps colours, clipping and coordinates for the restore that belongs to it. A restore without one does nothing;
+    /// what was not restored is when the scope ends.
+    void save();
+    void restore();
+    /// y points up, so that what is drawn upright has to be turned.
+    bool isTurned() const;
+
     QColor fillColor = Qt::black;
     QColor strokeColor = Qt::black;
+    /// Of text that names none: the desktop's.
+    QColor textColor;
+    bool antialiases = true;
 
 private:
+    struct Saved {
+        QColor fill, stroke;
+        bool antialiases;
+    };
+    std::vector<Saved> saved_;
     QPainter& painter_;
     GraphicsContext* outer_;
 };

@@ -29,6 +29,9 @@ public:
     NSSize size() const;
     /// There is something to draw.
     bool isValid() const;
+    /// Draws a part of the image, all of it for the empty rectangle, over a rectangle of what is being drawn into. The
+    /// fraction is the opacity, from 0 to 1. Nothing happens when nothing is being drawn.
+    void drawInRect(NSRect rect, NSRect from, long operation, double fraction) const;
     const QImage& picture() const { return *picture_; }
     static void describe(velt::ClassBuilder<NSImage>& c);
 

@@ -1,6 +1,7 @@
 // Hands the services of this library to the one without windows, at the moment it is loaded.
 #include "VELTRuntime/platform/appkit/image.h"
 #include "VELTRuntime/platform/appkit/screen.h"
+#include "VELTRuntime/platform/appkit/text_drawing.h"
 #include "VELTRuntime/platform/object/providers.h"
 
 #include <QApplication>
@@ -23,6 +24,8 @@ bool soundAlert() {
     given.imageFromFile = [](const std::string& path) { return id(NSImage::fromFile(path)); };
     given.soundAlert = soundAlert;
     given.visibleScreenFrame = visibleScreenFrame;
+    given.drawText = drawText;
+    given.textSize = textSize;
     provide(given);
     return true;
 }();

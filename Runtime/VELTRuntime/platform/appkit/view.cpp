@@ -1,6 +1,8 @@
 #include "VELTRuntime/platform/appkit/view.h"
 
 #include "VELTRuntime/platform/appkit/application_object.h"
+#include "VELTRuntime/platform/appkit/containers/scroll_view.h"
+#include "VELTRuntime/platform/appkit/containers/scrolling.h"
 #include "VELTRuntime/platform/appkit/graphics_context.h"
 #include "VELTRuntime/platform/appkit/qt_values.h"
 #include "VELTRuntime/platform/appkit/view_widget.h"
@@ -55,6 +57,7 @@ void NSView::setFrame(NSRect frame) {
     frame_ = frame;
     if (superview_) superview_->placeSubview(*this);
     if (resized) sizeChanged(before);
+    if (superview_) superview_->subviewMoved(*this);
 }
 
 void NSView::setBounds(NSRect bounds) {
@@ -168,6 +171,7 @@ void NSView::adopt(NSView& view, std::size_t place) {
     subviews_.insert(subviews_.begin() + static_cast<std::ptrdiff_t>(std::min(place, subviews_.size())), kept);
     view.moveToWindow(window_);
     placeSubview(view);
+    subviewsChanged();
 }
 
 void NSView::addSubview(NSView* view) {
@@ -186,9 +190,10 @@ void NSView::detach(NSView& view) {
 void NSView::removeFromSuperview() {
     if (!superview_) return;
     const Ref<NSView> kept(this);
-    std::vector<Ref<NSView>>& siblings = superview_->subviews_;
-    std::erase_if(siblings, [this](const Ref<NSView>& view) { return view.get() == this; });
-    superview_->detach(*this);
+    const Ref<NSView> held(superview_);
+    std::erase_if(held->subviews_, [this](const Ref<NSView>& view) { return view.get() == this; });
+    held->detach(*this);
+    held->subviewsChanged();
 }
 
 void NSView::replaceSubview(NSView* old, NSView* with) {
@@ -227,7 +232,9 @@ id NSView::ownNextResponder() const { return superview_ ? superview() : window()
 void NSView::setHidden(bool hidden) {
     if (hidden_ == hidden) return;
     hidden_ = hidden;
-    if (superview_) superview_->placeSubview(*this);
+    if (!superview_) return;
+    superview_->placeSubview(*this);
+    superview_->subviewsChanged();
 }
 
 void NSView::setToolTip(const id& text) {
@@ -361,6 +368,26 @@ void NSView::describe(velt::ClassBuilder<NSView>& c) {
         .method("convertSize:toView:", &NSView::convertSizeToView)
         .method("convertRect:toView:", &NSView::convertRectToView)
         .method("convertRect:fromView:", &NSView::convertRectFromView)
+        .method("isDescendantOf:", [](const id& self, const id* a) {
+            return VELT_ID(static_cast<BOOL>(velt::as<NSView>(self)->isDescendantOf(velt::to<NSView>(a[0]))));
+        })
+        .method("display", [](const id& self, const id*) {
+            velt::as<NSView>(self)->setNeedsDisplay(true);
+            return nil;
+        })
+        .method("enclosingScrollView", [](const id& self, const id*) {
+            return id(static_cast<NSObject*>(velt::enclosingScrollView(*velt::as<NSView>(self))));
+        })
+        .method("visibleRect", [](const id& self, const id*) {
+            return VELT_ID(velt::visibleRect(*velt::as<NSView>(self)));
+        })
+        .method("scrollPoint:", [](const id& self, const id* a) {
+            velt::scrollPoint(*velt::as<NSView>(self), VELT_CNSPOINT(a[0]));
+            return nil;
+        })
+        .method("scrollRectToVisible:", [](const id& self, const id* a) {
+            return VELT_ID(static_cast<BOOL>(velt::scrollRectToVisible(*velt::as<NSView>(self), VELT_CNSRECT(a[0]))));
+        })
         .owns(&NSView::toolTip_)
         .owns(&NSView::nextKeyView_);
 }

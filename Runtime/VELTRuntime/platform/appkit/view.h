@@ -114,6 +114,10 @@ protected:
     void changed();
     /// The size changed: moves the subviews and places their widgets.
     virtual void sizeChanged(NSSize before);
+    /// A subview came, went, or was shown or hidden.
+    virtual void subviewsChanged() {}
+    /// A subview's frame was set.
+    virtual void subviewMoved(NSView&) {}
     id ownNextResponder() const override;
     void detach(NSView& view);
 

@@ -486,6 +486,13 @@ void NSWindow::describe(velt::ClassBuilder<NSWindow>& c) {
         .method("selectPreviousKeyView:", &NSWindow::selectPreviousKeyView)
         .method("selectKeyViewFollowingView:", &NSWindow::selectKeyViewFollowingView)
         .method("selectKeyViewPrecedingView:", &NSWindow::selectKeyViewPrecedingView)
+        .method("runToolbarCustomizationPalette:",
+                [](const id& self, const id* sender) {
+                    const id bar = velt::as<NSWindow>(self)->toolbar();
+                    const velt::Selector asked = velt::Selector::named("runCustomizationPalette:");
+                    if (velt::respondsTo(bar, asked)) velt::send(bar, asked, sender[0]);
+                    return id();
+                })
         .method("setFrame:display:",
                 [](const id& self, const id* a) {
                     velt::as<NSWindow>(self)->setFrame(VELT_CNSRECT(a[0]));
