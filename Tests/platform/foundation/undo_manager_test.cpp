@@ -12,8 +12,8 @@ using velt::Ref;
 namespace {
 
 /// A number that can be set, and takes back every setting.
-class Counter : public NSObject {
-    VELT_OBJECT(Counter, NSObject)
+class UndoableNumber : public NSObject {
+    VELT_OBJECT(UndoableNumber, NSObject)
 
 public:
     void setTo(const id& value) {
@@ -26,14 +26,14 @@ public:
     }
     void fail() { velt::raise("VLException", "cannot be undone"); }
     void heard(const id& notification) { told += velt::utf8(velt::send(notification, "name")) + " "; }
-    static void describe(velt::ClassBuilder<Counter>& c) {
-        c.method("setTo:", &Counter::setTo)
-            .method("setBoth:and:", &Counter::setBoth)
-            .method("fail", &Counter::fail)
-            .method("heard:", &Counter::heard)
-            .owns(&Counter::number)
-            .owns(&Counter::other)
-            .owns(&Counter::manager);
+    static void describe(velt::ClassBuilder<UndoableNumber>& c) {
+        c.method("setTo:", &UndoableNumber::setTo)
+            .method("setBoth:and:", &UndoableNumber::setBoth)
+            .method("fail", &UndoableNumber::fail)
+            .method("heard:", &UndoableNumber::heard)
+            .owns(&UndoableNumber::number)
+            .owns(&UndoableNumber::other)
+            .owns(&UndoableNumber::manager);
     }
     id number = integer(0), other;
     Ref<NSUndoManager> manager = velt::make<NSUndoManager>();
@@ -43,7 +43,7 @@ public:
 }  // namespace
 
 TEST(UndoManagers, TakeBackGroupsAndMakeThemAgain) {
-    const Ref<Counter> counter = velt::make<Counter>();
+    const Ref<UndoableNumber> counter = velt::make<UndoableNumber>();
     NSUndoManager& manager = *counter->manager;
     EXPECT_FALSE(manager.canUndo());
     for (long value : {1L, 2L, 3L}) {
@@ -73,7 +73,7 @@ TEST(UndoManagers, TakeBackGroupsAndMakeThemAgain) {
 }
 
 TEST(UndoManagers, MakeOneGroupOfAnEvent) {
-    const Ref<Counter> counter = velt::make<Counter>();
+    const Ref<UndoableNumber> counter = velt::make<UndoableNumber>();
     counter->setTo(integer(1));
     counter->setTo(integer(2));
     EXPECT_VALUE("c 1", velt::send(counter->manager, "canUndo"));
@@ -86,7 +86,7 @@ TEST(UndoManagers, MakeOneGroupOfAnEvent) {
 }
 
 TEST(UndoManagers, TakeMessagesOfAnyKind) {
-    const Ref<Counter> counter = velt::make<Counter>();
+    const Ref<UndoableNumber> counter = velt::make<UndoableNumber>();
     const id manager = counter->manager;
     velt::send(manager, "registerUndoWithTarget:selector:object:", counter, str("setTo:"), integer(7));
     velt::send(manager, "undo");
@@ -102,7 +102,7 @@ TEST(UndoManagers, TakeMessagesOfAnyKind) {
 }
 
 TEST(UndoManagers, SayWhatIsOutOfOrder) {
-    const Ref<Counter> counter = velt::make<Counter>();
+    const Ref<UndoableNumber> counter = velt::make<UndoableNumber>();
     NSUndoManager& manager = *counter->manager;
     EXPECT_RAISES("NSInternalInconsistencyException: 'NSUndoManager' endUndoGrouping: no group was begun",
                   manager.endUndoGrouping());
@@ -120,7 +120,7 @@ TEST(UndoManagers, SayWhatIsOutOfOrder) {
 }
 
 TEST(UndoManagers, AreWholeAfterAnActionThatRaises) {
-    const Ref<Counter> counter = velt::make<Counter>();
+    const Ref<UndoableNumber> counter = velt::make<UndoableNumber>();
     NSUndoManager& manager = *counter->manager;
     manager.registerUndo(counter, velt::Selector::named("fail"), {});
     EXPECT_RAISES("VLException: cannot be undone", manager.undo());
@@ -132,7 +132,7 @@ TEST(UndoManagers, AreWholeAfterAnActionThatRaises) {
 }
 
 TEST(UndoManagers, KeepAsManyGroupsAsTheyAreTold) {
-    const Ref<Counter> counter = velt::make<Counter>();
+    const Ref<UndoableNumber> counter = velt::make<UndoableNumber>();
     NSUndoManager& manager = *counter->manager;
     manager.setLevelsOfUndo(2);
     for (long value : {1L, 2L, 3L}) {
@@ -146,7 +146,7 @@ TEST(UndoManagers, KeepAsManyGroupsAsTheyAreTold) {
 }
 
 TEST(UndoManagers, TellWhenTheyUndoAndRedo) {
-    const Ref<Counter> counter = velt::make<Counter>();
+    const Ref<UndoableNumber> counter = velt::make<UndoableNumber>();
     auto& center = NSNotificationCenter::defaultCenter();
     center.addObserver(counter, velt::Selector::named("heard:"), nil, counter->manager);
     counter->setTo(integer(1));
@@ -161,7 +161,7 @@ TEST(UndoManagers, TellWhenTheyUndoAndRedo) {
 TEST(UndoManagers, GoWithTheirTargets) {
     velt::collectCycles();
     {
-        const Ref<Counter> counter = velt::make<Counter>();
+        const Ref<UndoableNumber> counter = velt::make<UndoableNumber>();
         counter->setTo(integer(1));  // the manager owns the counter, which owns the manager
     }
     velt::RunLoop::current().runOnce(0.01);

@@ -17,6 +17,7 @@
 #include <QTextBlock>
 #include <QTextCursor>
 #include <QTextList>
+#include <QTextTable>
 #include <array>
 
 namespace velt {
@@ -136,6 +137,22 @@ void appendPiece(NSMutableAttributedString& text, QString piece, const id& attri
     if (!units.empty()) text.append(*make<NSAttributedString>(units, attributes));
 }
 
+/// A bracket that begins no tag is text, as "a < b" is; the toolkit's reader would drop what follows it.
+QString withoutLoneBrackets(QString html) {
+    for (qsizetype at = html.indexOf(u'<'); at >= 0; at = html.indexOf(u'<', at + 1)) {
+        const QChar next = at + 1 < html.size() ? html[at + 1] : QChar();
+        const bool begins = next.isLetter() || next == u'/' || next == u'!' || next == u'?';
+        if (!begins) html.replace(at, 1, QStringLiteral("&lt;"));
+    }
+    return html;
+}
+
+/// The empty paragraph that the toolkit keeps before a table at the beginning of a document.
+bool isTableMargin(const QTextBlock& block) {
+    return block.position() == 0 && block.length() == 1 && block.next().isValid() &&
+           QTextCursor(block.next()).currentTable();
+}
+
 bool anyTellsFont(const QTextDocument& document) {
     for (QTextBlock block = document.begin(); block.isValid(); block = block.next()) {
         for (auto piece = block.begin(); !piece.atEnd(); ++piece) {
@@ -175,7 +192,8 @@ const NSParagraphStyle* paragraphStyleOf(const id& attributes) {
 Ref<NSAttributedString> attributedFromHtml(const QString& html) {
     ClosedDocument document;
     document.setUndoRedoEnabled(false);
-    document.setHtml(html);
+    document.setDefaultFont(baseFont());
+    document.setHtml(withoutLoneBrackets(html));
     return attributedFromDocument(document);
 }
 
@@ -183,11 +201,13 @@ Ref<NSAttributedString> attributedFromDocument(const QTextDocument& document) {
     const Ref<NSMutableAttributedString> text = make<NSMutableAttributedString>();
     const QFont base = baseFont();
     const QFont* font = anyTellsFont(document) ? &base : nullptr;
-    for (QTextBlock block = document.begin(); block.isValid(); block = block.next()) {
+    QTextBlock first = document.begin();
+    if (isTableMargin(first)) first = first.next();
+    for (QTextBlock block = first; block.isValid(); block = block.next()) {
         const bool aligned = block.blockFormat().hasProperty(QTextFormat::BlockAlignment);
         const id paragraph = aligned ? paragraphValue(block.blockFormat()) : id();
         const id plain = attributesOf(QTextCharFormat(), paragraph, font);
-        if (block != document.begin()) {
+        if (block != first) {
             const id before = text->length() > 0 ? text->attributesAt(static_cast<long>(text->length()) - 1) : plain;
             appendPiece(*text, QStringLiteral("\n"), before);
         }
