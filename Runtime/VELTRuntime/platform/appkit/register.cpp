@@ -2,6 +2,7 @@
 #include "VELTRuntime/platform/appkit/image.h"
 #include "VELTRuntime/platform/appkit/screen.h"
 #include "VELTRuntime/platform/appkit/text_drawing.h"
+#include "VELTRuntime/platform/appkit/text/rich_text.h"
 #include "VELTRuntime/platform/object/providers.h"
 
 #include <QApplication>
@@ -22,6 +23,9 @@ bool soundAlert() {
 [[maybe_unused]] const bool registered = [] {
     Providers given{};
     given.imageFromFile = [](const std::string& path) { return id(NSImage::fromFile(path)); };
+    given.attributedStringFromHtml = [](const std::string& html) {
+        return id(attributedFromHtml(QString::fromStdString(html)));
+    };
     given.soundAlert = soundAlert;
     given.visibleScreenFrame = visibleScreenFrame;
     given.drawText = drawText;
