@@ -12,5 +12,6 @@
 #include "VELTRuntime/platform/appkit/panel.h"
 #include "VELTRuntime/platform/appkit/view.h"
 #include "VELTRuntime/platform/appkit/window.h"
+#include "VELTRuntime/ui/applications.h"
 #include "VELTRuntime/ui/controls.h"
 #include "VELTRuntime/ui/windows.h"
