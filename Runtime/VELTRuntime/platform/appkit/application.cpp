@@ -129,6 +129,15 @@ void NSApplication::windowCloses(NSWindow& window) {
     });
 }
 
+void NSApplication::windowBecomesKey(NSWindow& window) {
+    // The toolkit tells the window that gets the keyboard first; programs expect to hear of the other one's loss
+    // before.
+    const std::vector<Ref<NSWindow>> open = open_;
+    for (const Ref<NSWindow>& other : open) {
+        if (other.get() != &window) other->activationChanged(false);
+    }
+}
+
 id CurrentEventSetter::exchange(const id& event) {
     return std::exchange(NSApplication::sharedApplication().currentEvent_, event);
 }

@@ -56,7 +56,7 @@ public:
     // The windows' reports.
     void windowOpens(NSWindow& window);
     void windowCloses(NSWindow& window);
-    void keyWindowChanged() {}
+    void windowBecomesKey(NSWindow& window);
     static void describe(velt::ClassBuilder<NSApplication>& c);
 
     NSApplication();

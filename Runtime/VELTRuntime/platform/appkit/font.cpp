@@ -69,7 +69,7 @@ Ref<NSFont> NSFont::named(const id& name, double givenSize) {
     const qsizetype dash = wanted.lastIndexOf(QLatin1Char('-'));
     if (dash <= 0) return nullptr;
     const QString family = familyNamed(wanted.left(dash)), style = wanted.mid(dash + 1);
-    if (family.isEmpty()) return nullptr;
+    if (family.isEmpty() || style.isEmpty()) return nullptr;
     if (isPlainStyle(style)) return made(sized(QFont(family), size), size);
     for (const QString& known : QFontDatabase::styles(family)) {
         if (isSameName(known, style)) {

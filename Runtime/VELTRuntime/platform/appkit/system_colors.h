@@ -17,7 +17,7 @@ struct SystemColor {
 };
 
 inline constexpr std::size_t kSystemColorCount = 37;
-std::span<const SystemColor, kSystemColorCount> systemColors();
+VELT_EXPORT std::span<const SystemColor, kSystemColorCount> systemColors();
 /// The row of that name, or null.
 const SystemColor* systemColor(std::string_view name);
 /// What the palette says at this moment; the toolkit's usual palette while there is no application object.

@@ -34,6 +34,9 @@ double mainScreenHeight() {
     return screen ? screen->geometry().height() : 0;
 }
 
+/// The toolkit's display in memory, which has no order of windows and says so at every attempt.
+bool isInMemory() { return QGuiApplication::platformName() == QLatin1String("offscreen"); }
+
 QSize limit(NSSize content) {
     const auto extent = [](double value) { return static_cast<int>(std::clamp(std::round(value), 0.0, 16777215.0)); };
     return {extent(content.width), extent(content.height)};
@@ -201,7 +204,7 @@ void NSWindow::show(bool activate) {
     } else if (shown.isMinimized()) {
         shown.showNormal();
     }
-    shown.raise();
+    if (!isInMemory()) shown.raise();  // nothing lies above another window there
     if (activate) makeKeyWindow();
 }
 
@@ -210,7 +213,7 @@ void NSWindow::orderFront(const id&) { show(false); }
 void NSWindow::orderFrontRegardless() { show(false); }
 void NSWindow::orderBack(const id&) {
     show(false);
-    widget().lower();
+    if (!isInMemory()) widget().lower();
 }
 void NSWindow::orderOut(const id&) {
     if (!widget_ || !widget_->isVisible()) return;
@@ -396,8 +399,8 @@ void NSWindow::activationChanged(bool active) {
     if (active == wasKey_) return;
     wasKey_ = active;
     const Ref<NSWindow> kept(this);
-    NSApplication::sharedApplication().keyWindowChanged();
     if (active) {
+        NSApplication::sharedApplication().windowBecomesKey(*this);
         tell("windowDidBecomeKey:", "NSWindowDidBecomeKeyNotification");
     } else {
         tell("windowDidResignKey:", "NSWindowDidResignKeyNotification");
