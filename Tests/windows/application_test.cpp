@@ -11,7 +11,10 @@
 #include <QFileOpenEvent>
 #include <QMainWindow>
 #include <QTest>
-#include <thread>
+#include <csignal>
+#include <fcntl.h>
+#include <spawn.h>
+#include <sys/wait.h>
 
 using namespace velt::test;
 using velt::Ref;
@@ -55,6 +58,30 @@ public:
     std::string heard, notes, opened;
 };
 
+/// Another program with a window, until the end of its scope.
+class OtherProgram {
+public:
+    OtherProgram() {
+        std::string program = VELT_TEST_PROGRAMS "/application", way = "stay";
+        char* words[] = {program.data(), way.data(), nullptr};
+        posix_spawn_file_actions_t quiet;
+        posix_spawn_file_actions_init(&quiet);
+        posix_spawn_file_actions_addopen(&quiet, STDOUT_FILENO, "/dev/null", O_WRONLY, 0);
+        EXPECT_EQ(0, posix_spawn(&process_, program.c_str(), &quiet, nullptr, words, environ));
+        posix_spawn_file_actions_destroy(&quiet);
+    }
+    ~OtherProgram() {
+        kill(process_, SIGKILL);
+        waitpid(process_, nullptr, 0);
+    }
+    OtherProgram(const OtherProgram&) = delete;
+    OtherProgram& operator=(const OtherProgram&) = delete;
+    id number() const { return integer(process_); }
+
+private:
+    pid_t process_ = 0;
+};
+
 /// An application whose delegate listens, for one test.
 class Applications : public ::testing::Test {
 protected:
@@ -62,6 +89,12 @@ protected:
     ~Applications() override {
         NSApplication::sharedApplication().setDelegate(nil);
         for (const id& window : windows) VELT_NSWINDOW_CLOSE(window);
+        if (!displayIsX11()) return;
+        // The server still has news of these windows for the toolkit.
+        QTest::qWait(50);
+    }
+    static bool becomesInactive() {
+        return QTest::qWaitFor([] { return !NSApplication::sharedApplication().isActive(); });
     }
     /// A window on the screen that has the keyboard.
     id keyWindow(double x = 100) {
@@ -125,8 +158,20 @@ TEST_F(Applications, GiveANegativeStatusForAProcessThatIsNotThere) {
 
 TEST_F(Applications, BringAnotherProcessToTheFront) {
     if (!displayIsX11() || !displayHasWindowManager()) GTEST_SKIP() << "only X11's window managers are asked";
-    keyWindow();
-    EXPECT_TRUE(VELT_NSAPPLICATION_SHOWOTHERAPPLICATION(application(), integer(getpid())).isNil());
+    const id window = keyWindow();
+    const OtherProgram other;
+    ASSERT_TRUE(becomesInactive());  // new windows come to the front
+    VELT_NSAPPLICATION_ACTIVATEIGNORINGOTHERAPPS(application(), boolean(true));
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&velt::as<NSWindow>(window)->widget()));
+    EXPECT_TRUE(VELT_NSAPPLICATION_SHOWOTHERAPPLICATION(application(), other.number()).isNil());
+    EXPECT_TRUE(becomesInactive());
+    EXPECT_VALUE("c 1", VELT_NSWINDOW_VISIBLE(window));
+}
+
+TEST_F(Applications, WaitForTheWindowOfAProcessThatHasJustBegun) {
+    if (!displayIsX11() || !displayHasWindowManager()) GTEST_SKIP() << "only X11's window managers are asked";
+    const OtherProgram other;
+    EXPECT_TRUE(VELT_NSAPPLICATION_SHOWOTHERAPPLICATION(application(), other.number()).isNil());
 }
 
 TEST_F(Applications, HaveAnEmptyHelpMenuWhenAsked) {
@@ -162,13 +207,13 @@ TEST_F(Applications, SayWhenTheyBecomeActiveAndWhenNoMore) {
     for (const char* name : {"NSApplicationDidBecomeActiveNotification", "NSApplicationDidResignActiveNotification"}) {
         NSNotificationCenter::defaultCenter().addObserver(listener, velt::Selector::named("notified:"), str(name), nil);
     }
-    ASSERT_TRUE(QTest::qWaitFor([] { return !NSApplication::sharedApplication().isActive(); }));
+    ASSERT_TRUE(becomesInactive());
     listener->heard.clear();
     listener->notes.clear();
-    const id window = keyWindow();
+    keyWindow();
     ASSERT_TRUE(QTest::qWaitFor([&] { return listener->heard.find("active ") != std::string::npos; }));
     EXPECT_EQ("NSApplicationDidBecomeActiveNotification ", listener->notes);
-    VELT_NSWINDOW_CLOSE(window);
+    const OtherProgram other;
     EXPECT_TRUE(QTest::qWaitFor([&] { return listener->heard.find("inactive ") != std::string::npos; }));
     EXPECT_EQ("NSApplicationDidBecomeActiveNotification NSApplicationDidResignActiveNotification ", listener->notes);
     NSNotificationCenter::defaultCenter().removeObserver(listener);
@@ -212,10 +257,21 @@ TEST_F(Applications, PutWindowsAwayThatHideWhenAnotherProgramIsInFront) {
     EXPECT_VALUE("c 1", VELT_NSWINDOW_VISIBLE(panel));
     Q_EMIT qApp->applicationStateChanged(Qt::ApplicationInactive);  // nothing changed: it is still active
     EXPECT_VALUE("c 1", VELT_NSWINDOW_VISIBLE(panel));
-    VELT_NSWINDOW_HIDE(window);
-    EXPECT_TRUE(QTest::qWaitFor([&] { return !VELT_CBOOL(VELT_NSWINDOW_VISIBLE(panel)); }));
-    VELT_NSWINDOW_SHOW(window);
+    {
+        const OtherProgram other;
+        EXPECT_TRUE(QTest::qWaitFor([&] { return !VELT_CBOOL(VELT_NSWINDOW_VISIBLE(panel)); }));
+        EXPECT_VALUE("c 1", VELT_NSWINDOW_VISIBLE(window));
+    }
+    VELT_NSAPPLICATION_ACTIVATEIGNORINGOTHERAPPS(application(), boolean(true));
     EXPECT_TRUE(QTest::qWaitFor([&] { return VELT_CBOOL(VELT_NSWINDOW_VISIBLE(panel)) != 0; }));
+}
+
+TEST_F(Applications, ShowAWindowWithoutContentAsItsTitleBar) {
+    const id window = VELT_NSWINDOW_INIT(nil, "");
+    windows.push_back(window);
+    VELT_NSWINDOW_SHOW(window);
+    EXPECT_TRUE(QTest::qWaitForWindowExposed(&velt::as<NSWindow>(window)->widget()));
+    EXPECT_VALUE("c 1", VELT_NSWINDOW_VISIBLE(window));
 }
 
 TEST(Events, AreMadeWithoutTypeAndCharacters) {

@@ -31,7 +31,7 @@ public:
             VELT_NSWINDOW_CLOSE(window);
         } else if (way == "threads") {
             VELT_NSTHREAD_START(VELT_NSTHREAD_INIT(id(this), "work"));
-        } else {
+        } else if (way != "stay") {
             VELT_NSTIMER_INIT(id(this), way == "raise later" ? "fail" : "end");
         }
     }
@@ -96,6 +96,7 @@ public:
 int program(int, char**) {
     const velt::Ref<Delegate> delegate = velt::make<Delegate>();
     delegate->window = VELT_NSWINDOW_INIT(nil, "");
+    VELT_NSWINDOW_FRAME(delegate->window, VELT_ID(NSRect{{500, 500}, {150, 122}}));
     VELT_NSWINDOW_SHOW(delegate->window);
     VELT_idAPPLICATION = id(&NSApplication::sharedApplication());
     velt::send(VELT_idAPPLICATION, "setDelegate:", id(delegate));

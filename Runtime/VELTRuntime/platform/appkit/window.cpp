@@ -364,8 +364,9 @@ void NSWindow::placeWidget() {
     const int extra = widget_->isVisible() ? above : 0;
     const int height = static_cast<int>(std::lround(content.size.height)) + extra;
     const int top = static_cast<int>(std::lround(mainScreenHeight() - content.origin.y)) - height;
+    // The toolkit never shows what has no size; a window without content is its title bar.
     const QRect rect(static_cast<int>(std::lround(content.origin.x)), top,
-                     static_cast<int>(std::lround(content.size.width)), height);
+                     std::max(1, static_cast<int>(std::lround(content.size.width))), std::max(1, height));
     if (placed_) {
         widget_->setGeometry(rect);
     } else {
@@ -378,7 +379,10 @@ void NSWindow::geometryChanged() {
     if (!widget_ || !widget_->isVisible() || placing_) return;
     const Ref<NSWindow> kept(this);
     const QRect client = widget_->geometry();
-    const QSize content = widget_->centralWidget()->size();
+    QSize content = widget_->centralWidget()->size();
+    const NSSize wanted = velt::contentRectForFrame(frame_, styleMask_).size;
+    if (content.width() == 1 && wanted.width <= 0) content.setWidth(0);
+    if (content.height() == 1 && wanted.height <= 0) content.setHeight(0);
     NSRect next{{static_cast<double>(client.x()), mainScreenHeight() - client.y() - client.height()},
                 {static_cast<double>(content.width()), static_cast<double>(content.height())}};
     next = velt::frameRectForContent(next, styleMask_);
