@@ -16,6 +16,7 @@
 #include "VELTRuntime/platform/appkit/text/text_view.h"
 #include "VELTRuntime/platform/appkit/view.h"
 #include "VELTRuntime/platform/appkit/window.h"
+#include "VELTRuntime/ui/applications.h"
 #include "VELTRuntime/ui/controls.h"
 #include "VELTRuntime/ui/containers.h"
 #include "VELTRuntime/ui/views.h"

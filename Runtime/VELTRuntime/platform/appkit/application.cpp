@@ -7,14 +7,12 @@
 #include "VELTRuntime/platform/foundation/array.h"
 #include "VELTRuntime/platform/foundation/notification_center.h"
 #include "VELTRuntime/platform/foundation/run_loop.h"
-#include "VELTRuntime/platform/object/exception.h"
 #include "VELTRuntime/values/string.h"
 
 #include <QApplication>
 #include <QIcon>
 #include <QMainWindow>
 #include <algorithm>
-#include <cstdlib>
 
 using velt::Ref;
 using velt::RunLoop;
@@ -24,11 +22,12 @@ namespace {
 
 id object(const NSObject* pointer) { return id(const_cast<NSObject*>(pointer)); }
 
-constexpr double kAlways = 1e9;  // seconds
-
 }  // namespace
 
-NSApplication::NSApplication() { velt::requireApplicationObject("the application"); }
+NSApplication::NSApplication() {
+    velt::requireApplicationObject("the application");
+    watchDesktop();
+}
 
 NSApplication& NSApplication::sharedApplication() {
     // Leaked: windows may go after static objects.
@@ -105,37 +104,10 @@ void NSApplication::tell(std::string_view delegateSelector, std::string_view not
     NSNotificationCenter::defaultCenter().post(*told);
 }
 
-void NSApplication::finishLaunching() {
-    if (std::exchange(launched_, true)) return;
-    tell("applicationDidFinishLaunching:", "NSApplicationDidFinishLaunchingNotification");
-}
-
-void NSApplication::run() {
-    running_ = true;
-    finishLaunching();
-    while (running_) RunLoop::main().runOnce(kAlways);
-}
-
-void NSApplication::stop(const id&) {
-    running_ = false;
-    RunLoop::main().stop();
-}
-
-void NSApplication::terminate(const id&) {
-    static const Selector asks = Selector::named("applicationShouldTerminate:");
-    if (terminating_) return;
-    if (velt::respondsTo(delegate_, asks) && !VELT_CBOOL(velt::send(delegate_, asks, object(this)))) return;
-    terminating_ = true;
-    tell("applicationWillTerminate:", "NSApplicationWillTerminateNotification");
-    std::exit(0);
-}
-
 void NSApplication::activateIgnoringOtherApps(bool flag) {
     const id window = mainWindow();
     if (!window.isNil() && (flag || isActive())) velt::as<NSWindow>(window)->makeKeyAndOrderFront(nil);
 }
-
-bool NSApplication::isActive() const { return QGuiApplication::applicationState() == Qt::ApplicationActive; }
 
 void NSApplication::windowOpens(NSWindow& window) {
     std::erase_if(open_, [&](const Ref<NSWindow>& open) { return open.get() == &window; });
@@ -157,6 +129,15 @@ void NSApplication::windowCloses(NSWindow& window) {
     });
 }
 
+void NSApplication::windowBecomesKey(NSWindow& window) {
+    // The toolkit tells the window that gets the keyboard first; programs expect to hear of the other one's loss
+    // before.
+    const std::vector<Ref<NSWindow>> open = open_;
+    for (const Ref<NSWindow>& other : open) {
+        if (other.get() != &window) other->activationChanged(false);
+    }
+}
+
 id CurrentEventSetter::exchange(const id& event) {
     return std::exchange(NSApplication::sharedApplication().currentEvent_, event);
 }
@@ -175,6 +156,7 @@ void NSApplication::describe(velt::ClassBuilder<NSApplication>& c) {
         .method("run", &NSApplication::run)
         .method("stop:", &NSApplication::stop)
         .method("terminate:", &NSApplication::terminate)
+        .method("replyToApplicationShouldTerminate:", &NSApplication::replyToApplicationShouldTerminate)
         .method("activateIgnoringOtherApps:", &NSApplication::activateIgnoringOtherApps)
         .method("hideOtherApplications:", &NSApplication::hideOtherApplications)
         .method("unhideAllApplications:", &NSApplication::unhideAllApplications)
@@ -191,20 +173,3 @@ void NSApplication::describe(velt::ClassBuilder<NSApplication>& c) {
         .owns(&NSApplication::icon_)
         .owns(&NSApplication::delegate_);
 }
-
-namespace velt {
-
-int runApplication(int (*program)(int, char**), int argumentCount, char** arguments) {
-    static int (*started)(int, char**) = nullptr;
-    started = program;
-    return runProgram(
-        [](int count, char** values) {
-            NSApplication& application = NSApplication::sharedApplication();
-            const int status = started(count, values);
-            if (status == 0) application.run();
-            return status;
-        },
-        argumentCount, arguments);
-}
-
-}  // namespace velt

@@ -3,6 +3,8 @@
 
 #include "VELTRuntime/platform/appkit/window.h"
 
+#include <string>
+#include <string_view>
 #include <vector>
 
 class VELT_EXPORT NSApplication : public NSResponder {
@@ -35,8 +37,15 @@ public:
     /// Delivers events until stop: or the application's end.
     void run();
     void stop(const id& sender);
-    /// Asks the delegate, tells everyone, and ends the process with status 0.
+    /// Asks the delegate, tells everyone, and ends the process with status 0. Messages that wait for the main thread at
+    /// that moment are not sent any more, and nobody waits for threads.
     void terminate(const id& sender);
+    /// The answer of a delegate that wanted to think about it: it said 2 when it was asked.
+    void replyToApplicationShouldTerminate(bool flag);
+    /// The delegate opens a file (absolute path in UTF-8); false when it does not.
+    bool openFile(const std::string& path);
+    /// The desktop's session is about to end; false when the delegate wants the program to stay.
+    bool agreesToEnd();
     void activateIgnoringOtherApps(bool flag);
     bool isActive() const;
     bool isRunning() const { return running_; }
@@ -47,7 +56,7 @@ public:
     // The windows' reports.
     void windowOpens(NSWindow& window);
     void windowCloses(NSWindow& window);
-    void keyWindowChanged() {}
+    void windowBecomesKey(NSWindow& window);
     static void describe(velt::ClassBuilder<NSApplication>& c);
 
     NSApplication();
@@ -57,10 +66,15 @@ private:
     friend struct CurrentEventSetter;
     void tell(std::string_view delegateSelector, std::string_view notification);
     void finishLaunching();
+    void openFilesOfCommandLine();
+    void end();
+    void watchDesktop();
+    void activityChanged();
 
     std::vector<velt::Ref<NSWindow>> open_;  // what is on the screen lives as long as it is there
     id currentEvent_, mainMenu_, helpMenu_, icon_, delegate_;
-    bool running_ = false, launched_ = false, terminating_ = false;
+    std::vector<velt::Ref<NSWindow>> hiddenWhileInactive_;
+    bool running_ = false, launched_ = false, terminating_ = false, asksDelegate_ = false, wasActive_ = false;
 };
 
 struct VELT_EXPORT CurrentEventSetter {

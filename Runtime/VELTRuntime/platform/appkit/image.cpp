@@ -1,21 +1,40 @@
 #include "VELTRuntime/platform/appkit/image.h"
 
 #include "VELTRuntime/platform/appkit/graphics_context.h"
+#include "VELTRuntime/platform/foundation/data.h"
 #include "VELTRuntime/platform/object/message.h"
 #include "VELTRuntime/values/string.h"
 
+#include <QBuffer>
 #include <QImage>
 #include <QImageReader>
 #include <QPainter>
 #include <algorithm>
 
-velt::Ref<NSImage> NSImage::fromFile(const std::string& path) {
-    QImageReader reader(QString::fromStdString(path));
+namespace {
+
+velt::Ref<NSImage> readFrom(QImageReader& reader) {
     reader.setDecideFormatFromContent(true);
     reader.setAutoTransform(true);
     const QImage picture = reader.read();
     return picture.isNull() ? velt::Ref<NSImage>() : velt::make<NSImage>(picture);
 }
+
+}  // namespace
+
+velt::Ref<NSImage> NSImage::fromFile(const std::string& path) {
+    QImageReader reader(QString::fromStdString(path));
+    return readFrom(reader);
+}
+
+velt::Ref<NSImage> NSImage::fromBytes(std::string_view bytes) {
+    QByteArray shared = QByteArray::fromRawData(bytes.data(), static_cast<qsizetype>(bytes.size()));
+    QBuffer device(&shared);
+    QImageReader reader(&device);
+    return readFrom(reader);
+}
+
+NSImage::NSImage() : NSImage(QImage()) {}
 
 NSImage::NSImage(const QImage& picture) : picture_(std::make_unique<const QImage>(picture)) {}
 
@@ -65,6 +84,15 @@ void NSImage::drawInRect(NSRect rect, NSRect from, long operation, double fracti
     painter.restore();
 }
 
+id NSImage::pngRepresentation() const {
+    if (!isValid()) return nil;
+    QByteArray bytes;
+    QBuffer device(&bytes);
+    device.open(QIODevice::WriteOnly);
+    if (!picture_->save(&device, "PNG")) return nil;
+    return velt::make<NSData>(std::string_view(bytes.constData(), static_cast<std::size_t>(bytes.size())));
+}
+
 void NSImage::describe(velt::ClassBuilder<NSImage>& c) {
     c.property("size", &NSImage::size)
         .method("isValid", &NSImage::isValid)
@@ -80,5 +108,17 @@ void NSImage::describe(velt::ClassBuilder<NSImage>& c) {
             const NSSize size = from.size.width > 0 && from.size.height > 0 ? from.size : image.size();
             image.drawInRect({VELT_CNSPOINT(a[0]), size}, from, VELT_CINTEGER(a[2]), VELT_CDOUBLE(a[3]));
             return nil;
-        });
+        })
+        .property("PNGRepresentation", &NSImage::pngRepresentation)
+        // Images are had as files, of data, and by name; nil when there is no picture.
+        .method("initWithContentsOfFile:",
+                [](const id&, const id* a) { return id(fromFile(velt::utf8(VELT_CSTRING(a[0])))); })
+        .method("initByReferencingFile:",
+                [](const id&, const id* a) { return id(fromFile(velt::utf8(VELT_CSTRING(a[0])))); })
+        .method("initWithData:",
+                [](const id&, const id* a) {
+                    const NSData* data = velt::dataOf(a[0]);
+                    return data ? id(fromBytes(data->characters())) : id();
+                })
+        .classMethod("imageNamed:", [](const id&, const id* a) { return id(named(velt::utf8(VELT_CSTRING(a[0])))); });
 }

@@ -34,6 +34,9 @@ double mainScreenHeight() {
     return screen ? screen->geometry().height() : 0;
 }
 
+/// The toolkit's display in memory, which has no order of windows and says so at every attempt.
+bool isInMemory() { return QGuiApplication::platformName() == QLatin1String("offscreen"); }
+
 QSize limit(NSSize content) {
     const auto extent = [](double value) { return static_cast<int>(std::clamp(std::round(value), 0.0, 16777215.0)); };
     return {extent(content.width), extent(content.height)};
@@ -201,7 +204,7 @@ void NSWindow::show(bool activate) {
     } else if (shown.isMinimized()) {
         shown.showNormal();
     }
-    shown.raise();
+    if (!isInMemory()) shown.raise();  // nothing lies above another window there
     if (activate) makeKeyWindow();
 }
 
@@ -210,7 +213,7 @@ void NSWindow::orderFront(const id&) { show(false); }
 void NSWindow::orderFrontRegardless() { show(false); }
 void NSWindow::orderBack(const id&) {
     show(false);
-    widget().lower();
+    if (!isInMemory()) widget().lower();
 }
 void NSWindow::orderOut(const id&) {
     if (!widget_ || !widget_->isVisible()) return;
@@ -361,8 +364,9 @@ void NSWindow::placeWidget() {
     const int extra = widget_->isVisible() ? above : 0;
     const int height = static_cast<int>(std::lround(content.size.height)) + extra;
     const int top = static_cast<int>(std::lround(mainScreenHeight() - content.origin.y)) - height;
+    // The toolkit never shows what has no size; a window without content is its title bar.
     const QRect rect(static_cast<int>(std::lround(content.origin.x)), top,
-                     static_cast<int>(std::lround(content.size.width)), height);
+                     std::max(1, static_cast<int>(std::lround(content.size.width))), std::max(1, height));
     if (placed_) {
         widget_->setGeometry(rect);
     } else {
@@ -375,7 +379,10 @@ void NSWindow::geometryChanged() {
     if (!widget_ || !widget_->isVisible() || placing_) return;
     const Ref<NSWindow> kept(this);
     const QRect client = widget_->geometry();
-    const QSize content = widget_->centralWidget()->size();
+    QSize content = widget_->centralWidget()->size();
+    const NSSize wanted = velt::contentRectForFrame(frame_, styleMask_).size;
+    if (content.width() == 1 && wanted.width <= 0) content.setWidth(0);
+    if (content.height() == 1 && wanted.height <= 0) content.setHeight(0);
     NSRect next{{static_cast<double>(client.x()), mainScreenHeight() - client.y() - client.height()},
                 {static_cast<double>(content.width()), static_cast<double>(content.height())}};
     next = velt::frameRectForContent(next, styleMask_);
@@ -396,8 +403,8 @@ void NSWindow::activationChanged(bool active) {
     if (active == wasKey_) return;
     wasKey_ = active;
     const Ref<NSWindow> kept(this);
-    NSApplication::sharedApplication().keyWindowChanged();
     if (active) {
+        NSApplication::sharedApplication().windowBecomesKey(*this);
         tell("windowDidBecomeKey:", "NSWindowDidBecomeKeyNotification");
     } else {
         tell("windowDidResignKey:", "NSWindowDidResignKeyNotification");
