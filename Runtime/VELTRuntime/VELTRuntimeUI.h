@@ -6,6 +6,8 @@
 #include "VELTRuntime/platform/appkit/color.h"
 #include "VELTRuntime/platform/appkit/controls/button.h"
 #include "VELTRuntime/platform/appkit/controls/control.h"
+#include "VELTRuntime/platform/appkit/controls/image_view.h"
+#include "VELTRuntime/platform/appkit/controls/segmented_control.h"
 #include "VELTRuntime/platform/appkit/cursor.h"
 #include "VELTRuntime/platform/appkit/event.h"
 #include "VELTRuntime/platform/appkit/font.h"

@@ -1,4 +1,4 @@
-// Buttons and their cells.
+// Buttons and their cells, image views, segmented controls.
 #pragma once
 
 #include "VELTRuntime/ui/accessors.h"
@@ -17,3 +17,12 @@ VELT_EXPORT id VELT_NSBUTTON_BUTTONTYPE(const id& button);
 VELT_EXPORT id VELT_NSBUTTON_INIT(const id& owner, const char* action);
 /// The cell of a switch; its action as for buttons.
 VELT_EXPORT id VELT_NSBUTTONCELL_INIT(const id& owner, const char* action);
+
+/// An image view, which may show an image (an image or the path of one); its action as for buttons.
+VELT_EXPORT id VELT_NSIMAGEVIEW_INIT(const id& owner, const char* action);
+VELT_EXPORT id VELT_NSIMAGEVIEW_INIT(const id& owner, const char* action, const id& image);
+/// An image cell, the same way.
+VELT_EXPORT id VELT_NSIMAGECELL_INIT(const id& owner, const char* action);
+VELT_EXPORT id VELT_NSIMAGECELL_INIT(const id& owner, const char* action, const id& image);
+/// A segmented control of three segments.
+VELT_EXPORT id VELT_NSSEGMENTEDCONTROL_INIT(const id& owner, const char* action);

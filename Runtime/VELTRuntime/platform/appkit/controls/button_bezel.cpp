@@ -1,51 +1,17 @@
 #include "VELTRuntime/platform/appkit/controls/button_bezel.h"
 
+#include "VELTRuntime/platform/appkit/controls/button_colours.h"
+
 #include <QPainter>
 #include <QPainterPath>
 #include <QStyle>
 #include <QStyleOptionButton>
 #include <algorithm>
-#include <cmath>
+#include <climits>
 
 namespace velt {
 
 namespace {
-
-QColor mix(const QColor& a, const QColor& b, double part) {
-    const auto between = [part](double x, double y) { return static_cast<float>(x + (y - x) * part); };
-    return QColor::fromRgbF(between(a.redF(), b.redF()), between(a.greenF(), b.greenF()),
-                            between(a.blueF(), b.blueF()));
-}
-
-/// Towards white, or for a negative part towards black.
-QColor shade(const QColor& color, double part) {
-    return part > 0 ? mix(color, Qt::white, part) : mix(color, Qt::black, -part);
-}
-
-bool isDark(const QColor& color) { return color.lightnessF() < 0.5F; }
-
-/// The colours of one button at one moment.
-struct Colours {
-    QColor face, light, low, edge, ink, accent;
-};
-
-Colours coloursOf(const QStyleOption& option, const ButtonLook& look) {
-    const QPalette& palette = option.palette;
-    Colours c;
-    c.face = palette.color(QPalette::Button);
-    c.accent = palette.color(QPalette::Highlight);
-    c.ink = palette.color(QPalette::ButtonText);
-    const bool dark = isDark(c.face);
-    c.edge = mix(c.face, c.ink, option.state & QStyle::State_Enabled ? 0.5 : 0.25);
-    if (look.isDefault) c.edge = c.accent;
-    if (look.isOn) c.face = mix(c.face, c.accent, 0.6);
-    if (option.state & QStyle::State_MouseOver && !look.isPressed) c.face = shade(c.face, dark ? 0.06 : 0.25);
-    if (look.isPressed) c.face = shade(c.face, dark ? -0.3 : -0.2);
-    c.light = shade(c.face, dark ? 0.16 : 0.7);
-    c.low = shade(c.face, dark ? -0.45 : -0.22);
-    if (look.isOn) c.ink = isDark(c.face) ? Qt::white : Qt::black;
-    return c;
-}
 
 /// A rectangle whose border of one dot lies on the screen's dots.
 QRectF sharp(const QRect& rect) { return QRectF(rect).adjusted(0.5, 0.5, -0.5, -0.5); }
@@ -75,7 +41,7 @@ QPainterPath rounded(const QRectF& rect, double radius) {
     return path;
 }
 
-void drawFocus(QPainter& painter, const QStyleOption& option, const QPainterPath& shape, const Colours& c) {
+void drawFocus(QPainter& painter, const QStyleOption& option, const QPainterPath& shape, const ButtonColours& c) {
     if (!(option.state & QStyle::State_HasFocus) || !(option.state & QStyle::State_KeyboardFocusChange)) return;
     painter.save();
     painter.setClipPath(shape);
@@ -87,7 +53,7 @@ void drawFocus(QPainter& painter, const QStyleOption& option, const QPainterPath
 }
 
 /// A fine weave over a shape.
-void drawTexture(QPainter& painter, const QPainterPath& shape, const Colours& c) {
+void drawTexture(QPainter& painter, const QPainterPath& shape, const ButtonColours& c) {
     QColor thread = isDark(c.face) ? Qt::white : Qt::black;
     thread.setAlphaF(0.16F);
     painter.setPen(Qt::NoPen);
@@ -137,7 +103,7 @@ void drawStyled(QPainter& painter, const QStyleOption& option, const ButtonLook&
     style.drawControl(QStyle::CE_PushButtonBevel, &button, &painter, widget);
 }
 
-void drawRaisedSquare(QPainter& painter, const QStyleOption& option, const Colours& c, bool pressed) {
+void drawRaisedSquare(QPainter& painter, const QStyleOption& option, const ButtonColours& c, bool pressed) {
     const QRect r = option.rect;
     painter.setRenderHint(QPainter::Antialiasing, false);
     painter.setPen(c.edge);
@@ -174,9 +140,14 @@ QMargins bezelMargins(BezelStyle bezel) {
     }
 }
 
+QRect bezelRoom(const QRect& rect, BezelStyle bezel) {
+    const QRect within = bezel == BezelStyle::Circular ? middleSquare(rect, INT_MAX) : rect;
+    return within.marginsRemoved(bezelMargins(bezel));
+}
+
 QColor drawBezel(QPainter& painter, const QStyleOption& option, const ButtonLook& look, const QStyle& style,
                  const QWidget* widget) {
-    Colours c = coloursOf(option, look);
+    ButtonColours c = buttonColours(option, {look.isPressed, look.isOn, look.isDefault});
     painter.save();
     painter.setRenderHint(QPainter::Antialiasing);
     const QRectF frame = sharp(option.rect);

@@ -211,13 +211,25 @@ void drawButton(QPainter& painter, const QStyleOption& option, const ButtonLook&
     QRect room = option.rect;
     if (look.isBordered) {
         ink = drawBezel(painter, option, look, style, widget);
-        room = room.marginsRemoved(bezelMargins(look.bezel));
+        room = bezelRoom(room, look.bezel);
     } else if ((look.isPressed || look.isOn) && !look.hasIndicator()) {
         QColor tint = ink;
         tint.setAlphaF(look.isPressed ? 0.2F : 0.12F);
         painter.fillRect(option.rect, tint);
     }
     if (look.isSign()) return;
+    const QRect title = drawButtonContents(painter, option, look, room, ink, style, widget);
+    const bool focused = option.state & QStyle::State_HasFocus && option.state & QStyle::State_KeyboardFocusChange;
+    if (!focused || look.isBordered) return;
+    QStyleOptionFocusRect focus;
+    static_cast<QStyleOption&>(focus) = option;
+    focus.type = QStyleOption::SO_FocusRect;
+    focus.rect = title.adjusted(-2, -1, 2, 1).intersected(option.rect);
+    style.drawPrimitive(QStyle::PE_FrameFocusRect, &focus, &painter, widget);
+}
+
+QRect drawButtonContents(QPainter& painter, const QStyleOption& option, const ButtonLook& look, const QRect& room,
+                         const QColor& ink, const QStyle& style, const QWidget* widget) {
     const Placed placed = place(look, style, room, option.direction);
     if (!placed.picture.isEmpty()) {
         if (look.hasIndicator()) {
@@ -227,14 +239,11 @@ void drawButton(QPainter& painter, const QStyleOption& option, const ButtonLook&
         }
     }
     if (!placed.title.isEmpty()) drawTitle(painter, option, look, placed.title, ink);
-    const bool focused = option.state & QStyle::State_HasFocus && option.state & QStyle::State_KeyboardFocusChange;
-    if (!focused || look.isBordered) return;
-    QStyleOptionFocusRect focus;
-    static_cast<QStyleOption&>(focus) = option;
-    focus.type = QStyleOption::SO_FocusRect;
-    const QRect around = placed.title.isEmpty() ? placed.picture : placed.title;
-    focus.rect = around.adjusted(-2, -1, 2, 1).intersected(option.rect);
-    style.drawPrimitive(QStyle::PE_FrameFocusRect, &focus, &painter, widget);
+    return placed.title.isEmpty() ? placed.picture : placed.title;
+}
+
+QSize buttonContentsSize(const ButtonLook& look, const QStyle& style) {
+    return contentSize(look, partsOf(look, style));
 }
 
 QSize buttonSize(const ButtonLook& look, const QStyle& style) {
@@ -242,7 +251,7 @@ QSize buttonSize(const ButtonLook& look, const QStyle& style) {
     if (look.isSign()) {
         return look.bezel == BezelStyle::Disclosure ? kTriangle : look.bezel == BezelStyle::Help ? kHelp : kChevron;
     }
-    const QSize content = contentSize(look, partsOf(look, style));
+    const QSize content = buttonContentsSize(look, style);
     if (!look.isBordered) return content + QSize(4, 4);
     const QMargins margins = bezelMargins(look.bezel);
     const QSize whole = content.grownBy(margins);

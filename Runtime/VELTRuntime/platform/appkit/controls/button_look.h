@@ -16,14 +16,14 @@ namespace velt {
 
 /// What of a button can be seen at one moment.
 struct ButtonLook {
-    ButtonType type;
-    BezelStyle bezel;
-    ImagePosition position;
-    bool isBordered, isTransparent, isDefault;
+    ButtonType type = ButtonType::MomentaryPushIn;
+    BezelStyle bezel = BezelStyle::RegularSquare;
+    ImagePosition position = ImagePosition::Left;
+    bool isBordered = true, isTransparent = false, isDefault = false;
     /// The border is drawn as pressed, as on.
-    bool isPressed, isOn;
-    long state;
-    long alignment;
+    bool isPressed = false, isOn = false;
+    long state = 0;
+    long alignment = 2;
     QString title;
     id attributedTitle;  // nil when the title is plain
     QImage picture;
@@ -43,6 +43,12 @@ ButtonLook lookOf(const NSButtonCell& cell, bool pressed);
 /// Draws a button into the option's rectangle, by its palette, state and direction. The widget may be null.
 void drawButton(QPainter& painter, const QStyleOption& option, const ButtonLook& look, const QStyle& style,
                 const QWidget* widget);
+
+/// Draws picture and title alone, within the room that a border leaves. Returns where the title is, or else the
+/// picture.
+QRect drawButtonContents(QPainter& painter, const QStyleOption& option, const ButtonLook& look, const QRect& room,
+                         const QColor& ink, const QStyle& style, const QWidget* widget);
+QSize buttonContentsSize(const ButtonLook& look, const QStyle& style);
 
 /// The size in which all of it can be seen.
 QSize buttonSize(const ButtonLook& look, const QStyle& style);
