@@ -47,9 +47,9 @@ TEST(SegmentedControls, HaveThreeSegmentsAndNoneSelected) {
     EXPECT_VALUE("''", velt::send(control, "labelForSegment:", VELT_ID(2L)));
     EXPECT_VALUE("c 1", velt::send(control, "isEnabledForSegment:", VELT_ID(2L)));
     EXPECT_VALUE("q 0", VELT_NSSEGMENTEDCONTROL_SELECTED(nil));
-    EXPECT_RAISES("NSRangeException: 'NSSegmentedCell' segment: index 3 is out of range, 3 elements",
+    EXPECT_RAISES("NSRangeException: 'NSSegmentedCell' segment: index 3 is out of range; the count is 3",
                   velt::send(control, "labelForSegment:", VELT_ID(3L)));
-    EXPECT_RAISES("NSRangeException: 'NSSegmentedCell' segment: index -1 is out of range, 3 elements",
+    EXPECT_RAISES("NSRangeException: 'NSSegmentedCell' segment: index -1 is out of range; the count is 3",
                   velt::send(control, "setLabel:forSegment:", str("x"), VELT_ID(-1L)));
 }
 
