@@ -8,6 +8,7 @@
 #include <QPalette>
 #include <QTest>
 #include <VELTRuntime/VELTRuntimeUI.h>
+#include <cstdlib>
 #include <string>
 #include <utility>
 
@@ -54,6 +55,14 @@ struct ControlWindow {
     id window = VELT_NSWINDOW_INIT(nil, "");
     Ref<ActionListener> listener = make<ActionListener>();
 };
+
+/// Writes what a widget shows into the folder that VELT_SCREENSHOTS names, for people to look at.
+inline void keepPicture(QWidget& widget, const char* name) {
+    const char* folder = std::getenv("VELT_SCREENSHOTS");
+    if (!folder) return;
+    EXPECT_TRUE(
+        widget.grab().save(QStringLiteral("%1/%2.png").arg(QString::fromUtf8(folder), QString::fromUtf8(name))));
+}
 
 inline QPalette darkPalette() { return QPalette(QColor(53, 53, 53)); }
 

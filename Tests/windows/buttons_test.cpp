@@ -3,6 +3,7 @@
 #include "support/control_window.h"
 
 #include "VELTRuntime/platform/foundation/attributed_string.h"
+#include "VELTRuntime/platform/object/cycles.h"
 
 #include <QAbstractButton>
 #include <QAccessible>
@@ -497,9 +498,25 @@ TEST(Buttons, SurviveBeingRemovedByTheirOwnAction) {
     EXPECT_TRUE(QTest::qWaitFor([&] { return !window.widget().findChild<QAbstractButton*>(); }));
 }
 
-TEST(ButtonKinds, AreLookedAt) {
-    const char* folder = std::getenv("VELT_SCREENSHOTS");
-    if (!folder) GTEST_SKIP() << "set VELT_SCREENSHOTS to a folder to get pictures";
+TEST(ButtonKinds, ShowThatTheyAreFocused) {
+    ControlWindow window;
+    for (const Kind& kind : kKinds) {
+        SCOPED_TRACE(kind.name);
+        const id other = newButton(window, VELT_PUSHBUTTON_INIT, {{20, 80}, {90, 30}});
+        const id button = newButton(window, kind.make, {{20, 20}, {90, 30}});
+        window.show();
+        widgetOf(other).setFocus();
+        const QImage before = shot(button);
+        VELT_NSWINDOW_RECALCULATEKEYVIEWLOOP(window.window);
+        VELT_NSWINDOW_SELECTNEXTKEYVIEW(window.window);
+        EXPECT_EQ(button, VELT_NSWINDOW_FIRSTRESPONDER(window.window));
+        EXPECT_NE(before, shot(button));
+        velt::send(other, "removeFromSuperview");
+        velt::send(button, "removeFromSuperview");
+    }
+}
+
+TEST(ButtonKinds, ShowEveryState) {
     const QPalette own = QApplication::palette();
     for (const bool dark : {false, true}) {
         QApplication::setPalette(dark ? darkPalette() : own);
@@ -509,8 +526,9 @@ TEST(ButtonKinds, AreLookedAt) {
             double x = 16;
             for (int look = 0; look < 6; ++look) {
                 const id button = newButton(window, kind.make, {{x, y}, {96, 28}}, "");
-                VELT_NSBUTTON_TITLE(button, str(look == 1 ? "Focused" : kind.name));
+                VELT_NSBUTTON_TITLE(button, str(look == 1 ? "default" : kind.name));
                 VELT_NSBUTTON_ALLOWSMIXEDSTATE(button, VELT_ID(BOOL{1}));
+                if (look == 1) velt::as<NSButton>(button)->setKeyEquivalent(str("\r"));
                 if (look == 2) VELT_NSBUTTON_HIGHLIGHT(button, VELT_ID(BOOL{1}));
                 if (look == 3) VELT_NSBUTTON_STATE(button, VELT_ID(1L));
                 if (look == 4) VELT_NSBUTTON_STATE(button, VELT_ID(-1L));
@@ -520,7 +538,26 @@ TEST(ButtonKinds, AreLookedAt) {
             y -= 35;
         }
         window.show();
-        window.widget().grab().save(QString::fromUtf8(folder) + (dark ? "/buttons-dark.png" : "/buttons-light.png"));
+        keepPicture(window.widget(), dark ? "buttons-dark" : "buttons-light");
+        std::vector<QImage> boxes;
+        for (const Ref<NSView>& view : velt::as<NSView>(VELT_NSWINDOW_CONTENTVIEW(window.window))->subviewList()) {
+            if (!velt::as<NSButton>(view)->buttonCell().isSwitch()) continue;
+            boxes.push_back(shot(view));
+            EXPECT_EQ(1, std::count(boxes.begin(), boxes.end(), boxes.back())) << boxes.size();
+        }
+        EXPECT_EQ(6u, boxes.size());
     }
     QApplication::setPalette(own);
+}
+
+TEST(DroppedForms, LeaveNoButtonsBehind) {
+    velt::collectCycles();
+    for (int i = 0; i < 20; ++i) {
+        ControlWindow window;
+        const id button = newButton(window, VELT_PUSHBUTTON_INIT, {{20, 20}, {90, 30}});
+        VELT_NSCONTROL_TARGET(button, window.window);    // a circle
+        VELT_NSBUTTON_KEYEQUIVLANET(button, str("\r"));  // and another one
+        window.show();
+    }
+    EXPECT_EQ(80u, velt::collectCycles());  // window, content view, button and cell of each
 }
