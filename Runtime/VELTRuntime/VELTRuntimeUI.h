@@ -13,4 +13,5 @@
 #include "VELTRuntime/platform/appkit/view.h"
 #include "VELTRuntime/platform/appkit/window.h"
 #include "VELTRuntime/ui/controls.h"
+#include "VELTRuntime/ui/value_controls.h"
 #include "VELTRuntime/ui/windows.h"
