@@ -1,5 +1,7 @@
 #include "VELTRuntime/ui/value_controls.h"
 
+#include "VELTRuntime/platform/appkit/controls/color_well.h"
+#include "VELTRuntime/platform/appkit/controls/date_picker.h"
 #include "VELTRuntime/platform/appkit/controls/level_indicator.h"
 #include "VELTRuntime/platform/appkit/controls/slider.h"
 #include "VELTRuntime/platform/appkit/controls/stepper.h"
@@ -23,4 +25,12 @@ id VELT_NSLEVELINDICATOR_INIT(const id& owner, const char* action) {
 
 id VELT_NSSTEPPER_INIT(const id& owner, const char* action) {
     return ui::newObject<NSStepper>("VELT_NSSTEPPER_INIT", owner, action);
+}
+
+id VELT_NSDATEPICKER_INIT(const id& owner, const char* action) {
+    return ui::newObject<NSDatePicker>("VELT_NSDATEPICKER_INIT", owner, action);
+}
+
+id VELT_NSCOLORWELL_INIT(const id& owner, const char* action) {
+    return ui::newObject<NSColorWell>("VELT_NSCOLORWELL_INIT", owner, action);
 }
