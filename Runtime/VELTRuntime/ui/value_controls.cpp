@@ -3,6 +3,7 @@
 #include "VELTRuntime/platform/appkit/controls/color_well.h"
 #include "VELTRuntime/platform/appkit/controls/date_picker.h"
 #include "VELTRuntime/platform/appkit/controls/level_indicator.h"
+#include "VELTRuntime/platform/appkit/controls/path_cell.h"
 #include "VELTRuntime/platform/appkit/controls/slider.h"
 #include "VELTRuntime/platform/appkit/controls/stepper.h"
 #include "VELTRuntime/ui/constructors.h"
@@ -33,4 +34,8 @@ id VELT_NSDATEPICKER_INIT(const id& owner, const char* action) {
 
 id VELT_NSCOLORWELL_INIT(const id& owner, const char* action) {
     return ui::newObject<NSColorWell>("VELT_NSCOLORWELL_INIT", owner, action);
+}
+
+id VELT_NSPATHCONTROL_INIT(const id& owner, const char* action) {
+    return ui::newObject<NSPathControl>("VELT_NSPATHCONTROL_INIT", owner, action);
 }

@@ -13,3 +13,4 @@ VELT_EXPORT id VELT_NSLEVELINDICATOR_INIT(const id& owner, const char* action);
 VELT_EXPORT id VELT_NSSTEPPER_INIT(const id& owner, const char* action);
 VELT_EXPORT id VELT_NSDATEPICKER_INIT(const id& owner, const char* action);
 VELT_EXPORT id VELT_NSCOLORWELL_INIT(const id& owner, const char* action);
+VELT_EXPORT id VELT_NSPATHCONTROL_INIT(const id& owner, const char* action);
