@@ -25,4 +25,5 @@
 #include "VELTRuntime/ui/containers.h"
 #include "VELTRuntime/ui/views.h"
 #include "VELTRuntime/ui/text_views.h"
+#include "VELTRuntime/ui/value_controls.h"
 #include "VELTRuntime/ui/windows.h"

@@ -27,4 +27,10 @@ inline QColor qtColor(const NSColor& color) {
                             static_cast<float>(color.blueComponent()), static_cast<float>(color.alphaComponent()));
 }
 
+/// A new colour value, in the steps of the screen.
+inline id colorValue(const QColor& color) {
+    constexpr double kSteps = 255;
+    return make<NSColor>(color.red() / kSteps, color.green() / kSteps, color.blue() / kSteps, color.alpha() / kSteps);
+}
+
 }  // namespace velt
