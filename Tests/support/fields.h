@@ -3,6 +3,8 @@
 
 #include "support/values.h"
 
+#include "VELTRuntime/platform/foundation/notification_center.h"
+
 #include <VELTRuntime/VELTRuntimeUI.h>
 
 #include <QApplication>
@@ -25,7 +27,7 @@ public:
     }
     void ended(NSNotification* told) {
         const id movement = send(told->userInfo(), "objectForKey:", str("NSTextMovement"));
-        note("ended" + utf8(description(movement)), told->object());
+        note("ended" + utf8(velt::description(movement)), told->object());
     }
     bool mayBegin(id, id) {
         heard += "begin? ";

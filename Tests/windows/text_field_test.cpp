@@ -1,5 +1,6 @@
 #include "support/fields.h"
 
+#include <QAccessible>
 #include <QClipboard>
 #include <QLineEdit>
 #include <QTextEdit>
@@ -14,7 +15,9 @@ class LengthFormatter : public NSObject {
     VELT_OBJECT(LengthFormatter, NSObject)
 
 public:
-    id text(const id& value) const { return velt::isNumber(value) ? VELT_CONCAT(VELT_STR(value), str(" m")) : id(); }
+    id text(const id& value) const {
+        return velt::isNumber(value) ? VELT_CONCAT(velt::description(value), str(" m")) : id();
+    }
     id value(const id& text) const {
         const std::string given = velt::utf8(text);
         if (given.empty() || given.find_first_not_of("0123456789 m") != std::string::npos) return nil;
@@ -24,6 +27,17 @@ public:
         c.method("stringForObjectValue:", &LengthFormatter::text)
             .method("objectValueForString:", &LengthFormatter::value);
     }
+};
+
+/// Counts the clicks that the window gives its default button.
+class DefaultButton : public NSObject {
+    VELT_OBJECT(DefaultButton, NSObject)
+public:
+    void performClick(const id&) { ++clicks; }
+    static void describe(velt::ClassBuilder<DefaultButton>& c) {
+        c.method("performClick:", &DefaultButton::performClick);
+    }
+    int clicks = 0;
 };
 
 class TextFields : public testing::Test {
@@ -56,9 +70,10 @@ TEST_F(TextFields, AreMadeAsTheTableOfConstructorsSays) {
     const id label = VELT_LABEL_INIT(listener, "lacking:");
     EXPECT_EQ(id(listener), VELT_NSTEXTFIELD_DELEGATE(label));
     EXPECT_TRUE(VELT_NSCONTROL_TARGET(label).isNil());
-    for (const auto getter : {&VELT_NSTEXTFIELD_EDITABLE, &VELT_NSTEXTFIELD_SELECTABLE, &VELT_NSTEXTFIELD_BEZELED,
-                              &VELT_NSTEXTFIELD_BORDERED}) {
-        EXPECT_VALUE("c 0", static_cast<id (*)(const id&)>(getter)(label));
+    using Getter = id (*)(const id&);
+    for (const Getter getter : {Getter{&VELT_NSTEXTFIELD_EDITABLE}, Getter{&VELT_NSTEXTFIELD_SELECTABLE},
+                                Getter{&VELT_NSTEXTFIELD_BEZELED}, Getter{&VELT_NSTEXTFIELD_BORDERED}}) {
+        EXPECT_VALUE("c 0", getter(label));
     }
     const id secret = VELT_NSSECURETEXTFIELD_INIT(listener, "pressed:");
     EXPECT_EQ("NSSecureTextField", velt::classOf(secret)->name());
@@ -269,6 +284,7 @@ TEST_F(TextFields, ReadAndWriteThroughTheirFormatter) {
     EXPECT_VALUE("q 12", VELT_NSCONTROL_OBJECTVALUE(field));
     ASSERT_TRUE(shown.show());
     ASSERT_TRUE(shown.focus(field));
+    EXPECT_EQ("0+4", selectionOf(field));
     type("45");
     EXPECT_VALUE("'45'", VELT_NSCONTROL_STRINGVALUE(field));
     EXPECT_VALUE("q 45", VELT_NSCONTROL_OBJECTVALUE(field));
@@ -354,15 +370,8 @@ TEST_F(TextFields, LiveUntilTheirActionIsOverThoughTheProgramDropsThem) {
 }
 
 TEST_F(TextFields, ReturnOfAFieldWithoutActionPressesTheDefaultButton) {
-    class Button : public NSObject {
-        VELT_OBJECT(Button, NSObject)
-    public:
-        void performClick(const id&) { ++clicks; }
-        static void describe(velt::ClassBuilder<Button>& c) { c.method("performClick:", &Button::performClick); }
-        int clicks = 0;
-    };
     const id field = addField("x");
-    const Ref<Button> button = velt::make<Button>();
+    const Ref<DefaultButton> button = velt::make<DefaultButton>();
     velt::as<NSWindow>(shown.window())->setDefaultButtonCell(button);
     ASSERT_TRUE(shown.show());
     ASSERT_TRUE(shown.focus(field));

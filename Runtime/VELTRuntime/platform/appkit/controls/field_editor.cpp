@@ -68,16 +68,31 @@ bool isTab(const QEvent& event) {
            !(key.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier));
 }
 
-/// The reasons for which an editor gets the keyboard to type something new.
-bool startsAnew(Qt::FocusReason reason) {
-    return reason == Qt::TabFocusReason || reason == Qt::BacktabFocusReason || reason == Qt::ShortcutFocusReason ||
-           reason == Qt::OtherFocusReason;
-}
-
 /// The keyboard is only borrowed: by a menu, or by another window.
 bool comesBack(Qt::FocusReason reason) {
     return reason == Qt::ActiveWindowFocusReason || reason == Qt::PopupFocusReason || reason == Qt::MenuBarFocusReason;
 }
+
+/// From when an editor gets the keyboard to when it goes to another one, also while a menu or another window borrows it.
+class KeyboardStay {
+public:
+    /// The editor got the keyboard. True when all of its text is to be selected, ready to be typed over.
+    bool begins(Qt::FocusReason reason) {
+        const bool began = !std::exchange(going_, true);
+        return reason == Qt::TabFocusReason || reason == Qt::BacktabFocusReason ||
+               reason == Qt::ShortcutFocusReason || reason == Qt::OtherFocusReason ||
+               (began && reason == Qt::ActiveWindowFocusReason);
+    }
+    /// The editor lost the keyboard. True when it went to another one.
+    bool ends(Qt::FocusReason reason) {
+        if (comesBack(reason)) return false;
+        going_ = false;
+        return true;
+    }
+
+private:
+    bool going_ = false;
+};
 
 void tellKeyboardLeft(QWidget& editor, const QFocusEvent& event) {
     if (comesBack(event.reason())) return;
@@ -85,6 +100,18 @@ void tellKeyboardLeft(QWidget& editor, const QFocusEvent& event) {
     if (!field || field->keyboardLeft()) return;
     QMetaObject::invokeMethod(
         &editor, [&editor] { editor.setFocus(Qt::MouseFocusReason); }, Qt::QueuedConnection);
+}
+
+/// A text with a space for every line end.
+QString oneLine(QString text) {
+    text.replace(QStringLiteral("\r\n"), QStringLiteral(" "));
+    for (QChar& unit : text) {
+        if (unit == QLatin1Char('\n') || unit == QLatin1Char('\r') || unit == QChar::ParagraphSeparator ||
+            unit == QChar::LineSeparator) {
+            unit = QLatin1Char(' ');
+        }
+    }
+    return text;
 }
 
 /// Line ends have no place in one line: each becomes a space, so that nothing else of a pasted text is lost.
@@ -96,24 +123,12 @@ public:
             !text.contains(QChar::ParagraphSeparator) && !text.contains(QChar::LineSeparator)) {
             return Acceptable;
         }
-        QString before = joined(text.left(caret)), behind = joined(text.mid(caret));
+        QString before = oneLine(text.left(caret)), behind = oneLine(text.mid(caret));
         // One at the end of what was pasted separates nothing.
         if (behind.isEmpty() && before.endsWith(QLatin1Char(' '))) before.chop(1);
         text = before + behind;
         caret = static_cast<int>(before.size());
         return Acceptable;
-    }
-
-private:
-    static QString joined(QString text) {
-        text.replace(QStringLiteral("\r\n"), QStringLiteral(" "));
-        for (QChar& unit : text) {
-            if (unit == QLatin1Char('\n') || unit == QLatin1Char('\r') || unit == QChar::ParagraphSeparator ||
-                unit == QChar::LineSeparator) {
-                unit = QLatin1Char(' ');
-            }
-        }
-        return text;
     }
 };
 
@@ -131,9 +146,10 @@ public:
 
     QWidget& widget() override { return *this; }
     QString text() const override { return QLineEdit::text(); }
+    bool shows(const QString& text) const override { return QLineEdit::text() == oneLine(text); }
     void setText(const QString& text) override {
         const int caret = cursorPosition();
-        QLineEdit::setText(text);
+        QLineEdit::setText(oneLine(text));
         if (hasFocus() && caret < text.size()) setCursorPosition(caret);
         if (!hasFocus()) setCursorPosition(0);
     }
@@ -187,8 +203,9 @@ protected:
         return QLineEdit::event(event);
     }
     void keyPressEvent(QKeyEvent* event) override {
-        const bool changesHistory = event->matches(QKeySequence::Undo) || event->matches(QKeySequence::Redo);
-        if (offerKey(*this, *event) || (secret_ && changesHistory)) {
+        const bool givesAway = event->matches(QKeySequence::Undo) || event->matches(QKeySequence::Redo) ||
+                               event->matches(QKeySequence::Copy) || event->matches(QKeySequence::Cut);
+        if (offerKey(*this, *event) || (secret_ && givesAway)) {
             event->accept();
         } else if (isForWindow(*event)) {
             event->ignore();
@@ -198,18 +215,19 @@ protected:
     }
     void focusInEvent(QFocusEvent* event) override {
         QLineEdit::focusInEvent(event);
-        if (startsAnew(event->reason())) QLineEdit::selectAll();
+        if (stay_.begins(event->reason())) QLineEdit::selectAll();
         parentWidget()->update();
     }
     void focusOutEvent(QFocusEvent* event) override {
         QLineEdit::focusOutEvent(event);
-        if (!comesBack(event->reason())) deselect();
+        if (stay_.ends(event->reason())) deselect();
         parentWidget()->update();
         tellKeyboardLeft(*this, *event);
     }
 
 private:
     bool secret_;
+    KeyboardStay stay_;
 };
 
 class PageEditor final : public QTextEdit, public FieldEditor {
@@ -231,6 +249,7 @@ public:
 
     QWidget& widget() override { return *this; }
     QString text() const override { return toPlainText(); }
+    bool shows(const QString& text) const override { return toPlainText() == text; }
     void setText(const QString& text) override {
         const int caret = textCursor().position();
         setting_ = true;
@@ -275,7 +294,7 @@ protected:
     void keyPressEvent(QKeyEvent* event) override {
         if (offerKey(*this, *event)) {
             event->accept();
-        } else if (isForWindow(*event) && commandFor(*event) != "insertNewlineIgnoringFieldEditor:") {
+        } else if (isForWindow(*event)) {
             event->ignore();
         } else {
             QTextEdit::keyPressEvent(event);
@@ -283,18 +302,19 @@ protected:
     }
     void focusInEvent(QFocusEvent* event) override {
         QTextEdit::focusInEvent(event);
-        if (startsAnew(event->reason())) QTextEdit::selectAll();
+        if (stay_.begins(event->reason())) QTextEdit::selectAll();
         parentWidget()->update();
     }
     void focusOutEvent(QFocusEvent* event) override {
         QTextEdit::focusOutEvent(event);
-        if (!comesBack(event->reason())) select(textCursor().position(), 0);
+        if (stay_.ends(event->reason())) select(textCursor().position(), 0);
         parentWidget()->update();
         tellKeyboardLeft(*this, *event);
     }
 
 private:
     bool setting_ = false;
+    KeyboardStay stay_;
 };
 
 }  // namespace

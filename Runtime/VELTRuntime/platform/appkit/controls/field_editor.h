@@ -16,6 +16,8 @@ public:
     virtual ~FieldEditor() = default;
     virtual QWidget& widget() = 0;
     virtual QString text() const = 0;
+    /// That text stands in it, as far as the editor can show it.
+    virtual bool shows(const QString& text) const = 0;
     /// Puts a text in place of all; nobody typed it, and it cannot be undone.
     virtual void setText(const QString& text) = 0;
     virtual int selectionStart() const = 0;

@@ -81,6 +81,7 @@ void FieldWidget::makeEditor(Kind kind, bool secret) {
     if (kind == kind_) return;
     const bool hadFocus = editor_ && editor_->widget().hasFocus();
     const QString text = editor_ ? editor_->text() : QString();
+    const int start = editor_ ? editor_->selectionStart() : 0, length = editor_ ? editor_->selectionLength() : 0;
     if (editor_) {
         QWidget& old = editor_->widget();
         editor_ = nullptr;
@@ -94,7 +95,9 @@ void FieldWidget::makeEditor(Kind kind, bool secret) {
     editor_->setText(text);
     setFocusProxy(&editor_->widget());
     editor_->widget().show();
-    if (hadFocus) editor_->widget().setFocus(Qt::MouseFocusReason);
+    if (!hadFocus) return;
+    editor_->widget().setFocus(Qt::MouseFocusReason);
+    editor_->select(start, length);
 }
 
 void FieldWidget::syncColors(const NSTextFieldCell& cell) {
@@ -130,7 +133,7 @@ void FieldWidget::sync(NSTextField& field) {
     syncColors(cell);
     const QString text = qtText(cell.stringValue()), hint = qtText(cell.placeholderString());
     if (editor_) {
-        if (editor_->text() != text) editor_->setText(text);
+        if (!editor_->shows(text)) editor_->setText(text);
         editor_->setLooks(alignmentOf(cell.alignment(), text.isEmpty() ? hint : text, layoutDirection()), hint,
                           !cell.isEditable());
         QWidget& inner = editor_->widget();

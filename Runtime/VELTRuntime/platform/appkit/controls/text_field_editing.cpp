@@ -70,7 +70,7 @@ void NSTextField::typed() noexcept {
         tell("controlTextDidChange:", "NSControlTextDidChangeNotification");
         textChanged();
         // Who observed the value may have set another one.
-        if (const velt::FieldEditor* shown = editor(); shown && shown->text() != velt::qtText(stringValue())) changed();
+        if (const velt::FieldEditor* shown = editor(); shown && !shown->shows(velt::qtText(stringValue()))) changed();
     });
 }
 
@@ -148,6 +148,10 @@ bool NSTextField::cancel() {
 bool NSTextField::perform(std::string_view selector) {
     if (selector == "insertNewline:") return finishWithReturn();
     if (selector == "cancelOperation:") return cancel();
+    if (selector == "insertNewlineIgnoringFieldEditor:" && showsSeveralLines()) {
+        if (velt::FieldEditor* shown = editor()) shown->insert(QStringLiteral("\n"));
+        return true;
+    }
     const bool next = selector == "insertTab:";
     if (!next && selector != "insertBacktab:") return false;
     if (!leave(next ? Movement::Tab : Movement::BackTab)) return true;
