@@ -12,3 +12,10 @@
 VELT_EXPORT id VELT_LABEL_INIT(const id& owner, const char* action);
 VELT_EXPORT id VELT_NSTEXTFIELD_INIT(const id& owner, const char* action);
 VELT_EXPORT id VELT_NSSECURETEXTFIELD_INIT(const id& owner, const char* action);
+VELT_EXPORT id VELT_NSSEARCHFIELD_INIT(const id& owner, const char* action);
+
+/// Whether the action of a search field goes out on Return alone; the field's cell knows. A Boolean.
+VELT_EXPORT id VELT_NSSEARCHFIELD_SENDSWHOLESEARCHSTRING(const id& field);
+VELT_EXPORT id VELT_NSSEARCHFIELD_SENDSWHOLESEARCHSTRING(const id& field, const id& flag);
+/// A combo box with an empty list; it has no delegate.
+VELT_EXPORT id VELT_NSCOMBOBOX_INIT(const id& owner, const char* action);
