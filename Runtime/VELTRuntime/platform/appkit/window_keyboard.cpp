@@ -6,6 +6,7 @@
 
 #include <QMainWindow>
 #include <algorithm>
+#include <utility>
 
 using velt::Ref;
 
@@ -46,6 +47,19 @@ NSView* nextValidKeyView(NSView& from, bool next) {
         if (view->canBecomeKeyView()) return view;
     }
     return nullptr;
+}
+
+/// A button's cell can be pressed in a window: its button is seen there, or it has none.
+bool isWithin(const id& cell, const NSWindow& window) {
+    if (cell.isNil()) return false;
+    const id shown = velt::send(cell, VELT_SELECTOR("controlView"));
+    if (!velt::is<NSView>(shown)) return true;
+    const NSView* view = velt::as<NSView>(shown);
+    if (view->windowPointer() != &window) return false;
+    for (; view; view = view->superviewPointer()) {
+        if (view->isHidden()) return false;
+    }
+    return true;
 }
 
 }  // namespace
@@ -117,10 +131,22 @@ void NSWindow::selectKeyViewPrecedingView(NSView* view) {
 
 bool NSWindow::moveKeyView(NSView& from, bool next) {
     NSView* view = nextValidKeyView(from, next);
-    return view && makeFirstResponder(object(view));
+    if (!view || !makeFirstResponder(object(view))) return false;
+    // Who moves by keys sees where the keyboard is.
+    view->widget().window()->setAttribute(Qt::WA_KeyboardFocusChange);
+    view->widget().update();
+    return true;
 }
 
-void NSWindow::setDefaultButtonCell(const id& cell) { defaultButtonCell_ = cell; }
+void NSWindow::setDefaultButtonCell(const id& cell) {
+    const id before = std::exchange(defaultButtonCell_, cell);
+    // Both are drawn anew.
+    for (const id& button : {before, cell}) {
+        if (!button.isNil())
+            velt::send(velt::send(button, VELT_SELECTOR("controlView")), VELT_SELECTOR("setNeedsDisplay:"),
+                       VELT_ID(BOOL{1}));
+    }
+}
 
 void NSWindow::setToolbar(const id& toolbar) { toolbar_ = toolbar; }
 
@@ -140,7 +166,7 @@ bool NSWindow::performKeyEquivalent(NSEvent& event) {
     const id characters = event.characters();
     const bool isReturn = velt::isString(characters) && velt::textOf(characters) == u"\r";
     constexpr unsigned long kAny = NSEvent::kCommand | NSEvent::kAlternate | NSEvent::kControl;
-    if (isReturn && defaultButtonWorks_ && !defaultButtonCell_.isNil() && !(event.modifierFlags() & kAny)) {
+    if (isReturn && defaultButtonWorks_ && isWithin(defaultButtonCell_, *this) && !(event.modifierFlags() & kAny)) {
         velt::send(defaultButtonCell_, VELT_SELECTOR("performClick:"), object(this));
         return true;
     }

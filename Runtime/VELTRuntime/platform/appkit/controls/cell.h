@@ -48,7 +48,7 @@ public:
     virtual id title() const { return stringValue(); }
     virtual void setTitle(const id& title) { setStringValue(title); }
     id image() const { return image_; }
-    void setImage(const id& image);
+    virtual void setImage(const id& image);
 
     // Looks.
     /// The font; the desktop's own when the program set none.
@@ -90,7 +90,7 @@ public:
     bool allowsMixedState() const { return allowsMixedState_; }
     void setAllowsMixedState(bool flag);
     /// The state that a click leads to.
-    long nextState() const;
+    virtual long nextState() const;
     void setNextState() { setState(nextState()); }
     long tag() const { return tag_; }
     void setTag(long tag) { tag_ = tag; }
