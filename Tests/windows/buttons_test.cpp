@@ -2,6 +2,8 @@
 
 #include "support/control_window.h"
 
+#include "VELTRuntime/platform/foundation/attributed_string.h"
+
 #include <QAbstractButton>
 #include <QAccessible>
 
@@ -113,8 +115,8 @@ TEST(Buttons, GiveTheirTextsAsCopiesThatMayBeChanged) {
 TEST(Buttons, RefuseWhatIsOfAnotherKindAndStayAsTheyAre) {
     const id button = VELT_CHECKBOX_INIT(nil, "");
     VELT_NSBUTTON_STATE(button, VELT_ID(1L));
-    EXPECT_CAST_FAILURE("'String' expected", VELT_NSBUTTON_TITLE(button, array()));
-    EXPECT_CAST_FAILURE("'NSImage' expected", VELT_NSBUTTON_IMAGE(button, str("no image")));
+    EXPECT_CAST_FAILURE("'NSImage' expected", VELT_NSBUTTON_IMAGE(button, VELT_ID(3L)));
+    EXPECT_CAST_FAILURE("'Integer' expected", VELT_NSBUTTON_STATE(button, array()));
     EXPECT_CAST_FAILURE("'Rect' expected", VELT_NSBUTTON_FRAME(button, str("x")));
     EXPECT_VALUE("'Button'", VELT_NSBUTTON_TITLE(button));
     EXPECT_VALUE("q 1", VELT_NSBUTTON_STATE(button));

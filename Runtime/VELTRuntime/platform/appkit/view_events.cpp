@@ -1,5 +1,6 @@
 #include "VELTRuntime/platform/appkit/view_events.h"
 
+#include "VELTRuntime/platform/appkit/application.h"
 #include "VELTRuntime/platform/appkit/event.h"
 #include "VELTRuntime/platform/appkit/event_delivery.h"
 #include "VELTRuntime/platform/appkit/window.h"
@@ -115,6 +116,30 @@ bool offerToProgram(NSView& view, const QWidget& widget, QEvent& event) {
             eventFor(view, widget, event, message->type, event.type() == QEvent::MouseButtonDblClick ? 2 : 1));
     event.accept();
     return true;
+}
+
+bool somebodyAnswers(const NSView& view, Selector selector) {
+    const Method* passesOn = NSResponder::entry().method(selector);
+    id responder(const_cast<NSView*>(&view));
+    // A chain that a program closed to a ring has no end.
+    constexpr int kMostResponders = 1000;
+    for (int i = 0; i < kMostResponders && is<NSResponder>(responder); ++i) {
+        const Method* own = classOf(responder)->method(selector);
+        if (own && own != passesOn) return true;
+        responder = as<NSResponder>(responder)->nextResponder();
+    }
+    return false;
+}
+
+bool offerKeyEquivalent(NSWindow& window, const QKeyEvent& event) noexcept {
+    const Ref<NSWindow> kept(&window);
+    bool taken = false;
+    runReported([&] {
+        const Ref<NSEvent> made = NSEvent::ofKey(Type::KeyDown, event, kept.get());
+        const CurrentEvent scope(made);
+        taken = kept->performKeyEquivalent(*made);
+    });
+    return taken;
 }
 
 NSView* viewAround(const QWidget* widget) {

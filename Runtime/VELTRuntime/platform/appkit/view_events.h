@@ -4,6 +4,7 @@
 #include "VELTRuntime/platform/appkit/view.h"
 
 class QEvent;
+class QKeyEvent;
 
 namespace velt {
 
@@ -14,6 +15,12 @@ bool sendEventMessage(NSView& view, const QWidget& widget, const QEvent& event, 
 /// The same for the widget of a control, if the view's own class answers the message: a program's subclass that wants
 /// the event in place of the control. True when it took it.
 bool offerToProgram(NSView& view, const QWidget& widget, QEvent& event);
+
+/// The view, or who comes behind it in the responder chain, answers that message itself.
+bool somebodyAnswers(const NSView& view, Selector selector);
+
+/// Offers the press of a key to the buttons and the like of a window that wait for it; whether one took it.
+bool offerKeyEquivalent(NSWindow& window, const QKeyEvent& event) noexcept;
 
 /// The view that has the keyboard among a window's widgets, from a widget outward; null when it is none.
 NSView* viewAround(const QWidget* widget);

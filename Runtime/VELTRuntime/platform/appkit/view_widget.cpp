@@ -58,8 +58,15 @@ void ViewWidget::wheelEvent(QWheelEvent* event) {
 }
 
 void ViewWidget::keyPressEvent(QKeyEvent* event) {
-    tell(*event);
-    event->accept();
+    NSView* view = viewOf(this);
+    if (!view) return;
+    // A shortcut goes before what the view makes of its letter.
+    const bool shortcut = event->modifiers() & Qt::ControlModifier;
+    if (shortcut && view->windowPointer() && offerKeyEquivalent(*view->windowPointer(), *event)) return;
+    // What nobody answers is the window's, for its buttons.
+    const bool answered = somebodyAnswers(*view, VELT_SELECTOR("keyDown:"));
+    if (answered) tell(*event);
+    event->setAccepted(answered);
 }
 
 void ViewWidget::keyReleaseEvent(QKeyEvent* event) {

@@ -2,6 +2,7 @@
 
 #include "VELTRuntime/platform/appkit/application.h"
 #include "VELTRuntime/platform/appkit/event_delivery.h"
+#include "VELTRuntime/platform/appkit/view_events.h"
 #include "VELTRuntime/platform/appkit/window.h"
 
 #include <QCloseEvent>
@@ -48,15 +49,7 @@ void WindowWidget::changeEvent(QEvent* event) {
 
 void WindowWidget::keyPressEvent(QKeyEvent* event) {
     // Nobody in the window took it.
-    bool taken = false;
-    if (window_) {
-        const Ref<NSWindow> kept(window_);
-        runReported([&] {
-            const Ref<NSEvent> made = NSEvent::ofKey(NSEvent::Type::KeyDown, *event, window_);
-            const CurrentEvent scope(made);
-            taken = kept->performKeyEquivalent(*made);
-        });
-    }
+    const bool taken = window_ && offerKeyEquivalent(*window_, *event);
     if (!taken) QMainWindow::keyPressEvent(event);
 }
 
