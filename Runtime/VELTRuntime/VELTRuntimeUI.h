@@ -19,6 +19,7 @@
 #include "VELTRuntime/platform/appkit/font.h"
 #include "VELTRuntime/platform/appkit/graphics_context_object.h"
 #include "VELTRuntime/platform/appkit/image.h"
+#include "VELTRuntime/platform/appkit/menus/menu.h"
 #include "VELTRuntime/platform/appkit/panel.h"
 #include "VELTRuntime/platform/appkit/text/text_view.h"
 #include "VELTRuntime/platform/appkit/view.h"
@@ -31,4 +32,5 @@
 #include "VELTRuntime/ui/text_views.h"
 #include "VELTRuntime/ui/value_controls.h"
 #include "VELTRuntime/ui/text_fields.h"
+#include "VELTRuntime/ui/menus.h"
 #include "VELTRuntime/ui/windows.h"

@@ -77,4 +77,16 @@ void connectAction(const id& object, const id& owner, const char* action) {
     send(object, VELT_SELECTOR("setTarget:"), owner);
 }
 
+id bindAction(const char* function, const id& object, const id& name, std::string_view setter) {
+    requireMainThread(function);
+    const std::string given = utf8(VELT_CSTRING(name));
+    const id target = send(object, VELT_SELECTOR("target"));
+    for (const std::string& action : {given + ":", given}) {
+        if (action.empty() || !respondsTo(target, Selector::named(action))) continue;
+        send(object, setter, string(action));
+        break;
+    }
+    return nil;
+}
+
 }  // namespace velt::ui

@@ -63,6 +63,10 @@ VELT_EXPORT id command(const id& receiver, const Wrapper& wrapper);
 
 /// Sets action and target of a new object: the method of that name, if the owner has it.
 VELT_EXPORT void connectAction(const id& object, const id& owner, const char* action);
+/// Lets an object call a method of its target: the one of that name with a colon behind it, or else the one of that
+/// name; nothing when the target has neither. The setter is the selector of the message that takes the name. nil.
+VELT_EXPORT id bindAction(const char* function, const id& object, const id& name,
+                          std::string_view setter = "setAction:");
 
 }  // namespace velt::ui
 

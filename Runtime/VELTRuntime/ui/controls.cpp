@@ -13,15 +13,7 @@ using namespace velt;
 id VELT_NSCONTROL_ACTIONNAME(const id&) { return string(std::u16string_view()); }  // programs rely on it
 
 id VELT_NSCONTROL_ACTIONNAME(const id& control, const id& name) {
-    requireMainThread("VELT_NSCONTROL_ACTIONNAME");
-    const std::string given = utf8(VELT_CSTRING(name));
-    const id target = send(control, VELT_SELECTOR("target"));
-    for (const std::string& action : {given + ":", given}) {
-        if (action.empty() || !respondsTo(target, Selector::named(action))) continue;
-        send(control, VELT_SELECTOR("setAction:"), string(action));
-        break;
-    }
-    return nil;
+    return ui::bindAction("VELT_NSCONTROL_ACTIONNAME", control, name);
 }
 
 id VELT_NSCELL_INIT(const id& owner, const char* action) {

@@ -3,6 +3,7 @@
 #include "VELTRuntime/platform/appkit/application_object.h"
 #include "VELTRuntime/platform/appkit/event.h"
 #include "VELTRuntime/platform/appkit/image.h"
+#include "VELTRuntime/platform/appkit/menus/menu_bar.h"
 #include "VELTRuntime/platform/appkit/panel.h"
 #include "VELTRuntime/platform/foundation/array.h"
 #include "VELTRuntime/platform/foundation/notification_center.h"
@@ -55,6 +56,12 @@ id NSApplication::windows() const {
     Ref<NSMutableArray> list = velt::make<NSMutableArray>();
     for (const Ref<NSWindow>& window : open_) list->append(window);
     return list;
+}
+
+void NSApplication::setMainMenu(const id& menu) {
+    if (menu == mainMenu_) return;
+    velt::hideMainMenu(std::exchange(mainMenu_, menu));
+    for (const Ref<NSWindow>& window : open_) velt::showMainMenu(*window);
 }
 
 void NSApplication::setApplicationIconImage(const id& image) {

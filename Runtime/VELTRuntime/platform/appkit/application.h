@@ -20,7 +20,8 @@ public:
     id windows() const;
     id currentEvent() const { return currentEvent_; }
     id mainMenu() const { return mainMenu_; }
-    void setMainMenu(const id& menu) { mainMenu_ = menu; }
+    /// Shows the menu in the menu bar of each window.
+    void setMainMenu(const id& menu);
     id helpMenu() const { return helpMenu_; }
     void setHelpMenu(const id& menu) { helpMenu_ = menu; }
     id applicationIconImage() const { return icon_; }

@@ -354,6 +354,7 @@ void NSView::describe(velt::ClassBuilder<NSView>& c) {
         .property("subviews", &NSView::subviews)
         .property("window", &NSView::window)
         .property("tag", &NSView::tag)
+        .method("menuForEvent:", &NSView::menuForEvent)
         .method("isFlipped", &NSView::isFlipped)
         .method("setFrameOrigin:", &NSView::setFrameOrigin)
         .method("setFrameSize:", &NSView::setFrameSize)

@@ -71,6 +71,9 @@ public:
     /// "drawRect:" is what is called; this one draws nothing.
     virtual void drawRect(NSRect) {}
 
+    /// The context menu for an event (an NSEvent) in this view; its own menu unless a class says otherwise.
+    id menuForEvent(const id&) const { return menu(); }
+
     // The keyboard's way through the window.
     id nextKeyView() const;
     void setNextKeyView(NSView* view);

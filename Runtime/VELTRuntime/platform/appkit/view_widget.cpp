@@ -1,6 +1,7 @@
 #include "VELTRuntime/platform/appkit/view_widget.h"
 
 #include "VELTRuntime/platform/appkit/event_delivery.h"
+#include "VELTRuntime/platform/appkit/menus/context_menu.h"
 #include "VELTRuntime/platform/appkit/view_events.h"
 #include "VELTRuntime/platform/appkit/window.h"
 
@@ -74,7 +75,10 @@ void ViewWidget::keyReleaseEvent(QKeyEvent* event) {
     event->accept();
 }
 
-void ViewWidget::contextMenuEvent(QContextMenuEvent* event) { event->ignore(); }
+void ViewWidget::contextMenuEvent(QContextMenuEvent* event) {
+    NSView* view = viewOf(this);
+    event->setAccepted(view && showContextMenu(*view, *event));
+}
 
 bool ViewWidget::focusNextPrevChild(bool next) {
     // The widgets of controls hand the question outward: it is about the one that has the keyboard.

@@ -5,6 +5,7 @@
 #include "VELTRuntime/platform/appkit/color.h"
 #include "VELTRuntime/platform/appkit/event.h"
 #include "VELTRuntime/platform/appkit/image.h"
+#include "VELTRuntime/platform/appkit/menus/menu_bar.h"
 #include "VELTRuntime/platform/appkit/panel.h"
 #include "VELTRuntime/platform/appkit/qt_values.h"
 #include "VELTRuntime/platform/appkit/screen.h"
@@ -14,6 +15,7 @@
 
 #include <QApplication>
 #include <QImage>
+#include <QLayout>
 #include <QScreen>
 #include <QStyle>
 #include <algorithm>
@@ -198,6 +200,7 @@ void NSWindow::show(bool activate) {
     shown.setAttribute(Qt::WA_ShowWithoutActivating, !activate);
     if (!shown.isVisible()) {
         if (initialFirstResponder_.isNil()) recalculateKeyViewLoop();
+        velt::showMainMenu(*this);
         shown.show();
         NSApplication::sharedApplication().windowOpens(*this);
         if (firstResponder() == object(this)) makeFirstResponder(initialFirstResponder_);
@@ -360,8 +363,10 @@ void NSWindow::placeWidget() {
     syncLimits();
     const NSRect content = velt::contentRectForFrame(frame_, styleMask_);
     // A menu bar and toolbars are above the content, outside of the frame's arithmetic.
-    const int above = std::max(0, widget_->height() - widget_->centralWidget()->height());
-    const int extra = widget_->isVisible() ? above : 0;
+    const QWidget* bar = widget_->menuWidget();
+    const int extra = widget_->isVisible() ? std::max(0, widget_->height() - widget_->centralWidget()->height())
+                      : bar                ? bar->sizeHint().height()
+                                           : 0;
     const int height = static_cast<int>(std::lround(content.size.height)) + extra;
     const int top = static_cast<int>(std::lround(mainScreenHeight() - content.origin.y)) - height;
     // The toolkit never shows what has no size; a window without content is its title bar.
@@ -373,6 +378,14 @@ void NSWindow::placeWidget() {
         widget_->resize(rect.size());
     }
     placing_ = false;
+}
+
+void NSWindow::menuBarChanged() {
+    if (!widget_) return;
+    placing_ = true;
+    widget_->layout()->activate();
+    placing_ = false;
+    placeWidget();
 }
 
 void NSWindow::geometryChanged() {

@@ -136,6 +136,8 @@ public:
     void geometryChanged();
     void activationChanged(bool active);
     void stateChanged();
+    /// A bar above the content came or went: the content keeps its size.
+    void menuBarChanged();
     /// The close button was pressed; false when the delegate refuses.
     bool mayClose();
     /// Offers a key that nobody took: key equivalents, Return for the default button, Tab. True when it was taken.

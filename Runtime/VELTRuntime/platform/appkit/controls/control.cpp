@@ -3,12 +3,13 @@
 #include "VELTRuntime/platform/appkit/application.h"
 #include "VELTRuntime/platform/appkit/event_delivery.h"
 #include "VELTRuntime/platform/appkit/font.h"
+#include "VELTRuntime/platform/appkit/menus/context_menu.h"
 #include "VELTRuntime/platform/appkit/qt_values.h"
 #include "VELTRuntime/platform/appkit/view_events.h"
 #include "VELTRuntime/platform/object/exception.h"
 #include "VELTRuntime/values/class_casts.h"
 
-#include <QEvent>
+#include <QContextMenuEvent>
 #include <QWidget>
 
 using velt::Ref;
@@ -24,7 +25,11 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override {
         auto* widget = static_cast<QWidget*>(watched);
         NSView* view = velt::viewOf(widget);
-        return view && velt::offerToProgram(*view, *widget, *event);
+        if (!view) return false;
+        if (event->type() == QEvent::ContextMenu) {
+            return velt::showContextMenu(*view, *static_cast<QContextMenuEvent*>(event));
+        }
+        return velt::offerToProgram(*view, *widget, *event);
     }
 };
 
