@@ -106,12 +106,10 @@ void removeLeftovers(const std::string& folder) {
 /// Once a folder and process: looking through a large folder takes longer than writing a small file.
 void removeLeftoversOnce(const std::string& folder) {
     static std::mutex mutex;
-    static std::set<std::pair<dev_t, ino_t>> done;
-    struct stat status {};
-    if (::stat(folder.c_str(), &status) != 0) return;
+    static std::set<std::string> done;
     {
         const std::lock_guard lock(mutex);
-        if (!done.emplace(status.st_dev, status.st_ino).second) return;
+        if (!done.insert(folder).second) return;
     }
     removeLeftovers(folder);
 }
