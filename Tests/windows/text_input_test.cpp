@@ -17,6 +17,8 @@
 #include <QPlainTextEdit>
 #include <QScrollBar>
 #include <QTest>
+#include <QTextBlock>
+#include <QTextLayout>
 #include <QToolButton>
 
 using namespace velt::test;
@@ -380,7 +382,8 @@ TEST_F(TextInput, OffersAMenuOfWhatCanBeDone) {
     auto* menu = widget->findChild<QMenu*>();
     ASSERT_TRUE(menu);
     for (QAction* action : menu->actions()) {
-        if (action->text() == QStringLiteral("Undo")) EXPECT_FALSE(action->isEnabled());
+        const bool isUndo = action->text() == QStringLiteral("Undo");
+        EXPECT_FALSE(isUndo && action->isEnabled());
         if (action->text() != QStringLiteral("Delete")) continue;
         EXPECT_TRUE(action->isEnabled());
         action->trigger();
