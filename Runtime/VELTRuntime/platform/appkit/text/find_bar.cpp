@@ -37,10 +37,9 @@ QToolButton* makeButton(QWidget* parent, const QString& title, const char* name)
 
 FindBar::FindBar(QWidget& parent)
     : QWidget(&parent), find_(new QLineEdit(this)), replace_(new QLineEdit(this)),
-      caseMatters_(new QCheckBox(QStringLiteral("&Match case"), this)),
-      wholeWords_(new QCheckBox(QStringLiteral("W&hole words"), this)),
-      wraps_(new QCheckBox(QStringLiteral("Wrap a&round"), this)),
-      inSelection_(new QCheckBox(QStringLiteral("In &selection"), this)), result_(new QLabel(this)) {
+      caseMatters_(new QCheckBox(QStringLiteral("&Case"), this)),
+      wholeWords_(new QCheckBox(QStringLiteral("&Words"), this)), wraps_(new QCheckBox(QStringLiteral("W&rap"), this)),
+      inSelection_(new QCheckBox(QStringLiteral("&Selection"), this)), result_(new QLabel(this)) {
     hide();
     setAccessibleName(QStringLiteral("Find"));
     find_->setObjectName(QStringLiteral("find"));
@@ -50,6 +49,15 @@ FindBar::FindBar(QWidget& parent)
     replace_->setObjectName(QStringLiteral("replace"));
     replace_->setPlaceholderText(QStringLiteral("Replace with"));
     replace_->setAccessibleName(QStringLiteral("Replace with"));
+    caseMatters_->setToolTip(QStringLiteral("Upper and lower case differ"));
+    wholeWords_->setToolTip(QStringLiteral("Whole words only"));
+    wraps_->setToolTip(QStringLiteral("Go on at the other end of the text"));
+    inSelection_->setToolTip(QStringLiteral("Replace all within the selection only"));
+    for (QCheckBox* option : {caseMatters_, wholeWords_, wraps_, inSelection_}) {
+        option->setAccessibleName(option->toolTip());
+    }
+    result_->setAlignment(Qt::AlignTrailing | Qt::AlignVCenter);
+    result_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
     result_->setObjectName(QStringLiteral("result"));
 
     QToolButton* next = makeButton(this, QStringLiteral("Next"), "next");
@@ -79,8 +87,7 @@ FindBar::FindBar(QWidget& parent)
     auto* options = new QHBoxLayout;
     options->setSpacing(10);
     for (QCheckBox* option : {caseMatters_, wholeWords_, wraps_, inSelection_}) options->addWidget(option);
-    options->addStretch(1);
-    options->addWidget(result_);
+    options->addWidget(result_, 1);
     grid->addLayout(options, 2, 0, 1, 4);
 
     connect(find_, &QLineEdit::textEdited, this, [this] { take(); });

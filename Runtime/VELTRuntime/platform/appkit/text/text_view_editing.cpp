@@ -314,5 +314,13 @@ void NSTextView::describe(velt::ClassBuilder<NSTextView>& c) {
     VELT_DELETES("deleteWordForward:", NextWord)
     VELT_DELETES("deleteToEndOfLine:", EndOfBlock)
     VELT_DELETES("deleteToBeginningOfLine:", StartOfBlock)
+    c.method("deleteParagraph:", [](const id& self, const id*) {
+        auto& view = *velt::as<NSTextView>(self);
+        auto& widget = static_cast<TextWidget&>(view.widget());
+        const std::size_t begin = widget.reachOf(QTextCursor::StartOfBlock).first;
+        const std::size_t end = widget.reachOf(QTextCursor::EndOfBlock).second;
+        if (end > begin) view.change({begin, end - begin}, ""_v);
+        return id();
+    });
 #undef VELT_DELETES
 }

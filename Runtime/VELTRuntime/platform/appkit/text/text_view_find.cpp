@@ -67,10 +67,7 @@ bool NSTextView::findNext(bool backward) {
     if (wrapped) found = velt::findMatch(text(), request, backward ? whole.length : 0, backward, whole);
     TextWidget* widget = existingTextWidget();
     if (widget) {
-        widget->tellFindResult(!found     ? QStringLiteral("Not found")
-                               : !wrapped ? QString()
-                               : backward ? QStringLiteral("From the end again")
-                                          : QStringLiteral("From the beginning again"));
+        widget->tellFindResult(!found ? QStringLiteral("Not found") : wrapped ? QStringLiteral("Wrapped") : QString());
     }
     if (!found) return false;
     setSelectedRange(*found);

@@ -40,6 +40,7 @@ constexpr KeyCommand kKeyCommands[] = {
     {QKeySequence::DeleteStartOfWord, "deleteWordBackward:", true},
     {QKeySequence::DeleteEndOfWord, "deleteWordForward:", true},
     {QKeySequence::DeleteEndOfLine, "deleteToEndOfLine:", true},
+    {QKeySequence::DeleteCompleteLine, "deleteParagraph:", true},
     {QKeySequence::InsertParagraphSeparator, "insertNewline:", true},
     {QKeySequence::InsertLineSeparator, "insertLineBreak:", true},
 };
@@ -81,7 +82,7 @@ bool typesText(const QKeyEvent& event) {
     const QString text = event.text();
     if (text.isEmpty()) return false;
     const Qt::KeyboardModifiers modifiers = event.modifiers() & kCommandModifiers;
-    if (modifiers == Qt::ControlModifier || modifiers & Qt::MetaModifier) return false;
+    if (modifiers == Qt::ControlModifier) return false;
     const QChar first = text.front();
     return first.isPrint() || first.isSurrogate() || first.category() == QChar::Other_Format ||
            first.category() == QChar::Other_PrivateUse;
@@ -146,9 +147,8 @@ bool TextWidget::pressKey(QKeyEvent& event) {
     }
     // Some keyboards have two of them, one with a modifier of its own.
     if (edits && plain && event.key() == Qt::Key_Enter) return command("insertNewline:");
-    if (edits && event.key() == Qt::Key_Backspace && event.modifiers() == Qt::ShiftModifier) {
-        return command("deleteBackward:");
-    }
+    if (edits && plain && event.key() == Qt::Key_Backspace) return command("deleteBackward:");
+    if (edits && plain && event.key() == Qt::Key_Delete) return command("deleteForward:");
     if (edits && typesText(event)) {
         send(id(static_cast<NSObject*>(&shown)), VELT_SELECTOR("insertText:"), textValue(event.text()));
         return true;
