@@ -29,8 +29,9 @@ id textAttributes() {
     VELTS("drawing.bas", "TextAttributes", "107", "");
     id attributes = VELT__NSMUTABLEDICTIONARY(velt::make<NSMutableDictionary>());
     VELTS("drawing.bas", "TextAttributes", "108", "");
-    velt::send(attributes, "setObject:forKey:",
-               VELT_NSOBJECT_PERFORMSELECTOR1(kFonts, "systemFontOfSize:"_v, number(13)), "NSFont"_v);
+    velt::send(attributes,
+               "setObject:forKey:", VELT_NSOBJECT_PERFORMSELECTOR1(kFonts, "systemFontOfSize:"_v, number(13)),
+               "NSFont"_v);
     VELTS("drawing.bas", "TextAttributes", "109", "");
     velt::send(attributes, "setObject:forKey:", VELT_NSOBJECT_PERFORMSELECTOR0(kColors, "darkGrayColor"_v),
                "NSColor"_v);
@@ -73,8 +74,8 @@ public:
         for (id i = number(0); VELT_CBOOL(VELT_SMALLEREQUAL(i, last)); i = VELT_ADD(i, number(1))) {
             VELTS("drawing.bas", "Sheet.Prepare", "22", "");
             VELT_NSMUTABLEARRAY_APPEND(
-                colors, VELT_NSOBJECT_PERFORMSELECTOR0(
-                            kColors, VELT_CONCAT(VELT_NSMUTABLEARRAY_OBJECT(names, i), "Color"_v)));
+                colors,
+                VELT_NSOBJECT_PERFORMSELECTOR0(kColors, VELT_CONCAT(VELT_NSMUTABLEARRAY_OBJECT(names, i), "Color"_v)));
         }
     }
 
@@ -104,17 +105,17 @@ public:
             VELTS("drawing.bas", "Sheet.DrawPalette", "38", "");
             VELT_NSOBJECT_PERFORMSELECTOR0(VELT_NSMUTABLEARRAY_OBJECT(colors, i), "set"_v);
             VELTS("drawing.bas", "Sheet.DrawPalette", "39", "");
-            id dot = VELT_NSOBJECT_PERFORMSELECTOR1(kPaths, "bezierPathWithOvalInRect:"_v,
-                                                    newRect(VELT_ADD(number(12), VELT_MUL(number(28), i)), number(12),
-                                                            number(20), number(20)));
+            id dot = VELT_NSOBJECT_PERFORMSELECTOR1(
+                kPaths, "bezierPathWithOvalInRect:"_v,
+                newRect(VELT_ADD(number(12), VELT_MUL(number(28), i)), number(12), number(20), number(20)));
             VELTS("drawing.bas", "Sheet.DrawPalette", "40", "");
             VELT_NSOBJECT_PERFORMSELECTOR0(dot, "fill"_v);
             VELTS("drawing.bas", "Sheet.DrawPalette", "41", "");
             if (VELT_CBOOL(VELT_EQUAL(i, color))) {
                 VELTS("drawing.bas", "Sheet.DrawPalette", "42", "");
-                id ring = VELT_NSOBJECT_PERFORMSELECTOR1(kPaths, "bezierPathWithOvalInRect:"_v,
-                                                         newRect(VELT_ADD(number(9), VELT_MUL(number(28), i)),
-                                                                 number(9), number(26), number(26)));
+                id ring = VELT_NSOBJECT_PERFORMSELECTOR1(
+                    kPaths, "bezierPathWithOvalInRect:"_v,
+                    newRect(VELT_ADD(number(9), VELT_MUL(number(28), i)), number(9), number(26), number(26)));
                 VELTS("drawing.bas", "Sheet.DrawPalette", "43", "");
                 VELT_NSOBJECT_PERFORMSELECTOR0(VELT_NSOBJECT_PERFORMSELECTOR0(kColors, "grayColor"_v), "set"_v);
                 VELTS("drawing.bas", "Sheet.DrawPalette", "44", "");
@@ -189,9 +190,10 @@ public:
         if (VELT_CBOOL(VELT_EQUAL(key, "c"_v))) {
             VELTS("drawing.bas", "Sheet.KeyDown", "81", "");
             VELT_NSMUTABLEARRAY_REMOVEALL(strokes);
-        } else if (VELTS("drawing.bas", "Sheet.KeyDown", "82", ""), VELT_CBOOL(VELT_ANDALSO(
-                       VELT_ORELSE(VELT_EQUAL(key, "z"_v), VELT_EQUAL(key, VELT_CHARACTER(number(127)))),
-                       VELT_GREATER(VELT_NSMUTABLEARRAY_COUNT(strokes), number(0))))) {
+        } else if (VELTS("drawing.bas", "Sheet.KeyDown", "82", ""),
+                   VELT_CBOOL(
+                       VELT_ANDALSO(VELT_ORELSE(VELT_EQUAL(key, "z"_v), VELT_EQUAL(key, VELT_CHARACTER(number(127)))),
+                                    VELT_GREATER(VELT_NSMUTABLEARRAY_COUNT(strokes), number(0))))) {
             VELTS("drawing.bas", "Sheet.KeyDown", "83", "");
             VELT_NSMUTABLEARRAY_REMOVE(strokes, VELT_SUB(VELT_NSMUTABLEARRAY_COUNT(strokes), number(1)));
         } else if (VELTS("drawing.bas", "Sheet.KeyDown", "84", ""), VELT_CBOOL(VELT_EQUAL(key, "+"_v))) {
@@ -271,4 +273,4 @@ int program(int, char**) {
 
 }  // namespace
 
-int main(int count, char** arguments) { return velt::runApplication(program, count, arguments); }
+int main(int count, char** arguments) { return example::runShowing("drawing", program, count, arguments); }

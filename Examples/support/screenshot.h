@@ -18,6 +18,20 @@
 
 namespace example {
 
+/// Runs a program with windows as velt::runApplication does. Where there is no display it runs on one in memory, and
+/// its picture is written to NAME.png in the working folder unless VELT_SCREENSHOT names another place.
+inline int runShowing(const char* name, int (*program)(int, char**), int count, char** arguments) {
+    const auto isSet = [](const char* variable) {
+        const char* value = std::getenv(variable);
+        return value && *value;
+    };
+    if (!isSet("DISPLAY") && !isSet("WAYLAND_DISPLAY") && !isSet("QT_QPA_PLATFORM")) {
+        setenv("QT_QPA_PLATFORM", "offscreen", 1);
+        setenv("VELT_SCREENSHOT", (std::string(name) + ".png").c_str(), 0);
+    }
+    return velt::runApplication(program, count, arguments);
+}
+
 /// Once the window is seen, runs the scene, writes the picture and ends the program: with status 1 when the picture
 /// cannot be written. Does nothing when no picture is asked for.
 inline void shotWhenAsked(const id& window, std::function<void()> scene) {
@@ -59,8 +73,8 @@ inline void dragThrough(const id& view, const std::vector<NSPoint>& points) {
 /// Presses a key of a letter in a view, as the view is told of it.
 inline void pressKey(const id& view, char letter) {
     const QKeyEvent key(QEvent::KeyPress, 0, Qt::NoModifier, QString(QLatin1Char(letter)));
-    velt::send(view, "keyDown:",
-               id(NSEvent::ofKey(NSEvent::Type::KeyDown, key, velt::as<NSView>(view)->windowPointer())));
+    velt::send(view,
+               "keyDown:", id(NSEvent::ofKey(NSEvent::Type::KeyDown, key, velt::as<NSView>(view)->windowPointer())));
 }
 
 }  // namespace example

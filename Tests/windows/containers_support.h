@@ -43,9 +43,6 @@ inline QImage picture(const id& view) {
     return widget.grab().toImage().convertToFormat(QImage::Format_ARGB32);
 }
 
-/// The darker colour of separators.
-inline QRgb darkOf(const id& view) { return as<NSView>(view)->widget().palette().color(QPalette::Mid).rgb(); }
-
 /// Presses, moves in steps and releases, all in the widget's coordinates at the beginning: it may move along.
 inline void drag(QWidget* widget, QPoint from, QPoint to) {
     const QPoint start = widget->mapTo(widget->window(), from), end = widget->mapTo(widget->window(), to);

@@ -177,7 +177,8 @@ TEST(Drawing, WritesTextsUprightAtTheirLowerLeftCorner) {
     const NSSize size = VELT_CNSSIZE(velt::send(str("L"), "sizeWithAttributes:", id(attributes)));
     EXPECT_LT(5, size.width);
     EXPECT_LT(10, size.height);
-    EXPECT_NEAR(2 * size.height, VELT_CNSSIZE(velt::send(str("L\nL"), "sizeWithAttributes:", id(attributes))).height, 2);
+    EXPECT_NEAR(2 * size.height, VELT_CNSSIZE(velt::send(str("L\nL"), "sizeWithAttributes:", id(attributes))).height,
+                2);
     EXPECT_EQ(size.height, VELT_CNSSIZE(velt::send(str(""), "sizeWithAttributes:", id(attributes))).height);
     for (const bool flipped : {false, true}) {
         const QImage image =

@@ -223,7 +223,8 @@ TEST(ScrollViews, DrawTheirDocumentWhereItIsSeenAndHearClicksThere) {
     EXPECT_EQ(QColor(Qt::red), now.pixelColor(10, 90));
     EXPECT_EQ(QColor(Qt::blue), now.pixelColor(90, 90));
     EXPECT_EQ(QColor(Qt::blue), now.pixelColor(10, 10));
-    QTest::mouseClick(&document->widget(), Qt::LeftButton, {}, document->widget().mapFrom(&view->widget(), QPoint(20, 70)));
+    QTest::mouseClick(&document->widget(), Qt::LeftButton, {},
+                      document->widget().mapFrom(&view->widget(), QPoint(20, 70)));
     EXPECT_EQ((NSPoint{70, 80}), document->clicked);
 }
 

@@ -14,11 +14,11 @@ namespace velt::test {
 struct WrapperRow {
     const char* name;  // without VELT_
     ui::ValueKind kind;
-    id (*get)(const id&);              // getters and commands
-    id (*set)(const id&, const id&);   // setters and queries
-    const char* getter;                // the messages that they send
+    id (*get)(const id&);             // getters and commands
+    id (*set)(const id&, const id&);  // setters and queries
+    const char* getter;               // the messages that they send
     const char* setter;
-    id (*cast)(const id&);             // of the class that a setter takes; null when it takes anything
+    id (*cast)(const id&);  // of the class that a setter takes; null when it takes anything
     const char* castName;
 };
 
@@ -38,11 +38,11 @@ inline std::vector<WrapperRow> wrapperRows() {
                     getter, setter, OneArgument(VELT_C##CAST), #CAST});
 #define VELT_ANY_PROPERTY(function, getter, setter) VELT_PROPERTY(function, Object, getter, setter)
 #define VELT_GETTER(function, kind, getter)                                                                            \
-    rows.push_back({#function, ui::ValueKind::kind, OneArgument(VELT_##function), nullptr, getter, nullptr, nullptr,   \
-                    nullptr});
+    rows.push_back(                                                                                                    \
+        {#function, ui::ValueKind::kind, OneArgument(VELT_##function), nullptr, getter, nullptr, nullptr, nullptr});
 #define VELT_SETTER(function, kind, setter)                                                                            \
-    rows.push_back({#function, ui::ValueKind::kind, nullptr, TwoArguments(VELT_##function), nullptr, setter, nullptr,  \
-                    nullptr});
+    rows.push_back(                                                                                                    \
+        {#function, ui::ValueKind::kind, nullptr, TwoArguments(VELT_##function), nullptr, setter, nullptr, nullptr});
 #define VELT_OBJECT_SETTER(function, CAST, setter)                                                                     \
     rows.push_back({#function, ui::ValueKind::Object, nullptr, TwoArguments(VELT_##function), nullptr, setter,         \
                     OneArgument(VELT_C##CAST), #CAST});

@@ -227,8 +227,8 @@ void NSBezierPath::describe(velt::ClassBuilder<NSBezierPath>& c) {
         .method("appendBezierPathWithArcWithCenter:radius:startAngle:endAngle:clockwise:", &NSBezierPath::appendArc)
         .method("appendBezierPathWithArcWithCenter:radius:startAngle:endAngle:",
                 [](const id& self, const id* a) {
-                    velt::as<NSBezierPath>(self)->appendArc(VELT_CNSPOINT(a[0]), VELT_CDOUBLE(a[1]),
-                                                            VELT_CDOUBLE(a[2]), VELT_CDOUBLE(a[3]), false);
+                    velt::as<NSBezierPath>(self)->appendArc(VELT_CNSPOINT(a[0]), VELT_CDOUBLE(a[1]), VELT_CDOUBLE(a[2]),
+                                                            VELT_CDOUBLE(a[3]), false);
                     return nil;
                 })
         .method("setLineDash:count:phase:", &NSBezierPath::setLineDash)

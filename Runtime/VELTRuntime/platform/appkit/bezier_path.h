@@ -10,8 +10,8 @@
 class QPainterPath;
 class QPen;
 
-/// A path in the coordinates of what is being drawn. Drawing messages do nothing when nothing is being drawn. A path may
-/// be made and asked on any thread.
+/// A path in the coordinates of what is being drawn. Drawing messages do nothing when nothing is being drawn. A path
+/// may be made and asked on any thread.
 class VELT_EXPORT NSBezierPath final : public NSObject {
     VELT_OBJECT(NSBezierPath, NSObject)
 public:

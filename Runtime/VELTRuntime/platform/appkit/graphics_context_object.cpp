@@ -27,10 +27,9 @@ void NSGraphicsContext::describe(velt::ClassBuilder<NSGraphicsContext>& c) {
         .method("isFlipped", &NSGraphicsContext::isFlipped)
         .method("saveGraphicsState", &NSGraphicsContext::saveGraphicsState)
         .method("restoreGraphicsState", &NSGraphicsContext::restoreGraphicsState)
-        .classMethod("currentContext",
-                     [](const id&, const id*) {
-                         return GraphicsContext::current() ? id(velt::make<NSGraphicsContext>()) : nil;
-                     })
+        .classMethod(
+            "currentContext",
+            [](const id&, const id*) { return GraphicsContext::current() ? id(velt::make<NSGraphicsContext>()) : nil; })
         .classMethod("saveGraphicsState",
                      [](const id&, const id*) {
                          if (GraphicsContext* context = GraphicsContext::current()) context->save();

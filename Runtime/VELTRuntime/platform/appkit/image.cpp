@@ -66,10 +66,10 @@ void NSImage::drawInRect(NSRect rect, NSRect from, long operation, double fracti
     const double ratio = picture_->devicePixelRatio();
     const bool isPart = from.size.width > 0 && from.size.height > 0;
     // The picture's rows are counted from its top, the program's part from its bottom.
-    const QRectF source = isPart ? QRectF(from.origin.x * ratio,
-                                          (size().height - from.origin.y - from.size.height) * ratio,
-                                          from.size.width * ratio, from.size.height * ratio)
-                                 : QRectF(picture_->rect());
+    const QRectF source =
+        isPart ? QRectF(from.origin.x * ratio, (size().height - from.origin.y - from.size.height) * ratio,
+                        from.size.width * ratio, from.size.height * ratio)
+               : QRectF(picture_->rect());
     painter.save();
     painter.setRenderHint(QPainter::SmoothPixmapTransform);
     painter.setOpacity(painter.opacity() * std::clamp(fraction, 0.0, 1.0));

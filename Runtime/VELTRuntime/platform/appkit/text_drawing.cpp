@@ -60,8 +60,8 @@ void drawText(const id& text, NSRect rect, bool wraps, const id& attributes) {
     const int flags = wraps ? kLines | Qt::TextWordWrap : kLines;
     const QString shown = qtText(text);
     if (const id ground = attribute(attributes, u"NSBackgroundColor"); is<NSColor>(ground)) {
-        const QRectF covered = wraps ? painter.boundingRect(place, flags, shown)
-                                     : QRectF(0, 0, size.width, size.height);
+        const QRectF covered =
+            wraps ? painter.boundingRect(place, flags, shown) : QRectF(0, 0, size.width, size.height);
         painter.fillRect(covered & place, qtColor(*as<NSColor>(ground)));
     }
     const id color = attribute(attributes, u"NSColor");

@@ -369,26 +369,31 @@ void NSView::describe(velt::ClassBuilder<NSView>& c) {
         .method("convertSize:toView:", &NSView::convertSizeToView)
         .method("convertRect:toView:", &NSView::convertRectToView)
         .method("convertRect:fromView:", &NSView::convertRectFromView)
-        .method("isDescendantOf:", [](const id& self, const id* a) {
-            return VELT_ID(static_cast<BOOL>(velt::as<NSView>(self)->isDescendantOf(velt::to<NSView>(a[0]))));
-        })
-        .method("display", [](const id& self, const id*) {
-            velt::as<NSView>(self)->setNeedsDisplay(true);
-            return nil;
-        })
-        .method("enclosingScrollView", [](const id& self, const id*) {
-            return id(static_cast<NSObject*>(velt::enclosingScrollView(*velt::as<NSView>(self))));
-        })
-        .method("visibleRect", [](const id& self, const id*) {
-            return VELT_ID(velt::visibleRect(*velt::as<NSView>(self)));
-        })
-        .method("scrollPoint:", [](const id& self, const id* a) {
-            velt::scrollPoint(*velt::as<NSView>(self), VELT_CNSPOINT(a[0]));
-            return nil;
-        })
-        .method("scrollRectToVisible:", [](const id& self, const id* a) {
-            return VELT_ID(static_cast<BOOL>(velt::scrollRectToVisible(*velt::as<NSView>(self), VELT_CNSRECT(a[0]))));
-        })
+        .method("isDescendantOf:",
+                [](const id& self, const id* a) {
+                    return VELT_ID(static_cast<BOOL>(velt::as<NSView>(self)->isDescendantOf(velt::to<NSView>(a[0]))));
+                })
+        .method("display",
+                [](const id& self, const id*) {
+                    velt::as<NSView>(self)->setNeedsDisplay(true);
+                    return nil;
+                })
+        .method("enclosingScrollView",
+                [](const id& self, const id*) {
+                    return id(static_cast<NSObject*>(velt::enclosingScrollView(*velt::as<NSView>(self))));
+                })
+        .method("visibleRect",
+                [](const id& self, const id*) { return VELT_ID(velt::visibleRect(*velt::as<NSView>(self))); })
+        .method("scrollPoint:",
+                [](const id& self, const id* a) {
+                    velt::scrollPoint(*velt::as<NSView>(self), VELT_CNSPOINT(a[0]));
+                    return nil;
+                })
+        .method("scrollRectToVisible:",
+                [](const id& self, const id* a) {
+                    return VELT_ID(
+                        static_cast<BOOL>(velt::scrollRectToVisible(*velt::as<NSView>(self), VELT_CNSRECT(a[0]))));
+                })
         .owns(&NSView::toolTip_)
         .owns(&NSView::nextKeyView_);
 }

@@ -9,8 +9,6 @@
 #include <QApplication>
 #include <QFontMetricsF>
 #include <QPainter>
-#include <QStyle>
-#include <QStyleOptionGroupBox>
 #include <algorithm>
 #include <cmath>
 
@@ -125,9 +123,9 @@ NSRect NSBox::borderRect() const {
     NSRect rect{{0, 0}, frame().size};
     const double title = titleSize().height;
     const bool above = titlePosition_ == velt::kAboveTop, below = titlePosition_ == velt::kBelowBottom;
-    const double taken = above || below                                                                  ? title
+    const double taken = above || below                                                        ? title
                          : titlePosition_ == velt::kAtTop || titlePosition_ == velt::kAtBottom ? std::floor(title / 2)
-                                                                                                         : 0;
+                                                                                               : 0;
     rect.size.height = std::max(rect.size.height - taken, 0.0);
     if (below || titlePosition_ == velt::kAtBottom) rect.origin.y = taken;
     return rect;
@@ -136,7 +134,7 @@ NSRect NSBox::borderRect() const {
 NSRect NSBox::contentRect() const {
     if (boxType_ == velt::kSeparatorBox) return {};
     NSRect rect = borderRect();
-    const double border = borderType_ == velt::kNoBorder   ? 0
+    const double border = borderType_ == velt::kNoBorder ? 0
                           : boxType_ == velt::kCustomBox ? borderWidth_
                                                          : velt::frameWidth(borderType_);
     const double x = border + margins_.width, y = border + margins_.height;
@@ -188,64 +186,56 @@ void NSBox::syncWidget(QWidget& widget) {
     widget.setAccessibleName(hasTitle() ? velt::qtText(title_) : QString());
 }
 
+QRectF NSBox::inWidget(NSRect rect) const {
+    return {rect.origin.x, frame().size.height - rect.origin.y - rect.size.height, rect.size.width, rect.size.height};
+}
+
+void NSBox::drawCustom(QPainter& painter, QColor fill) {
+    const bool framed = borderType_ != velt::kNoBorder && borderWidth_ > 0;
+    const QColor line = velt::is<NSColor>(borderColor_) ? velt::qtColor(*velt::as<NSColor>(borderColor_))
+                                                        : velt::lineColor(widget().palette());
+    const double half = framed ? borderWidth_ / 2 : 0;
+    painter.setRenderHint(QPainter::Antialiasing, cornerRadius_ > 0);
+    painter.setPen(framed ? QPen(line, borderWidth_, Qt::SolidLine, Qt::FlatCap, Qt::MiterJoin) : QPen(Qt::NoPen));
+    painter.setBrush(fill.isValid() ? QBrush(fill) : QBrush(Qt::NoBrush));
+    const QRectF outline = inWidget(borderRect()).adjusted(half, half, -half, -half);
+    if (cornerRadius_ > 0) {
+        painter.drawRoundedRect(outline, cornerRadius_, cornerRadius_);
+    } else {
+        painter.drawRect(outline);
+    }
+}
+
+void NSBox::drawBox(QPainter& painter) {
+    const QColor fill = velt::is<NSColor>(fillColor_) ? velt::qtColor(*velt::as<NSColor>(fillColor_)) : QColor();
+    if (boxType_ == velt::kCustomBox) return drawCustom(painter, fill);
+    const QRectF border = inWidget(borderRect());
+    if (fill.isValid() && fill.alpha() > 0) painter.fillRect(border, fill);
+    if (boxType_ == velt::kOldStyleBox || borderType_ == velt::kLineBorder) {
+        velt::drawFrame(painter, *this, borderType_, border);
+    } else if (borderType_ != velt::kNoBorder) {
+        velt::drawGroupFrame(painter, *this, border, boxType_ == velt::kSecondaryBox);
+    }
+}
+
 void NSBox::drawRect(NSRect) {
     velt::GraphicsContext* context = velt::GraphicsContext::current();
     if (!context) return;
     QPainter& painter = context->painter();
-    const NSSize size = frame().size;
-    if (boxType_ == velt::kSeparatorBox) {
-        velt::drawSeparator(*context, *this, {{0, 0}, size});
-        return;
-    }
     const velt::WidgetCoordinates scope(painter, *this);
-    const auto inWidget = [&](NSRect rect) {
-        return QRectF(rect.origin.x, size.height - rect.origin.y - rect.size.height, rect.size.width,
-                      rect.size.height);
-    };
-    const QRectF border = inWidget(borderRect()), title = inWidget(titleRect());
-    QWidget& shown = widget();
+    if (boxType_ == velt::kSeparatorBox) return velt::drawSeparator(painter, *this, inWidget({{0, 0}, frame().size}));
+    const QRectF title = inWidget(titleRect());
     const bool titled = hasTitle();
+    painter.save();
     if (titled && (titlePosition_ == velt::kAtTop || titlePosition_ == velt::kAtBottom)) {
         // The frame leaves room for a title that stands on it.
-        painter.setClipRegion(QRegion(shown.rect()) - QRegion(title.toAlignedRect()));
+        painter.setClipRegion(QRegion(widget().rect()) - QRegion(title.toAlignedRect()), Qt::IntersectClip);
     }
-    if (!transparent_) {
-        const QColor fill = velt::is<NSColor>(fillColor_) ? velt::qtColor(*velt::as<NSColor>(fillColor_)) : QColor();
-        if (boxType_ == velt::kCustomBox) {
-            const bool framed = borderType_ != velt::kNoBorder && borderWidth_ > 0;
-            const QColor line = velt::is<NSColor>(borderColor_) ? velt::qtColor(*velt::as<NSColor>(borderColor_))
-                                                                : shown.palette().color(QPalette::Mid);
-            const double half = framed ? borderWidth_ / 2 : 0;
-            painter.setRenderHint(QPainter::Antialiasing, cornerRadius_ > 0);
-            painter.setPen(framed ? QPen(line, borderWidth_, Qt::SolidLine, Qt::FlatCap, Qt::MiterJoin)
-                                  : QPen(Qt::NoPen));
-            painter.setBrush(fill.isValid() ? QBrush(fill) : QBrush(Qt::NoBrush));
-            const QRectF line_ = border.adjusted(half, half, -half, -half);
-            if (cornerRadius_ > 0) {
-                painter.drawRoundedRect(line_, cornerRadius_, cornerRadius_);
-            } else {
-                painter.drawRect(line_);
-            }
-        } else {
-            if (fill.isValid() && fill.alpha() > 0) painter.fillRect(border, fill);
-            QStyleOptionFrame option;
-            option.initFrom(&shown);
-            option.rect = border.toRect();
-            option.lineWidth = 1;
-            if (boxType_ == velt::kOldStyleBox || borderType_ == velt::kLineBorder) {
-                velt::drawFrame(*context, *this, borderType_,
-                                {{border.x(), border.y()}, {border.width(), border.height()}});
-            } else if (borderType_ != velt::kNoBorder) {
-                if (boxType_ == velt::kSecondaryBox) painter.setOpacity(0.6);
-                shown.style()->drawPrimitive(QStyle::PE_FrameGroupBox, &option, &painter, &shown);
-                painter.setOpacity(1);
-            }
-        }
-    }
+    if (!transparent_) drawBox(painter);
+    painter.restore();
     if (!titled) return;
-    painter.setClipping(false);
     painter.setFont(fontOfTitle(titleFont_));
-    painter.setPen(shown.palette().color(QPalette::WindowText));
+    painter.setPen(widget().palette().color(QPalette::WindowText));
     const QString text = QFontMetricsF(painter.font()).elidedText(velt::qtText(title_), Qt::ElideRight, title.width());
     painter.drawText(title, Qt::AlignCenter | Qt::TextSingleLine, text);
 }

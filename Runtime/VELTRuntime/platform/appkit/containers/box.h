@@ -3,6 +3,9 @@
 
 #include "VELTRuntime/platform/appkit/view.h"
 
+class QColor;
+class QRectF;
+
 namespace velt {
 
 /// What a box looks like; the numbers are those that programs use.
@@ -81,6 +84,9 @@ private:
     NSSize titleSize() const;
     NSRect contentRect() const;
     void layOut();
+    QRectF inWidget(NSRect rect) const;
+    void drawBox(QPainter& painter);
+    void drawCustom(QPainter& painter, QColor fill);
 
     unsigned long boxType_ = velt::kPrimaryBox, borderType_ = 3, titlePosition_ = velt::kAtTop;
     double borderWidth_ = 1, cornerRadius_ = 0;

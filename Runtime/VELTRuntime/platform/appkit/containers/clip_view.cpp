@@ -52,14 +52,13 @@ bool NSClipView::bringIntoSight(NSRect rect) {
     const NSRect seen = bounds();
     const auto nearest = [](double now, double extent, double first, double length) {
         const double end = first + length;
-        const bool startsBefore = first < now, endsBehind = end > now + extent;
+        const bool startsBefore = first<now, endsBehind = end> now + extent;
         if (startsBefore == endsBehind) return now;  // all of it is seen, or nothing else
         return startsBefore == (length <= extent) ? first : end - extent;
     };
     const NSPoint before = seen.origin;
-    scrollToPoint(constrainScrollPoint(
-        {nearest(before.x, seen.size.width, rect.origin.x, rect.size.width),
-         nearest(before.y, seen.size.height, rect.origin.y, rect.size.height)}));
+    scrollToPoint(constrainScrollPoint({nearest(before.x, seen.size.width, rect.origin.x, rect.size.width),
+                                        nearest(before.y, seen.size.height, rect.origin.y, rect.size.height)}));
     return !(bounds().origin == before);
 }
 

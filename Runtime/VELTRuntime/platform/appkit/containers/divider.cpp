@@ -1,5 +1,6 @@
 #include "VELTRuntime/platform/appkit/containers/divider.h"
 
+#include "VELTRuntime/platform/appkit/containers/frame_drawing.h"
 #include "VELTRuntime/platform/appkit/containers/split_view.h"
 #include "VELTRuntime/platform/appkit/event_delivery.h"
 
@@ -38,7 +39,7 @@ void Divider::paintEvent(QPaintEvent*) {
     const int beside = ((vertical_ ? width() : height()) - thickness_) / 2;
     const QRect drawn = vertical_ ? rect().adjusted(beside, 0, -beside, 0) : rect().adjusted(0, beside, 0, -beside);
     if (thin_) {
-        painter.fillRect(drawn, palette().color(hasFocus() ? QPalette::Highlight : QPalette::Mid));
+        painter.fillRect(drawn, hasFocus() ? palette().color(QPalette::Highlight) : lineColor(palette()));
         return;
     }
     QStyleOption option;

@@ -1,13 +1,13 @@
 #include "VELTRuntime/platform/appkit/containers/frame_drawing.h"
 
 #include "VELTRuntime/platform/appkit/containers/scroll_view.h"
-#include "VELTRuntime/platform/appkit/graphics_context.h"
 
 #include <QApplication>
 #include <QPainter>
 #include <QStyle>
 #include <QStyleOptionFrame>
 #include <algorithm>
+#include <cmath>
 
 namespace velt {
 
@@ -47,37 +47,48 @@ QStyleOptionFrame frameOption(NSView& view, QRect rect) {
 
 }  // namespace
 
-void drawFrame(GraphicsContext& context, NSView& view, unsigned long borderType, NSRect rect) {
+QColor lineColor(const QPalette& palette) {
+    QColor color = palette.color(QPalette::WindowText);
+    color.setAlphaF(0.3F);
+    return color;
+}
+
+void drawFrame(QPainter& painter, NSView& view, unsigned long borderType, QRectF rect) {
     if (borderType == kNoBorder) return;
-    QPainter& painter = context.painter();
-    const WidgetCoordinates scope(painter, view);
-    const QRectF place(rect.origin.x, rect.origin.y, rect.size.width, rect.size.height);
     QWidget& widget = view.widget();
     if (borderType == kLineBorder) {
-        painter.setPen(QPen(widget.hasFocus() ? widget.palette().color(QPalette::Highlight)
-                                              : widget.palette().color(QPalette::Mid),
-                            1));
+        painter.setPen(
+            QPen(widget.hasFocus() ? widget.palette().color(QPalette::Highlight) : lineColor(widget.palette()), 1));
         painter.setBrush(Qt::NoBrush);
-        painter.drawRect(place.adjusted(0.5, 0.5, -0.5, -0.5));
+        painter.drawRect(rect.adjusted(0.5, 0.5, -0.5, -0.5));
         return;
     }
-    QStyleOptionFrame option = frameOption(view, place.toRect());
+    QStyleOptionFrame option = frameOption(view, rect.toRect());
     option.frameShape = borderType == kGrooveBorder ? QFrame::Box : QFrame::StyledPanel;
     option.state |= borderType == kGrooveBorder ? QStyle::State_None : QStyle::State_Sunken;
     widget.style()->drawPrimitive(QStyle::PE_Frame, &option, &painter, &widget);
 }
 
-void drawSeparator(GraphicsContext& context, NSView& view, NSRect rect) {
-    QPainter& painter = context.painter();
-    const WidgetCoordinates scope(painter, view);
-    const bool upright = rect.size.height > rect.size.width;
-    const double x = rect.origin.x, y = rect.origin.y;
-    const QPalette palette = view.widget().palette();
-    // Dark and light beside each other: it is seen on any ground.
-    const QRectF dark = upright ? QRectF(x + std::floor((rect.size.width - 2) / 2), y, 1, rect.size.height)
-                                : QRectF(x, y + std::floor((rect.size.height - 2) / 2), rect.size.width, 1);
-    painter.fillRect(dark, palette.color(QPalette::Mid));
-    painter.fillRect(upright ? dark.translated(1, 0) : dark.translated(0, 1), palette.color(QPalette::Midlight));
+void drawGroupFrame(QPainter& painter, NSView& view, QRectF rect, bool pale) {
+    constexpr double kRadius = 3;
+    QColor line = lineColor(view.widget().palette()), ground = line;
+    if (pale) line.setAlphaF(line.alphaF() / 2);
+    ground.setAlphaF(pale ? 0 : 0.04F);
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(QPen(line, 1));
+    painter.setBrush(ground);
+    painter.drawRoundedRect(rect.adjusted(0.5, 0.5, -0.5, -0.5), kRadius, kRadius);
+    painter.restore();
+}
+
+void drawSeparator(QPainter& painter, NSView& view, QRectF rect) {
+    const QColor color = lineColor(view.widget().palette());
+    if (rect.height() > rect.width()) {
+        painter.fillRect(QRectF(rect.x() + std::floor((rect.width() - 1) / 2), rect.y(), 1, rect.height()), color);
+    } else {
+        painter.fillRect(QRectF(rect.x(), rect.y() + std::floor((rect.height() - 1) / 2), rect.width(), 1), color);
+    }
 }
 
 }  // namespace velt

@@ -3,12 +3,14 @@
 
 #include "VELTRuntime/values/structures.h"
 
+#include <QColor>
+#include <QRectF>
+
 class NSView;
 class QPainter;
+class QPalette;
 
 namespace velt {
-
-class GraphicsContext;
 
 /// While it exists, a painter that draws in a view's coordinates draws in those of its widget, y pointing down from the
 /// upper left corner: the style draws in these.
@@ -26,10 +28,16 @@ private:
 /// How wide a border of a type (0 none, 1 line, 2 bezel, 3 groove) is on each side.
 double frameWidth(unsigned long borderType);
 
-/// Draws a border within a rectangle in widget coordinates; nothing for type 0.
-void drawFrame(GraphicsContext& context, NSView& view, unsigned long borderType, NSRect rect);
+/// The colour of lines that part and frame: seen on light and on dark ground.
+QColor lineColor(const QPalette& palette);
 
-/// Draws a line through the middle of a rectangle in widget coordinates, upright when it is higher than wide.
-void drawSeparator(GraphicsContext& context, NSView& view, NSRect rect);
+/// Draws a border within a rectangle; nothing for type 0. The painter draws in widget coordinates.
+void drawFrame(QPainter& painter, NSView& view, unsigned long borderType, QRectF rect);
+
+/// Draws the frame of a group, paler for one of less weight.
+void drawGroupFrame(QPainter& painter, NSView& view, QRectF rect, bool pale);
+
+/// Draws a line through the middle of a rectangle, upright when it is higher than wide.
+void drawSeparator(QPainter& painter, NSView& view, QRectF rect);
 
 }  // namespace velt

@@ -105,8 +105,8 @@ void NSScrollView::tile() {
     NSSize room{std::max(frame().size.width - 2 * border, 0.0), std::max(frame().size.height - 2 * border, 0.0)};
     const NSSize document = clip() && clip()->document() ? clip()->document()->frame().size : NSSize{};
     bool showsVertical = hasVertical_ && !own && (!autohides_ || document.height > room.height);
-    const bool showsHorizontal = hasHorizontal_ && !own &&
-                                 (!autohides_ || document.width > room.width - (showsVertical ? bar : 0));
+    const bool showsHorizontal =
+        hasHorizontal_ && !own && (!autohides_ || document.width > room.width - (showsVertical ? bar : 0));
     if (showsHorizontal && hasVertical_ && !own && document.height > room.height - bar) showsVertical = true;
     if (showsVertical) room.width = std::max(room.width - bar, 0.0);
     if (showsHorizontal) room.height = std::max(room.height - bar, 0.0);
@@ -186,9 +186,8 @@ void NSScrollView::scrollWheel(NSEvent* event) {
 
 void NSScrollView::keyDown(NSEvent* event) {
     const id characters = event ? event->characters() : nil;
-    const char16_t key = velt::isString(characters) && !velt::textOf(characters).empty()
-                             ? velt::textOf(characters).front()
-                             : u'\0';
+    const char16_t key =
+        velt::isString(characters) && !velt::textOf(characters).empty() ? velt::textOf(characters).front() : u'\0';
     const NSSize page{contentSize().width - lineScroll_, contentSize().height - lineScroll_};
     constexpr double kAll = 1e9;
     bool taken = true;
@@ -248,7 +247,8 @@ void NSScrollView::follow(QWidget* focused) {
 
 void NSScrollView::drawRect(NSRect) {
     if (velt::GraphicsContext* context = velt::GraphicsContext::current()) {
-        velt::drawFrame(*context, *this, borderType_, {{0, 0}, frame().size});
+        const velt::WidgetCoordinates scope(context->painter(), *this);
+        velt::drawFrame(context->painter(), *this, borderType_, {0, 0, frame().size.width, frame().size.height});
     }
 }
 

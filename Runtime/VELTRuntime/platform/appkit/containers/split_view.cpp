@@ -11,7 +11,6 @@
 
 using velt::Ref;
 
-
 void NSSplitView::setVertical(bool flag) {
     if (vertical_ == flag) return;
     vertical_ = flag;
@@ -179,8 +178,10 @@ void NSSplitView::placeDividers() {
         if (i >= count) continue;
         const int at = static_cast<int>(std::lround(panes[i].first + panes[i].extent));
         const int thickness = static_cast<int>(dividerThickness());
-        divider.place(vertical_ ? QRect(at, 0, thickness, shown->height()) : QRect(0, at, shown->width(), thickness),
-                      thickness, vertical_, dividerStyle_ == velt::kThinDivider);
+        const int width = static_cast<int>(std::lround(frame().size.width)),
+                  height = static_cast<int>(std::lround(frame().size.height));
+        divider.place(vertical_ ? QRect(at, 0, thickness, height) : QRect(0, at, width, thickness), thickness,
+                      vertical_, dividerStyle_ == velt::kThinDivider);
         divider.raise();
     }
 }

@@ -10,8 +10,9 @@ enum DividerStyle : unsigned long { kThickDivider = 1, kThinDivider = 2, kPaneSp
 }  // namespace velt
 
 /// Its subviews are its panes, from the left, or from the top: positions are counted from there. The delegate limits
-/// what a person can do ("splitView:constrainMinCoordinate:ofSubviewAt:", "splitView:constrainMaxCoordinate:ofSubviewAt:",
-/// "splitView:constrainSplitPosition:ofSubviewAt:", "splitView:canCollapseSubview:"), may resize the panes itself
+/// what a person can do ("splitView:constrainMinCoordinate:ofSubviewAt:",
+/// "splitView:constrainMaxCoordinate:ofSubviewAt:", "splitView:constrainSplitPosition:ofSubviewAt:",
+/// "splitView:canCollapseSubview:"), may resize the panes itself
 /// ("splitView:resizeSubviewsWithOldSize:") and is told "splitViewDidResizeSubviews:".
 class VELT_EXPORT NSSplitView : public NSView {
     VELT_OBJECT(NSSplitView, NSView)

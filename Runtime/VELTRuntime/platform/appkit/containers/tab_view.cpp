@@ -17,6 +17,7 @@
 #include <QStyle>
 #include <QStyleOptionTabWidgetFrame>
 #include <algorithm>
+#include <cmath>
 
 using velt::Ref;
 
@@ -279,7 +280,8 @@ void NSTabView::syncWidget(QWidget& widget) {
     tabs->setCurrentIndex(static_cast<int>(indexOfTabViewItem(selected_)));
     syncing_ = false;
     tabs->setVisible(hasTabs());
-    const int width = widget.width(), height = widget.height();
+    const int width = static_cast<int>(std::lround(frame().size.width)),
+              height = static_cast<int>(std::lround(frame().size.height));
     const QSize wanted = tabs->sizeHint();
     switch (type_) {
     case velt::kLeftTabs: tabs->setGeometry(0, 0, wanted.width(), height); break;
@@ -328,18 +330,19 @@ void NSTabView::drawRect(NSRect) {
     velt::GraphicsContext* context = velt::GraphicsContext::current();
     if (!context || type_ == velt::kNoTabsNoBorder) return;
     const NSRect pane = paneRect();
-    const NSRect inWidget{{pane.origin.x, frame().size.height - pane.origin.y - pane.size.height}, pane.size};
+    const QRectF inWidget(pane.origin.x, frame().size.height - pane.origin.y - pane.size.height, pane.size.width,
+                          pane.size.height);
+    const velt::WidgetCoordinates scope(context->painter(), *this);
     if (type_ == velt::kNoTabsLineBorder) {
-        velt::drawFrame(*context, *this, velt::kLineBorder, inWidget);
+        velt::drawFrame(context->painter(), *this, velt::kLineBorder, inWidget);
         return;
     }
-    const velt::WidgetCoordinates scope(context->painter(), *this);
     QWidget& shown = widget();
     QStyleOptionTabWidgetFrame option;
     option.initFrom(&shown);
     option.shape = shapeOf(type_);
     option.lineWidth = shown.style()->pixelMetric(QStyle::PM_DefaultFrameWidth, nullptr, &shown);
-    option.rect = QRectF(inWidget.origin.x, inWidget.origin.y, pane.size.width, pane.size.height).toRect();
+    option.rect = inWidget.toRect();
     if (hasTabs()) {
         option.tabBarSize = bar()->size();
         option.tabBarRect = bar()->geometry();
