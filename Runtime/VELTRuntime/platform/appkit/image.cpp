@@ -1,6 +1,8 @@
 #include "VELTRuntime/platform/appkit/image.h"
 
+#include "VELTRuntime/platform/appkit/application_object.h"
 #include "VELTRuntime/platform/appkit/graphics_context.h"
+#include "VELTRuntime/platform/appkit/window.h"
 #include "VELTRuntime/platform/foundation/data.h"
 #include "VELTRuntime/platform/object/message.h"
 #include "VELTRuntime/values/string.h"
@@ -8,6 +10,7 @@
 #include <QBuffer>
 #include <QImage>
 #include <QImageReader>
+#include <QMainWindow>
 #include <QPainter>
 #include <algorithm>
 
@@ -32,6 +35,11 @@ velt::Ref<NSImage> NSImage::fromBytes(std::string_view bytes) {
     QBuffer device(&shared);
     QImageReader reader(&device);
     return readFrom(reader);
+}
+
+velt::Ref<NSImage> NSImage::ofWindow(NSWindow& window) {
+    velt::requireMainThread("NSImage::ofWindow");
+    return velt::make<NSImage>(window.widget().grab().toImage());
 }
 
 NSImage::NSImage() : NSImage(QImage()) {}
@@ -102,13 +110,14 @@ void NSImage::describe(velt::ClassBuilder<NSImage>& c) {
                     velt::as<NSImage>(self)->drawInRect(VELT_CNSRECT(a[0]), {}, kSourceOver, 1);
                     return nil;
                 })
-        .method("drawAtPoint:fromRect:operation:fraction:", [](const id& self, const id* a) {
-            const NSImage& image = *velt::as<NSImage>(self);
-            const NSRect from = VELT_CNSRECT(a[1]);
-            const NSSize size = from.size.width > 0 && from.size.height > 0 ? from.size : image.size();
-            image.drawInRect({VELT_CNSPOINT(a[0]), size}, from, VELT_CINTEGER(a[2]), VELT_CDOUBLE(a[3]));
-            return nil;
-        })
+        .method("drawAtPoint:fromRect:operation:fraction:",
+                [](const id& self, const id* a) {
+                    const NSImage& image = *velt::as<NSImage>(self);
+                    const NSRect from = VELT_CNSRECT(a[1]);
+                    const NSSize size = from.size.width > 0 && from.size.height > 0 ? from.size : image.size();
+                    image.drawInRect({VELT_CNSPOINT(a[0]), size}, from, VELT_CINTEGER(a[2]), VELT_CDOUBLE(a[3]));
+                    return nil;
+                })
         .property("PNGRepresentation", &NSImage::pngRepresentation)
         // Images are had as files, of data, and by name; nil when there is no picture.
         .method("initWithContentsOfFile:",

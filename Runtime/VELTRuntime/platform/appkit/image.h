@@ -8,6 +8,7 @@
 #include <string>
 #include <string_view>
 
+class NSWindow;
 class QImage;
 
 /// A picture; it does not change. Images may be made and read on any thread.
@@ -23,6 +24,8 @@ public:
     /// icon of that name or of what the name usually stands for ("NSFolder"). Null when there is none. Icons are had on
     /// the main thread only.
     static velt::Ref<NSImage> named(const std::string& name);
+    /// What a window shows at this moment, its contents without the title bar.
+    static velt::Ref<NSImage> ofWindow(NSWindow& window);
     /// An empty image.
     NSImage();
     /// That picture, shared.
