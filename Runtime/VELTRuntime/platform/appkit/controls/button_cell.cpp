@@ -117,8 +117,13 @@ void NSButtonCell::setShowsStateBy(long mask) {
     changed();
 }
 
+bool NSButtonCell::isDisclosure() const {
+    return isBordered() &&
+           (bezelStyle_ == velt::BezelStyle::Disclosure || bezelStyle_ == velt::BezelStyle::RoundedDisclosure);
+}
+
 void NSButtonCell::pressed() {
-    if (showsStateBy_ != velt::kChangesNothing) setNextState();
+    if (showsStateBy_ != velt::kChangesNothing || isDisclosure()) setNextState();
     if (velt::respondsTo(sound_, VELT_SELECTOR("play"))) velt::send(sound_, VELT_SELECTOR("play"));
 }
 

@@ -76,6 +76,8 @@ public:
     velt::ButtonType buttonType() const { return buttonType_; }
     bool isSwitch() const { return buttonType_ == velt::ButtonType::Switch; }
     bool isRadio() const { return buttonType_ == velt::ButtonType::Radio; }
+    /// The border's sign shows the state, whatever the type.
+    bool isDisclosure() const;
     long highlightsBy() const { return highlightsBy_; }
     void setHighlightsBy(long mask);
     long showsStateBy() const { return showsStateBy_; }

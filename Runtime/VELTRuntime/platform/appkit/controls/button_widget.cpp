@@ -31,8 +31,7 @@ public:
         QAccessible::State state = QAccessibleWidget::state();
         const NSButtonCell* cell = this->cell();
         if (!cell) return state;
-        const auto bezel = static_cast<BezelStyle>(cell->bezelStyle());
-        if (bezel == BezelStyle::Disclosure || bezel == BezelStyle::RoundedDisclosure) {
+        if (cell->isDisclosure()) {
             state.expandable = true;
             state.expanded = cell->state() == NSCell::kOn;
             state.collapsed = !state.expanded;
