@@ -76,8 +76,8 @@ NSSize calendarSize(bool calendar, bool clock) {
 
 NSDatePicker* DatePickerWidget::picker() const { return static_cast<NSDatePicker*>(viewOf(this)); }
 
-void DatePickerWidget::rebuild(unsigned long style) {
-    if (builtStyle_ == static_cast<long>(style)) return;
+void DatePickerWidget::rebuild(bool asCalendar) {
+    if (asCalendar ? calendar_ != nullptr : field_ != nullptr) return;
     const bool hadFocus = isAncestorOf(QApplication::focusWidget());
     setFocusProxy(nullptr);
     // They may be reporting the change that led here.
@@ -91,8 +91,7 @@ void DatePickerWidget::rebuild(unsigned long style) {
     field_ = nullptr;
     calendar_ = nullptr;
     clock_ = nullptr;
-    builtStyle_ = static_cast<long>(style);
-    if (style == NSDatePickerCell::kClockAndCalendar) {
+    if (asCalendar) {
         calendar_ = new QCalendarWidget(this);
         calendar_->setVerticalHeaderFormat(QCalendarWidget::NoVerticalHeader);
         calendar_->setAccessibleName(QStringLiteral("Date"));
@@ -102,8 +101,6 @@ void DatePickerWidget::rebuild(unsigned long style) {
     } else {
         field_ = new QDateTimeEdit(this);
         field_->setWrapping(false);
-        field_->setButtonSymbols(style == NSDatePickerCell::kTextField ? QAbstractSpinBox::NoButtons
-                                                                       : QAbstractSpinBox::UpDownArrows);
         connect(field_, &QDateTimeEdit::dateTimeChanged, this, [this](const QDateTime& moment) {
             if (!picker()) return;
             const NSDatePickerCell& cell = picker()->ownCell();
@@ -117,7 +114,7 @@ void DatePickerWidget::rebuild(unsigned long style) {
 
 void DatePickerWidget::show(const NSDatePickerCell& cell) {
     const QScopedValueRollback<bool> quiet(showing_, true);
-    rebuild(cell.datePickerStyle());
+    rebuild(cell.datePickerStyle() == NSDatePickerCell::kClockAndCalendar);
     const QDateTime moment = localMoment(as<NSDate>(cell.objectValue())->timeIntervalSinceReferenceDate());
     if (field_)
         showField(cell, moment);
@@ -157,6 +154,8 @@ void DatePickerWidget::showField(const NSDatePickerCell& cell, const QDateTime& 
     } else {
         field_->setTime(moment.time());
     }
+    field_->setButtonSymbols(cell.datePickerStyle() == NSDatePickerCell::kTextField ? QAbstractSpinBox::NoButtons
+                                                                                    : QAbstractSpinBox::UpDownArrows);
     field_->setFrame(cell.isBezeled() || cell.isBordered());
     field_->setAlignment(cell.alignment() == 1   ? Qt::AlignRight
                          : cell.alignment() == 2 ? Qt::AlignHCenter

@@ -88,6 +88,8 @@ double SliderWidget::circleFraction(QPointF point) const {
 void SliderWidget::paintEvent(QPaintEvent*) {
     if (!cell()) return;
     QPainter painter(this);
+    // Styles draw a disabled knob like any other.
+    if (!isEnabled()) painter.setOpacity(0.5);
     if (slider().isCircular())
         drawCircle(painter);
     else
