@@ -6,6 +6,7 @@
 #include "VELTRuntime/platform/appkit/controls/path_cell.h"
 #include "VELTRuntime/platform/foundation/date.h"
 #include "VELTRuntime/platform/foundation/url.h"
+#include "VELTRuntime/platform/object/cycles.h"
 
 #include <QAccessible>
 #include <QCalendarWidget>
@@ -17,7 +18,11 @@
 #include <QMenu>
 #include <QMimeData>
 #include <QTemporaryDir>
+#include <fstream>
+#include <iterator>
 #include <limits>
+#include <sys/stat.h>
+#include <thread>
 
 using namespace velt::test;
 using velt::Ref;
@@ -322,6 +327,9 @@ TEST(PathControls, KeepTheLastNameInSight) {
     send(control, VELT_SELECTOR("setFrameSize:"), size(width / 2, 22));
     shown.click({static_cast<int>(width) / 2 - 20, 11});
     EXPECT_EQ("of a file", clickedName(control));
+    send(control, VELT_SELECTOR("setFrameSize:"), size(70, 22));
+    shown.click({50, 11});
+    EXPECT_EQ("of a file", clickedName(control));
     send(control, VELT_SELECTOR("setFrameSize:"), size(1, 1));
     shown.picture();
     EXPECT_NE(whole, shown.picture());
@@ -373,4 +381,72 @@ TEST(PathControls, TakeAFileThatIsDroppedOnThem) {
     EXPECT_EQ(0, owner->count);
     QAccessibleInterface* told = QAccessible::queryAccessibleInterface(&shown.widget());
     EXPECT_EQ("/tmp/notes.txt", told->text(QAccessible::Value));
+}
+
+TEST(PathControls, OpenADoubleClickedPartWithTheDesktop) {
+    const QTemporaryDir folder;
+    const std::string root = folder.path().toStdString();
+    std::ofstream(root + "/open.sh") << "#!/bin/sh\nprintf %s \"$1\" >\"$0.new\"\nmv \"$0.new\" \"$0.said\"\n";
+    ::chmod((root + "/open.sh").c_str(), 0700);
+    QDir(folder.path()).mkpath(QStringLiteral("applications"));
+    std::ofstream(root + "/applications/opener.desktop")
+        << "[Desktop Entry]\nType=Application\nName=Opener\nExec=" << root
+        << "/open.sh %f\nMimeType=inode/directory;\n";
+    std::ofstream(root + "/applications/mimeapps.list") << "[Default Applications]\ninode/directory=opener.desktop\n";
+    const QByteArray before = qgetenv("XDG_DATA_HOME");
+    qputenv("XDG_DATA_HOME", folder.path().toUtf8());
+    const id control = VELT_NSPATHCONTROL_INIT(nil, "");
+    VELT_NSCONTROL_STRINGVALUE(control, str(root));
+    {
+        ControlWindow shown(control, 600, 22);
+        QTest::mouseDClick(&shown.widget(), Qt::LeftButton, {}, {10, 11});  // the root
+    }
+    if (before.isEmpty())
+        qunsetenv("XDG_DATA_HOME");
+    else
+        qputenv("XDG_DATA_HOME", before);
+    QFile said(folder.filePath(QStringLiteral("open.sh.said")));
+    ASSERT_TRUE(QTest::qWaitFor([&] { return said.exists(); }, 10'000));
+    ASSERT_TRUE(said.open(QIODevice::ReadOnly));
+    EXPECT_EQ("/", said.readAll().toStdString());
+}
+
+using Constructor = id (*)(const id& owner, const char* action);
+constexpr Constructor kConstructors[] = {VELT_NSSLIDER_INIT,     VELT_CIRCULARSLIDER_INIT, VELT_NSLEVELINDICATOR_INIT,
+                                         VELT_NSSTEPPER_INIT,    VELT_NSDATEPICKER_INIT,   VELT_NSCOLORWELL_INIT,
+                                         VELT_NSPATHCONTROL_INIT};
+
+TEST(ValueControls, GoWhenNobodyKeepsThem) {
+    velt::collectCycles();
+    for (const Constructor init : kConstructors) {
+        const Ref<ActionCounter> owner = velt::make<ActionCounter>();
+        const id control = init(owner, "act:");
+        owner->last = control;  // a circle
+        { const ControlWindow shown(control, 100, 40); }
+        velt::as<NSView>(control)->removeFromSuperview();
+    }
+    EXPECT_LE(2 * std::size(kConstructors), velt::collectCycles());
+}
+
+TEST(ValueControls, AreMadeOnTheMainThreadAlone) {
+    std::thread([] {
+        const velt::ThreadScope scope;
+        EXPECT_RAISES(
+            "NSInternalInconsistencyException: VELT_NSDATEPICKER_INIT was called on another thread than the main one, "
+            "to which windows and views belong",
+            VELT_NSDATEPICKER_INIT(nil, ""));
+    }).join();
+}
+
+TEST(ValueControls, ArePaintedAtEverySize) {
+    for (const Constructor init : kConstructors) {
+        const id control = init(nil, "");
+        const ControlWindow shown(control, 60, 24);
+        for (const double side : {0.0, 1.0, 2.0, 5.0, 700.0}) {
+            send(control, VELT_SELECTOR("setFrameSize:"), size(side, 2 * side));
+            shown.picture();
+        }
+        VELT_NSCONTROL_SIZETOFIT(control);
+        EXPECT_LT(8, velt::as<NSView>(control)->frame().size.height);
+    }
 }

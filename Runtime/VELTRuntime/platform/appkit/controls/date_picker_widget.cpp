@@ -8,6 +8,7 @@
 #include <QDateTimeEdit>
 #include <QFocusEvent>
 #include <QLocale>
+#include <QRegularExpression>
 #include <QScopedValueRollback>
 #include <algorithm>
 #include <cmath>
@@ -54,7 +55,10 @@ QString dateFormat(const QLocale& locale, unsigned long elements) {
     QString date = locale.dateFormat(QLocale::ShortFormat), time = locale.timeFormat(QLocale::ShortFormat);
     if (!date.contains(u"yyyy")) date.replace(QStringLiteral("yy"), QStringLiteral("yyyy"));
     if ((elements & NSDatePickerCell::kYearMonthDay) != NSDatePickerCell::kYearMonthDay) date = without(date, u'd');
-    if ((elements & NSDatePickerCell::kHourMinuteSecond) == NSDatePickerCell::kHourMinuteSecond && !time.contains(u's'))
+    const bool showsSeconds = (elements & NSDatePickerCell::kHourMinuteSecond) == NSDatePickerCell::kHourMinuteSecond;
+    if (!showsSeconds)
+        time.remove(QRegularExpression(QStringLiteral("[^A-Za-z]s+")));
+    else if (!time.contains(u's'))
         time.replace(QStringLiteral("mm"), QStringLiteral("mm:ss"));
     const bool showsDate = elements & NSDatePickerCell::kYearMonth,
                showsTime = elements & NSDatePickerCell::kHourMinute;
@@ -101,6 +105,8 @@ void DatePickerWidget::rebuild(bool asCalendar) {
     } else {
         field_ = new QDateTimeEdit(this);
         field_->setWrapping(false);
+        // Where people read from the right the toolkit would turn the order of the parts round, hours behind minutes.
+        field_->setLayoutDirection(Qt::LeftToRight);
         connect(field_, &QDateTimeEdit::dateTimeChanged, this, [this](const QDateTime& moment) {
             if (!picker()) return;
             const NSDatePickerCell& cell = picker()->ownCell();
@@ -157,9 +163,8 @@ void DatePickerWidget::showField(const NSDatePickerCell& cell, const QDateTime& 
     field_->setButtonSymbols(cell.datePickerStyle() == NSDatePickerCell::kTextField ? QAbstractSpinBox::NoButtons
                                                                                     : QAbstractSpinBox::UpDownArrows);
     field_->setFrame(cell.isBezeled() || cell.isBordered());
-    field_->setAlignment(cell.alignment() == 1   ? Qt::AlignRight
-                         : cell.alignment() == 2 ? Qt::AlignHCenter
-                                                 : Qt::AlignLeft);
+    const bool fromRight = cell.alignment() == 1 || (cell.alignment() > 2 && isRightToLeft());
+    field_->setAlignment(fromRight ? Qt::AlignRight : cell.alignment() == 2 ? Qt::AlignHCenter : Qt::AlignLeft);
     field_->setAccessibleName(toolTip().isEmpty() ? QStringLiteral("Date") : toolTip());
 }
 
