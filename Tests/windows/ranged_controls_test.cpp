@@ -178,6 +178,13 @@ TEST(Sliders, GrowFromTheRightWherePeopleReadFromTheRight) {
     shown.focus();
     shown.key(Qt::Key_Left);
     EXPECT_DOUBLE_EQ(0.55, valueOf(slider));
+    VELT_NSCONTROL_DOUBLEVALUE(slider, real(0.8));
+    const int knob = 5 + 190 / 5;
+    shown.press({knob, 12});
+    EXPECT_EQ(0.8, valueOf(slider));  // it was taken where it is
+    shown.moveTo({knob + 30, 12});
+    EXPECT_GT(0.7, valueOf(slider));
+    shown.release({knob + 30, 12});
 }
 
 TEST(Sliders, StopAtTheirMarksAlone) {

@@ -39,6 +39,7 @@ QStyleOptionSlider SliderWidget::lineOption() const {
     const bool vertical = shown.isVertical();
     option.orientation = vertical ? Qt::Vertical : Qt::Horizontal;
     option.state.setFlag(QStyle::State_Horizontal, !vertical);
+    option.direction = Qt::LeftToRight;  // the next line says it
     option.upsideDown = vertical || isRightToLeft();
     option.subControls = QStyle::SC_SliderGroove | QStyle::SC_SliderHandle;
     const int marks = static_cast<int>(shown.numberOfTickMarks());
