@@ -8,6 +8,7 @@
 #include <QDateTimeEdit>
 #include <QFocusEvent>
 #include <QLocale>
+#include <QRegularExpression>
 #include <QScopedValueRollback>
 #include <algorithm>
 #include <cmath>
@@ -54,7 +55,10 @@ QString dateFormat(const QLocale& locale, unsigned long elements) {
     QString date = locale.dateFormat(QLocale::ShortFormat), time = locale.timeFormat(QLocale::ShortFormat);
     if (!date.contains(u"yyyy")) date.replace(QStringLiteral("yy"), QStringLiteral("yyyy"));
     if ((elements & NSDatePickerCell::kYearMonthDay) != NSDatePickerCell::kYearMonthDay) date = without(date, u'd');
-    if ((elements & NSDatePickerCell::kHourMinuteSecond) == NSDatePickerCell::kHourMinuteSecond && !time.contains(u's'))
+    const bool showsSeconds = (elements & NSDatePickerCell::kHourMinuteSecond) == NSDatePickerCell::kHourMinuteSecond;
+    if (!showsSeconds)
+        time.remove(QRegularExpression(QStringLiteral("[^A-Za-z]s+")));
+    else if (!time.contains(u's'))
         time.replace(QStringLiteral("mm"), QStringLiteral("mm:ss"));
     const bool showsDate = elements & NSDatePickerCell::kYearMonth,
                showsTime = elements & NSDatePickerCell::kHourMinute;
@@ -76,8 +80,8 @@ NSSize calendarSize(bool calendar, bool clock) {
 
 NSDatePicker* DatePickerWidget::picker() const { return static_cast<NSDatePicker*>(viewOf(this)); }
 
-void DatePickerWidget::rebuild(unsigned long style) {
-    if (builtStyle_ == static_cast<long>(style)) return;
+void DatePickerWidget::rebuild(bool asCalendar) {
+    if (asCalendar ? calendar_ != nullptr : field_ != nullptr) return;
     const bool hadFocus = isAncestorOf(QApplication::focusWidget());
     setFocusProxy(nullptr);
     // They may be reporting the change that led here.
@@ -91,8 +95,7 @@ void DatePickerWidget::rebuild(unsigned long style) {
     field_ = nullptr;
     calendar_ = nullptr;
     clock_ = nullptr;
-    builtStyle_ = static_cast<long>(style);
-    if (style == NSDatePickerCell::kClockAndCalendar) {
+    if (asCalendar) {
         calendar_ = new QCalendarWidget(this);
         calendar_->setVerticalHeaderFormat(QCalendarWidget::NoVerticalHeader);
         calendar_->setAccessibleName(QStringLiteral("Date"));
@@ -102,8 +105,8 @@ void DatePickerWidget::rebuild(unsigned long style) {
     } else {
         field_ = new QDateTimeEdit(this);
         field_->setWrapping(false);
-        field_->setButtonSymbols(style == NSDatePickerCell::kTextField ? QAbstractSpinBox::NoButtons
-                                                                       : QAbstractSpinBox::UpDownArrows);
+        // Where people read from the right the toolkit would turn the order of the parts round, hours behind minutes.
+        field_->setLayoutDirection(Qt::LeftToRight);
         connect(field_, &QDateTimeEdit::dateTimeChanged, this, [this](const QDateTime& moment) {
             if (!picker()) return;
             const NSDatePickerCell& cell = picker()->ownCell();
@@ -117,7 +120,7 @@ void DatePickerWidget::rebuild(unsigned long style) {
 
 void DatePickerWidget::show(const NSDatePickerCell& cell) {
     const QScopedValueRollback<bool> quiet(showing_, true);
-    rebuild(cell.datePickerStyle());
+    rebuild(cell.datePickerStyle() == NSDatePickerCell::kClockAndCalendar);
     const QDateTime moment = localMoment(as<NSDate>(cell.objectValue())->timeIntervalSinceReferenceDate());
     if (field_)
         showField(cell, moment);
@@ -157,10 +160,11 @@ void DatePickerWidget::showField(const NSDatePickerCell& cell, const QDateTime& 
     } else {
         field_->setTime(moment.time());
     }
+    field_->setButtonSymbols(cell.datePickerStyle() == NSDatePickerCell::kTextField ? QAbstractSpinBox::NoButtons
+                                                                                    : QAbstractSpinBox::UpDownArrows);
     field_->setFrame(cell.isBezeled() || cell.isBordered());
-    field_->setAlignment(cell.alignment() == 1   ? Qt::AlignRight
-                         : cell.alignment() == 2 ? Qt::AlignHCenter
-                                                 : Qt::AlignLeft);
+    const bool fromRight = cell.alignment() == 1 || (cell.alignment() > 2 && isRightToLeft());
+    field_->setAlignment(fromRight ? Qt::AlignRight : cell.alignment() == 2 ? Qt::AlignHCenter : Qt::AlignLeft);
     field_->setAccessibleName(toolTip().isEmpty() ? QStringLiteral("Date") : toolTip());
 }
 

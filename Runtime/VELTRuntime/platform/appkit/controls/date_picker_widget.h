@@ -36,13 +36,12 @@ protected:
 
 private:
     NSDatePicker* picker() const;
-    void rebuild(unsigned long style);
+    void rebuild(bool asCalendar);
     void showField(const NSDatePickerCell& cell, const QDateTime& moment);
     void showCalendar(const NSDatePickerCell& cell, const QDateTime& moment);
     void placeParts();
     void chosen(const QDate& date, const QTime& time);
 
-    long builtStyle_ = -1;
     bool showing_ = false;  // what the parts report is not a person's doing
     QDateTimeEdit* field_ = nullptr;
     QCalendarWidget* calendar_ = nullptr;

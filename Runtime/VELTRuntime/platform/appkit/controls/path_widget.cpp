@@ -98,11 +98,22 @@ std::vector<PathWidget::Part> PathWidget::layOut() const {
         total -= parts[i].width - kIcon;
         parts[i] = {0, kIcon, false};
     }
-    if (!parts.empty() && total > width()) parts.back().width = std::max(parts.back().width - (total - width()), kIcon);
+    // Then those from the root on are left out, until some of the last one's name can be read.
+    std::size_t first = 0;
+    if (!parts.empty()) {
+        constexpr double kReadable = 60;
+        Part& last = parts.back();
+        const double least = std::min(last.width, kReadable);
+        for (; first + 1 < parts.size() && total - (last.width - least) > width(); ++first) {
+            total -= parts[first].width + kArrow;
+            parts[first] = {0, 0, false};
+        }
+        if (total > width()) last.width = std::max(last.width - (total - width()), kIcon);
+    }
     double left = kEdge;
-    for (Part& part : parts) {
-        part.left = left;
-        left += part.width + kArrow;
+    for (std::size_t i = first; i < parts.size(); ++i) {
+        parts[i].left = left;
+        left += parts[i].width + kArrow;
     }
     return parts;
 }
@@ -110,6 +121,7 @@ std::vector<PathWidget::Part> PathWidget::layOut() const {
 QRect PathWidget::partRect(int index) const {
     const std::vector<Part> parts = layOut();
     if (index < 0 || index >= static_cast<int>(parts.size())) return {};
+    if (parts[static_cast<std::size_t>(index)].width <= 0) return {};
     const Part& part = parts[static_cast<std::size_t>(index)];
     const QRect place(static_cast<int>(part.left), 0, static_cast<int>(part.width), height());
     return QStyle::visualRect(layoutDirection(), rect(), place);
@@ -162,6 +174,7 @@ void PathWidget::drawPart(QPainter& painter, int index, const Part& part) const 
     const NSPathComponentCell& shown = *cells[static_cast<std::size_t>(index)];
     const QPalette::ColorGroup group = colorGroupOf(*this);
     const QRect place = partRect(index);
+    if (place.isEmpty()) return;
     const bool last = index + 1 == static_cast<int>(cells.size());
     const bool focused = hasFocus() && index == (current_ < 0 ? static_cast<int>(cells.size()) - 1 : current_);
     if (pressed_ == index || focused) {

@@ -43,8 +43,8 @@ protected:
 private:
     /// A part as it is laid out: from the side where reading begins.
     struct Part {
-        double left, width;
-        bool named;  // or its icon alone, for want of room
+        double left, width;  // no width: it is left out
+        bool named;          // or its icon alone, for want of room
     };
     NSPathControl* path() const;
     const NSPathCell& cell() const;

@@ -39,6 +39,7 @@ QStyleOptionSlider SliderWidget::lineOption() const {
     const bool vertical = shown.isVertical();
     option.orientation = vertical ? Qt::Vertical : Qt::Horizontal;
     option.state.setFlag(QStyle::State_Horizontal, !vertical);
+    option.direction = Qt::LeftToRight;  // the next line says it
     option.upsideDown = vertical || isRightToLeft();
     option.subControls = QStyle::SC_SliderGroove | QStyle::SC_SliderHandle;
     const int marks = static_cast<int>(shown.numberOfTickMarks());
@@ -88,6 +89,8 @@ double SliderWidget::circleFraction(QPointF point) const {
 void SliderWidget::paintEvent(QPaintEvent*) {
     if (!cell()) return;
     QPainter painter(this);
+    // Styles draw a disabled knob like any other.
+    if (!isEnabled()) painter.setOpacity(0.5);
     if (slider().isCircular())
         drawCircle(painter);
     else
