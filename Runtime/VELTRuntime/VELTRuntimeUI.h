@@ -14,6 +14,7 @@
 #include "VELTRuntime/platform/appkit/controls/search_field.h"
 #include "VELTRuntime/platform/appkit/controls/secure_text_field.h"
 #include "VELTRuntime/platform/appkit/controls/text_field.h"
+#include "VELTRuntime/platform/appkit/controls/token_field.h"
 #include "VELTRuntime/platform/appkit/cursor.h"
 #include "VELTRuntime/platform/appkit/event.h"
 #include "VELTRuntime/platform/appkit/font.h"
