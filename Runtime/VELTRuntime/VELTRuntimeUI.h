@@ -16,6 +16,7 @@
 #include "VELTRuntime/platform/appkit/controls/text_field.h"
 #include "VELTRuntime/platform/appkit/containers/containers.h"
 #include "VELTRuntime/platform/appkit/controls/control.h"
+#include "VELTRuntime/platform/appkit/controls/token_field.h"
 #include "VELTRuntime/platform/appkit/cursor.h"
 #include "VELTRuntime/platform/appkit/event.h"
 #include "VELTRuntime/platform/appkit/font.h"

@@ -4,6 +4,7 @@
 #include "VELTRuntime/platform/appkit/controls/combo_box.h"
 #include "VELTRuntime/platform/appkit/controls/search_field.h"
 #include "VELTRuntime/platform/appkit/controls/secure_text_field.h"
+#include "VELTRuntime/platform/appkit/controls/token_field.h"
 #include "VELTRuntime/ui/constructors.h"
 
 #define VELT_WRAPPER_TABLE "VELTRuntime/ui/text_fields.def"
@@ -58,4 +59,8 @@ id VELT_NSSEARCHFIELD_SENDSWHOLESEARCHSTRING(const id& field, const id& flag) {
 
 id VELT_NSCOMBOBOX_INIT(const id& owner, const char* action) {
     return ui::newObject<NSComboBox>("VELT_NSCOMBOBOX_INIT", owner, action);
+}
+
+id VELT_NSTOKENFIELD_INIT(const id& owner, const char* action) {
+    return newField<NSTokenField>("VELT_NSTOKENFIELD_INIT", owner, action);
 }

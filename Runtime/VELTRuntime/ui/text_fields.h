@@ -13,6 +13,7 @@ VELT_EXPORT id VELT_LABEL_INIT(const id& owner, const char* action);
 VELT_EXPORT id VELT_NSTEXTFIELD_INIT(const id& owner, const char* action);
 VELT_EXPORT id VELT_NSSECURETEXTFIELD_INIT(const id& owner, const char* action);
 VELT_EXPORT id VELT_NSSEARCHFIELD_INIT(const id& owner, const char* action);
+VELT_EXPORT id VELT_NSTOKENFIELD_INIT(const id& owner, const char* action);
 
 /// Whether the action of a search field goes out on Return alone; the field's cell knows. A Boolean.
 VELT_EXPORT id VELT_NSSEARCHFIELD_SENDSWHOLESEARCHSTRING(const id& field);

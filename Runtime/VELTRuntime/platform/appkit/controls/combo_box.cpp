@@ -3,6 +3,7 @@
 #include "VELTRuntime/platform/appkit/controls/combo_widget.h"
 #include "VELTRuntime/platform/appkit/event_delivery.h"
 #include "VELTRuntime/platform/appkit/qt_values.h"
+#include "VELTRuntime/values/class_casts.h"
 
 #include <QListWidget>
 #include <limits>
@@ -121,7 +122,8 @@ id NSComboBox::itemObjectValueAtIndex(long index) const {
     if (index < 0 || index >= count) {
         velt::raiseRange("'" + isa().name() + "' itemObjectValueAtIndex:", index, static_cast<std::size_t>(count));
     }
-    return velt::send(cell.dataSource(), VELT_SELECTOR("comboBox:objectValueForItemAtIndex:"), object(this), index);
+    return velt::send(cell.dataSource(), VELT_SELECTOR("comboBox:objectValueForItemAtIndex:"), object(this),
+                      VELT_ID(index));
 }
 
 id NSComboBox::objectValues() const {

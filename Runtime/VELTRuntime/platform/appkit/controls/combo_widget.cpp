@@ -18,7 +18,7 @@ namespace {
 /// The open list. Its keys choose; all others are typed into the field.
 class ComboList final : public QListWidget {
 public:
-    ComboList(ComboWidget& box, QWidget* editor) : QListWidget(&box), editor_(editor) {
+    ComboList(ComboWidget& box, QWidget* editor) : QListWidget(&box), box_(&box), editor_(editor) {
         setWindowFlag(Qt::Popup);
         setAttribute(Qt::WA_DeleteOnClose);
         setMouseTracking(true);
@@ -58,7 +58,15 @@ protected:
         if (QListWidgetItem* under = itemAt(event->position().toPoint())) setCurrentItem(under);
     }
 
+    void hideEvent(QHideEvent* event) override {
+        QListWidget::hideEvent(event);
+        NSComboBox* shown = box_ ? static_cast<NSComboBox*>(box_->field()) : nullptr;
+        if (shown && !std::exchange(dismissed_, true)) shown->willDismiss();
+    }
+
 private:
+    QPointer<ComboWidget> box_;
+    bool dismissed_ = false;
     QPointer<QWidget> editor_;
 };
 
@@ -97,9 +105,6 @@ void ComboWidget::openList() {
         const int index = opened->row(row);
         opened->close();
         if (NSComboBox* shown = comboBox()) shown->chose(index);
-    });
-    connect(opened, &QObject::destroyed, this, [this] {
-        if (NSComboBox* shown = comboBox()) shown->willDismiss();
     });
     const long rows = std::clamp(count, 1L, std::max(1L, cell.numberOfVisibleItems()));
     const int rowHeight = static_cast<int>(cell.itemHeight() + cell.intercellSpacing().height);

@@ -73,15 +73,15 @@ bool comesBack(Qt::FocusReason reason) {
     return reason == Qt::ActiveWindowFocusReason || reason == Qt::PopupFocusReason || reason == Qt::MenuBarFocusReason;
 }
 
-/// From when an editor gets the keyboard to when it goes to another one, also while a menu or another window borrows it.
+/// From when an editor gets the keyboard to when it goes to another one, also while a menu or another window borrows
+/// it.
 class KeyboardStay {
 public:
     /// The editor got the keyboard. True when all of its text is to be selected, ready to be typed over.
     bool begins(Qt::FocusReason reason) {
         const bool began = !std::exchange(going_, true);
-        return reason == Qt::TabFocusReason || reason == Qt::BacktabFocusReason ||
-               reason == Qt::ShortcutFocusReason || reason == Qt::OtherFocusReason ||
-               (began && reason == Qt::ActiveWindowFocusReason);
+        return reason == Qt::TabFocusReason || reason == Qt::BacktabFocusReason || reason == Qt::ShortcutFocusReason ||
+               reason == Qt::OtherFocusReason || (began && reason == Qt::ActiveWindowFocusReason);
     }
     /// The editor lost the keyboard. True when it went to another one.
     bool ends(Qt::FocusReason reason) {

@@ -131,7 +131,7 @@ void FieldWidget::sync(NSTextField& field) {
     const bool several = field.showsSeveralLines();
     makeEditor(!wantsEditor(field) ? Kind::None : several ? Kind::Page : Kind::Line, field.isSecret());
     syncColors(cell);
-    const QString text = qtText(cell.stringValue()), hint = qtText(cell.placeholderString());
+    const QString text = qtText(field.editedText()), hint = qtText(cell.placeholderString());
     if (editor_) {
         if (!editor_->shows(text)) editor_->setText(text);
         editor_->setLooks(alignmentOf(cell.alignment(), text.isEmpty() ? hint : text, layoutDirection()), hint,
@@ -247,7 +247,8 @@ void FieldWidget::paintFrame(QPainter& painter) {
     painter.restore();
 }
 
-void FieldWidget::paintText(QPainter& painter, const NSTextField& field) {
+void FieldWidget::paintText(QPainter& painter, NSTextField& field) {
+    if (editor_) return;
     const NSTextFieldCell& cell = field.textCell();
     QString text = qtText(cell.stringValue());
     const bool onBase = !cell.isLabel();
@@ -276,11 +277,11 @@ void FieldWidget::paintText(QPainter& painter, const NSTextField& field) {
 }
 
 void FieldWidget::paintEvent(QPaintEvent*) {
-    const NSTextField* shown = field();
+    NSTextField* shown = field();
     if (!shown) return;
     QPainter painter(this);
     paintFrame(painter);
-    if (!editor_) paintText(painter, *shown);
+    paintText(painter, *shown);
 }
 
 }  // namespace velt

@@ -37,9 +37,11 @@ protected:
     virtual int trailingRoom() const { return 0; }
     virtual bool wantsEditor(const NSTextField& field) const;
     QRect frameContents() const;
-    void placeEditor();
+    virtual void placeEditor();
     /// Draws the background and the frame.
     void paintFrame(QPainter& painter);
+    /// Draws the text, or what the field shows besides the editor.
+    virtual void paintText(QPainter& painter, NSTextField& field);
 
     void paintEvent(QPaintEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
@@ -50,7 +52,6 @@ private:
     enum class Kind { None, Line, Page };
     void makeEditor(Kind kind, bool secret);
     void syncColors(const NSTextFieldCell& cell);
-    void paintText(QPainter& painter, const NSTextField& field);
 
     FieldEditor* editor_ = nullptr;  // one of the widget's children
     Kind kind_ = Kind::None;

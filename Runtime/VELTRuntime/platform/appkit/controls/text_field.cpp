@@ -56,8 +56,7 @@ void NSTextField::syncWidget(QWidget& widget) {
 void NSTextField::cellChanged(NSCell& cell) {
     const velt::FieldEditor* shown = editor();
     // What the program sets while a person types stands, also against Escape.
-    if (editing_ && !telling_ && shown && !shown->shows(velt::qtText(cell.stringValue())))
-        before_ = cell.objectValue();
+    if (editing_ && !telling_ && shown && !shown->shows(velt::qtText(editedText()))) before_ = cell.objectValue();
     NSControl::cellChanged(cell);
 }
 

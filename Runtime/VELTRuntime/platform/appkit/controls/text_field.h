@@ -89,6 +89,8 @@ public:
     bool showsSeveralLines() const;
     /// Dots stand for the text.
     virtual bool isSecret() const { return false; }
+    /// The part of the value that stands in the editor.
+    virtual id editedText() const { return stringValue(); }
     velt::FieldEditor* editor() const;
     velt::FieldWidget* fieldWidget() const;
 
@@ -112,6 +114,8 @@ protected:
     /// Ends the edit and sends the action if one was going on. False when somebody refuses.
     bool leave(Movement movement);
     bool endEditing(Movement movement);
+    /// The edit is about to end, and may be held up once more by false.
+    virtual bool endingEdit(Movement) { return true; }
     /// Sends the action; false when nobody answers it.
     bool sendOwnAction();
     void beginEditing();

@@ -70,7 +70,7 @@ void NSTextField::typed() noexcept {
         tell("controlTextDidChange:", "NSControlTextDidChangeNotification");
         textChanged();
         // Who observed the value may have set another one.
-        if (const velt::FieldEditor* shown = editor(); shown && !shown->shows(velt::qtText(stringValue()))) changed();
+        if (const velt::FieldEditor* shown = editor(); shown && !shown->shows(velt::qtText(editedText()))) changed();
     });
 }
 
@@ -79,7 +79,7 @@ bool NSTextField::endEditing(Movement movement) {
     if (asking_) return false;
     {
         const Sets flag(asking_);
-        if (!delegateAllows("control:textShouldEndEditing:")) return false;
+        if (!delegateAllows("control:textShouldEndEditing:") || !endingEdit(movement)) return false;
         if (!textCell().finishTyping()) {
             const Selector asks = VELT_SELECTOR("control:didFailToFormatString:errorDescription:");
             const bool taken = velt::respondsTo(delegate(), asks) &&
