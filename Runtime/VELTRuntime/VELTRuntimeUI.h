@@ -23,6 +23,7 @@
 #include "VELTRuntime/platform/appkit/graphics_context_object.h"
 #include "VELTRuntime/platform/appkit/image.h"
 #include "VELTRuntime/platform/appkit/menus/menu.h"
+#include "VELTRuntime/platform/appkit/menus/pop_up_button.h"
 #include "VELTRuntime/platform/appkit/panel.h"
 #include "VELTRuntime/platform/appkit/text/text_view.h"
 #include "VELTRuntime/platform/appkit/view.h"
@@ -37,4 +38,5 @@
 #include "VELTRuntime/ui/value_controls.h"
 #include "VELTRuntime/ui/text_fields.h"
 #include "VELTRuntime/ui/menus.h"
+#include "VELTRuntime/ui/pop_up_buttons.h"
 #include "VELTRuntime/ui/windows.h"
