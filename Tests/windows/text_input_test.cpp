@@ -307,7 +307,6 @@ TEST_F(TextInput, FindsInABarWithinTheView) {
     QTest::mouseClick(widget->findChild<QToolButton*>(QStringLiteral("replaceAll")), Qt::LeftButton);
     EXPECT_EQ("one 2 one 2", value(view));
     QTest::keyClick(find, Qt::Key_Return);
-    widget->grab().save(QStringLiteral("/tmp/text-find.png"));
     EXPECT_FALSE(widget->findChild<QWidget*>(QStringLiteral("result"))->property("text").toString().isEmpty());
     QTest::keyClick(find, Qt::Key_Escape);
     EXPECT_FALSE(find->isVisible());
@@ -338,7 +337,6 @@ TEST_F(TextInput, DrawsTemporaryAttributesAndAttributes) {
                range(11, 4));
     EXPECT_LT(50, pixels(Qt::red));
     EXPECT_EQ(marked, pixels(Qt::green));
-    widget->grab().save(QStringLiteral("/tmp/text-attributes.png"));
     velt::send(layout, "removeTemporaryAttribute:forCharacterRange:", str("NSBackgroundColor"), range(0, 15));
     EXPECT_EQ(0, pixels(Qt::green));
     EXPECT_LT(50, pixels(Qt::red));

@@ -166,10 +166,19 @@ id NSMutableAttributedString::attributesForReplacing(NSRange range) const {
     return runs_.at(std::min<std::size_t>(range.location, length() - 1)).attributes;
 }
 
+/// Appending claims room behind the text instead of copying it, however long it has become.
+void NSMutableAttributedString::putText(NSRange range, std::u16string_view text) {
+    if (range.length == 0 && range.location == length()) {
+        text_->append(text);
+    } else {
+        text_->replace(range.location, range.length, text);
+    }
+}
+
 void NSMutableAttributedString::replaceCharacters(NSRange range, std::u16string_view text) {
     requireRange("replaceCharactersInRange:withString:", range);
     const id attributes = attributesForReplacing(range);
-    text_->replace(range.location, range.length, text);
+    putText(range, text);
     runs_.replace(range, text.size(), attributes);
     edited(range, text.size(), true);
 }
@@ -177,7 +186,7 @@ void NSMutableAttributedString::replaceCharacters(NSRange range, std::u16string_
 void NSMutableAttributedString::replaceCharacters(NSRange range, const NSAttributedString& text) {
     requireRange("replaceCharactersInRange:withAttributedString:", range);
     const Ref<NSAttributedString> source = velt::make<NSAttributedString>(text);  // it may be this one
-    text_->replace(range.location, range.length, source->view());
+    putText(range, source->view());
     runs_.replace(range, source->runs());
     edited(range, source->length(), true);
 }

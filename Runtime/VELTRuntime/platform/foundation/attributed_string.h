@@ -100,6 +100,9 @@ protected:
     /// A change was made: a range as it was before has now another length; its text is the same when only attributes
     /// changed.
     virtual void edited(NSRange, std::size_t /*newLength*/, bool /*textChanged*/) {}
+
+private:
+    void putText(NSRange range, std::u16string_view text);
 };
 
 namespace velt {
