@@ -31,6 +31,20 @@ const std::map<std::string, id (*)()> kMakers{
     {"NSVIEW", [] { return VELT_NSVIEW_INIT(nil, ""); }},
     {"NSCONTROL", [] { return id(velt::make<NSControl>()); }},
     {"NSCELL", [] { return id(velt::make<NSCell>()); }},
+    {"NSBUTTON", [] { return VELT_NSBUTTON_INIT(nil, ""); }},
+    {"NSBUTTONCELL", [] { return VELT_NSBUTTONCELL_INIT(nil, ""); }},
+    {"NSIMAGEVIEW", [] { return VELT_NSIMAGEVIEW_INIT(nil, ""); }},
+    {"NSSEGMENTEDCONTROL", [] { return VELT_NSSEGMENTEDCONTROL_INIT(nil, ""); }},
+    {"NSTEXTFIELD", [] { return VELT_NSTEXTFIELD_INIT(nil, ""); }},
+    {"NSSEARCHFIELD", [] { return VELT_NSSEARCHFIELD_INIT(nil, ""); }},
+    {"NSTEXT", [] { return VELT_NSTEXTVIEW_INIT(nil, ""); }},
+    {"NSTEXTVIEW", [] { return VELT_NSTEXTVIEW_INIT(nil, ""); }},
+    {"NSMENU", [] { return VELT_NSMENU_INIT(nil, "menu"); }},
+    {"NSMENUITEM", [] { return VELT_NSMENUITEM_INIT(nil, ""); }},
+    {"NSAPPLICATION", [] { return id(static_cast<NSObject*>(&NSApplication::sharedApplication())); }},
+    {"NSEVENT", [] { return VELT_NSEVENT_INIT(nil, ""); }},
+    {"NSFONT", [] { return VELT_NSTEXTFIELD_INIT(nil, ""); }},
+    {"NSCURSOR", [] { return id(velt::make<NSCursor>()); }},
     {"NSBOX", [] { return VELT_NSBOX_INIT(nil, ""); }},
     {"NSTABVIEW", tabViewWithItems},
     {"NSSCROLLVIEW", [] { return VELT_NSSCROLLVIEW_INIT(nil, ""); }},
@@ -57,6 +71,9 @@ const std::map<std::string, id (*)()> kObjects{
     {"NSCOLOR", [] { return id(NSColor::deviceRgb(1, 0.5, 0, 1)); }},
     {"NSIMAGE", someImage},
     {"NSFONT", [] { return id(velt::make<NSFont>()); }},
+    {"NSBUTTONCELL", [] { return VELT_NSBUTTONCELL_INIT(nil, ""); }},
+    {"NSMENU", [] { return VELT_NSMENU_INIT(nil, "menu"); }},
+    {"NSMENUITEM", [] { return VELT_NSMENUITEM_INIT(nil, ""); }},
     {"NSCELL", [] { return id(velt::make<NSActionCell>()); }},
     {"ARRAY", [] { return array(str("one"), str("two")); }},
 };
@@ -84,6 +101,9 @@ id sampleFor(const WrapperRow& row) {
 
 /// Wrappers whose value comes back as another one, and why.
 const std::map<std::string, const char*> kLimited{};
+
+/// Wrappers that end the process, or wait for a person.
+const std::set<std::string> kNeverSent{"NSAPPLICATION_TERMINATE"};
 
 /// What a wrong kind raises, whole; empty where every value will do.
 std::string refusalOf(const WrapperRow& row) {
@@ -249,7 +269,7 @@ TEST_P(WrapperTables, StaySafeAfterTheWindowWasClosed) {
     VELT_NSWINDOW_CLOSE(window);
     velt::RunLoop::current().runOnce(0);
     const id value = sampleFor(row);
-    if (row.set && (!row.cast || !value.isNil())) {
+    if (row.set && (!row.cast || !value.isNil()) && !kNeverSent.contains(row.name)) {
         EXPECT_EQ("nothing", raised([&] { row.set(receiver, value); }));
     }
     if (row.get) {
