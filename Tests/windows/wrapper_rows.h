@@ -55,6 +55,7 @@ inline std::vector<WrapperRow> wrapperRows() {
 #include "VELTRuntime/ui/views.def"
 #include "VELTRuntime/ui/containers.def"
 #include "VELTRuntime/ui/controls.def"
+#include "VELTRuntime/ui/text_fields.def"
 // clang-format on
 #include "VELTRuntime/ui/accessor_rows_end.h"
     return rows;

@@ -31,6 +31,8 @@ const std::map<std::string, id (*)()> kMakers{
     {"NSVIEW", [] { return VELT_NSVIEW_INIT(nil, ""); }},
     {"NSCONTROL", [] { return id(velt::make<NSControl>()); }},
     {"NSCELL", [] { return id(velt::make<NSCell>()); }},
+    {"NSTEXTFIELD", [] { return VELT_NSTEXTFIELD_INIT(nil, ""); }},
+    {"NSSEARCHFIELD", [] { return VELT_NSSEARCHFIELD_INIT(nil, ""); }},
     {"NSBOX", [] { return VELT_NSBOX_INIT(nil, ""); }},
     {"NSTABVIEW", tabViewWithItems},
     {"NSSCROLLVIEW", [] { return VELT_NSSCROLLVIEW_INIT(nil, ""); }},
@@ -83,7 +85,8 @@ id sampleFor(const WrapperRow& row) {
 }
 
 /// Wrappers whose value comes back as another one, and why.
-const std::map<std::string, const char*> kLimited{};
+const std::map<std::string, const char*> kLimited{
+    {"NSSEARCHFIELD_RECENTSEARCHES", "the field keeps the texts among them, in an array of its own"}};
 
 /// What a wrong kind raises, whole; empty where every value will do.
 std::string refusalOf(const WrapperRow& row) {
