@@ -31,6 +31,7 @@ const std::map<std::string, id (*)()> kMakers{
     {"NSVIEW", [] { return VELT_NSVIEW_INIT(nil, ""); }},
     {"NSCONTROL", [] { return id(velt::make<NSControl>()); }},
     {"NSCELL", [] { return id(velt::make<NSCell>()); }},
+<<<<<<< HEAD
     {"NSBUTTON", [] { return VELT_NSBUTTON_INIT(nil, ""); }},
     {"NSBUTTONCELL", [] { return VELT_NSBUTTONCELL_INIT(nil, ""); }},
     {"NSIMAGEVIEW", [] { return VELT_NSIMAGEVIEW_INIT(nil, ""); }},
@@ -45,6 +46,10 @@ const std::map<std::string, id (*)()> kMakers{
     {"NSEVENT", [] { return VELT_NSEVENT_INIT(nil, ""); }},
     {"NSFONT", [] { return VELT_NSTEXTFIELD_INIT(nil, ""); }},
     {"NSCURSOR", [] { return id(velt::make<NSCursor>()); }},
+=======
+    {"NSTEXTFIELD", [] { return VELT_NSTEXTFIELD_INIT(nil, ""); }},
+    {"NSSEARCHFIELD", [] { return VELT_NSSEARCHFIELD_INIT(nil, ""); }},
+>>>>>>> h/fields
     {"NSBOX", [] { return VELT_NSBOX_INIT(nil, ""); }},
     {"NSTABVIEW", tabViewWithItems},
     {"NSSCROLLVIEW", [] { return VELT_NSSCROLLVIEW_INIT(nil, ""); }},
@@ -100,7 +105,8 @@ id sampleFor(const WrapperRow& row) {
 }
 
 /// Wrappers whose value comes back as another one, and why.
-const std::map<std::string, const char*> kLimited{};
+const std::map<std::string, const char*> kLimited{
+    {"NSSEARCHFIELD_RECENTSEARCHES", "the field keeps the texts among them, in an array of its own"}};
 
 /// Wrappers that end the process, or wait for a person.
 const std::set<std::string> kNeverSent{"NSAPPLICATION_TERMINATE"};
