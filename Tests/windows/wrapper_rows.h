@@ -55,15 +55,11 @@ inline std::vector<WrapperRow> wrapperRows() {
 #include "VELTRuntime/ui/views.def"
 #include "VELTRuntime/ui/containers.def"
 #include "VELTRuntime/ui/controls.def"
-<<<<<<< HEAD
 #include "VELTRuntime/ui/buttons.def"
 #include "VELTRuntime/ui/text_fields.def"
 #include "VELTRuntime/ui/text_views.def"
 #include "VELTRuntime/ui/menus.def"
 #include "VELTRuntime/ui/applications.def"
-=======
-#include "VELTRuntime/ui/text_fields.def"
->>>>>>> h/fields
 // clang-format on
 #include "VELTRuntime/ui/accessor_rows_end.h"
     return rows;

@@ -31,7 +31,6 @@ const std::map<std::string, id (*)()> kMakers{
     {"NSVIEW", [] { return VELT_NSVIEW_INIT(nil, ""); }},
     {"NSCONTROL", [] { return id(velt::make<NSControl>()); }},
     {"NSCELL", [] { return id(velt::make<NSCell>()); }},
-<<<<<<< HEAD
     {"NSBUTTON", [] { return VELT_NSBUTTON_INIT(nil, ""); }},
     {"NSBUTTONCELL", [] { return VELT_NSBUTTONCELL_INIT(nil, ""); }},
     {"NSIMAGEVIEW", [] { return VELT_NSIMAGEVIEW_INIT(nil, ""); }},
@@ -46,10 +45,6 @@ const std::map<std::string, id (*)()> kMakers{
     {"NSEVENT", [] { return VELT_NSEVENT_INIT(nil, ""); }},
     {"NSFONT", [] { return VELT_NSTEXTFIELD_INIT(nil, ""); }},
     {"NSCURSOR", [] { return id(velt::make<NSCursor>()); }},
-=======
-    {"NSTEXTFIELD", [] { return VELT_NSTEXTFIELD_INIT(nil, ""); }},
-    {"NSSEARCHFIELD", [] { return VELT_NSSEARCHFIELD_INIT(nil, ""); }},
->>>>>>> h/fields
     {"NSBOX", [] { return VELT_NSBOX_INIT(nil, ""); }},
     {"NSTABVIEW", tabViewWithItems},
     {"NSSCROLLVIEW", [] { return VELT_NSSCROLLVIEW_INIT(nil, ""); }},
