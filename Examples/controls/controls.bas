@@ -15,7 +15,7 @@ Class Gallery
   ' Puts a view under its name into the next place of the grid; width and height are the view's.
   Sub Place(view, name As String, width As Integer, height As Integer)
     Dim x As Integer = 16 + column * 236
-    Dim y As Integer = 890 - row * 60
+    Dim y As Integer = 760 - row * 52
     Dim caption = New Label
     caption.StringValue = name
     caption.Frame = Rect(x, y + 4, 104, 17)
@@ -112,7 +112,7 @@ Class Gallery
     PlaceControl(picture, "Image", 48, 48)
     Dim box = New NSBox
     box.Title = "Box"
-    Place(box, "Box", 112, 50)
+    Place(box, "Box", 112, 46)
     Dim line = New HorizontalLine
     line.BoxType = 2
     Place(line, "Line", 112, 4)
@@ -121,27 +121,27 @@ Class Gallery
     Dim page = New NSView
     page.Frame = Rect(0, 0, 90, 120)
     scroll.DocumentView = page
-    Place(scroll, "Scroll", 112, 50)
+    Place(scroll, "Scroll", 112, 46)
     Dim split = New VerticalSplitView
     split.Append(New NSView)
     split.Append(New NSView)
-    Place(split, "Split", 112, 50)
-    Place(New NSTabView, "Tabs", 112, 50)
-    Place(New NSBrowser(Me, "pressed:"), "Browser", 112, 50)
-    Place(New NSOutlineView(Me, "pressed:"), "Outline", 112, 50)
+    Place(split, "Split", 112, 46)
+    Place(New NSTabView, "Tabs", 112, 46)
+    Place(New NSBrowser(Me, "pressed:"), "Browser", 112, 46)
+    Place(New NSOutlineView(Me, "pressed:"), "Outline", 112, 46)
   End Sub
 
   Sub Open()
     names = New NSMutableArray
     window = New NSWindow
     window.Title = "Controls"
-    window.ContentSize = Size(984, 940)
+    window.ContentSize = Size(984, 812)
     Buttons()
     Fields()
     Values()
     Containers()
     log = New NSTextView(Me, "")
-    log.Frame = Rect(16, 16, 952, 120)
+    log.Frame = Rect(16, 16, 952, 150)
     log.Editable = False
     log.AutoresizingMask = 2
     window.Append(log)

@@ -1,5 +1,6 @@
 // stopwatch.bas as the translator writes it: timers, buttons and keys.
-#include "support/window.h"
+#include "support/screenshot.h"
+#include "support/window_clock.h"
 
 using example::pause;
 using example::seconds;
@@ -231,7 +232,7 @@ int program(int, char**) {
     VELTS("stopwatch.bas", "Main", "137", "");
     watch->open();
     VELTS("stopwatch.bas", "Main", "138", "");
-    example::pictureWhenAsked(watch->window, watch, "workItself");
+    example::shotWhenAsked(watch->window, [watch] { velt::send(watch, "workItself"); });
     return 0;
 }
 

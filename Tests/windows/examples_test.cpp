@@ -3,6 +3,7 @@
 
 #include <QColor>
 #include <QImage>
+#include <algorithm>
 #include <filesystem>
 #include <gtest/gtest.h>
 #include <set>
@@ -39,4 +40,26 @@ TEST(DrawingExample, SaysWhenItsPictureCannotBeWritten) {
     unsetenv("VELT_SCREENSHOT");
     EXPECT_NE(std::string::npos, result.errors.find("The picture cannot be written to /nowhere/picture.png.\n"));
     EXPECT_EQ(1, result.status);
+}
+
+TEST(ControlsExample, ShowsEveryControlAndWorksSome) {
+    const TemporaryFolder folder;
+    const std::string path = folder.file("picture.png");
+    setenv("VELT_SCREENSHOT", path.c_str(), 1);
+    setenv("QT_QPA_PLATFORM", "offscreen", 1);
+    const ProgramResult result = runExample("controls", {});
+    unsetenv("VELT_SCREENSHOT");
+    EXPECT_EQ("The picture is in " + path + ".\n", result.output);
+    EXPECT_EQ(0, result.status);
+    const QImage picture(QString::fromStdString(path));
+    ASSERT_EQ(QSize(984, 812), picture.deviceIndependentSize().toSize());
+    // Every place of the grid shows something: dots of more than one colour.
+    for (int place = 0; place < 41; ++place) {
+        const int x = 16 + 112 + place / 12 * 236, top = 812 - 760 - 12 + place % 12 * 52 - 20;
+        std::set<QRgb> seen;
+        for (int y = std::max(top, 0); y < top + 40; ++y) {
+            for (int i = 0; i < 110; ++i) seen.insert(picture.pixel(x + i, y));
+        }
+        EXPECT_LT(1u, seen.size()) << "place " << place;
+    }
 }

@@ -13,7 +13,7 @@ TEST(StopwatchExample, WorksItselfAndLeavesAPictureOfItsWindow) {
     setenv("VELT_SCREENSHOT", folder.file("stopwatch.png").c_str(), 1);
     const ProgramResult result = runExample("stopwatch");
     unsetenv("VELT_SCREENSHOT");
-    EXPECT_EQ("Picture of the window: " + folder.file("stopwatch.png") + "\n", result.output);
+    EXPECT_EQ("The picture is in " + folder.file("stopwatch.png") + ".\n", result.output);
     EXPECT_EQ("", result.errors);
     EXPECT_EQ(0, result.status);
     const QImage picture(QString::fromStdString(folder.file("stopwatch.png")));
