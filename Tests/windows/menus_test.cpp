@@ -172,7 +172,7 @@ TEST(MenuItems, KeepTheirProperties) {
     EXPECT_VALUE("c 1", VELT_NSMENUITEM_HIDDEN(item));
     EXPECT_VALUE("NSMutableArray (a)", VELT_NSMENUITEM_REPRESENTEDOBJECT(item));
     EXPECT_TRUE(VELT_NSMENUITEM_ATTRIBUTEDTITLE(item).isNil());
-    VELT_NSMENUITEM_ATTRIBUTEDTITLE(item, str("<b>Bold</b>"));
+    VELT_NSMENUITEM_ATTRIBUTEDTITLE(item, velt::make<NSAttributedString>(u"Bold"));
     EXPECT_VALUE("'Bold'", VELT_NSMENUITEM_TITLE(item));
     const id menu = VELT_NSMENU_INIT(nil, "");
     VELT_NSMENU_APPEND(menu, item);
@@ -288,7 +288,7 @@ TEST(MainMenu, StandsAboveTheContentOfEveryWindowAndTakesKeys) {
         ASSERT_TRUE(bar);
         ASSERT_EQ(1, bar->actions().size());
         EXPECT_EQ(QStringLiteral("File"), bar->actions()[0]->text());
-        EXPECT_EQ(QSize(240, 180), shown->widget().centralWidget()->size());
+        EXPECT_EQ(QSize(240, 158), shown->widget().centralWidget()->size());
         EXPECT_VALUE("d 240", VELT_NSWINDOW_WIDTH(shown->window));
         EXPECT_VALUE("d 180", VELT_NSWINDOW_HEIGHT(shown->window));
     }
@@ -304,7 +304,7 @@ TEST(MainMenu, StandsAboveTheContentOfEveryWindowAndTakesKeys) {
     window.widget().grab().save("/tmp/menus-bar.png");
     NSApplication::sharedApplication().setMainMenu(nil);
     EXPECT_FALSE(window.widget().menuWidget());
-    EXPECT_EQ(QSize(240, 180), window.widget().centralWidget()->size());
+    EXPECT_EQ(QSize(240, 158), window.widget().centralWidget()->size());
 }
 
 TEST(ContextMenus, BelongToTheViewOrToWhoComesBehindIt) {

@@ -380,10 +380,11 @@ void NSWindow::placeWidget() {
     placing_ = false;
 }
 
-void NSWindow::menuBarChanged() {
-    if (!widget_) return;
+void NSWindow::changeBar(const std::function<void(QMainWindow&)>& change) {
+    QMainWindow& shown = widget();
     placing_ = true;
-    widget_->layout()->activate();
+    change(shown);
+    shown.layout()->activate();
     placing_ = false;
     placeWidget();
 }

@@ -4,6 +4,7 @@
 #include "VELTRuntime/platform/appkit/view.h"
 #include "VELTRuntime/platform/appkit/window_frame.h"
 
+#include <functional>
 #include <memory>
 #include <string_view>
 
@@ -136,8 +137,8 @@ public:
     void geometryChanged();
     void activationChanged(bool active);
     void stateChanged();
-    /// A bar above the content came or went: the content keeps its size.
-    void menuBarChanged();
+    /// Adds or takes away a bar above the content, which keeps its size.
+    void changeBar(const std::function<void(QMainWindow&)>& change);
     /// The close button was pressed; false when the delegate refuses.
     bool mayClose();
     /// Offers a key that nobody took: key equivalents, Return for the default button, Tab. True when it was taken.

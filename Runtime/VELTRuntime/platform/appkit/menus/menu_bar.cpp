@@ -15,9 +15,7 @@ void showMainMenu(NSWindow& window) {
     QMainWindow& shown = window.widget();
     const bool hasBar = !is<NSPanel>(id(static_cast<NSObject*>(&window))) && (window.styleMask() & kTitledWindow);
     if (!is<NSMenu>(main)) {
-        if (!shown.menuWidget()) return;
-        shown.setMenuBar(nullptr);
-        window.menuBarChanged();
+        if (shown.menuWidget()) window.changeBar([](QMainWindow& widget) { widget.setMenuBar(nullptr); });
         return;
     }
     NSMenu& menu = *as<NSMenu>(main);
@@ -25,11 +23,12 @@ void showMainMenu(NSWindow& window) {
         menu.addHost(shown);
         return;
     }
-    if (!shown.menuWidget()) shown.setMenuBar(new QMenuBar(&shown));
-    if (menu.isHostedBy(*shown.menuWidget())) return;
-    menu.addHost(*shown.menuWidget());
-    shown.menuWidget()->setVisible(true);
-    window.menuBarChanged();
+    if (shown.menuWidget() && menu.isHostedBy(*shown.menuWidget())) return;
+    window.changeBar([&](QMainWindow& widget) {
+        if (!widget.menuWidget()) widget.setMenuBar(new QMenuBar(&widget));
+        menu.addHost(*widget.menuWidget());
+        widget.menuWidget()->setVisible(true);
+    });
 }
 
 void hideMainMenu(const id& menu) {

@@ -46,7 +46,8 @@ void NSPopUpButtonCell::setMenu(NSMenu* menu) {
     menu_ = next;
     menu_->setOwner(this);
     menu_->setFirstIsTitle(pullsDown_);
-    itemsChanged();
+    count_ = numberOfItems();
+    selectItem(lastItem().isNil() ? id() : itemAtIndex(0));
 }
 
 void NSPopUpButtonCell::setPullsDown(bool flag) {
@@ -176,7 +177,8 @@ void NSPopUpButtonCell::showSelection() {
 void NSPopUpButtonCell::itemsChanged() {
     if (marking_) return;
     const bool lost = selected_ && indexOfItem(selected_) < 0;
-    const bool first = !selected_ && numberOfItems() == 1;
+    const bool first = !selected_ && numberOfItems() == 1 && count_ == 0;
+    count_ = numberOfItems();
     if (lost || first) {
         selected_ = numberOfItems() > 0 ? menu_->items().front() : nullptr;
         store(VELT_ID(indexOfSelectedItem()));

@@ -97,6 +97,7 @@ private:
 
     velt::Ref<NSMenu> menu_;
     velt::Ref<NSMenuItem> selected_, marked_;
+    long count_ = 0;  // of items, when they last changed
     unsigned long preferredEdge_ = 1, arrowPosition_ = 2;
     bool pullsDown_ = false, altersState_ = true, marking_ = false;
 };
