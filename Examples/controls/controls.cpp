@@ -7,7 +7,7 @@ class Gallery : public NSObject {
     VELT_OBJECT(Gallery, NSObject)
 
 public:
-    id window, log, names, row, column;
+    id window, log, names, row = VELT_ID(0L), column = VELT_ID(0L);
 
     static void describe(velt::ClassBuilder<Gallery>& c) {
         c.property("window", &Gallery::window)
@@ -37,15 +37,15 @@ public:
         VELTS("controls.bas", "Gallery.Place", "20", "");
         VELT_NSCONTROL_STRINGVALUE(caption, name);
         VELTS("controls.bas", "Gallery.Place", "21", "");
-        VELT_NSVIEW_FRAME(caption, VELT_RECT(x, VELT_ADD(y, VELT_ID(4L)), VELT_ID(104L), VELT_ID(17L)));
+        VELT_NSVIEW_FRAME(caption, VELT_RECT_INIT(nil, "", x, VELT_ADD(y, VELT_ID(4L)), VELT_ID(104L), VELT_ID(17L)));
         VELTS("controls.bas", "Gallery.Place", "22", "");
         VELT_NSCONTROL_ALIGNMENT(caption, VELT_ID(1L));
         VELTS("controls.bas", "Gallery.Place", "23", "");
         VELT_NSWINDOW_APPEND(window, caption);
         VELTS("controls.bas", "Gallery.Place", "24", "");
-        VELT_NSVIEW_FRAME(view,
-                          VELT_RECT(VELT_ADD(x, VELT_ID(112L)),
-                                    VELT_SUB(VELT_ADD(y, VELT_ID(12L)), VELT_DIV(height, VELT_ID(2L))), width, height));
+        VELT_NSVIEW_FRAME(view, VELT_RECT_INIT(nil, "", VELT_ADD(x, VELT_ID(112L)),
+                                               VELT_SUB(VELT_ADD(y, VELT_ID(12L)), VELT_DIV(height, VELT_ID(2L))),
+                                               width, height));
         VELTS("controls.bas", "Gallery.Place", "25", "");
         VELT_NSWINDOW_APPEND(window, view);
         VELTS("controls.bas", "Gallery.Place", "26", "");
@@ -225,7 +225,7 @@ public:
         VELTS("controls.bas", "Gallery.Containers", "121", "");
         id page = VELT_NSVIEW_INIT(id(this), "");
         VELTS("controls.bas", "Gallery.Containers", "122", "");
-        VELT_NSVIEW_FRAME(page, VELT_RECT(VELT_ID(0L), VELT_ID(0L), VELT_ID(90L), VELT_ID(120L)));
+        VELT_NSVIEW_FRAME(page, VELT_RECT_INIT(nil, "", VELT_ID(0L), VELT_ID(0L), VELT_ID(90L), VELT_ID(120L)));
         VELTS("controls.bas", "Gallery.Containers", "123", "");
         VELT_NSSCROLLVIEW_DOCUMENTVIEW(scroll, page);
         VELTS("controls.bas", "Gallery.Containers", "124", "");
@@ -257,13 +257,13 @@ public:
 
     void open() {
         VELTS("controls.bas", "Gallery.Open", "135", "");
-        names = VELT__NSMUTABLEARRAY(VELT_NSMUTABLEARRAY_INIT(id(this), ""));
+        names = VELT__NSMUTABLEARRAY(velt::make<NSMutableArray>());
         VELTS("controls.bas", "Gallery.Open", "136", "");
         window = VELT__NSWINDOW(VELT_NSWINDOW_INIT(id(this), ""));
         VELTS("controls.bas", "Gallery.Open", "137", "");
         VELT_NSWINDOW_TITLE(window, "Controls"_v);
         VELTS("controls.bas", "Gallery.Open", "138", "");
-        VELT_NSWINDOW_CONTENTSIZE(window, VELT_SIZE(VELT_ID(984L), VELT_ID(812L)));
+        VELT_NSWINDOW_CONTENTSIZE(window, VELT_SIZE_INIT(nil, "", VELT_ID(984L), VELT_ID(812L)));
         VELTS("controls.bas", "Gallery.Open", "139", "");
         buttons();
         VELTS("controls.bas", "Gallery.Open", "140", "");
@@ -275,7 +275,7 @@ public:
         VELTS("controls.bas", "Gallery.Open", "143", "");
         log = VELT__NSTEXTVIEW(VELT_NSTEXTVIEW_INIT(id(this), ""));
         VELTS("controls.bas", "Gallery.Open", "144", "");
-        VELT_NSVIEW_FRAME(log, VELT_RECT(VELT_ID(16L), VELT_ID(16L), VELT_ID(952L), VELT_ID(150L)));
+        VELT_NSVIEW_FRAME(log, VELT_RECT_INIT(nil, "", VELT_ID(16L), VELT_ID(16L), VELT_ID(952L), VELT_ID(150L)));
         VELTS("controls.bas", "Gallery.Open", "145", "");
         VELT_NSTEXT_EDITABLE(log, VELT_ID(BOOL{0}));
         VELTS("controls.bas", "Gallery.Open", "146", "");

@@ -84,13 +84,13 @@ TEST_F(DesignedWindows, OpenWithTheirControlsByKeyAndTheirActionsSent) {
         widget("QLineEdit", "nameField",
                rect(100, 10, 150, 24) + text("text", "Ada") + text("placeholderText", "name")) +
         widget("QCheckBox", "wrapBox",
-               rect(10, 50, 200, 20) + text("text", "&Wrap lines") +
+               rect(10, 50, 200, 20) + text("text", "&amp;Wrap lines") +
                    "<property name=\"checked\"><bool>true</bool></property>") +
         widget("QSlider", "volume",
                rect(10, 80, 150, 22) + "<property name=\"maximum\"><number>10</number></property>"
                                        "<property name=\"value\"><number>4</number></property>") +
         widget("QPushButton", "saveButton",
-               rect(300, 260, 80, 24) + text("text", "&Save") + text("toolTip", "Keeps it"));
+               rect(300, 260, 80, 24) + text("text", "&amp;Save") + text("toolTip", "Keeps it"));
     ASSERT_EQ("", load(document(content, connection("saveButton", "save()") + connection("volume", "choose()"))));
     EXPECT_VALUE("'Settings'", VELT_NSWINDOW_TITLE(form->window));
     EXPECT_VALUE("'Ada'", VELT_NSCONTROL_STRINGVALUE(form->nameField));

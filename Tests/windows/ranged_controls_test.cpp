@@ -1,4 +1,4 @@
-#include "support/control_windows.h"
+#include "support/shown_control.h"
 
 #include "VELTRuntime/platform/appkit/controls/level_indicator.h"
 #include "VELTRuntime/platform/appkit/controls/slider.h"
@@ -84,7 +84,7 @@ TEST(Sliders, FollowTheMouseAndSayEveryMovement) {
     const Ref<ActionCounter> owner = velt::make<ActionCounter>();
     const id slider = VELT_NSSLIDER_INIT(owner, "act:");
     setRange(slider, 0, 100);
-    ControlWindow shown(slider, 220, 24);
+    ShownControl shown(slider, 220, 24);
     shown.click({110, 12});
     EXPECT_NEAR(50, valueOf(slider), 2);
     EXPECT_EQ(1, owner->taken());
@@ -107,7 +107,7 @@ TEST(Sliders, SayTheirValueOnceAtTheEndWhenTheyAreNotContinuous) {
     const id slider = VELT_NSSLIDER_INIT(owner, "act:");
     EXPECT_VALUE("c 1", ask(slider, "isContinuous"));
     tell(slider, "setContinuous:", boolean(false));
-    ControlWindow shown(slider, 200, 24);
+    ShownControl shown(slider, 200, 24);
     shown.press({100, 12});
     shown.moveTo({150, 12});
     EXPECT_EQ(0, owner->taken());
@@ -119,7 +119,7 @@ TEST(Sliders, TakeKeysAndTheWheel) {
     const Ref<ActionCounter> owner = velt::make<ActionCounter>();
     const id slider = VELT_NSSLIDER_INIT(owner, "act:");
     setRange(slider, 0, 100);
-    ControlWindow shown(slider, 200, 24);
+    ShownControl shown(slider, 200, 24);
     shown.focus();
     shown.key(Qt::Key_Right);
     shown.key(Qt::Key_Up);
@@ -145,7 +145,7 @@ TEST(Sliders, TakeKeysAndTheWheel) {
 TEST(Sliders, CannotBeWorkedWhileTheyAreDisabled) {
     const Ref<ActionCounter> owner = velt::make<ActionCounter>();
     const id slider = VELT_NSSLIDER_INIT(owner, "act:");
-    ControlWindow shown(slider, 200, 24);
+    ShownControl shown(slider, 200, 24);
     const QImage before = shown.picture();
     VELT_NSCONTROL_ENABLED(slider, boolean(false));
     EXPECT_NE(before, shown.picture());
@@ -158,7 +158,7 @@ TEST(Sliders, CannotBeWorkedWhileTheyAreDisabled) {
 
 TEST(Sliders, StandUprightWhenHigherThanWideAndGrowUpward) {
     const id slider = VELT_NSSLIDER_INIT(nil, "");
-    ControlWindow shown(slider, 24, 200);
+    ShownControl shown(slider, 24, 200);
     EXPECT_VALUE("c 1", ask(slider, "isVertical"));
     shown.click({12, 190});
     EXPECT_NEAR(0, valueOf(slider), 0.1);
@@ -171,7 +171,7 @@ TEST(Sliders, StandUprightWhenHigherThanWideAndGrowUpward) {
 TEST(Sliders, GrowFromTheRightWherePeopleReadFromTheRight) {
     const RightToLeft direction;
     const id slider = VELT_NSSLIDER_INIT(nil, "");
-    ControlWindow shown(slider, 200, 24);
+    ShownControl shown(slider, 200, 24);
     shown.click({20, 12});
     EXPECT_NEAR(0.9, valueOf(slider), 0.1);
     VELT_NSCONTROL_DOUBLEVALUE(slider, real(0.5));
@@ -196,7 +196,7 @@ TEST(Sliders, StopAtTheirMarksAlone) {
     EXPECT_VALUE("d 7.5", tell(slider, "tickMarkValueAtIndex:", integer(3)));
     EXPECT_VALUE("d 2.5", tell(slider, "closestTickMarkValueToValue:", real(3)));
     tell(slider, "setAllowsTickMarkValuesOnly:", boolean(true));
-    ControlWindow shown(slider, 200, 30);
+    ShownControl shown(slider, 200, 30);
     shown.click({62, 12});
     EXPECT_EQ(2.5, valueOf(slider));
     shown.focus();
@@ -213,7 +213,7 @@ TEST(CircularSliders, TurnWithTheMouse) {
     const id slider = VELT_CIRCULARSLIDER_INIT(owner, "act:");
     EXPECT_VALUE("Q 1", ask(ask(slider, "cell"), "sliderType"));
     setRange(slider, 0, 100);
-    ControlWindow shown(slider, 60, 60);
+    ShownControl shown(slider, 60, 60);
     const QImage before = shown.picture();
     shown.press({55, 30});
     EXPECT_NEAR(25, valueOf(slider), 1);
@@ -274,7 +274,7 @@ TEST(Steppers, GoUpAndDownByTheirHalves) {
     const id stepper = VELT_NSSTEPPER_INIT(owner, "act:");
     EXPECT_VALUE("d 59", ask(stepper, "maxValue"));
     tell(stepper, "setIncrement:", real(2.5));
-    ControlWindow shown(stepper, 19, 27);
+    ShownControl shown(stepper, 19, 27);
     shown.click({9, 5});
     shown.click({9, 5});
     EXPECT_EQ(5, valueOf(stepper));
@@ -294,7 +294,7 @@ TEST(Steppers, GoUpAndDownByTheirHalves) {
 TEST(Steppers, GoRoundUnlessToldOtherwise) {
     const Ref<NSStepper> stepper = velt::make<NSStepper>();
     setRange(stepper, 1, 3);
-    ControlWindow shown(stepper, 19, 27);
+    ShownControl shown(stepper, 19, 27);
     shown.click({9, 22});
     EXPECT_EQ(3, valueOf(stepper));
     shown.click({9, 5});
@@ -310,7 +310,7 @@ TEST(Steppers, GoRoundUnlessToldOtherwise) {
 TEST(Steppers, StepOnWhileTheyAreHeld) {
     const Ref<ActionCounter> owner = velt::make<ActionCounter>();
     const id stepper = VELT_NSSTEPPER_INIT(owner, "act:");
-    ControlWindow shown(stepper, 19, 27);
+    ShownControl shown(stepper, 19, 27);
     const QImage before = shown.picture();
     shown.press({9, 5});
     EXPECT_NE(before, shown.picture());
@@ -331,7 +331,7 @@ TEST(Steppers, StepOnWhileTheyAreHeld) {
 
 TEST(LevelIndicators, ShowTheLevelInTheColourOfItsLimits) {
     const Ref<NSLevelIndicator> level = velt::make<NSLevelIndicator>();
-    ControlWindow shown(level, 120, 16);
+    ShownControl shown(level, 120, 16);
     EXPECT_EQ(0, countDots(shown.picture(), isGreen));
     VELT_NSCONTROL_DOUBLEVALUE(level, real(2));
     const int twoFifths = countDots(shown.picture(), isGreen);
@@ -358,7 +358,7 @@ TEST(LevelIndicators, ShowTheLevelInTheColourOfItsLimits) {
 TEST(LevelIndicators, TakeClicksAndDragsInTheirSegments) {
     const Ref<ActionCounter> owner = velt::make<ActionCounter>();
     const id level = VELT_NSLEVELINDICATOR_INIT(owner, "act:");
-    ControlWindow shown(level, 100, 16);
+    ShownControl shown(level, 100, 16);
     shown.click({50, 8});
     EXPECT_EQ(3, valueOf(level));
     shown.drag({50, 8}, {95, 8});
@@ -375,7 +375,7 @@ TEST(LevelIndicators, TakeClicksAndDragsInTheirSegments) {
 TEST(LevelIndicators, RateWithStars) {
     const id level = VELT_NSLEVELINDICATOR_INIT(nil, "");
     tell(level, "setLevelIndicatorStyle:", natural(3));
-    ControlWindow shown(level, 80, 16);
+    ShownControl shown(level, 80, 16);
     const QImage none = shown.picture();
     shown.click({40, 8});  // the third star
     EXPECT_EQ(3, valueOf(level));
@@ -393,7 +393,7 @@ TEST(LevelIndicators, OnlyShowHowRelevantSomethingIs) {
     const id level = VELT_NSLEVELINDICATOR_INIT(nil, "");
     tell(level, "setLevelIndicatorStyle:", natural(0));
     setRange(level, 0, 10);
-    ControlWindow shown(level, 100, 16);
+    ShownControl shown(level, 100, 16);
     const QImage none = shown.picture();
     shown.click({50, 8});
     EXPECT_EQ(0, valueOf(level));

@@ -1,4 +1,4 @@
-#include "support/control_windows.h"
+#include "support/shown_control.h"
 
 #include "VELTRuntime/platform/appkit/controls/color_panel.h"
 #include "VELTRuntime/platform/appkit/controls/color_well.h"
@@ -37,7 +37,7 @@ QDateTime momentOf(const id& picker) {
     const double seconds = velt::as<NSDate>(VELT_NSCONTROL_OBJECTVALUE(picker))->timeIntervalSince1970();
     return QDateTime::fromSecsSinceEpoch(static_cast<qint64>(seconds));
 }
-QDateTimeEdit& fieldOf(const ControlWindow& shown) { return *shown.widget().findChild<QDateTimeEdit*>(); }
+QDateTimeEdit& fieldOf(const ShownControl& shown) { return *shown.widget().findChild<QDateTimeEdit*>(); }
 
 id colorOf(int red, int green, int blue) { return velt::make<NSColor>(red / 255.0, green / 255.0, blue / 255.0, 1.0); }
 
@@ -81,7 +81,7 @@ TEST(DatePickers, KeepADateWithinTheirLimits) {
 
 TEST(DatePickers, ShowDatesBeyondTheCalendarAsTheLastThatThereIs) {
     const id picker = VELT_NSDATEPICKER_INIT(nil, "");
-    ControlWindow shown(picker, 200, 24);
+    ShownControl shown(picker, 200, 24);
     const id beyond = velt::make<NSDate>(1e300);
     tell(picker, "setDateValue:", beyond);
     EXPECT_EQ(beyond, VELT_NSCONTROL_OBJECTVALUE(picker));
@@ -95,7 +95,7 @@ TEST(DatePickers, StepThePartUnderTheKeyboardAndSayIt) {
     const id picker = VELT_NSDATEPICKER_INIT(owner, "act:");
     tell(picker, "setDatePickerElements:", natural(0xe0));
     tell(picker, "setDateValue:", dateOf(2024, 2, 28, 13, 5, 9));
-    ControlWindow shown(picker, 160, 24);
+    ShownControl shown(picker, 160, 24);
     EXPECT_EQ(0, owner->count);  // what a program sets is no action
     shown.focus();
     QDateTimeEdit& field = fieldOf(shown);
@@ -118,7 +118,7 @@ TEST(DatePickers, StepThePartUnderTheKeyboardAndSayIt) {
 TEST(DatePickers, ShowTheTimeAloneAndLeaveTheDay) {
     const Ref<ActionCounter> owner = velt::make<ActionCounter>();
     const id picker = VELT_NSDATEPICKER_INIT(owner, "act:");
-    ControlWindow shown(picker, 160, 24);
+    ShownControl shown(picker, 160, 24);
     tell(picker, "setDatePickerElements:", natural(0x0c));
     tell(picker, "setDatePickerStyle:", natural(2));
     tell(picker, "setDateValue:", dateOf(2024, 2, 28, 13, 5, 9));
@@ -145,7 +145,7 @@ TEST(DatePickers, ShowACalendarAndAClock) {
     VELT_NSCONTROL_SIZETOFIT(picker);
     const NSSize size = velt::as<NSView>(picker)->frame().size;
     EXPECT_LT(200, size.width);
-    ControlWindow shown(picker, size.width, size.height);
+    ShownControl shown(picker, size.width, size.height);
     auto& calendar = *shown.widget().findChild<QCalendarWidget*>();
     EXPECT_EQ(QDate(2024, 2, 28), calendar.selectedDate());
     shown.focus();
@@ -175,14 +175,14 @@ TEST(DatePickers, GiveTheirDateAsItIsShown) {
     const std::string text = velt::utf8(VELT_NSCONTROL_STRINGVALUE(picker));
     EXPECT_NE(std::string::npos, text.find("2024"));
     EXPECT_EQ(std::string::npos, text.find(':'));
-    ControlWindow shown(picker, 160, 24);
+    ShownControl shown(picker, 160, 24);
     EXPECT_EQ(text, fieldOf(shown).text().toStdString());
 }
 
 TEST(ColorWells, TakeThePanelsColourWhileTheyAreActive) {
     const Ref<ActionCounter> owner = velt::make<ActionCounter>();
     const id well = VELT_NSCOLORWELL_INIT(owner, "act:");
-    ControlWindow shown(well, 50, 30);
+    ShownControl shown(well, 50, 30);
     NSApplication::sharedApplication().setDelegate(owner);
     VELT_NSCONTROL_OBJECTVALUE(well, colorOf(200, 10, 20));
     EXPECT_EQ(QColor(200, 10, 20), shown.picture().pixelColor(25, 15));
@@ -248,7 +248,7 @@ TEST(ColorWells, KeepAColourWhateverTheyAreGiven) {
 TEST(ColorWells, TakeColoursThatAreDroppedOnThem) {
     const Ref<ActionCounter> owner = velt::make<ActionCounter>();
     const id well = VELT_NSCOLORWELL_INIT(owner, "act:");
-    ControlWindow shown(well, 50, 30);
+    ShownControl shown(well, 50, 30);
     QMimeData color, text;
     color.setColorData(QColor(0, 128, 255));
     text.setText(QStringLiteral("blue"));
@@ -292,7 +292,7 @@ TEST(PathControls, SayWhichPartWasClicked) {
     const Ref<ActionCounter> owner = velt::make<ActionCounter>();
     const id control = VELT_NSPATHCONTROL_INIT(owner, "act:");
     VELT_NSCONTROL_STRINGVALUE(control, str("/usr/share/icons"));
-    ControlWindow shown(control, 400, 22);
+    ShownControl shown(control, 400, 22);
     EXPECT_EQ("none", clickedName(control));
     shown.click({60, 11});
     EXPECT_EQ(1, owner->taken());
@@ -320,7 +320,7 @@ TEST(PathControls, KeepTheLastNameInSight) {
     VELT_NSCONTROL_STRINGVALUE(control, str("/usr/share/a rather long name/of a file"));
     VELT_NSCONTROL_SIZETOFIT(control);
     const double width = velt::as<NSView>(control)->frame().size.width;
-    ControlWindow shown(control, width, 22);
+    ShownControl shown(control, width, 22);
     const QImage whole = shown.picture();
     shown.click({static_cast<int>(width) - 10, 11});
     EXPECT_EQ("of a file", clickedName(control));
@@ -340,7 +340,7 @@ TEST(PathControls, OfferTheWayUpInAMenu) {
     const id control = VELT_NSPATHCONTROL_INIT(owner, "act:");
     tell(control, "setPathStyle:", natural(2));
     VELT_NSCONTROL_STRINGVALUE(control, str("/usr/share"));
-    ControlWindow shown(control, 150, 24);
+    ShownControl shown(control, 150, 24);
     shown.click({75, 12});
     auto* menu = shown.widget().findChild<QMenu*>();
     ASSERT_TRUE(menu);
@@ -365,7 +365,7 @@ TEST(PathControls, OfferTheWayUpInAMenu) {
 TEST(PathControls, TakeAFileThatIsDroppedOnThem) {
     const Ref<ActionCounter> owner = velt::make<ActionCounter>();
     const id control = VELT_NSPATHCONTROL_INIT(owner, "act:");
-    ControlWindow shown(control, 150, 24);
+    ShownControl shown(control, 150, 24);
     QMimeData file, address;
     file.setUrls({QUrl::fromLocalFile(QStringLiteral("/tmp/notes.txt"))});
     address.setUrls({QUrl(QStringLiteral("https://example.org/"))});
@@ -398,7 +398,7 @@ TEST(PathControls, OpenADoubleClickedPartWithTheDesktop) {
     const id control = VELT_NSPATHCONTROL_INIT(nil, "");
     VELT_NSCONTROL_STRINGVALUE(control, str(root));
     {
-        ControlWindow shown(control, 600, 22);
+        ShownControl shown(control, 600, 22);
         QTest::mouseDClick(&shown.widget(), Qt::LeftButton, {}, {10, 11});  // the root
     }
     if (before.isEmpty())
@@ -422,7 +422,7 @@ TEST(ValueControls, GoWhenNobodyKeepsThem) {
         const Ref<ActionCounter> owner = velt::make<ActionCounter>();
         const id control = init(owner, "act:");
         owner->last = control;  // a circle
-        { const ControlWindow shown(control, 100, 40); }
+        { const ShownControl shown(control, 100, 40); }
         velt::as<NSView>(control)->removeFromSuperview();
     }
     EXPECT_LE(2 * std::size(kConstructors), velt::collectCycles());
@@ -441,7 +441,7 @@ TEST(ValueControls, AreMadeOnTheMainThreadAlone) {
 TEST(ValueControls, ArePaintedAtEverySize) {
     for (const Constructor init : kConstructors) {
         const id control = init(nil, "");
-        const ControlWindow shown(control, 60, 24);
+        const ShownControl shown(control, 60, 24);
         for (const double side : {0.0, 1.0, 2.0, 5.0, 700.0}) {
             send(control, VELT_SELECTOR("setFrameSize:"), size(side, 2 * side));
             shown.picture();

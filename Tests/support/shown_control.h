@@ -32,9 +32,9 @@ public:
 };
 
 /// Shows a control of a size in a window of its own, and closes it in the end.
-class ControlWindow {
+class ShownControl {
 public:
-    ControlWindow(const id& control, double width, double height) : control_(control) {
+    ShownControl(const id& control, double width, double height) : control_(control) {
         VELT_NSWINDOW_FRAME(window_, rect(40, 40, width + 40, height + 62));
         send(control, VELT_SELECTOR("setFrame:"), rect(20, 20, width, height));
         VELT_NSWINDOW_APPEND(window_, control);
@@ -42,9 +42,9 @@ public:
         qtWindow().activateWindow();
         EXPECT_TRUE(QTest::qWaitForWindowActive(&qtWindow()));
     }
-    ~ControlWindow() { VELT_NSWINDOW_CLOSE(window_); }
-    ControlWindow(const ControlWindow&) = delete;
-    ControlWindow& operator=(const ControlWindow&) = delete;
+    ~ShownControl() { VELT_NSWINDOW_CLOSE(window_); }
+    ShownControl(const ShownControl&) = delete;
+    ShownControl& operator=(const ShownControl&) = delete;
 
     const id& window() const { return window_; }
     QMainWindow& qtWindow() const { return as<NSWindow>(window_)->widget(); }
