@@ -29,7 +29,7 @@ public:
 
     void place(id view, id name, id width, id height) {
         VELTS("controls.bas", "Gallery.Place", "17", "");
-        id x = VELT__INTEGER(VELT_ADD(VELT_ID(16L), VELT_MUL(column, VELT_ID(236L))));
+        id x = VELT__INTEGER(VELT_ADD(VELT_ID(16L), VELT_MUL(column, VELT_ID(240L))));
         VELTS("controls.bas", "Gallery.Place", "18", "");
         id y = VELT__INTEGER(VELT_SUB(VELT_ID(760L), VELT_MUL(row, VELT_ID(52L))));
         VELTS("controls.bas", "Gallery.Place", "19", "");
@@ -37,13 +37,13 @@ public:
         VELTS("controls.bas", "Gallery.Place", "20", "");
         VELT_NSCONTROL_STRINGVALUE(caption, name);
         VELTS("controls.bas", "Gallery.Place", "21", "");
-        VELT_NSVIEW_FRAME(caption, VELT_RECT_INIT(nil, "", x, VELT_ADD(y, VELT_ID(4L)), VELT_ID(104L), VELT_ID(17L)));
+        VELT_NSVIEW_FRAME(caption, VELT_RECT_INIT(nil, "", x, VELT_ADD(y, VELT_ID(4L)), VELT_ID(84L), VELT_ID(17L)));
         VELTS("controls.bas", "Gallery.Place", "22", "");
         VELT_NSCONTROL_ALIGNMENT(caption, VELT_ID(1L));
         VELTS("controls.bas", "Gallery.Place", "23", "");
         VELT_NSWINDOW_APPEND(window, caption);
         VELTS("controls.bas", "Gallery.Place", "24", "");
-        VELT_NSVIEW_FRAME(view, VELT_RECT_INIT(nil, "", VELT_ADD(x, VELT_ID(112L)),
+        VELT_NSVIEW_FRAME(view, VELT_RECT_INIT(nil, "", VELT_ADD(x, VELT_ID(92L)),
                                                VELT_SUB(VELT_ADD(y, VELT_ID(12L)), VELT_DIV(height, VELT_ID(2L))),
                                                width, height));
         VELTS("controls.bas", "Gallery.Place", "25", "");
@@ -77,22 +77,22 @@ public:
 
     void buttons() {
         VELTS("controls.bas", "Gallery.Buttons", "46", "");
-        placeButton(VELT_PUSHBUTTON_INIT(id(this), "pressed:"), "Push"_v, "Save"_v, VELT_ID(100L), VELT_ID(24L));
+        placeButton(VELT_PUSHBUTTON_INIT(id(this), "pressed:"), "Push"_v, "Save"_v, VELT_ID(110L), VELT_ID(24L));
         VELTS("controls.bas", "Gallery.Buttons", "47", "");
-        placeButton(VELT_BEVELBUTTON_INIT(id(this), "pressed:"), "Bevel"_v, "Bevel"_v, VELT_ID(100L), VELT_ID(28L));
+        placeButton(VELT_BEVELBUTTON_INIT(id(this), "pressed:"), "Bevel"_v, "Bevel"_v, VELT_ID(110L), VELT_ID(28L));
         VELTS("controls.bas", "Gallery.Buttons", "48", "");
-        placeButton(VELT_SQUAREBUTTON_INIT(id(this), "pressed:"), "Square"_v, "Square"_v, VELT_ID(100L), VELT_ID(26L));
+        placeButton(VELT_SQUAREBUTTON_INIT(id(this), "pressed:"), "Square"_v, "Square"_v, VELT_ID(110L), VELT_ID(26L));
         VELTS("controls.bas", "Gallery.Buttons", "49", "");
-        placeButton(VELT_TEXTUREDBUTTON_INIT(id(this), "pressed:"), "Textured"_v, "Textured"_v, VELT_ID(100L),
+        placeButton(VELT_TEXTUREDBUTTON_INIT(id(this), "pressed:"), "Textured"_v, "Textured"_v, VELT_ID(110L),
                     VELT_ID(26L));
         VELTS("controls.bas", "Gallery.Buttons", "50", "");
-        placeButton(VELT_ROUNDEDTEXTUREDBUTTON_INIT(id(this), "pressed:"), "Rounded textured"_v, "Rounded"_v,
-                    VELT_ID(100L), VELT_ID(24L));
+        placeButton(VELT_ROUNDEDTEXTUREDBUTTON_INIT(id(this), "pressed:"), "Soft"_v, "Rounded"_v, VELT_ID(110L),
+                    VELT_ID(24L));
         VELTS("controls.bas", "Gallery.Buttons", "51", "");
-        placeButton(VELT_ROUNDEDRECTBUTTON_INIT(id(this), "pressed:"), "Rounded rect"_v, "Filter"_v, VELT_ID(100L),
+        placeButton(VELT_ROUNDEDRECTBUTTON_INIT(id(this), "pressed:"), "Rounded rect"_v, "Filter"_v, VELT_ID(110L),
                     VELT_ID(20L));
         VELTS("controls.bas", "Gallery.Buttons", "52", "");
-        placeButton(VELT_RECESSEDBUTTON_INIT(id(this), "pressed:"), "Recessed"_v, "Recent"_v, VELT_ID(100L),
+        placeButton(VELT_RECESSEDBUTTON_INIT(id(this), "pressed:"), "Recessed"_v, "Recent"_v, VELT_ID(110L),
                     VELT_ID(20L));
         VELTS("controls.bas", "Gallery.Buttons", "53", "");
         placeButton(VELT_GRADIENTBUTTON_INIT(id(this), "pressed:"), "Gradient"_v, "+"_v, VELT_ID(28L), VELT_ID(24L));
@@ -124,7 +124,7 @@ public:
         VELTS("controls.bas", "Gallery.Buttons", "66", "");
         placeButton(VELT_RADIOBUTTON_INIT(id(this), "pressed:"), "Radio"_v, "Right"_v, VELT_ID(110L), VELT_ID(20L));
         VELTS("controls.bas", "Gallery.Buttons", "67", "");
-        placeControl(VELT_NSSEGMENTEDCONTROL_INIT(id(this), "pressed:"), "Segments"_v, VELT_ID(112L), VELT_ID(24L));
+        placeControl(VELT_NSSEGMENTEDCONTROL_INIT(id(this), "pressed:"), "Segments"_v, VELT_ID(136L), VELT_ID(24L));
     }
 
     void fields() {
@@ -133,37 +133,37 @@ public:
         VELTS("controls.bas", "Gallery.Fields", "72", "");
         VELT_NSCONTROL_STRINGVALUE(field, "Ada Lovelace"_v);
         VELTS("controls.bas", "Gallery.Fields", "73", "");
-        placeControl(field, "Text"_v, VELT_ID(112L), VELT_ID(24L));
+        placeControl(field, "Text"_v, VELT_ID(136L), VELT_ID(24L));
         VELTS("controls.bas", "Gallery.Fields", "74", "");
         id secret = VELT_NSSECURETEXTFIELD_INIT(id(this), "pressed:");
         VELTS("controls.bas", "Gallery.Fields", "75", "");
         VELT_NSCONTROL_STRINGVALUE(secret, "secret"_v);
         VELTS("controls.bas", "Gallery.Fields", "76", "");
-        placeControl(secret, "Secure"_v, VELT_ID(112L), VELT_ID(24L));
+        placeControl(secret, "Secure"_v, VELT_ID(136L), VELT_ID(24L));
         VELTS("controls.bas", "Gallery.Fields", "77", "");
-        placeControl(VELT_NSSEARCHFIELD_INIT(id(this), "pressed:"), "Search"_v, VELT_ID(112L), VELT_ID(24L));
+        placeControl(VELT_NSSEARCHFIELD_INIT(id(this), "pressed:"), "Search"_v, VELT_ID(136L), VELT_ID(24L));
         VELTS("controls.bas", "Gallery.Fields", "78", "");
         id tokens = VELT_NSTOKENFIELD_INIT(id(this), "pressed:");
         VELTS("controls.bas", "Gallery.Fields", "79", "");
         VELT_NSCONTROL_OBJECTVALUE(tokens, VELT_SPLIT("ink,pen"_v, ","_v));
         VELTS("controls.bas", "Gallery.Fields", "80", "");
-        placeControl(tokens, "Tokens"_v, VELT_ID(112L), VELT_ID(24L));
+        placeControl(tokens, "Tokens"_v, VELT_ID(136L), VELT_ID(24L));
         VELTS("controls.bas", "Gallery.Fields", "81", "");
         id combo = VELT_NSCOMBOBOX_INIT(id(this), "pressed:");
         VELTS("controls.bas", "Gallery.Fields", "82", "");
         VELT_NSCONTROL_STRINGVALUE(combo, "Basic"_v);
         VELTS("controls.bas", "Gallery.Fields", "83", "");
-        placeControl(combo, "Combo box"_v, VELT_ID(112L), VELT_ID(24L));
+        placeControl(combo, "Combo box"_v, VELT_ID(136L), VELT_ID(24L));
         VELTS("controls.bas", "Gallery.Fields", "84", "");
-        placeControl(VELT_NSPOPUPBUTTON_INIT(id(this), "pressed:"), "Pop-up"_v, VELT_ID(112L), VELT_ID(24L));
+        placeControl(VELT_NSPOPUPBUTTON_INIT(id(this), "pressed:"), "Pop-up"_v, VELT_ID(136L), VELT_ID(24L));
         VELTS("controls.bas", "Gallery.Fields", "85", "");
-        placeControl(VELT_NSDATEPICKER_INIT(id(this), "pressed:"), "Date"_v, VELT_ID(112L), VELT_ID(24L));
+        placeControl(VELT_NSDATEPICKER_INIT(id(this), "pressed:"), "Date"_v, VELT_ID(136L), VELT_ID(24L));
         VELTS("controls.bas", "Gallery.Fields", "86", "");
         id path = VELT_NSPATHCONTROL_INIT(id(this), "pressed:");
         VELTS("controls.bas", "Gallery.Fields", "87", "");
         VELT_NSCONTROL_STRINGVALUE(path, "/usr/share"_v);
         VELTS("controls.bas", "Gallery.Fields", "88", "");
-        placeControl(path, "Path"_v, VELT_ID(112L), VELT_ID(24L));
+        placeControl(path, "Path"_v, VELT_ID(136L), VELT_ID(24L));
     }
 
     void values() {
@@ -172,7 +172,7 @@ public:
         VELTS("controls.bas", "Gallery.Values", "93", "");
         VELT_NSCONTROL_DOUBLEVALUE(slider, VELT_ID(0.3));
         VELTS("controls.bas", "Gallery.Values", "94", "");
-        placeControl(slider, "Slider"_v, VELT_ID(112L), VELT_ID(24L));
+        placeControl(slider, "Slider"_v, VELT_ID(136L), VELT_ID(24L));
         VELTS("controls.bas", "Gallery.Values", "95", "");
         id knob = VELT_CIRCULARSLIDER_INIT(id(this), "pressed:");
         VELTS("controls.bas", "Gallery.Values", "96", "");
@@ -186,7 +186,7 @@ public:
         VELTS("controls.bas", "Gallery.Values", "100", "");
         VELT_NSCONTROL_INTEGERVALUE(level, VELT_ID(4L));
         VELTS("controls.bas", "Gallery.Values", "101", "");
-        placeControl(level, "Level"_v, VELT_ID(112L), VELT_ID(18L));
+        placeControl(level, "Level"_v, VELT_ID(136L), VELT_ID(18L));
         VELTS("controls.bas", "Gallery.Values", "102", "");
         placeControl(VELT_NSCOLORWELL_INIT(id(this), "pressed:"), "Colour"_v, VELT_ID(44L), VELT_ID(24L));
         VELTS("controls.bas", "Gallery.Values", "103", "");
@@ -194,9 +194,9 @@ public:
         VELTS("controls.bas", "Gallery.Values", "104", "");
         VELT_NSPROGRESSINDICATOR_DOUBLEVALUE(bar, VELT_ID(60L));
         VELTS("controls.bas", "Gallery.Values", "105", "");
-        place(bar, "Progress"_v, VELT_ID(112L), VELT_ID(20L));
+        place(bar, "Progress"_v, VELT_ID(136L), VELT_ID(20L));
         VELTS("controls.bas", "Gallery.Values", "106", "");
-        place(VELT_INDETERMINATEPROGRESSINDICATOR_INIT(id(this), ""), "Busy"_v, VELT_ID(112L), VELT_ID(20L));
+        place(VELT_INDETERMINATEPROGRESSINDICATOR_INIT(id(this), ""), "Busy"_v, VELT_ID(136L), VELT_ID(20L));
         VELTS("controls.bas", "Gallery.Values", "107", "");
         place(VELT_CIRCULARPROGRESSINDICATOR_INIT(id(this), ""), "Spinning"_v, VELT_ID(24L), VELT_ID(24L));
     }
@@ -211,13 +211,13 @@ public:
         VELTS("controls.bas", "Gallery.Containers", "114", "");
         VELT_NSBOX_TITLE(box, "Box"_v);
         VELTS("controls.bas", "Gallery.Containers", "115", "");
-        place(box, "Box"_v, VELT_ID(112L), VELT_ID(46L));
+        place(box, "Box"_v, VELT_ID(136L), VELT_ID(46L));
         VELTS("controls.bas", "Gallery.Containers", "116", "");
         id line = VELT_HORIZONTALLINE_INIT(id(this), "");
         VELTS("controls.bas", "Gallery.Containers", "117", "");
         VELT_NSBOX_BOXTYPE(line, VELT_ID(2L));
         VELTS("controls.bas", "Gallery.Containers", "118", "");
-        place(line, "Line"_v, VELT_ID(112L), VELT_ID(4L));
+        place(line, "Line"_v, VELT_ID(136L), VELT_ID(4L));
         VELTS("controls.bas", "Gallery.Containers", "119", "");
         id scroll = VELT_NSSCROLLVIEW_INIT(id(this), "");
         VELTS("controls.bas", "Gallery.Containers", "120", "");
@@ -229,7 +229,7 @@ public:
         VELTS("controls.bas", "Gallery.Containers", "123", "");
         VELT_NSSCROLLVIEW_DOCUMENTVIEW(scroll, page);
         VELTS("controls.bas", "Gallery.Containers", "124", "");
-        place(scroll, "Scroll"_v, VELT_ID(112L), VELT_ID(46L));
+        place(scroll, "Scroll"_v, VELT_ID(136L), VELT_ID(46L));
         VELTS("controls.bas", "Gallery.Containers", "125", "");
         id split = VELT_VERTICALSPLITVIEW_INIT(id(this), "");
         VELTS("controls.bas", "Gallery.Containers", "126", "");
@@ -237,13 +237,13 @@ public:
         VELTS("controls.bas", "Gallery.Containers", "127", "");
         VELT_NSVIEW_APPEND(split, VELT_NSVIEW_INIT(id(this), ""));
         VELTS("controls.bas", "Gallery.Containers", "128", "");
-        place(split, "Split"_v, VELT_ID(112L), VELT_ID(46L));
+        place(split, "Split"_v, VELT_ID(136L), VELT_ID(46L));
         VELTS("controls.bas", "Gallery.Containers", "129", "");
-        place(VELT_NSTABVIEW_INIT(id(this), ""), "Tabs"_v, VELT_ID(112L), VELT_ID(46L));
+        place(VELT_NSTABVIEW_INIT(id(this), ""), "Tabs"_v, VELT_ID(136L), VELT_ID(46L));
         VELTS("controls.bas", "Gallery.Containers", "130", "");
-        place(VELT_NSBROWSER_INIT(id(this), "pressed:"), "Browser"_v, VELT_ID(112L), VELT_ID(46L));
+        place(VELT_NSBROWSER_INIT(id(this), "pressed:"), "Browser"_v, VELT_ID(136L), VELT_ID(46L));
         VELTS("controls.bas", "Gallery.Containers", "131", "");
-        place(VELT_NSOUTLINEVIEW_INIT(id(this), "pressed:"), "Outline"_v, VELT_ID(112L), VELT_ID(46L));
+        place(VELT_NSOUTLINEVIEW_INIT(id(this), "pressed:"), "Outline"_v, VELT_ID(136L), VELT_ID(46L));
     }
 
     /// Presses the first button and the first check box, as a person would.

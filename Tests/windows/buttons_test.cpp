@@ -1,6 +1,7 @@
 #include <VELTRuntime/VELTRuntimeUI.h>
 
 #include "support/control_window.h"
+#include "support/direction.h"
 
 #include "VELTRuntime/platform/foundation/attributed_string.h"
 #include "VELTRuntime/platform/object/cycles.h"
@@ -209,6 +210,7 @@ TEST(Buttons, ChangeTheirStateByTheirType) {
 }
 
 TEST(DisclosureTriangles, TurnWithEveryClick) {
+    const Direction leftToRight(Qt::LeftToRight);
     ControlWindow window;
     const id triangle = newButton(window, VELT_DISCLOSURETRIANGLE_INIT, {{20, 20}, {20, 20}});
     window.show();
@@ -397,6 +399,7 @@ TEST(Buttons, ShowTheirOtherContentsWhenOn) {
 }
 
 TEST(Buttons, MirrorTheirPartsFromRightToLeft) {
+    const Direction leftToRight(Qt::LeftToRight);
     ControlWindow window;
     const id box = newButton(window, VELT_CHECKBOX_INIT, {{20, 20}, {120, 28}});
     window.show();

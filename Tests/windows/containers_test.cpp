@@ -1,4 +1,5 @@
 // Boxes, tab views, split views and progress indicators, worked with the mouse and the keyboard.
+#include "support/direction.h"
 #include "support/values.h"
 #include "windows/containers_support.h"
 
@@ -153,6 +154,7 @@ TEST(Boxes, AreLinesUprightWhenHigherThanWide) {
 // Tab views.
 
 TEST(TabViews, ShowTheItemThatIsChosen) {
+    const Direction leftToRight(Qt::LeftToRight);
     const Ref<NSTabView> view = tabs({"One", "Two", "Three"});
     EXPECT_EQ("One", selected(*view));
     const Shown window(view, {300, 200});

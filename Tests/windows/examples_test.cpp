@@ -55,7 +55,7 @@ TEST(ControlsExample, ShowsEveryControlAndWorksSome) {
     ASSERT_EQ(QSize(984, 812), picture.deviceIndependentSize().toSize());
     // Every place of the grid shows something: dots of more than one colour.
     for (int place = 0; place < 41; ++place) {
-        const int x = 16 + 112 + place / 12 * 236, top = 812 - 760 - 12 + place % 12 * 52 - 20;
+        const int x = 16 + 92 + place / 12 * 240, top = 812 - 760 - 12 + place % 12 * 52 - 20;
         std::set<QRgb> seen;
         for (int y = std::max(top, 0); y < top + 40; ++y) {
             for (int i = 0; i < 110; ++i) seen.insert(picture.pixel(x + i, y));

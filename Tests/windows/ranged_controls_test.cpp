@@ -1,3 +1,4 @@
+#include "support/direction.h"
 #include "support/shown_control.h"
 
 #include "VELTRuntime/platform/appkit/controls/level_indicator.h"
@@ -30,9 +31,8 @@ bool isGreen(const QColor& c) { return c.green() > c.red() + 60 && c.green() > c
 bool isRed(const QColor& c) { return c.red() > c.green() + 100 && c.red() > c.blue() + 100; }
 bool isYellow(const QColor& c) { return c.red() > c.blue() + 120 && c.green() > c.blue() + 120; }
 
-struct RightToLeft {
-    RightToLeft() { QApplication::setLayoutDirection(Qt::RightToLeft); }
-    ~RightToLeft() { QApplication::setLayoutDirection(Qt::LeftToRight); }
+struct RightToLeft : Direction {
+    RightToLeft() : Direction(Qt::RightToLeft) {}
 };
 
 }  // namespace
@@ -81,6 +81,7 @@ TEST(RangedControls, HaveActionAndTargetOnlyWhenTheOwnerAnswers) {
 }
 
 TEST(Sliders, FollowTheMouseAndSayEveryMovement) {
+    const Direction leftToRight(Qt::LeftToRight);
     const Ref<ActionCounter> owner = velt::make<ActionCounter>();
     const id slider = VELT_NSSLIDER_INIT(owner, "act:");
     setRange(slider, 0, 100);
@@ -116,6 +117,7 @@ TEST(Sliders, SayTheirValueOnceAtTheEndWhenTheyAreNotContinuous) {
 }
 
 TEST(Sliders, TakeKeysAndTheWheel) {
+    const Direction leftToRight(Qt::LeftToRight);
     const Ref<ActionCounter> owner = velt::make<ActionCounter>();
     const id slider = VELT_NSSLIDER_INIT(owner, "act:");
     setRange(slider, 0, 100);

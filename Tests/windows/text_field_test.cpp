@@ -1,3 +1,4 @@
+#include "support/direction.h"
 #include "support/fields.h"
 
 #include <QAccessible>
@@ -416,7 +417,7 @@ TEST_F(TextFields, HaveANameForThoseWhoCannotSeeThem) {
 
 TEST_F(TextFields, StandAtTheRightInRightToLeftLayouts) {
     const id field = addField("text");
-    QApplication::setLayoutDirection(Qt::RightToLeft);
+    const Direction asBefore(Qt::RightToLeft);
     ASSERT_TRUE(shown.show());
     EXPECT_TRUE(lineOf(field)->alignment() & Qt::AlignRight);
     QApplication::setLayoutDirection(Qt::LeftToRight);

@@ -24,6 +24,12 @@ id tabViewWithItems() {
     return view;
 }
 
+id menuWithItems() {
+    const id menu = VELT_NSMENU_INIT(nil, "menu");
+    for (const char* title : {"One", "Two", "Three"}) VELT_NSMENU_APPEND(menu, str(title));
+    return menu;
+}
+
 const std::map<std::string, id (*)()> kMakers{
     {"NSWINDOW", [] { return VELT_NSWINDOW_INIT(nil, ""); }},
     {"NSPANEL", [] { return VELT_NSPANEL_INIT(nil, ""); }},
@@ -39,7 +45,7 @@ const std::map<std::string, id (*)()> kMakers{
     {"NSSEARCHFIELD", [] { return VELT_NSSEARCHFIELD_INIT(nil, ""); }},
     {"NSTEXT", [] { return VELT_NSTEXTVIEW_INIT(nil, ""); }},
     {"NSTEXTVIEW", [] { return VELT_NSTEXTVIEW_INIT(nil, ""); }},
-    {"NSMENU", [] { return VELT_NSMENU_INIT(nil, "menu"); }},
+    {"NSMENU", menuWithItems},
     {"NSMENUITEM", [] { return VELT_NSMENUITEM_INIT(nil, ""); }},
     {"NSAPPLICATION", [] { return id(static_cast<NSObject*>(&NSApplication::sharedApplication())); }},
     {"NSEVENT", [] { return VELT_NSEVENT_INIT(nil, ""); }},
@@ -72,7 +78,7 @@ const std::map<std::string, id (*)()> kObjects{
     {"NSIMAGE", someImage},
     {"NSFONT", [] { return id(velt::make<NSFont>()); }},
     {"NSBUTTONCELL", [] { return VELT_NSBUTTONCELL_INIT(nil, ""); }},
-    {"NSMENU", [] { return VELT_NSMENU_INIT(nil, "menu"); }},
+    {"NSMENU", menuWithItems},
     {"NSMENUITEM", [] { return VELT_NSMENUITEM_INIT(nil, ""); }},
     {"NSCELL", [] { return id(velt::make<NSActionCell>()); }},
     {"ARRAY", [] { return array(str("one"), str("two")); }},
@@ -101,10 +107,12 @@ id sampleFor(const WrapperRow& row) {
 
 /// Wrappers whose value comes back as another one, and why.
 const std::map<std::string, const char*> kLimited{
+    {"NSBUTTON_STATE", "a state is on, off or mixed"},
+    {"NSMENUITEM_STATE", "a state is on, off or mixed"},
     {"NSSEARCHFIELD_RECENTSEARCHES", "the field keeps the texts among them, in an array of its own"}};
 
-/// Wrappers that end the process, or wait for a person.
-const std::set<std::string> kNeverSent{"NSAPPLICATION_TERMINATE"};
+/// Wrappers that end the process, or whose message only a subclass answers.
+const std::set<std::string> kNeverSent{"NSAPPLICATION_TERMINATE", "NSTEXTVIEW_SELECTEDTEXT"};
 
 /// What a wrong kind raises, whole; empty where every value will do.
 std::string refusalOf(const WrapperRow& row) {
@@ -273,7 +281,7 @@ TEST_P(WrapperTables, StaySafeAfterTheWindowWasClosed) {
     if (row.set && (!row.cast || !value.isNil()) && !kNeverSent.contains(row.name)) {
         EXPECT_EQ("nothing", raised([&] { row.set(receiver, value); }));
     }
-    if (row.get) {
+    if (row.get && !kNeverSent.contains(row.name)) {
         EXPECT_EQ("nothing", raised([&] { row.get(receiver); }));
     }
     VELT_NSWINDOW_CLOSE(window);

@@ -49,10 +49,16 @@ NSView* nextValidKeyView(NSView& from, bool next) {
     return nullptr;
 }
 
+/// The view that shows a button's cell; nil for a program's own object that stands for one.
+id controlViewOf(const id& cell) {
+    const velt::Selector asks = velt::Selector::named("controlView");
+    return velt::respondsTo(cell, asks) ? velt::send(cell, asks) : nil;
+}
+
 /// A button's cell can be pressed in a window: its button is seen there, or it has none.
 bool isWithin(const id& cell, const NSWindow& window) {
     if (cell.isNil()) return false;
-    const id shown = velt::send(cell, VELT_SELECTOR("controlView"));
+    const id shown = controlViewOf(cell);
     if (!velt::is<NSView>(shown)) return true;
     const NSView* view = velt::as<NSView>(shown);
     if (view->windowPointer() != &window) return false;
@@ -142,9 +148,7 @@ void NSWindow::setDefaultButtonCell(const id& cell) {
     const id before = std::exchange(defaultButtonCell_, cell);
     // Both are drawn anew.
     for (const id& button : {before, cell}) {
-        if (!button.isNil())
-            velt::send(velt::send(button, VELT_SELECTOR("controlView")), VELT_SELECTOR("setNeedsDisplay:"),
-                       VELT_ID(BOOL{1}));
+        if (!button.isNil()) velt::send(controlViewOf(button), VELT_SELECTOR("setNeedsDisplay:"), VELT_ID(BOOL{1}));
     }
 }
 

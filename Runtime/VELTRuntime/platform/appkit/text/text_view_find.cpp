@@ -18,9 +18,13 @@ velt::FindRequest& NSTextView::findRequest() const {
 }
 
 void NSTextView::performFindPanelAction(const id& sender) {
-    if (sender.isNil()) return;
-    const id action = velt::isNumber(sender) ? sender : velt::send(sender, VELT_SELECTOR("tag"));
-    find(VELT_CINTEGER(action));
+    // What is asked for is the sender's tag; a sender without one asks for nothing.
+    const velt::Selector tag = velt::Selector::named("tag");
+    if (velt::isNumber(sender)) {
+        find(VELT_CINTEGER(sender));
+    } else if (velt::respondsTo(sender, tag)) {
+        find(VELT_CINTEGER(velt::send(sender, tag)));
+    }
 }
 
 bool NSTextView::find(long action) {
