@@ -31,13 +31,11 @@ public:
 };
 
 /// Counts the clicks that the window gives its default button.
-class DefaultButton : public NSObject {
-    VELT_OBJECT(DefaultButton, NSObject)
+class DefaultButton : public NSActionCell {
+    VELT_OBJECT(DefaultButton, NSActionCell)
+
 public:
-    void performClick(const id&) { ++clicks; }
-    static void describe(velt::ClassBuilder<DefaultButton>& c) {
-        c.method("performClick:", &DefaultButton::performClick);
-    }
+    void performClick(const id&) override { ++clicks; }
     int clicks = 0;
 };
 
