@@ -48,7 +48,7 @@ Class Gallery
     PlaceButton(New SquareButton(Me, "pressed:"), "Square", "Square", 110, 26)
     PlaceButton(New TexturedButton(Me, "pressed:"), "Textured", "Textured", 110, 26)
     PlaceButton(New RoundedTexturedButton(Me, "pressed:"), "Soft", "Rounded", 110, 24)
-    PlaceButton(New RoundedRectButton(Me, "pressed:"), "Rounded rect", "Filter", 110, 20)
+    PlaceButton(New RoundedRectButton(Me, "pressed:"), "Pill", "Filter", 110, 20)
     PlaceButton(New RecessedButton(Me, "pressed:"), "Recessed", "Recent", 110, 20)
     PlaceButton(New GradientButton(Me, "pressed:"), "Gradient", "+", 28, 24)
     PlaceButton(New RoundButton(Me, "pressed:"), "Round", "1", 32, 32)

@@ -89,7 +89,7 @@ public:
         placeButton(VELT_ROUNDEDTEXTUREDBUTTON_INIT(id(this), "pressed:"), "Soft"_v, "Rounded"_v, VELT_ID(110L),
                     VELT_ID(24L));
         VELTS("controls.bas", "Gallery.Buttons", "51", "");
-        placeButton(VELT_ROUNDEDRECTBUTTON_INIT(id(this), "pressed:"), "Rounded rect"_v, "Filter"_v, VELT_ID(110L),
+        placeButton(VELT_ROUNDEDRECTBUTTON_INIT(id(this), "pressed:"), "Pill"_v, "Filter"_v, VELT_ID(110L),
                     VELT_ID(20L));
         VELTS("controls.bas", "Gallery.Buttons", "52", "");
         placeButton(VELT_RECESSEDBUTTON_INIT(id(this), "pressed:"), "Recessed"_v, "Recent"_v, VELT_ID(110L),

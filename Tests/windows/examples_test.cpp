@@ -58,7 +58,7 @@ TEST(ControlsExample, ShowsEveryControlAndWorksSome) {
         const int x = 16 + 92 + place / 12 * 240, top = 812 - 760 - 12 + place % 12 * 52 - 20;
         std::set<QRgb> seen;
         for (int y = std::max(top, 0); y < top + 40; ++y) {
-            for (int i = 0; i < 110; ++i) seen.insert(picture.pixel(x + i, y));
+            for (int i = 0; i < 136; ++i) seen.insert(picture.pixel(x + i, y));
         }
         EXPECT_LT(1u, seen.size()) << "place " << place;
     }

@@ -111,8 +111,9 @@ const std::map<std::string, const char*> kLimited{
     {"NSMENUITEM_STATE", "a state is on, off or mixed"},
     {"NSSEARCHFIELD_RECENTSEARCHES", "the field keeps the texts among them, in an array of its own"}};
 
-/// Wrappers that end the process, or whose message only a subclass answers.
-const std::set<std::string> kNeverSent{"NSAPPLICATION_TERMINATE", "NSTEXTVIEW_SELECTEDTEXT"};
+/// Wrappers that end the process, whose message only a subclass answers, or that ask their argument for a tag.
+const std::set<std::string> kNeverSent{"NSAPPLICATION_TERMINATE", "NSTEXTVIEW_SELECTEDTEXT",
+                                       "NSTEXTVIEW_PERFORMFINDPANELACTION"};
 
 /// What a wrong kind raises, whole; empty where every value will do.
 std::string refusalOf(const WrapperRow& row) {

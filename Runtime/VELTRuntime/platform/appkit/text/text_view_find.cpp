@@ -18,13 +18,9 @@ velt::FindRequest& NSTextView::findRequest() const {
 }
 
 void NSTextView::performFindPanelAction(const id& sender) {
-    // What is asked for is the sender's tag; a sender without one asks for nothing.
-    const velt::Selector tag = velt::Selector::named("tag");
-    if (velt::isNumber(sender)) {
-        find(VELT_CINTEGER(sender));
-    } else if (velt::respondsTo(sender, tag)) {
-        find(VELT_CINTEGER(velt::send(sender, tag)));
-    }
+    if (sender.isNil()) return;
+    const id action = velt::isNumber(sender) ? sender : velt::send(sender, VELT_SELECTOR("tag"));
+    find(VELT_CINTEGER(action));
 }
 
 bool NSTextView::find(long action) {
