@@ -260,7 +260,6 @@ TEST(Menus, ShowStatesImagesAndAlternates) {
     EXPECT_FALSE(itemOf(all).toolkitAction().isVisible());
     EXPECT_EQ(QStringLiteral("Ctrl+W"), itemOf(close).toolkitAction().shortcut().toString());
     EXPECT_EQ(QStringLiteral("some of them"), itemOf(mixed).toolkitAction().toolTip());
-    widget.grab().save("/tmp/menus-menu.png");
     QKeyEvent press(QEvent::KeyPress, Qt::Key_Alt, Qt::ControlModifier);
     QApplication::sendEvent(&widget, &press);
     EXPECT_FALSE(itemOf(close).toolkitAction().isVisible());
@@ -301,7 +300,6 @@ TEST(MainMenu, StandsAboveTheContentOfEveryWindowAndTakesKeys) {
     VELT_NSMENUITEM_HIDDEN(VELT_NSMENU_MENUITEM(main, VELT_ID(0L)), VELT_ID(BOOL{0}));
     VELT_NSMENU_APPEND(main, VELT_NSMENU_INIT(nil, "Edit"));
     EXPECT_EQ(2, window.widget().menuWidget()->actions().size());
-    window.widget().grab().save("/tmp/menus-bar.png");
     NSApplication::sharedApplication().setMainMenu(nil);
     EXPECT_FALSE(window.widget().menuWidget());
     EXPECT_EQ(QSize(240, 158), window.widget().centralWidget()->size());

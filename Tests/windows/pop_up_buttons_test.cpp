@@ -94,8 +94,6 @@ TEST(PopUpButtons, PopUpAndSendTheirActionForAChoice) {
     QTest::mousePress(&pop.widget(), Qt::LeftButton);
     ASSERT_TRUE(pop.menu().isVisible());
     EXPECT_TRUE(velt::as<NSMenuItem>(pop.cell().itemAtIndex(0))->toolkitAction().isChecked());
-    pop.window.widget().grab().save("/tmp/menus-popup.png");
-    pop.menu().grab().save("/tmp/menus-popup-menu.png");
     pop.choose(2);
     EXPECT_EQ("Blue ", pop.window.heard());
     EXPECT_VALUE("q 2", VELT_NSPOPUPBUTTON_SELECTED(pop.button));

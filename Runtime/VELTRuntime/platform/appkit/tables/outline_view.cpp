@@ -27,8 +27,9 @@ NSOutlineView::~NSOutlineView() { NSOutlineView::dissolve(); }
 
 void NSOutlineView::dissolve() {
     if (model_) {
-        model_->clear();
+        // The tree's view lets go of the items before they go; nobody is asked for new ones.
         model_->forget();
+        model_->reset();
         model_ = nullptr;
     }
     NSTableView::dissolve();

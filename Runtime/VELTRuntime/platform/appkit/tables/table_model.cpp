@@ -1,6 +1,7 @@
 #include "VELTRuntime/platform/appkit/tables/table_model.h"
 
 #include "VELTRuntime/platform/appkit/event_delivery.h"
+#include "VELTRuntime/platform/appkit/menus/pop_up_button_cell.h"
 #include "VELTRuntime/platform/appkit/qt_values.h"
 #include "VELTRuntime/platform/appkit/tables/table_view.h"
 
@@ -29,7 +30,9 @@ QVariant cellData(NSTableView& table, const QModelIndex& index, int role) {
             if (!text.isEmpty()) result = text;
         } else if (role == Qt::DisplayRole || role == Qt::EditRole) {
             const id cell = table.preparedCell(index);
-            if (is<NSCell>(cell)) result = qtText(as<NSCell>(cell)->stringValue());
+            const bool isChoice = is<NSPopUpButtonCell>(cell);
+            if (is<NSCell>(cell))
+                result = qtText(isChoice ? as<NSCell>(cell)->title() : as<NSCell>(cell)->stringValue());
         }
     });
     return result;

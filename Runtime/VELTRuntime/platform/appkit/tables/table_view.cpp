@@ -481,6 +481,9 @@ void NSTableView::syncSortIndicator() {
 
 void NSTableView::columnResized(int section, int width) {
     if (syncing_ || section < 0 || static_cast<std::size_t>(section) >= columns_.size() || width == 0) return;
+    // The last column fills what is left of the table, whatever its width is.
+    const QHeaderView& header = headerOf(itemView());
+    if (header.visualIndex(section) == header.count() - 1) return;
     NSTableColumn& column = *columns_[static_cast<std::size_t>(section)];
     column.setWidth(width - spacing_.width);  // keeps its limits
     tellDelegate("tableViewColumnDidResize:", "NSTableViewColumnDidResizeNotification");
