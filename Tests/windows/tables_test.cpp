@@ -2,9 +2,12 @@
 
 #include "support/control_window.h"
 
+#include "VELTRuntime/platform/object/cycles.h"
+
 #include <QAbstractItemView>
 #include <QHeaderView>
 #include <QLineEdit>
+#include <QListView>
 #include <QTableView>
 #include <QTreeView>
 #include <algorithm>
@@ -167,6 +170,7 @@ TEST(Tables, EditTextInPlaceAndOpenWhatCannotBeEdited) {
     editor->selectAll();
     QTest::keyClicks(editor, QStringLiteral("first"));
     QTest::keyClick(editor, Qt::Key_Return);
+    QApplication::processEvents();  // the toolkit takes the text over after the key
     EXPECT_EQ("set 1='first' ", shown.source->told());
     shown.doubleClick(3);
     EXPECT_EQ("selected q 3 click q 3 open q 3 ", shown.source->told());
@@ -176,7 +180,7 @@ TEST(Tables, EditTextInPlaceAndOpenWhatCannotBeEdited) {
     QTest::keyClick(&shown.view(), Qt::Key_Down);
     shown.source->told();
     QTest::keyClick(&shown.view(), Qt::Key_Return);
-    EXPECT_EQ("open q 1 ", shown.source->told());
+    EXPECT_EQ("open q 2 ", shown.source->told());
 }
 
 TEST(Tables, WorkButtonsInTheirCells) {
@@ -252,6 +256,7 @@ TEST(Tables, ForgetTheirColumnsAndSourcesWhenTheyGo) {
         shown.table->addTableColumn(column.get());
         EXPECT_EQ(id(shown.table), column->tableView());
     }
+    velt::collectCycles();
     EXPECT_TRUE(column->tableView().isNil());
 }
 
@@ -472,14 +477,14 @@ TEST(Browsers, AreWorkedByKeys) {
     QTest::keyClick(&shown.list(0), Qt::Key_Down);
     shown.source->told();
     QTest::keyClick(&shown.list(0), Qt::Key_Down);
-    EXPECT_VALUE("'/1'", shown.browser().path());
-    EXPECT_EQ("/1 ", shown.source->told());
+    EXPECT_VALUE("'/2'", shown.browser().path());
+    EXPECT_EQ("/2 ", shown.source->told());
     QTest::keyClick(&shown.list(0), Qt::Key_Right);
-    EXPECT_VALUE("'/1/0'", shown.browser().path());
+    EXPECT_VALUE("'/2/0'", shown.browser().path());
     EXPECT_TRUE(shown.list(1).hasFocus());
     shown.source->told();
     QTest::keyClick(&shown.list(1), Qt::Key_Return);
-    EXPECT_EQ("open /1/0 ", shown.source->told());
+    EXPECT_EQ("open /2/0 ", shown.source->told());
     QTest::keyClick(&shown.list(1), Qt::Key_Left);
     EXPECT_TRUE(shown.list(0).hasFocus());
 }

@@ -1,8 +1,8 @@
 // Hands the services of this library to the one without windows, at the moment it is loaded.
 #include "VELTRuntime/platform/appkit/image.h"
 #include "VELTRuntime/platform/appkit/screen.h"
-#include "VELTRuntime/platform/appkit/text_drawing.h"
 #include "VELTRuntime/platform/appkit/text/rich_text.h"
+#include "VELTRuntime/platform/appkit/text_drawing.h"
 #include "VELTRuntime/platform/object/providers.h"
 
 #include <QApplication>

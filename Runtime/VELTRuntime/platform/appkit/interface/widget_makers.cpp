@@ -192,8 +192,8 @@ const WidgetKind kKinds[] = {
 
 const WidgetKind* kindOf(const XmlElement& element) {
     const std::string& name = element.name == "action" ? std::string("QAction") : element.attribute("class");
-    const auto* found =
-        std::find_if(std::begin(kKinds), std::end(kKinds), [&name](const WidgetKind& kind) { return name == kind.widget; });
+    const auto* found = std::find_if(std::begin(kKinds), std::end(kKinds),
+                                     [&name](const WidgetKind& kind) { return name == kind.widget; });
     return found == std::end(kKinds) ? nullptr : found;
 }
 

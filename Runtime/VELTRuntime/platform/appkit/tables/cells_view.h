@@ -67,7 +67,9 @@ protected:
 
     void keyPressEvent(QKeyEvent* event) override {
         NSTableView* table = tableOf(this);
-        const bool isReturn = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+        // The Return that ends an edit comes here too, and opens nothing.
+        const bool isReturn = (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) &&
+                              this->state() != QAbstractItemView::EditingState;
         if (isReturn && table) {
             // It is the double click of the keyboard; a table without an action for it leaves it to the window.
             event->setAccepted(!table->doubleActionName().isNil() && Base::currentIndex().isValid());
