@@ -60,12 +60,12 @@ long NSIndexSet::indexLessThan(long index) const {
 }
 
 id NSIndexSet::description() const {
-    std::string text;
+    std::string text = "<NSIndexSet";
     for (const NSRange& range : ranges_) {
-        text += (text.empty() ? "" : " ") + std::to_string(range.location);
-        if (range.length > 1) text += "-" + std::to_string(endOf(range) - 1);
+        text.append(" ").append(std::to_string(range.location));
+        if (range.length > 1) text.append("-").append(std::to_string(endOf(range) - 1));
     }
-    return velt::string("<NSIndexSet " + text + ">");
+    return velt::string(text.append(">"));
 }
 
 bool NSIndexSet::isEqual(const id& other) const {
