@@ -189,7 +189,7 @@ ButtonLook lookOf(const NSButtonCell& cell, bool pressed) {
     // A press shows the contents that the next state would have.
     const bool pressSwaps = isPressed && cell.highlightsBy() & kChangesContents && !indicates;
     const bool alternate = pressSwaps != (isOn && cell.showsStateBy() & kChangesContents);
-    const bool otherTitle = alternate && !textOf(cell.alternateTitle()).empty();
+    const bool otherTitle = alternate && !qtText(cell.alternateTitle()).isEmpty();
     look.title = qtText(otherTitle ? cell.alternateTitle() : cell.title());
     if (otherTitle ? cell.hasAttributedAlternateTitle() : cell.hasAttributedTitle()) {
         look.attributedTitle = otherTitle ? cell.attributedAlternateTitle() : cell.attributedTitle();
