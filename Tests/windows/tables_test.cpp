@@ -220,8 +220,7 @@ TEST(Tables, KeepTheirColumnsAsThePersonLeavesThem) {
     EXPECT_EQ(100, shown.name->width());
     EXPECT_EQ(103, header.sectionSize(0));
     header.moveSection(0, 1);
-    QTest::qWait(1);
-    EXPECT_EQ(1, shown.table->columnWithIdentifier(str("name")));
+    ASSERT_TRUE(QTest::qWaitFor([&] { return shown.table->columnWithIdentifier(str("name")) == 1; }));
     EXPECT_EQ(QStringLiteral("Done"), header.model()->headerData(0, Qt::Horizontal).toString());
     EXPECT_EQ(0, header.logicalIndex(0));
     shown.done->setHidden(true);

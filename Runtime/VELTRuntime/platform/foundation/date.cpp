@@ -13,6 +13,11 @@ velt::Class& NSDate::entry() {
     return cls;
 }
 
+namespace {
+// The class makes dates by name before a program has one.
+[[maybe_unused]] const velt::Class& entered = NSDate::entry();
+}  // namespace
+
 namespace velt {
 
 namespace {
