@@ -54,11 +54,10 @@ void makeApplicationObject() {
     static Arguments arguments;
     const QtMessageHandler before = qInstallMessageHandler(endInOurWords);
     // Never deleted: views of static storage may outlive any scope of ours.
-    auto* application = new QApplication(arguments.count, arguments.values);
+    static QApplication* const application = new QApplication(arguments.count, arguments.values);
     qInstallMessageHandler(before);
     application->setQuitOnLastWindowClosed(false);
     application->setApplicationName(QString::fromStdString(arguments.name));
-    // NOLINTNEXTLINE(clang-analyzer-cplusplus.NewDeleteLeaks): meant, see above
 }
 
 }  // namespace
