@@ -87,7 +87,7 @@ void NSCell::takeValue(const id& value) {
 }
 
 id NSCell::stringValue() const {
-    const id value = objectValue();
+    id value = objectValue();
     if (value.isNil() || velt::is<NSImage>(value)) return velt::string(std::u16string_view());
     if (velt::isString(value)) return value;
     return velt::description(value);
