@@ -14,14 +14,14 @@ id VELT_NSBUTTON_BUTTONTYPE(const id&) { return VELT_ID(-1L); }
 
 #define VELT_BUTTON(kind, type, bezel)                                                                                 \
     id VELT_##kind##_INIT(const id& owner, const char* action) {                                                       \
-        const Ref<NSButton> button = ui::newObject<NSButton>("VELT_" #kind "_INIT", owner, action);                    \
+        Ref<NSButton> button = ui::newObject<NSButton>("VELT_" #kind "_INIT", owner, action);                          \
         button->setButtonType(static_cast<long>(ButtonType::type));                                                    \
         button->setBezelStyle(static_cast<unsigned long>(BezelStyle::bezel));                                          \
         return button;                                                                                                 \
     }
 #define VELT_INDICATOR_BUTTON(kind, type)                                                                              \
     id VELT_##kind##_INIT(const id& owner, const char* action) {                                                       \
-        const Ref<NSButton> button = ui::newObject<NSButton>("VELT_" #kind "_INIT", owner, action);                    \
+        Ref<NSButton> button = ui::newObject<NSButton>("VELT_" #kind "_INIT", owner, action);                          \
         button->setButtonType(static_cast<long>(ButtonType::type));                                                    \
         return button;                                                                                                 \
     }
@@ -32,7 +32,7 @@ id VELT_NSBUTTON_INIT(const id& owner, const char* action) {
 }
 
 id VELT_NSBUTTONCELL_INIT(const id& owner, const char* action) {
-    const Ref<NSButtonCell> cell = ui::newObject<NSButtonCell>("VELT_NSBUTTONCELL_INIT", owner, action);
+    Ref<NSButtonCell> cell = ui::newObject<NSButtonCell>("VELT_NSBUTTONCELL_INIT", owner, action);
     cell->setButtonType(static_cast<long>(ButtonType::Switch));
     return cell;
 }
@@ -42,7 +42,7 @@ id VELT_NSIMAGEVIEW_INIT(const id& owner, const char* action) {
 }
 id VELT_NSIMAGEVIEW_INIT(const id& owner, const char* action, const id& image) {
     const id shown = VELT_CNSIMAGE(image);
-    const Ref<NSImageView> view = ui::newObject<NSImageView>("VELT_NSIMAGEVIEW_INIT", owner, action);
+    Ref<NSImageView> view = ui::newObject<NSImageView>("VELT_NSIMAGEVIEW_INIT", owner, action);
     view->setImage(shown);
     return view;
 }
@@ -56,8 +56,7 @@ id VELT_NSIMAGECELL_INIT(const id& owner, const char* action, const id& image) {
 }
 
 id VELT_NSSEGMENTEDCONTROL_INIT(const id& owner, const char* action) {
-    const Ref<NSSegmentedControl> made =
-        ui::newObject<NSSegmentedControl>("VELT_NSSEGMENTEDCONTROL_INIT", owner, action);
+    Ref<NSSegmentedControl> made = ui::newObject<NSSegmentedControl>("VELT_NSSEGMENTEDCONTROL_INIT", owner, action);
     constexpr long kSegments = 3;
     made->setSegmentCount(kSegments);
     return made;

@@ -41,30 +41,29 @@ id VELT_NSSPLITVIEW_INIT(const id& owner, const char* action) {
     return made<NSSplitView>("VELT_NSSPLITVIEW_INIT", owner, action);
 }
 id VELT_VERTICALSPLITVIEW_INIT(const id& owner, const char* action) {
-    const Ref<NSSplitView> view = made<NSSplitView>("VELT_VERTICALSPLITVIEW_INIT", owner, action);
+    Ref<NSSplitView> view = made<NSSplitView>("VELT_VERTICALSPLITVIEW_INIT", owner, action);
     view->setVertical(true);
     return view;
 }
 id VELT_HORIZONTALSPLITVIEW_INIT(const id& owner, const char* action) {
-    const Ref<NSSplitView> view = made<NSSplitView>("VELT_HORIZONTALSPLITVIEW_INIT", owner, action);
+    Ref<NSSplitView> view = made<NSSplitView>("VELT_HORIZONTALSPLITVIEW_INIT", owner, action);
     view->setVertical(false);
     return view;
 }
 id VELT_NSPROGRESSINDICATOR_INIT(const id& owner, const char* action) {
-    const Ref<NSProgressIndicator> indicator =
-        made<NSProgressIndicator>("VELT_NSPROGRESSINDICATOR_INIT", owner, action);
+    Ref<NSProgressIndicator> indicator = made<NSProgressIndicator>("VELT_NSPROGRESSINDICATOR_INIT", owner, action);
     indicator->setIndeterminate(false);
     return indicator;
 }
 id VELT_INDETERMINATEPROGRESSINDICATOR_INIT(const id& owner, const char* action) {
-    const Ref<NSProgressIndicator> indicator =
+    Ref<NSProgressIndicator> indicator =
         made<NSProgressIndicator>("VELT_INDETERMINATEPROGRESSINDICATOR_INIT", owner, action);
     indicator->setIndeterminate(true);
     indicator->startAnimation(nil);
     return indicator;
 }
 id VELT_CIRCULARPROGRESSINDICATOR_INIT(const id& owner, const char* action) {
-    const Ref<NSProgressIndicator> indicator =
+    Ref<NSProgressIndicator> indicator =
         made<NSProgressIndicator>("VELT_CIRCULARPROGRESSINDICATOR_INIT", owner, action);
     indicator->setStyle(NSProgressIndicator::kSpinning);
     indicator->startAnimation(nil);

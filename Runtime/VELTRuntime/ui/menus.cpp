@@ -16,14 +16,14 @@ id asciiText(const char* text) { return string(std::string_view(text ? text : ""
 
 id newMenu(const char* constructor, const id& title) {
     requireMainThread(constructor);
-    const Ref<NSMenu> menu = make<NSMenu>(title);
+    Ref<NSMenu> menu = make<NSMenu>(title);
     menu->setAutoenablesItems(false);
     return menu;
 }
 
 id newItem(const id& owner, const char* action, const id& title) {
     requireMainThread("VELT_NSMENUITEM_INIT");
-    const Ref<NSMenuItem> item = make<NSMenuItem>(title);
+    Ref<NSMenuItem> item = make<NSMenuItem>(title);
     if (action && respondsTo(owner, Selector::named(action))) item->setActionName(asciiText(action));
     item->setTarget(owner);
     return item;
@@ -35,7 +35,7 @@ id itemFor(const id& value) { return is<NSMenuItem>(value) ? value : id(make<NSM
 id itemWithSubmenu(const id& value) {
     const id submenu = VELT_CNSMENU(value);
     const id title = send(submenu, VELT_SELECTOR("title"));
-    const Ref<NSMenuItem> item = make<NSMenuItem>(title);
+    Ref<NSMenuItem> item = make<NSMenuItem>(title);
     item->setSubmenu(to<NSMenu>(submenu));
     return item;
 }

@@ -23,7 +23,7 @@ id VELT_NSPOPUPBUTTON_INIT(const id& owner, const char* action) {
 }
 
 id VELT_NSPOPUPBUTTONCELL_INIT(const id& owner, const char* action) {
-    const Ref<NSPopUpButtonCell> cell = ui::newObject<NSPopUpButtonCell>("VELT_NSPOPUPBUTTONCELL_INIT", owner, action);
+    Ref<NSPopUpButtonCell> cell = ui::newObject<NSPopUpButtonCell>("VELT_NSPOPUPBUTTONCELL_INIT", owner, action);
     cell->setBordered(false);
     return cell;
 }

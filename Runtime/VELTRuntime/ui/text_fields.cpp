@@ -23,7 +23,7 @@ template <class T> Ref<T> newField(const char* constructor, const id& owner, con
 }  // namespace
 
 id VELT_LABEL_INIT(const id& owner, const char* action) {
-    const Ref<NSTextField> label = newField<NSTextField>("VELT_LABEL_INIT", owner, action);
+    Ref<NSTextField> label = newField<NSTextField>("VELT_LABEL_INIT", owner, action);
     label->setEditable(false);
     label->setSelectable(false);
     label->setBezeled(false);

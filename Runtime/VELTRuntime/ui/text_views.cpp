@@ -36,7 +36,7 @@ id asked(const char* wrapper, const id& view, Selector question) {
 
 id VELT_NSTEXTVIEW_INIT(const id& owner, const char*) {
     requireMainThread("VELT_NSTEXTVIEW_INIT");
-    const Ref<NSTextView> view = make<NSTextView>();
+    Ref<NSTextView> view = make<NSTextView>();
     view->setDelegate(owner);
     return view;
 }

@@ -15,7 +15,7 @@ id VELT_NSSLIDER_INIT(const id& owner, const char* action) {
 }
 
 id VELT_CIRCULARSLIDER_INIT(const id& owner, const char* action) {
-    const Ref<NSSlider> slider = ui::newObject<NSSlider>("VELT_CIRCULARSLIDER_INIT", owner, action);
+    Ref<NSSlider> slider = ui::newObject<NSSlider>("VELT_CIRCULARSLIDER_INIT", owner, action);
     slider->ownCell().setSliderType(NSSliderCell::kCircular);
     return slider;
 }

@@ -42,7 +42,7 @@ NSBezierPath::NSBezierPath() : path_(std::make_unique<QPainterPath>()) {}
 NSBezierPath::~NSBezierPath() = default;
 
 id NSBezierPath::copy() const {
-    const Ref<NSBezierPath> made = velt::make<NSBezierPath>();
+    Ref<NSBezierPath> made = velt::make<NSBezierPath>();
     *made->path_ = *path_;
     made->lineWidth_ = lineWidth_;
     made->miterLimit_ = miterLimit_;
@@ -194,7 +194,7 @@ void NSBezierPath::setClip() const {
 namespace {
 
 template <class Build> id made(Build&& build) {
-    const Ref<NSBezierPath> path = velt::make<NSBezierPath>();
+    Ref<NSBezierPath> path = velt::make<NSBezierPath>();
     build(*path);
     return path;
 }

@@ -152,7 +152,7 @@ id NSAttributedString::attributeAt(const id& name, long position, NSRange* range
 
 id NSAttributedString::attributedSubstring(NSRange range) const {
     requireRange("attributedSubstringFromRange:", range);
-    const Ref<NSAttributedString> part = velt::make<NSAttributedString>();
+    Ref<NSAttributedString> part = velt::make<NSAttributedString>();
     part->text_ = velt::make<NSMutableString>(*text_, range.location, range.length);
     part->runs_ = runs_.part(range);
     return part;
@@ -193,7 +193,7 @@ void NSMutableAttributedString::replaceCharacters(NSRange range, const NSAttribu
 
 void NSMutableAttributedString::setAttributes(const id& attributes, NSRange range) {
     requireRange("setAttributes:range:", range);
-    const id kept = frozenAttributes(attributes);
+    id kept = frozenAttributes(attributes);
     runs_.change(range, [&](const id&) { return kept; });
     edited(range, range.length, false);
 }

@@ -127,7 +127,7 @@ id NSComboBox::itemObjectValueAtIndex(long index) const {
 }
 
 id NSComboBox::objectValues() const {
-    const Ref<NSMutableArray> values = velt::make<NSMutableArray>();
+    Ref<NSMutableArray> values = velt::make<NSMutableArray>();
     const long count = numberOfItems();
     for (long i = 0; i < count; ++i) values->append(itemObjectValueAtIndex(i));
     return values;
@@ -232,7 +232,7 @@ id NSComboBox::completedString(const id& text) const {
     const QString begin = velt::qtText(text);
     const long count = numberOfItems();
     for (long i = 0; i < count; ++i) {
-        const id whole = textOfItem(i);
+        id whole = textOfItem(i);
         if (velt::qtText(whole).startsWith(begin, Qt::CaseInsensitive)) return whole;
     }
     return nil;

@@ -50,7 +50,7 @@ QRect drawFrame(QPainter& painter, const QRect& rect, unsigned long style) {
     option.rect = rect;
     option.lineWidth = option.midLineWidth = 1;
     const QPalette& palette = option.palette;
-    const QRect inner = rect.adjusted(kFrameWidth, kFrameWidth, -kFrameWidth, -kFrameWidth);
+    QRect inner = rect.adjusted(kFrameWidth, kFrameWidth, -kFrameWidth, -kFrameWidth);
     if (style == kPhoto) {
         QColor shadow = palette.color(QPalette::Shadow);
         shadow.setAlphaF(0.35F);

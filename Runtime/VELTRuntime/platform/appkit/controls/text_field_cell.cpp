@@ -41,7 +41,7 @@ void NSTextFieldCell::setObjectValue(const id& value) {
 id NSTextFieldCell::stringValue() const {
     if (!typed_.isNil()) return typed_;
     if (!formatter_.isNil() && velt::respondsTo(formatter_, VELT_SELECTOR("stringForObjectValue:"))) {
-        const id shown = velt::send(formatter_, VELT_SELECTOR("stringForObjectValue:"), objectValue());
+        id shown = velt::send(formatter_, VELT_SELECTOR("stringForObjectValue:"), objectValue());
         if (velt::isString(shown)) return shown;
     }
     return NSActionCell::stringValue();

@@ -23,7 +23,7 @@ std::u16string_view trimmed(std::u16string_view text) {
 id NSTokenFieldCell::delegate() const { return control() ? control()->delegate() : id(); }
 
 id NSTokenFieldCell::objectValue() const {
-    const Ref<NSMutableArray> values = velt::make<NSMutableArray>();
+    Ref<NSMutableArray> values = velt::make<NSMutableArray>();
     for (const id& token : tokens_) values->append(token);
     if (!pending_.isNil() && velt::asString(pending_).length() > 0) values->append(pending_);
     return values;
@@ -103,7 +103,7 @@ std::vector<id> NSTokenFieldCell::piecesOf(const id& text) const {
 id NSTokenFieldCell::textOf(const id& token) const {
     const velt::Selector asks = VELT_SELECTOR("tokenField:displayStringForRepresentedObject:");
     if (const id asked = delegate(); velt::respondsTo(asked, asks)) {
-        const id shown = velt::send(asked, asks, controlView(), token);
+        id shown = velt::send(asked, asks, controlView(), token);
         if (velt::isString(shown)) return shown;
     }
     return velt::isString(token) ? token : velt::description(token);
@@ -112,7 +112,7 @@ id NSTokenFieldCell::textOf(const id& token) const {
 id NSTokenFieldCell::tokenFor(const id& text) const {
     const velt::Selector asks = VELT_SELECTOR("tokenField:representedObjectForEditingString:");
     if (const id asked = delegate(); velt::respondsTo(asked, asks)) {
-        const id token = velt::send(asked, asks, controlView(), text);
+        id token = velt::send(asked, asks, controlView(), text);
         if (!token.isNil()) return token;
     }
     return text;

@@ -77,7 +77,7 @@ void TokenWidget::layOut() {
             x = inner.left();
             y += lineHeight;
         }
-        const QRect at(x, y, several ? std::min(width, inner.width()) : width, tokenHeight);
+        QRect at(x, y, several ? std::min(width, inner.width()) : width, tokenHeight);
         x = at.right() + 1 + kGap;
         return at;
     };

@@ -351,7 +351,7 @@ id menuItemNamed(const std::string& name, const std::function<id(const std::stri
         const Method* method = items.classMethod(separator);
         return method ? method->call(*method, items.object(), nullptr) : nil;
     }
-    const id object = objectNamed(name);
+    id object = objectNamed(name);
     if (object.isNil() || isKindOf(object, items)) return object;
     id item = items.newObject();
     tell(item, "setTitle:", send(object, VELT_SELECTOR("title")));

@@ -339,7 +339,7 @@ void NSTableView::tellWillDisplay(const id& cell, const QModelIndex& index) {
 
 id NSTableView::preparedCell(const QModelIndex& index) {
     if (!columnAt(index)) return nil;
-    const id cell = dataCellAt(index);
+    id cell = dataCellAt(index);
     if (!velt::is<NSCell>(cell)) return cell;
     velt::send(cell, VELT_SELECTOR("setObjectValue:"), valueAt(index));
     tellWillDisplay(cell, index);

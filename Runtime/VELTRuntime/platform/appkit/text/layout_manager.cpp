@@ -41,7 +41,7 @@ template <class Change> void NSLayoutManager::change(const char* operation, NSRa
 
 void NSLayoutManager::setTemporaryAttributes(const id& attributes, NSRange range) {
     const NSDictionary* given = velt::to<NSDictionary>(attributes);
-    const id kept = given && given->count() > 0 ? given->copy() : id();
+    id kept = given && given->count() > 0 ? given->copy() : id();
     change("setTemporaryAttributes:forCharacterRange:", range, [&](const id&) { return kept; });
 }
 

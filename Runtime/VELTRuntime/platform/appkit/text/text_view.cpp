@@ -137,7 +137,7 @@ void NSTextView::setSelectedRange(NSRange range) {
 }
 
 id NSTextView::selectedRanges() const {
-    const Ref<NSMutableArray> list = velt::make<NSMutableArray>();
+    Ref<NSMutableArray> list = velt::make<NSMutableArray>();
     for (const NSRange& range : ranges_) list->append(VELT_ID(range));
     return list;
 }
