@@ -301,7 +301,7 @@ void PathWidget::showMenu() {
         if (!cells.empty()) menu->addSeparator();
     }
     for (auto part = cells.rbegin(); part != cells.rend(); ++part) {
-        const Ref<NSPathComponentCell> kept = *part;
+        const Ref<NSPathComponentCell>& kept = *part;
         // A menu would take a single & for a mark.
         const QString name = nameOf(*kept).replace(u'&', QStringLiteral("&&"));
         connect(menu->addAction(iconOf(*kept), name), &QAction::triggered, this, [this, kept] {

@@ -147,7 +147,8 @@ void NSSearchField::clearSearch() noexcept {
 void NSSearchField::seekAgain(const id& text) noexcept {
     const Ref<NSSearchField> kept(this);
     velt::runReported([&] {
-        const id sought = text;  // the menu goes, and its text with it
+        // The menu goes, and its text with it.
+        const id sought = text;  // NOLINT(performance-unnecessary-copy-initialization)
         searchCell().remember(sought);
         replaceText(sought);
     });
