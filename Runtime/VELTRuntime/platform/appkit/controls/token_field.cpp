@@ -209,7 +209,8 @@ id NSTokenField::completions() noexcept {
 void NSTokenField::completeWith(const id& text) noexcept {
     const Ref<NSTokenField> kept(this);
     velt::runReported([&] {
-        const id chosen = text;
+        // The list goes, and its text with it.
+        const id chosen = text;  // NOLINT(performance-unnecessary-copy-initialization)
         velt::FieldEditor* shown = editor();
         if (!shown || !velt::isString(chosen)) return;
         tokenCell().takeTyped(velt::string(std::u16string_view()));
