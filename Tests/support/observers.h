@@ -3,7 +3,6 @@
 
 #include "support/values.h"
 
-#include "VELTRuntime/platform/foundation/null.h"
 #include "VELTRuntime/platform/object/observing.h"
 
 #include <atomic>
@@ -58,11 +57,7 @@ public:
     void observe(const id& keyPath, const id& object, const id& change, const id& context) {
         lastObject = object.object();
         lastContext = context;
-        lastChange = change;
-        const auto entry = [&](const char* key) {
-            const id found = valueForKey(change, key);
-            return is<NSNull>(found) ? id() : found;
-        };
+        const auto entry = [&](const char* key) { return valueForKey(change, key); };
         std::string line = utf8(keyPath) + " " + utf8(VELT_CSTRING(entry("kind")));
         const id oldValue = entry("old"), newValue = entry("new");
         if (!oldValue.isNil() || !newValue.isNil()) {
@@ -89,7 +84,7 @@ public:
     std::vector<std::string> log;
     std::function<void()> onChange;
     NSObject* lastObject = nullptr;
-    id lastContext, lastChange, owned;
+    id lastContext, owned;
 };
 
 }  // namespace velt::test

@@ -10,12 +10,9 @@
 #include "VELTRuntime/values/string.h"
 
 #include <cerrno>
-#include <chrono>
 #include <fcntl.h>
 #include <optional>
-#include <sched.h>
 #include <unistd.h>
-#include <utility>
 
 using namespace velt;
 
@@ -33,7 +30,7 @@ struct NSFileHandle::Background {
     int descriptor;
     Mode mode;
     bool wanted = true;  // a further piece is
-    Bytes gathered;
+    std::string gathered;
 };
 
 namespace {
@@ -90,9 +87,7 @@ int NSFileHandle::openDescriptor(std::string_view operation) const {
     return descriptor;
 }
 
-id NSFileHandle::availableData() {
-    return make<NSData>(takePiece(readPiece(openDescriptor("availableData"), "availableData")));
-}
+id NSFileHandle::availableData() { return make<NSData>(readPiece(openDescriptor("availableData"), "availableData")); }
 
 id NSFileHandle::dataAvailableNow() { return waitReadable(openDescriptor("availableData"), 0) ? availableData() : nil; }
 
@@ -109,7 +104,7 @@ id NSFileHandle::readDataToEndOfFile() {
 id NSFileHandle::readDataOfLength(long length) {
     const int descriptor = openDescriptor("readDataOfLength:");
     if (length < 0) raise(kInvalidArgumentException, "readDataOfLength: a length below zero");
-    Bytes bytes(static_cast<std::size_t>(length));
+    std::string bytes(static_cast<std::size_t>(length), '\0');
     std::size_t filled = 0;
     while (filled < bytes.size()) {
         const ssize_t count = ::read(descriptor, bytes.data() + filled, bytes.size() - filled);
@@ -122,8 +117,7 @@ id NSFileHandle::readDataOfLength(long length) {
             raiseDescriptorFailure("readDataOfLength:", errno);
         }
     }
-    bytes.resize(filled);
-    return make<NSData>(std::move(bytes));
+    return make<NSData>(std::string_view(bytes).substr(0, filled));
 }
 
 void NSFileHandle::writeData(const id& data) {
@@ -186,46 +180,28 @@ void NSFileHandle::cancelBackground() {
     }
 }
 
-/// The watch stays while each notification asks for the next piece: a long output costs no more than its reads, and
-/// what else waits on the loop gets its turn after a moment.
-///
-/// A writer that is faster than the pipe is emptied would wake this thread for every piece, which costs more than the
-/// reading. So an empty pipe that had a piece just now is looked at a few times more, the processor left to the writer
-/// in between.
+/// The watch stays while each notification asks for the next piece: a long output costs no more than its reads. A busy
+/// writer gets a few pieces read in turn before the loop looks at anything else.
 void NSFileHandle::backgroundReady(const std::shared_ptr<Background>& background) {
-    using Clock = std::chrono::steady_clock;
-    constexpr auto kTurn = std::chrono::microseconds(1000), kPatience = std::chrono::microseconds(50);
-    constexpr int kLooks = 20;
+    constexpr int kPiecesInTurn = 8;
+    constexpr std::size_t kBusy = 32 * 1024;
     const auto goesOn = [&] {
         return background->wanted && background_.lock() == background && descriptor_ == background->descriptor;
     };
-    const Clock::time_point begin = Clock::now();
-    Clock::time_point lastPiece = begin;
-    bool hadPiece = false;
-    for (int looks = 0; goesOn();) {
-        const bool tookPiece = takeBackground(*background);
-        const Clock::time_point now = Clock::now();
-        if (tookPiece) {
-            hadPiece = true;
-            looks = 0;
-            lastPiece = now;
-            if (now - begin > kTurn) break;
-        } else {
-            if (!hadPiece || !neverBlocks_ || ++looks > kLooks || now - lastPiece > kPatience) break;
-            ::sched_yield();
-        }
+    for (int i = 0; i < kPiecesInTurn && goesOn(); ++i) {
+        if (takeBackground(*background) < kBusy) break;
     }
     if (!background->wanted && background_.lock() == background) cancelBackground();
 }
 
-/// Takes what there is; false when there is nothing yet.
-bool NSFileHandle::takeBackground(Background& background) {
+/// Takes what there is; the number of bytes.
+std::size_t NSFileHandle::takeBackground(Background& background) {
     // A loop that ran within another's delivery may have read what this one was told of.
-    if ((background.mode == Mode::Wait || !neverBlocks_) && !waitReadable(background.descriptor, 0)) return false;
+    if ((background.mode == Mode::Wait || !neverBlocks_) && !waitReadable(background.descriptor, 0)) return 0;
     if (background.mode == Mode::Wait) {
         background.wanted = false;
         post(kDataAvailable, nil);
-        return true;
+        return 0;
     }
     std::optional<std::string_view> piece;
     try {
@@ -233,19 +209,21 @@ bool NSFileHandle::takeBackground(Background& background) {
     } catch (const NSException&) {
         piece.emplace();  // a terminal whose other end has gone fails where others end
     }
-    if (!piece) return false;
+    if (!piece) return 0;
+    const std::size_t size = piece->size();
     if (background.mode == Mode::Piece) {
         background.wanted = false;
-        post(kReadCompletion, make<NSData>(takePiece(*piece)));
-        return true;
+        post(kReadCompletion, make<NSData>(*piece));
+        return size;
     }
-    background.gathered.insert(background.gathered.end(), piece->begin(), piece->end());
-    if (piece->empty()) {
+    background.gathered += *piece;
+    if (size == 0) {
         background.wanted = false;
-        const id data = make<NSData>(std::exchange(background.gathered, Bytes()));
+        const id data = make<NSData>(background.gathered);
+        background.gathered.clear();
         post(kReadToEndCompletion, data);
     }
-    return true;
+    return size;
 }
 
 void NSFileHandle::post(const char* name, const id& data) {
