@@ -4,7 +4,7 @@ find_program(VELT_CCACHE ccache)
 if(VELT_CCACHE)
   # Precompiled headers are cached too, and every clone of the tree shares what another one built.
   set(CMAKE_CXX_COMPILER_LAUNCHER env CCACHE_SLOPPINESS=pch_defines,time_macros,include_file_mtime,include_file_ctime
-      CCACHE_BASEDIR=${PROJECT_SOURCE_DIR} CCACHE_NOHASHDIR=1 CCACHE_PCH_EXTSUM=1 ${VELT_CCACHE})
+      CCACHE_BASEDIR=${PROJECT_SOURCE_DIR} CCACHE_NOHASHDIR=1 ${VELT_CCACHE})
 endif()
 find_program(VELT_LLD ld.lld)
 if(VELT_LLD)
