@@ -133,8 +133,6 @@ TEST_F(InterfaceFiles, FailAndLeaveTheOwnerAsItWas) {
           Row{"<html/>", "line 1: the document is 'html', not 'ui'"},
           Row{"<ui>\n</ui>", "line 1: there is no widget in it"},
           Row{document(button + unknown), "line 6: there is no class 'NoSuchClass' to make an object of"},
-          Row{document("<widget class=\"NSWindow\" name=\"x\"/>"),
-              "line 5: there is no class 'NSWindow' to make an object of"},
           Row{document("<widget name=\"x\"/>"), "line 5: there is no class '' to make an object of"},
           Row{document(button, connection("missing", "form", "close()")),
               "line 7: there is no object 'missing' to connect"},

@@ -33,7 +33,7 @@ TEST(KeyedArchiveFiles, ThatCannotBeReadRaise) {
     const TemporaryFolder folder;
     EXPECT_RAISES(kFailed, VELT_READKEYEDARCHIVE(str(folder.file("missing"))));
     EXPECT_RAISES(kFailed, VELT_READKEYEDARCHIVE(str(folder.write("text", "no archive"))));
-    EXPECT_RAISES(kFailed, VELT_READKEYEDARCHIVE(str(folder.write("list", bytesOf(array(integer(1)))))));
+    EXPECT_RAISES(kFailed, VELT_READKEYEDARCHIVE(str(folder.write("list", binaryListOf(array(integer(1)))))));
     EXPECT_RAISES(kFailed, VELT_READKEYEDARCHIVE(str("data/x.plist")));
     EXPECT_RAISES(kFailed, VELT_READKEYEDARCHIVE(str("")));
     const std::string whole = NSKeyedArchiver::archive(str("x"));

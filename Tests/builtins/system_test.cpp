@@ -39,6 +39,18 @@ public:
 
 const id ignored = nil;
 
+/// What a copy of a program, placed at a path below a folder, says about its bundle.
+std::string bundleOfProgramAt(const TemporaryFolder& folder, const std::string& place) {
+    const std::filesystem::path program = folder.file(place);
+    std::filesystem::create_directories(program.parent_path());
+    std::filesystem::copy_file(std::filesystem::path(VELT_TEST_PROGRAMS) / "services", program);
+    return runPath(program.string(), {"bundle"}, "").output;
+}
+
+std::string bundleText(const std::string& bundle, const std::string& resources, const std::string& program) {
+    return "'" + bundle + "''" + resources + "''" + program + "'";
+}
+
 }  // namespace
 
 TEST(User, HasNamesAndFolders) {
@@ -68,18 +80,26 @@ TEST(User, KnowsTheHomesOfOthers) {
 }
 
 TEST(Bundle, IsTheProgramsFolder) {
-    const std::string programs = VELT_TEST_PROGRAMS;
-    EXPECT_EQ("'" + programs + "''" + programs + "/Resources''" + programs + "/services'",
-              runProgram("services", {"bundle"}).output);
+    const TemporaryFolder folder;
+    const std::string here = folder.file("tools");
+    EXPECT_EQ(bundleText(here, here + "/Resources", here + "/program"), bundleOfProgramAt(folder, "tools/program"));
 }
 
 TEST(Bundle, IsTheApplicationsFolderWhenTheProgramLiesInOne) {
     const TemporaryFolder folder;
-    std::filesystem::create_directories(folder.file("My.app/Contents/Linux"));
-    const std::string program = folder.file("My.app/Contents/Linux/services"), application = folder.file("My.app");
-    std::filesystem::copy(std::string(VELT_TEST_PROGRAMS) + "/services", program);
-    EXPECT_EQ("'" + application + "''" + application + "/Contents/Resources''" + program + "'",
-              runPath(program, {"bundle"}, "").output);
+    const std::string app = folder.file("My.app"), resources = app + "/Contents/Resources";
+    for (const std::string place : {"/Contents/MacOS/program", "/Contents/Linux/program"}) {
+        EXPECT_EQ(bundleText(app, resources, app + place), bundleOfProgramAt(folder, "My.app" + place));
+    }
+}
+
+TEST(Bundle, NeedsBothTheApplicationAndItsContents) {
+    const TemporaryFolder folder;
+    for (const std::string place : {"Name/Contents/MacOS", "Other.app/bin"}) {
+        const std::string here = folder.file(place);
+        EXPECT_EQ(bundleText(here, here + "/Resources", here + "/program"),
+                  bundleOfProgramAt(folder, place + "/program"));
+    }
 }
 
 TEST(Process, HasArgumentsEnvironmentAndNumber) {

@@ -3,7 +3,6 @@
 
 #include "VELTRuntime/process/desktop_entry.h"
 #include "VELTRuntime/process/file_types.h"
-#include "VELTRuntime/process/window_activation.h"
 #include "support/child_tasks.h"
 #include "support/processes.h"
 #include "support/values.h"
@@ -199,14 +198,4 @@ TEST(FileTypes, ComeFromTheNameAndElseFromTheContent) {
     EXPECT_EQ(typeOfFile(desktop.write("bytes", std::string("a\0b", 3))), "application/octet-stream");
     EXPECT_EQ(typeOfFile(desktop.file("")), "inode/directory");
     EXPECT_EQ(typeOfFile(desktop.file("missing")), "");
-}
-
-TEST(WindowActivation, FindsNoProcessWithoutADisplay) {
-    const char* before = ::getenv("DISPLAY");
-    const std::string kept = before ? before : "";
-    ::unsetenv("DISPLAY");
-    const WindowActivation activation;
-    EXPECT_FALSE(activation.isPossible());
-    EXPECT_EQ(activation.bringToFront(::getpid()), -600);
-    if (before) ::setenv("DISPLAY", kept.c_str(), 1);
 }

@@ -239,7 +239,7 @@ TEST(VLTask, MayBeDroppedInItsOwnReports) {
 }
 
 TEST(VLTask, EndsItsProcessWhenItIsDropped) {
-    RunLoop::current().runUntil(0);
+    settleDescriptors();
     const std::size_t before = openDescriptorCount();
     const Ref<JobOwner> owner = make<JobOwner>();
     pid_t process = 0;
@@ -274,7 +274,7 @@ TEST(VLTask, LosesItsTargetWithoutHarm) {
 }
 
 TEST(VLTask, GoesWithTheFormThatOwnsItThoughItsTargetIsTheForm) {
-    RunLoop::current().runUntil(0);
+    settleDescriptors();
     const std::size_t before = openDescriptorCount();
     {
         const Ref<JobOwner> owner = make<JobOwner>();
@@ -288,7 +288,7 @@ TEST(VLTask, GoesWithTheFormThatOwnsItThoughItsTargetIsTheForm) {
 }
 
 TEST(VLTask, LeavesNoDescriptorBehind) {
-    RunLoop::current().runUntil(0);
+    settleDescriptors();
     const std::size_t before = openDescriptorCount();
     const Ref<JobOwner> owner = make<JobOwner>();
     for (int round = 0; round < 50; ++round) {
@@ -304,7 +304,7 @@ TEST(VLTask, LeavesNoDescriptorBehind) {
 }
 
 TEST(VLTask, LeavesNothingBehindWhenItWasNeverLaunched) {
-    RunLoop::current().runUntil(0);
+    settleDescriptors();
     const std::size_t before = openDescriptorCount();
     for (int i = 0; i < 50; ++i) newTask(nil, {});
     EXPECT_TRUE(runLoopUntil([&] { return openDescriptorCount() == before; }));

@@ -28,9 +28,9 @@ template <class... Objects> id archiveList(const Objects&... objects) {
     return dictionary(str("$archiver"), str("NSKeyedArchiver"), str("$version"), integer(100000), str("$top"),
                       dictionary(str("root"), uid(1)), str("$objects"), array(str("$null"), objects...));
 }
-inline std::string bytesOf(const id& list) { return writePropertyList(list, PropertyListForm::Binary); }
+inline std::string binaryListOf(const id& list) { return writePropertyList(list, PropertyListForm::Binary); }
 template <class... Objects> std::string archiveOf(const Objects&... objects) {
-    return bytesOf(archiveList(objects...));
+    return binaryListOf(archiveList(objects...));
 }
 
 /// The root object of an archive; what is wrong with it otherwise, as a string in angle brackets.

@@ -33,6 +33,12 @@ template <class Condition> bool runLoopUntil(Condition&& holds) {
 
 inline std::string bytesOf(const id& data) { return std::string(dataOf(data)->characters()); }
 
+/// Opens what this thread's loop and the first child of a process keep open, so that descriptors can be counted.
+inline void settleDescriptors() {
+    RunLoop::current().runUntil(0);
+    VELT_RUN("/bin/true"_v);
+}
+
 /// Number of descriptors that this process has open.
 inline std::size_t openDescriptorCount() {
     std::size_t count = 0;

@@ -3,6 +3,7 @@
 
 #include "support/values.h"
 
+#include "VELTRuntime/platform/foundation/null.h"
 #include "VELTRuntime/platform/object/observing.h"
 
 #include <atomic>
@@ -57,7 +58,11 @@ public:
     void observe(const id& keyPath, const id& object, const id& change, const id& context) {
         lastObject = object.object();
         lastContext = context;
-        const auto entry = [&](const char* key) { return valueForKey(change, key); };
+        lastChange = change;
+        const auto entry = [&](const char* key) {
+            const id found = valueForKey(change, key);
+            return is<NSNull>(found) ? id() : found;
+        };
         std::string line = utf8(keyPath) + " " + utf8(VELT_CSTRING(entry("kind")));
         const id oldValue = entry("old"), newValue = entry("new");
         if (!oldValue.isNil() || !newValue.isNil()) {
@@ -84,7 +89,7 @@ public:
     std::vector<std::string> log;
     std::function<void()> onChange;
     NSObject* lastObject = nullptr;
-    id lastContext, owned;
+    id lastContext, lastChange, owned;
 };
 
 }  // namespace velt::test

@@ -76,7 +76,9 @@ TEST(LibraryWithWindows, IsLoadedAtTheFirstNeed) {
     EXPECT_EQ("nil\n", runProgram("image", {folder.file("missing.png")}).output);
 }
 
-TEST(AttributedStringConversion, SaysWhenTheLibraryDoesNotReadHtml) {
-    EXPECT_RAISES("VLException: reading HTML needs libVELTRuntimeUI.so.0: the library does not give it",
-                  VELT_CATTRIBUTEDSTRING(str("<b>a</b>")));
+TEST(AttributedStringConversion, ReadsHtmlWithoutADisplay) {
+    const id text = VELT_CATTRIBUTEDSTRING(str("<b>a</b> &amp; <u>b</u>"));
+    EXPECT_VALUE("NSAttributedString a & b", text);
+    EXPECT_VALUE("q 1", velt::send(text, "attribute:atIndex:effectiveRange:", str("NSUnderline"), integer(4), nil));
+    EXPECT_FALSE(velt::send(text, "attribute:atIndex:effectiveRange:", str("NSFont"), integer(0), nil).isNil());
 }

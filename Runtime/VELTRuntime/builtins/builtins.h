@@ -13,3 +13,4 @@
 #include "VELTRuntime/builtins/strings.h"
 #include "VELTRuntime/builtins/system.h"
 #include "VELTRuntime/builtins/text_files.h"
+#include "VELTRuntime/builtins/timers.h"

@@ -55,13 +55,6 @@ id dictionaryValues(const id& dictionary) {
     return entries ? entries->allValues() : id();
 }
 
-id dictionaryObject(const id& dictionary, const id& keyOrPosition) {
-    const NSDictionary* entries = dictionaryReceiver(dictionary, "objectForKey:");
-    if (!entries) return nil;
-    if (isString(keyOrPosition)) return entries->objectForKey(keyOrPosition);
-    return entries->objectForKey(VELT_CSTRING(entries->keyAt(VELT_CBYTE(keyOrPosition))));
-}
-
 id dictionaryKey(const id& dictionary, const id& position) {
     if (isString(position)) raiseCast("Number expected");
     const NSDictionary* entries = dictionaryReceiver(dictionary, "allKeys");
@@ -71,12 +64,6 @@ id dictionaryKey(const id& dictionary, const id& position) {
 id dictionaryContains(const id& dictionary, const id& key) {
     const NSDictionary* entries = dictionaryReceiver(dictionary, "objectForKey:");
     return boolean(entries && !entries->objectForKey(isString(key) ? key : VELT_CSTRING(key)).isNil());
-}
-
-id dictionarySet(const id& dictionary, const id& key, const id& value) {
-    NSMutableDictionary* entries = changedDictionary(dictionary, "setObject:forKey:");
-    if (entries) entries->setObject(value, isString(key) ? key : VELT_CSTRING(key));
-    return nil;
 }
 
 id dataCount(const id& data) {
@@ -104,6 +91,21 @@ id slowArrayReplace(Word array, Word element, Word position) {
 id slowArrayAppend(Word array, Word element) {
     const Borrowed value(array), added(element);
     if (NSMutableArray* elements = changedArray(value, "addObject:")) elements->append(added);
+    return nil;
+}
+
+id slowDictionaryObject(Word dictionary, Word keyOrPosition) {
+    const Borrowed value(dictionary), key(keyOrPosition);
+    const NSDictionary* entries = dictionaryReceiver(value, "objectForKey:");
+    if (!entries) return nil;
+    if (isString(key)) return entries->objectForKey(key);
+    return entries->objectForKey(VELT_CSTRING(entries->keyAt(VELT_CBYTE(key))));
+}
+
+id slowDictionarySet(Word dictionary, Word key, Word value) {
+    const Borrowed receiver(dictionary), name(key), entry(value);
+    NSMutableDictionary* entries = changedDictionary(receiver, "setObject:forKey:");
+    if (entries) entries->setObject(entry, isString(name) ? id(static_cast<const id&>(name)) : VELT_CSTRING(name));
     return nil;
 }
 
@@ -144,20 +146,8 @@ id VELT_NSMUTABLEARRAY_REMOVEALL(const id& array) {
 VELT_BOTH_DICTIONARIES(COUNT, dictionaryCount, (const id& dictionary), (dictionary))
 VELT_BOTH_DICTIONARIES(KEYS, dictionaryKeys, (const id& dictionary), (dictionary))
 VELT_BOTH_DICTIONARIES(VALUES, dictionaryValues, (const id& dictionary), (dictionary))
-VELT_BOTH_DICTIONARIES(OBJECT, dictionaryObject, (const id& dictionary, const id& key), (dictionary, key))
-VELT_BOTH_DICTIONARIES(VALUE, dictionaryObject, (const id& dictionary, const id& key), (dictionary, key))
 VELT_BOTH_DICTIONARIES(KEY, dictionaryKey, (const id& dictionary, const id& position), (dictionary, position))
 VELT_BOTH_DICTIONARIES(CONTAINS, dictionaryContains, (const id& dictionary, const id& key), (dictionary, key))
-
-id VELT_NSMUTABLEDICTIONARY_APPEND(const id& dictionary, const id& key, const id& value) {
-    return dictionarySet(dictionary, key, value);
-}
-id VELT_NSMUTABLEDICTIONARY_INSERT(const id& dictionary, const id& key, const id& value) {
-    return dictionarySet(dictionary, key, value);
-}
-id VELT_NSMUTABLEDICTIONARY_REPLACE(const id& dictionary, const id& key, const id& value) {
-    return dictionarySet(dictionary, key, value);
-}
 
 id VELT_NSMUTABLEDICTIONARY_REMOVE(const id& dictionary, const id& key) {
     NSMutableDictionary* entries = changedDictionary(dictionary, "removeObjectForKey:");

@@ -7,17 +7,41 @@
 #pragma once
 
 #include "VELTRuntime/platform/foundation/array.h"
+#include "VELTRuntime/platform/foundation/dictionary.h"
 #include "VELTRuntime/values/boxing.h"
 #include "VELTRuntime/values/conversions.h"
+#include "VELTRuntime/values/string.h"
 
 namespace velt {
 /// The element of an array, for what the inline access leaves to the library; borrows the words.
 VELT_EXPORT id slowArrayElement(Word array, Word position);
 VELT_EXPORT id slowArrayReplace(Word array, Word value, Word position);
 VELT_EXPORT id slowArrayAppend(Word array, Word value);
+VELT_EXPORT id slowDictionaryObject(Word dictionary, Word keyOrPosition);
+VELT_EXPORT id slowDictionarySet(Word dictionary, Word key, Word value);
 
 inline NSMutableArray* mutableArrayWord(Word word) {
     return isKind(word, Kind::MutableArray) ? static_cast<NSMutableArray*>(asObjectWord(word)) : nullptr;
+}
+
+/// The value for a key, or for the key at a position.
+inline id dictionaryObject(const id& dictionary, const id& keyOrPosition) {
+    const Word word = dictionary.word(), key = keyOrPosition.word();
+    if (isKind(word, Kind::MutableDictionary) && isString(key)) {
+        const NSObject *entries = asObjectWord(word), *text = asObjectWord(key);
+        return id::share(static_cast<const NSDictionary*>(entries)->wordForText(*static_cast<const NSString*>(text)));
+    }
+    return slowDictionaryObject(word, key);
+}
+
+inline id dictionarySet(const id& dictionary, const id& key, const id& value) {
+    const Word word = dictionary.word(), text = key.word();
+    if (isKind(word, Kind::MutableDictionary) && isString(text)) {
+        auto* entries = static_cast<NSMutableDictionary*>(asObjectWord(word));
+        entries->setWordForText(value.word(), *static_cast<const NSString*>(asObjectWord(text)));
+        return nil;
+    }
+    return slowDictionarySet(word, text, value.word());
 }
 }  // namespace velt
 
@@ -75,8 +99,18 @@ VELT_DICTIONARY_FUNCTIONS(COUNT, (const id& dictionary))
 VELT_DICTIONARY_FUNCTIONS(KEYS, (const id& dictionary))
 VELT_DICTIONARY_FUNCTIONS(VALUES, (const id& dictionary))
 /// The value for a string key, or for the key at a position when the argument is no string; nil when there is none.
-VELT_DICTIONARY_FUNCTIONS(OBJECT, (const id& dictionary, const id& keyOrPosition))
-VELT_DICTIONARY_FUNCTIONS(VALUE, (const id& dictionary, const id& keyOrPosition))
+VELT_INLINE_EXPORT id VELT_NSDICTIONARY_OBJECT(const id& dictionary, const id& keyOrPosition) {
+    return velt::dictionaryObject(dictionary, keyOrPosition);
+}
+VELT_INLINE_EXPORT id VELT_NSDICTIONARY_VALUE(const id& dictionary, const id& keyOrPosition) {
+    return velt::dictionaryObject(dictionary, keyOrPosition);
+}
+VELT_INLINE_EXPORT id VELT_NSMUTABLEDICTIONARY_OBJECT(const id& dictionary, const id& keyOrPosition) {
+    return velt::dictionaryObject(dictionary, keyOrPosition);
+}
+VELT_INLINE_EXPORT id VELT_NSMUTABLEDICTIONARY_VALUE(const id& dictionary, const id& keyOrPosition) {
+    return velt::dictionaryObject(dictionary, keyOrPosition);
+}
 /// The key at a position, as a new string; raises "VLCastException" with "Number expected" for a string.
 VELT_DICTIONARY_FUNCTIONS(KEY, (const id& dictionary, const id& position))
 /// There is an entry for the key. Boolean.
@@ -84,9 +118,15 @@ VELT_DICTIONARY_FUNCTIONS(CONTAINS, (const id& dictionary, const id& key))
 #undef VELT_DICTIONARY_FUNCTIONS
 
 /// Sets the value for a key, whether or not there was one. The three do the same.
-VELT_EXPORT id VELT_NSMUTABLEDICTIONARY_APPEND(const id& dictionary, const id& key, const id& value);
-VELT_EXPORT id VELT_NSMUTABLEDICTIONARY_INSERT(const id& dictionary, const id& key, const id& value);
-VELT_EXPORT id VELT_NSMUTABLEDICTIONARY_REPLACE(const id& dictionary, const id& key, const id& value);
+VELT_INLINE_EXPORT id VELT_NSMUTABLEDICTIONARY_APPEND(const id& dictionary, const id& key, const id& value) {
+    return velt::dictionarySet(dictionary, key, value);
+}
+VELT_INLINE_EXPORT id VELT_NSMUTABLEDICTIONARY_INSERT(const id& dictionary, const id& key, const id& value) {
+    return velt::dictionarySet(dictionary, key, value);
+}
+VELT_INLINE_EXPORT id VELT_NSMUTABLEDICTIONARY_REPLACE(const id& dictionary, const id& key, const id& value) {
+    return velt::dictionarySet(dictionary, key, value);
+}
 /// Removes the entry of a key, if there is one; removes all entries.
 VELT_EXPORT id VELT_NSMUTABLEDICTIONARY_REMOVE(const id& dictionary, const id& key);
 VELT_EXPORT id VELT_NSMUTABLEDICTIONARY_REMOVEALL(const id& dictionary);

@@ -26,6 +26,8 @@ id require(const id& value, bool accepted, const char* reason) {
 
 }  // namespace
 
+void raiseStringForAssignment() { raiseCast("'String' for assignment expected"); }
+
 id numberForVariable(Word value, NumberType type) {
     const TypeRow& row = kTypes[static_cast<int>(type)];
     if (!isNumber(value)) raiseCast(row.reason);
@@ -43,9 +45,6 @@ id numberForVariable(Word value, NumberType type) {
 
 }  // namespace velt
 
-id VELT__STRING(const id& value) {
-    return velt::require(value, velt::isString(value), "'String' for assignment expected");
-}
 id VELT__ATTRIBUTEDSTRING(const id& value) {
     return velt::require(value, velt::isKind(value.word(), velt::Kind::AttributedString),
                          "'AttributedString' for assignment expected");

@@ -10,6 +10,8 @@ enum class NumberType : std::uint8_t { Boolean, Byte, Short, Integer, Long, Sing
 /// A number of another kind converted to the type of the variable; raises for what is no number. Borrows the word.
 VELT_EXPORT id numberForVariable(Word value, NumberType type);
 
+[[noreturn]] VELT_EXPORT void raiseStringForAssignment();
+
 template <NumberType Type, NumberCode Code> id checkedNumber(const id& value) {
     const Word word = value.word();
     bool keeps = false;
@@ -55,7 +57,10 @@ VELT_INLINE_EXPORT id VELT__FLOAT(const id& value) {
 
 /// The same object, or "VLCastException" with "'String' for assignment expected", "'AttributedString' for assignment
 /// expected" and "'Data' expected".
-VELT_EXPORT id VELT__STRING(const id& value);
+VELT_INLINE_EXPORT id VELT__STRING(const id& value) {
+    if (VELT_UNLIKELY(!velt::isString(value) && !value.isNil())) velt::raiseStringForAssignment();
+    return value;
+}
 VELT_EXPORT id VELT__ATTRIBUTEDSTRING(const id& value);
 VELT_EXPORT id VELT__DATA(const id& value);
 /// The same object when it is a structure of exactly that kind, or "'Point' expected" and so on.

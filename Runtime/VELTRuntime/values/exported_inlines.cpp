@@ -11,6 +11,7 @@ template <class Function> constexpr const void* addressOf(Function* function) {
 #define VELT_OVERLOAD(name, type) addressOf<id(type)>(&name)
 #define VELT_UNARY(name) addressOf<id(const id&)>(&name)
 #define VELT_BINARY(name) addressOf<id(const id&, const id&)>(&name)
+#define VELT_TERNARY(name) addressOf<id(const id&, const id&, const id&)>(&name)
 
 [[gnu::used]] const void* const kExportedInlines[] = {
     VELT_OVERLOAD(VELT_ID, signed char),
@@ -53,6 +54,7 @@ template <class Function> constexpr const void* addressOf(Function* function) {
     VELT_UNARY(VELT__SINGLE),
     VELT_UNARY(VELT__DOUBLE),
     VELT_UNARY(VELT__FLOAT),
+    VELT_UNARY(VELT__STRING),
     VELT_BINARY(VELT_EQUAL),
     VELT_BINARY(VELT_UNEQUAL),
     VELT_BINARY(VELT_EQUALEQUAL),
@@ -84,7 +86,14 @@ template <class Function> constexpr const void* addressOf(Function* function) {
     VELT_BINARY(VELT_NSARRAY_OBJECT),
     VELT_BINARY(VELT_NSMUTABLEARRAY_OBJECT),
     VELT_BINARY(VELT_NSMUTABLEARRAY_APPEND),
-    addressOf<id(const id&, const id&, const id&)>(&VELT_NSMUTABLEARRAY_REPLACE),
+    VELT_TERNARY(VELT_NSMUTABLEARRAY_REPLACE),
+    VELT_BINARY(VELT_NSDICTIONARY_OBJECT),
+    VELT_BINARY(VELT_NSDICTIONARY_VALUE),
+    VELT_BINARY(VELT_NSMUTABLEDICTIONARY_OBJECT),
+    VELT_BINARY(VELT_NSMUTABLEDICTIONARY_VALUE),
+    VELT_TERNARY(VELT_NSMUTABLEDICTIONARY_APPEND),
+    VELT_TERNARY(VELT_NSMUTABLEDICTIONARY_INSERT),
+    VELT_TERNARY(VELT_NSMUTABLEDICTIONARY_REPLACE),
 };
 
 }  // namespace

@@ -3,6 +3,7 @@
 #include "VELTRuntime/platform/object/class.h"
 #include "VELTRuntime/platform/object/exception.h"
 #include "VELTRuntime/platform/object/message.h"
+#include "VELTRuntime/values/string_drawing.h"
 #include "VELTRuntime/values/text/hashing.h"
 #include "VELTRuntime/values/text/reading.h"
 #include "VELTRuntime/values/text/search.h"
@@ -69,7 +70,7 @@ bool NSString::isEqual(const id& other) const {
 std::size_t NSString::hash() const {
     const std::uint64_t known = state();
     if (const std::uint64_t hash = known >> kHashShift) return hash;
-    const std::uint64_t hash = std::max<std::uint64_t>(velt::text::hashOf(view()) >> kHashShift, 1);
+    const std::uint64_t hash = std::max<std::uint64_t>(velt::text::hashOf(view()) << kHashShift >> kHashShift, 1);
     // A thread that does the same at this moment writes the same.
     setState(known | hash << kHashShift);
     return hash;
@@ -194,6 +195,7 @@ void NSMutableString::replace(std::size_t position, std::size_t length, std::u16
 
 void NSString::describe(velt::ClassBuilder<NSString>& c) {
     using namespace velt;
+    addDrawingMethods(c);
     c.property("length", &NSString::length)
         .method("string", [](const id& s, const id*) { return s; })
         .method("mutableCopy", [](const id& s, const id*) { return freshCopy(asString(s)); })

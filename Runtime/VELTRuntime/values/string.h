@@ -51,13 +51,18 @@ public:
     bool isEqual(const id& other) const override;
     /// Worked out once for a text.
     std::size_t hash() const override;
+    /// The hash if it was worked out before, otherwise 0.
+    std::size_t knownHash() const noexcept { return state() >> kHashShift; }
     /// The same text in a string that cannot be changed: itself when it is one.
     id copy() const override;
 
     /// Number of UTF-16 code units.
     std::size_t length() const noexcept { return (state() >> kLengthShift) & kMostUnits; }
     /// The text; valid until the string is changed or freed.
-    std::u16string_view view() const noexcept { return {units(), length()}; }
+    std::u16string_view view() const noexcept {
+        const std::uint64_t known = state();
+        return {known & kInline ? inlineUnits_ : shared_.start, (known >> kLengthShift) & kMostUnits};
+    }
     /// The text must not change; changing it raises.
     bool isFrozen() const noexcept { return (state() & kFrozen) != 0; }
     static void describe(velt::ClassBuilder<NSString>& c);

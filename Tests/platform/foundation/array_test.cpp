@@ -2,6 +2,8 @@
 
 #include "support/values.h"
 
+#include <set>
+
 using namespace velt::test;
 
 TEST(ArrayObjects, AreReachedByName) {
@@ -63,4 +65,17 @@ TEST(ArrayObjects, LetGoOfWhatTheyHeld) {
         EXPECT_EQ(2u, owners());
     }
     EXPECT_EQ(1u, owners());
+}
+
+TEST(ArrayObjects, ThatAreSmallAndDifferHaveDifferentHashes) {
+    std::set<std::size_t> hashes;
+    for (long i = 0; i < 1000; ++i) {
+        for (long j = 0; j < 10; ++j) hashes.insert(velt::hash(array(integer(i), array(integer(j)))));
+    }
+    EXPECT_GT(hashes.size(), 9990u);
+    EXPECT_EQ(velt::hash(array(integer(1))), velt::hash(array(VELT_ID(1.0)))) << "equal numbers";
+    const id within = array();
+    VELT_NSMUTABLEARRAY_APPEND(within, within);
+    EXPECT_EQ(velt::hash(within), velt::hash(within));
+    VELT_NSMUTABLEARRAY_REMOVEALL(within);
 }

@@ -35,6 +35,22 @@ TEST(Dates, AreEqualAndOrderedByTheirMoment) {
     EXPECT_TRUE(velt::copy(moment) == moment);
 }
 
+TEST(Dates, AreMadeByTheirClass) {
+    const id cls = velt::Class::named("NSDate")->object();
+    EXPECT_VALUE("NSDate 1970-01-02 00:00:00 +0000", velt::send(cls, "dateWithTimeIntervalSince1970:", integer(86400)));
+    EXPECT_VALUE("NSDate 2001-01-01 00:00:01 +0000",
+                 velt::send(cls, "dateWithTimeIntervalSinceReferenceDate:", VELT_ID(1.5)));
+    EXPECT_VALUE("NSDate 0001-01-01 00:00:00 +0000", velt::send(cls, "distantPast"));
+    EXPECT_VALUE("NSDate 4001-01-01 00:00:00 +0000", velt::send(cls, "distantFuture"));
+    const id before = NSDate::now(), date = velt::send(cls, "date"), after = NSDate::now();
+    EXPECT_VALUE("q 1", VELT_ID(static_cast<long>(velt::as<NSDate>(date)->compare(before) >= 0)));
+    EXPECT_VALUE("q 1", VELT_ID(static_cast<long>(velt::as<NSDate>(after)->compare(date) >= 0)));
+    const id later = velt::send(cls, "dateWithTimeIntervalSinceNow:", integer(3600));
+    const double ahead = velt::as<NSDate>(later)->timeIntervalSinceDate(velt::as<NSDate>(after));
+    EXPECT_NEAR(3600, ahead, 60);
+    EXPECT_CAST_FAILURE("'Double' expected", velt::send(cls, "dateWithTimeIntervalSince1970:", date));
+}
+
 TEST(Dates, GoByTheGregorianCalendar) {
     EXPECT_EQ("2000-02-29T00:00:00Z", iso(-26524800));
     EXPECT_EQ("1900-03-01T00:00:00Z", iso(*velt::secondsOfIsoText("1900-02-28T00:00:00Z") + 86400));

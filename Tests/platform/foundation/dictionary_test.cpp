@@ -3,6 +3,8 @@
 #include "support/generated.h"
 #include "support/values.h"
 
+#include <set>
+
 using namespace velt::test;
 
 namespace {
@@ -83,5 +85,30 @@ TEST_F(GeneratedKeys, KeepTheirOrderThroughRemovals) {
         if (!keys.empty()) {
             ASSERT_EQ(keys.back(), VELT_CINTEGER(all->keyAt(static_cast<long>(keys.size()) - 1)));
         }
+    }
+}
+
+TEST(DictionaryObjects, ThatAreSmallAndDifferHaveDifferentHashes) {
+    std::set<std::size_t> hashes;
+    for (long i = 0; i < 1000; ++i) {
+        const id one = velt::make<NSMutableDictionary>(), other = velt::make<NSMutableDictionary>();
+        for (const char* key : {"a", "b", "c"}) VELT_NSMUTABLEDICTIONARY_INSERT(one, str(key), integer(i));
+        for (const char* key : {"c", "a", "b"}) VELT_NSMUTABLEDICTIONARY_INSERT(other, str(key), integer(i));
+        ASSERT_EQ(velt::hash(one), velt::hash(other)) << "whatever their order";
+        hashes.insert(velt::hash(one));
+    }
+    EXPECT_GT(hashes.size(), 990u);
+    const id within = velt::make<NSMutableDictionary>();
+    VELT_NSMUTABLEDICTIONARY_INSERT(within, str("me"), within);
+    EXPECT_EQ(velt::hash(within), velt::hash(within));
+    VELT_NSMUTABLEDICTIONARY_REMOVEALL(within);
+}
+
+TEST(DictionaryObjects, FindKeysThatDifferInTheirLastCharacterOnly) {
+    const velt::Ref<NSMutableDictionary> entries = velt::make<NSMutableDictionary>();
+    for (long i = 0; i < 20000; ++i) entries->setObject(integer(i), str("key " + std::to_string(i)));
+    for (long i = 0; i < 20000; ++i) {
+        ASSERT_EQ(integer(i), entries->objectForKey(str("key " + std::to_string(i))));
+        ASSERT_EQ(nil, entries->objectForKey(str("key_" + std::to_string(i))));
     }
 }

@@ -8,6 +8,7 @@
 #include <ctime>
 #include <fcntl.h>
 #include <sys/stat.h>
+#include <sys/wait.h>
 
 using namespace velt::test;
 
@@ -128,4 +129,24 @@ TEST_F(KilledWriters, LeaveAWholeFileAtAnyMoment) {
         last = number;
     }
     EXPECT_LT(iterations(1000) / 20, changes);
+}
+
+TEST(WritingAFile, RemovesWhatKilledWritersLeft) {
+    const TemporaryFolder folder;
+    const pid_t gone = fork();
+    if (gone == 0) _exit(0);
+    ASSERT_EQ(gone, waitpid(gone, nullptr, 0));
+    const std::string left = ".velt-" + std::to_string(gone) + "-1", fresh = ".velt-" + std::to_string(gone) + "-2",
+                      running = ".velt-" + std::to_string(getppid()) + "-1", other = ".velt-x-1";
+    const timespec longAgo[2] = {{1000000000, 0}, {1000000000, 0}};
+    for (const std::string& name : {left, fresh, running, other}) {
+        const std::string path = folder.write(name, "half");
+        if (name == fresh) continue;
+        ASSERT_EQ(0, utimensat(AT_FDCWD, path.c_str(), longAgo, 0));
+    }
+    EXPECT_TRUE(velt::writeFileAtomically(folder.file("new"), "content"));
+    EXPECT_FALSE(std::filesystem::exists(folder.file(left)));
+    EXPECT_TRUE(std::filesystem::exists(folder.file(fresh))) << "it may be another machine's";
+    EXPECT_TRUE(std::filesystem::exists(folder.file(running)));
+    EXPECT_TRUE(std::filesystem::exists(folder.file(other)));
 }

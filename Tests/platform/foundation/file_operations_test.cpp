@@ -255,6 +255,24 @@ TEST_F(FileOperations, RemoveFoldersButNotWhatLinksLeadTo) {
     EXPECT_EQ(from + ": No such file or directory", failure);
 }
 
+TEST_F(FileOperations, RemoveFoldersOfThousandsOfLevels) {
+    const std::string deep = folder.file("deep");
+    ASSERT_TRUE(velt::makeFolder(deep));
+    int inner = ::open(deep.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    for (int i = 0; i < 3000; ++i) {
+        ASSERT_EQ(0, ::mkdirat(inner, "d", 0700)) << i;
+        const int file = ::openat(inner, ".velt-removed-1", O_WRONLY | O_CREAT | O_CLOEXEC, 0600);
+        const int next = ::openat(inner, "d", O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+        ASSERT_TRUE(file >= 0 && next >= 0) << i;
+        ::close(file);
+        ::close(std::exchange(inner, next));
+    }
+    ::close(inner);
+    std::string failure;
+    EXPECT_TRUE(velt::removeItem(deep, &failure)) << failure;
+    EXPECT_FALSE(fs::exists(deep));
+}
+
 TEST_F(FileOperations, RemoveNoRootAndNoDots) {
     for (const char* path : {"", "/", "//", ".", "..", "./.", "/tmp/.."}) EXPECT_FALSE(velt::removeItem(path)) << path;
     fs::create_directory(to);

@@ -184,3 +184,29 @@ TEST(Keys, AreReadAndSetManyAtOnce) {
     EXPECT_VALUE("q 41", velt::valueForKey(ada, "age"));
     EXPECT_VALUE("NSMutableDictionary {}", velt::send(ada, "dictionaryWithValuesForKeys:", nil));
 }
+
+namespace {
+/// Takes positive numbers only.
+class Checked : public NSObject {
+    VELT_OBJECT(Checked, NSObject)
+public:
+    id amount, next;
+    static void describe(velt::ClassBuilder<Checked>& c) {
+        c.property("amount", &Checked::amount)
+            .property("next", &Checked::next)
+            .method("validateAmount:error:", [](const id&, const id* a) { return VELT_GREATER(a[0], integer(0)); });
+    }
+};
+}  // namespace
+
+TEST(Keys, AreValidWhenTheClassSaysSo) {
+    const velt::Ref<Checked> checked = velt::make<Checked>();
+    EXPECT_VALUE("c 1", velt::send(checked, "validateValue:forKey:error:", integer(1), str("amount"), nil));
+    EXPECT_VALUE("c 0", velt::send(checked, "validateValue:forKey:error:", integer(0), str("amount"), nil));
+    EXPECT_VALUE("c 1", velt::send(checked, "validateValue:forKey:error:", integer(0), str("next"), nil));
+    EXPECT_VALUE("c 1", velt::send(checked, "validateValue:forKeyPath:error:", integer(0), str("next.amount"), nil));
+    checked->next = velt::make<Checked>();
+    EXPECT_VALUE("c 0", velt::send(checked, "validateValue:forKeyPath:error:", integer(0), str("next.amount"), nil));
+    EXPECT_RAISES("NSInvalidArgumentException: nil is no key",
+                  velt::send(checked, "validateValue:forKey:error:", integer(1), nil, nil));
+}

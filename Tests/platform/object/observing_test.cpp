@@ -147,6 +147,36 @@ TEST_F(Observing, FollowsWhatIsComputedOverAnArray) {
     EXPECT_EQ("list.@count 1 1->2; list.@sum.self 1 nil->3", watcher->told());
 }
 
+TEST_F(Observing, FollowsWhatTheElementsOfAnArrayHave) {
+    const velt::Ref<Model> first = velt::make<Model>(), second = velt::make<Model>();
+    first->value = integer(1);
+    second->value = integer(2);
+    VELT_NSMUTABLEARRAY_APPEND(model->list, first);
+    VELT_NSMUTABLEARRAY_APPEND(model->list, first);
+    watch("list.@sum.value", kObserveNew);
+    velt::setValueForKey(first, "value", integer(10));
+    EXPECT_EQ("list.@sum.value 1 nil->20", watcher->told());
+    VELT_NSMUTABLEARRAY_APPEND(model->list, second);
+    velt::setValueForKey(second, "value", integer(3));
+    EXPECT_EQ("list.@sum.value 1 nil->22; list.@sum.value 1 nil->23", watcher->told());
+    VELT_NSMUTABLEARRAY_REMOVE(model->list, integer(2));
+    EXPECT_EQ("list.@sum.value 1 nil->20", watcher->told());
+    velt::setValueForKey(second, "value", integer(4));
+    EXPECT_EQ("", watcher->told());
+}
+
+TEST_F(Observing, TellsNilAsTheNullObject) {
+    id told;
+    watcher->onChange = [&] { told = watcher->lastChange; };
+    watch("value", kObserveOld | kObserveNew | kObserveInitial);
+    EXPECT_VALUE("NSMutableDictionary {kind = 1; new = <null>}", told);
+    velt::setValueForKey(model, "value", integer(1));
+    EXPECT_VALUE("NSMutableDictionary {kind = 1; old = <null>; new = 1}", told);
+    EXPECT_TRUE(velt::valueForKey(told, "old") == NSNull::null());
+    velt::setValueForKey(model, "value", nil);
+    EXPECT_VALUE("NSMutableDictionary {kind = 1; old = 1; new = <null>}", told);
+}
+
 TEST_F(Observing, MakesArraysChangeable) {
     velt::setValueForKey(model, "list", frozenArray(integer(1)));
     watch("list", kObserveNew);

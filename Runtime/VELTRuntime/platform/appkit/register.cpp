@@ -1,6 +1,8 @@
 // Hands the services of this library to the one without windows, at the moment it is loaded.
 #include "VELTRuntime/platform/appkit/image.h"
 #include "VELTRuntime/platform/appkit/screen.h"
+#include "VELTRuntime/platform/appkit/text/rich_text.h"
+#include "VELTRuntime/platform/appkit/text_drawing.h"
 #include "VELTRuntime/platform/object/providers.h"
 
 #include <QApplication>
@@ -21,8 +23,13 @@ bool soundAlert() {
 [[maybe_unused]] const bool registered = [] {
     Providers given{};
     given.imageFromFile = [](const std::string& path) { return id(NSImage::fromFile(path)); };
+    given.attributedStringFromHtml = [](const std::string& html) {
+        return id(attributedFromHtml(QString::fromStdString(html)));
+    };
     given.soundAlert = soundAlert;
     given.visibleScreenFrame = visibleScreenFrame;
+    given.drawText = drawText;
+    given.textSize = textSize;
     provide(given);
     return true;
 }();

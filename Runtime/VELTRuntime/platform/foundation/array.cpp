@@ -1,5 +1,6 @@
 #include "VELTRuntime/platform/foundation/array.h"
 
+#include "VELTRuntime/platform/foundation/collection_hash.h"
 #include "VELTRuntime/platform/foundation/collection_operators.h"
 #include "VELTRuntime/platform/foundation/collection_text.h"
 #include "VELTRuntime/platform/object/class.h"
@@ -50,7 +51,7 @@ bool NSArray::isEqual(const id& other) const {
 }
 
 // Elements may change after an array became a key; its length is all that equal arrays surely share cheaply.
-std::size_t NSArray::hash() const { return count(); }
+std::size_t NSArray::hash() const { return velt::hashOfElements(items()); }
 
 id NSArray::copy() const {
     if (kind() == velt::Kind::Array) return id(const_cast<NSArray*>(this));

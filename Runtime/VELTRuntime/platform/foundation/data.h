@@ -3,13 +3,33 @@
 
 #include "VELTRuntime/platform/object/object.h"
 
+#include <memory>
 #include <string_view>
+#include <utility>
 #include <vector>
+
+namespace velt {
+
+/// Leaves new elements as they come: bytes that are about to be read need no zeros first.
+template <class T> struct UnfilledAllocator : std::allocator<T> {
+    template <class U> struct rebind { using other = UnfilledAllocator<U>; };
+    template <class U> void construct(U* place) noexcept { ::new (static_cast<void*>(place)) U; }
+    template <class U, class... Arguments> void construct(U* place, Arguments&&... arguments) {
+        ::new (static_cast<void*>(place)) U(std::forward<Arguments>(arguments)...);
+    }
+};
+
+/// The storage of data. What resize adds is not filled.
+using Bytes = std::vector<char, UnfilledAllocator<char>>;
+
+}  // namespace velt
 
 /// Bytes that do not change.
 class VELT_EXPORT NSData : public NSObject {
 public:
     explicit NSData(std::string_view bytes = {}) : NSData(velt::Kind::Data, bytes) {}
+    /// Takes the bytes over without copying them.
+    explicit NSData(velt::Bytes&& bytes) : NSObject(velt::Kind::Data), bytes_(std::move(bytes)) {}
 
     static velt::Class& entry();
     velt::Class& isa() const override { return entry(); }
@@ -26,7 +46,7 @@ public:
 
 protected:
     NSData(velt::Kind kind, std::string_view bytes) : NSObject(kind), bytes_(bytes.begin(), bytes.end()) {}
-    std::vector<char> bytes_;
+    velt::Bytes bytes_;
 };
 
 /// Bytes that may be changed in place.

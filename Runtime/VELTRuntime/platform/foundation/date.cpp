@@ -13,6 +13,11 @@ velt::Class& NSDate::entry() {
     return cls;
 }
 
+namespace {
+// The class makes dates by name before a program has one.
+[[maybe_unused]] const velt::Class& entered = NSDate::entry();
+}  // namespace
+
 namespace velt {
 
 namespace {
@@ -136,11 +141,22 @@ int NSDate::compare(const id& other) const {
 }
 
 void NSDate::describe(velt::ClassBuilder<NSDate>& c) {
+    static constexpr auto dateAt = [](double seconds) { return id(velt::make<NSDate>(seconds)); };
+    static constexpr auto dateOfText = [](std::string_view text) { return dateAt(*velt::secondsOfIsoText(text)); };
     c.property("timeIntervalSinceReferenceDate", &NSDate::timeIntervalSinceReferenceDate)
         .property("timeIntervalSince1970", &NSDate::timeIntervalSince1970)
         .method("timeIntervalSinceDate:",
                 [](const id& self, const id* a) {
                     return velt::boxResult(velt::as<NSDate>(self)->timeIntervalSinceDate(velt::to<NSDate>(a[0])));
                 })
-        .method("compare:", &NSDate::compare);
+        .method("compare:", &NSDate::compare)
+        .classMethod("date", [](const id&, const id*) { return id(now()); })
+        .classMethod("dateWithTimeIntervalSinceNow:",
+                     [](const id&, const id* a) { return dateAt(now()->seconds_ + VELT_CDOUBLE(a[0])); })
+        .classMethod("dateWithTimeIntervalSince1970:",
+                     [](const id&, const id* a) { return dateAt(VELT_CDOUBLE(a[0]) - velt::kReferenceSince1970); })
+        .classMethod("dateWithTimeIntervalSinceReferenceDate:",
+                     [](const id&, const id* a) { return dateAt(VELT_CDOUBLE(a[0])); })
+        .classMethod("distantPast", [](const id&, const id*) { return dateOfText("0001-01-01T00:00:00Z"); })
+        .classMethod("distantFuture", [](const id&, const id*) { return dateOfText("4001-01-01T00:00:00Z"); });
 }

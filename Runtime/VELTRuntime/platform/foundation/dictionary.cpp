@@ -1,7 +1,10 @@
 #include "VELTRuntime/platform/foundation/dictionary.h"
 
+#include "VELTRuntime/operators/borrowed.h"
 #include "VELTRuntime/platform/foundation/array.h"
+#include "VELTRuntime/platform/foundation/collection_hash.h"
 #include "VELTRuntime/platform/foundation/collection_text.h"
+#include "VELTRuntime/platform/foundation/entry_lookup.h"
 #include "VELTRuntime/platform/object/class.h"
 #include "VELTRuntime/platform/object/exception.h"
 #include "VELTRuntime/platform/object/message.h"
@@ -9,88 +12,7 @@
 #include "VELTRuntime/values/conversions.h"
 #include "VELTRuntime/values/string.h"
 
-#include <cstring>
-
 namespace velt {
-
-// The index is probed linearly from the hash; it is never more than two thirds full, removed places included.
-
-namespace {
-
-bool isSameKey(const id& a, const id& b) {
-    if (a.word() == b.word()) return true;
-    if (!isString(a) || !isString(b)) return isEqual(a, b);
-    const std::u16string_view x = textOf(a), y = textOf(b);
-    return x.size() == y.size() && std::memcmp(x.data(), y.data(), x.size() * sizeof(char16_t)) == 0;
-}
-
-/// A key as a dictionary keeps it: a string that could change is copied.
-id keptKey(const id& key) { return isString(key) ? key.object()->copy() : key; }
-
-}  // namespace
-
-std::size_t EntryTable::slotOf(const id& key, std::size_t hash) const {
-    const std::size_t mask = index_.size() - 1;
-    for (std::size_t slot = hash & mask;; slot = (slot + 1) & mask) {
-        const Slot& place = index_[slot];
-        if (place.entry == kFree) return slot;
-        if (place.hash != static_cast<std::uint32_t>(hash) || place.entry == kRemoved) continue;
-        const Entry& entry = entries_[place.entry];
-        if (entry.hash == hash && isSameKey(entry.key, key)) return slot;
-    }
-}
-
-void EntryTable::rebuild(std::size_t room) {
-    std::erase_if(entries_, [](const Entry& entry) { return entry.key.isNil(); });
-    holes_ = 0;
-    std::size_t size = 8;
-    while (size * 2 < room * 3) size *= 2;
-    index_.assign(size, Slot{});
-    entries_.reserve(size * 2 / 3);
-    for (std::size_t i = 0; i < entries_.size(); ++i) {
-        std::size_t slot = entries_[i].hash & (size - 1);
-        while (index_[slot].entry != kFree) slot = (slot + 1) & (size - 1);
-        index_[slot] = {static_cast<std::uint32_t>(i), static_cast<std::uint32_t>(entries_[i].hash)};
-    }
-}
-
-void EntryTable::reserve(std::size_t count) {
-    if (count * 3 > index_.size() * 2) rebuild(count);
-}
-
-const id* EntryTable::find(const id& key) const {
-    if (index_.empty()) return nullptr;
-    const std::uint32_t at = index_[slotOf(key, velt::hash(key))].entry;
-    return at == kFree ? nullptr : &entries_[at].value;
-}
-
-id EntryTable::set(const id& key, id value) {
-    const std::size_t hash = velt::hash(key);
-    if ((entries_.size() + 1) * 3 > index_.size() * 2) rebuild((size() + 1) * 2);
-    const std::size_t slot = slotOf(key, hash);
-    if (index_[slot].entry != kFree) return std::exchange(entries_[index_[slot].entry].value, std::move(value));
-    entries_.push_back(Entry{hash, keptKey(key), std::move(value)});
-    index_[slot] = {static_cast<std::uint32_t>(entries_.size() - 1), static_cast<std::uint32_t>(hash)};
-    return nil;
-}
-
-EntryTable::Entry EntryTable::remove(const id& key) {
-    if (index_.empty()) return {};
-    const std::size_t slot = slotOf(key, velt::hash(key));
-    const std::uint32_t at = index_[slot].entry;
-    if (at == kFree) return {};
-    index_[slot].entry = kRemoved;
-    ++holes_;
-    Entry removed = std::move(entries_[at]);
-    entries_[at] = Entry{};
-    return removed;
-}
-
-std::vector<EntryTable::Entry> EntryTable::takeAll() {
-    index_.clear();
-    holes_ = 0;
-    return std::exchange(entries_, {});
-}
 
 namespace {
 
@@ -168,7 +90,7 @@ bool NSDictionary::isEqual(const id& other) const {
     return equal;
 }
 
-std::size_t NSDictionary::hash() const { return count(); }
+std::size_t NSDictionary::hash() const { return velt::hashOfEntries(*this); }
 
 id NSDictionary::copy() const {
     if (kind() == velt::Kind::Dictionary) return id(const_cast<NSDictionary*>(this));
@@ -188,6 +110,11 @@ id NSDictionary::objectForKey(const id& key) const {
     if (key.isNil()) return nil;
     const id* value = table_.find(key);
     return value ? *value : id();
+}
+
+velt::Word NSDictionary::wordForText(const NSString& key) const {
+    const id* value = table_.find(key);
+    return value ? value->word() : velt::kNilWord;
 }
 
 id NSDictionary::allKeys() const {
@@ -225,6 +152,14 @@ void NSMutableDictionary::setObject(const id& value, const id& key) {
         return;
     }
     const id dropped = table_.set(key, value);
+}
+
+void NSMutableDictionary::setWordForText(velt::Word value, const NSString& key) {
+    const velt::Borrowed shared(value);
+    if (VELT_UNLIKELY(isAttached() || value == velt::kNilWord)) {
+        return setObject(shared, id(const_cast<NSString*>(&key)));
+    }
+    const id dropped = table_.set(key, id(static_cast<const id&>(shared)));
 }
 
 void NSMutableDictionary::removeObject(const id& key) {

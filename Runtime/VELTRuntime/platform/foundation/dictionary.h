@@ -1,54 +1,11 @@
 // Dictionaries: values by key, in the order in which the keys were first set.
 #pragma once
 
+#include "VELTRuntime/platform/foundation/entry_table.h"
 #include "VELTRuntime/platform/foundation/value_list.h"
 #include "VELTRuntime/platform/object/object.h"
 
 #include <span>
-#include <vector>
-
-namespace velt {
-
-/// A hash table whose entries keep their order: entries in one list, their places in an open-addressing index.
-class EntryTable {
-public:
-    struct Entry {
-        std::size_t hash;
-        id key;
-        id value;
-    };
-
-    std::size_t size() const { return entries_.size() - holes_; }
-    /// Makes room for that many entries in all.
-    void reserve(std::size_t count);
-    /// The entries in order. Those with a nil key have been removed.
-    std::span<const Entry> entries() const { return entries_; }
-    std::span<Entry> entries() { return entries_; }
-    /// The value for a key, or null.
-    const id* find(const id& key) const;
-    /// Sets the value for a key, which is shared, not copied. Returns the value that was there before.
-    id set(const id& key, id value);
-    /// Removes a key's entry and returns it; nil key when there was none.
-    Entry remove(const id& key);
-    std::vector<Entry> takeAll();
-
-private:
-    static constexpr std::uint32_t kFree = 0xFFFFFFFF;
-    static constexpr std::uint32_t kRemoved = 0xFFFFFFFE;
-    std::size_t slotOf(const id& key, std::size_t hash) const;
-    void rebuild(std::size_t room);
-
-    std::vector<Entry> entries_;
-    /// A place of the index: which entry, and what most hashes differ in, so that other entries need not be looked at.
-    struct Slot {
-        std::uint32_t entry = kFree;
-        std::uint32_t hash = 0;
-    };
-    std::vector<Slot> index_;
-    std::size_t holes_ = 0;
-};
-
-}  // namespace velt
 
 namespace velt {
 struct UnarchivedFill;
@@ -79,6 +36,8 @@ public:
     std::size_t count() const { return table_.size(); }
     /// The value for a key; nil when there is none.
     id objectForKey(const id& key) const;
+    /// The same for a key that is a string; the word is borrowed from the dictionary.
+    velt::Word wordForText(const NSString& key) const;
     /// New arrays of all keys and all values, in order.
     id allKeys() const;
     id allValues() const;
@@ -113,6 +72,8 @@ public:
 
     /// Sets the value for a key. The key is copied when it is a string that could change.
     void setObject(const id& value, const id& key);
+    /// The same for a key that is a string and a borrowed value.
+    void setWordForText(velt::Word value, const NSString& key);
     void removeObject(const id& key);
     void removeAll();
     static void describe(velt::ClassBuilder<NSMutableDictionary>& c);

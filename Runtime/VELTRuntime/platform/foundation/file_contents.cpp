@@ -1,20 +1,28 @@
 #include "VELTRuntime/platform/foundation/file_contents.h"
 
 #include "VELTRuntime/platform/foundation/descriptor.h"
+#include "VELTRuntime/platform/foundation/file_operations.h"
 #include "VELTRuntime/platform/foundation/file_size_signal.h"
 
 #include <atomic>
 #include <cerrno>
+#include <charconv>
 #include <climits>
+#include <csignal>
 #include <cstdlib>
 #include <cstring>
 #include <fcntl.h>
+#include <mutex>
+#include <set>
 #include <sys/stat.h>
 #include <unistd.h>
 
 namespace velt {
 
 namespace {
+
+/// A file that is being written is called ".velt-PROCESS-NUMBER".
+constexpr std::string_view kTemporaryPrefix = ".velt-";
 
 bool fail(std::string* failure, const std::string& path) {
     if (failure) *failure = path + ": " + std::strerror(errno);
@@ -59,11 +67,51 @@ int createBeside(const std::string& target, std::string& path) {
     constexpr int kTries = 100;
     static std::atomic<unsigned> number = 0;
     for (int i = 0; i < kTries; ++i) {
-        path = folderOf(target) + "/.velt-" + std::to_string(::getpid()) + "-" + std::to_string(++number);
+        path = folderOf(target).append("/").append(kTemporaryPrefix) + std::to_string(::getpid()) + "-" +
+               std::to_string(++number);
         const int file = ::open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, 0666);
         if (file >= 0 || errno != EEXIST) return file;
     }
     return -1;
+}
+
+/// The process that a temporary file of ours belongs to; nothing for any other name.
+std::optional<pid_t> writerOf(std::string_view name) {
+    if (!name.starts_with(kTemporaryPrefix)) return std::nullopt;
+    name.remove_prefix(kTemporaryPrefix.size());
+    pid_t writer = 0;
+    unsigned number = 0;
+    const char* end = name.data() + name.size();
+    const auto first = std::from_chars(name.data(), end, writer);
+    if (first.ec != std::errc() || writer <= 0 || first.ptr == end || *first.ptr != '-') return std::nullopt;
+    const auto second = std::from_chars(first.ptr + 1, end, number);
+    return second.ec == std::errc() && second.ptr == end ? std::optional(writer) : std::nullopt;
+}
+
+/// Removes what writers that were killed left in a folder. A writer on another machine that shares the folder is none
+/// of our processes, but it does not leave its file alone for a minute either.
+void removeLeftovers(const std::string& folder) {
+    const auto names = namesInFolder(folder);
+    for (const std::string& name : names.value_or(std::vector<std::string>())) {
+        const auto writer = writerOf(name);
+        if (!writer || ::kill(*writer, 0) == 0 || errno != ESRCH) continue;
+        const std::string path = folder + "/" + name;
+        struct stat status {};
+        constexpr time_t kLongAgo = 60;
+        if (::lstat(path.c_str(), &status) != 0 || !S_ISREG(status.st_mode) || status.st_uid != ::geteuid()) continue;
+        if (::time(nullptr) - status.st_mtime >= kLongAgo) ::unlink(path.c_str());
+    }
+}
+
+/// Once a folder and process: looking through a large folder takes longer than writing a small file.
+void removeLeftoversOnce(const std::string& folder) {
+    static std::mutex mutex;
+    static std::set<std::string> done;
+    {
+        const std::lock_guard lock(mutex);
+        if (!done.insert(folder).second) return;
+    }
+    removeLeftovers(folder);
 }
 
 /// Gives a new file the owner and permissions of the one that it replaces. Only some may give files away; what counts
@@ -117,6 +165,7 @@ bool writeFileAtomically(const std::string& path, std::string_view content, std:
     // A file that its owner made read-only is not replaced behind his back.
     if (exists && ::access(target.c_str(), W_OK) != 0) return fail(failure, path);
 
+    removeLeftoversOnce(folderOf(target));
     const FileSizeSignal scope;
     std::string temporary;
     Descriptor file(createBeside(target, temporary));

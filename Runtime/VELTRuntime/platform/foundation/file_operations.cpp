@@ -2,6 +2,7 @@
 
 #include "VELTRuntime/platform/foundation/descriptor.h"
 #include "VELTRuntime/platform/foundation/file_size_signal.h"
+#include "VELTRuntime/platform/foundation/tree_removal.h"
 
 #include <algorithm>
 #include <array>
@@ -12,6 +13,7 @@
 #include <filesystem>
 #include <memory>
 #include <sys/stat.h>
+#include <unistd.h>
 
 namespace velt {
 
@@ -214,9 +216,8 @@ bool removeItem(const std::string& path, std::string* failure) {
     struct stat status {};
     if (::lstat(target.c_str(), &status) != 0) return fail(failure, path);
     if (target == "/" || isDots(target)) return fail(failure, path, EINVAL);
-    std::error_code error;
-    std::filesystem::remove_all(target, error);
-    return !error || fail(failure, path, error.value());
+    const bool removed = S_ISDIR(status.st_mode) ? removeTree(target) : ::unlink(target.c_str()) == 0;
+    return removed || fail(failure, path);
 }
 
 bool makeFolder(const std::string& path, std::string* failure) {

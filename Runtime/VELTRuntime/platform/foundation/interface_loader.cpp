@@ -19,6 +19,7 @@ namespace {
 struct Makers {
     std::mutex mutex;
     std::unordered_map<std::string, InterfaceMaker> byClass;
+    InterfaceArranger arranger = nullptr;
 };
 Makers& makers() {
     static Makers& all = *new Makers;
@@ -29,6 +30,11 @@ InterfaceMaker makerOf(const std::string& className) {
     const std::lock_guard lock(makers().mutex);
     const auto found = makers().byClass.find(className);
     return found == makers().byClass.end() ? nullptr : found->second;
+}
+
+InterfaceArranger arranger() {
+    const std::lock_guard lock(makers().mutex);
+    return makers().arranger;
 }
 
 /// What stops the loading.
@@ -115,6 +121,9 @@ public:
         if (!outermost) throw LoadFailure(root, "there is no widget in it");
         outermost_ = outermost->attribute("name");
         makeTree(*outermost, nil);
+        if (const InterfaceArranger arrange = arranger()) {
+            arrange(*outermost, [this](const std::string& name) { return objectNamed(name); });
+        }
         std::vector<Connection> connections;
         if (const XmlElement* list = root.child("connections")) {
             for (const XmlElement& row : list->children) {
@@ -154,12 +163,7 @@ private:
         for (const XmlElement& child : element.children) {
             if (child.name == "widget" || child.name == "action") {
                 makeTree(child, parent);
-            } else if (child.name == "layout" || child.name == "spacer") {
-                // Arrangement means something to widgets alone.
-                const InterfaceMaker maker = makerOf(child.name == "layout" ? child.attribute("class") : "spacer");
-                if (maker) maker(child, parent);
-                makeChildren(child, parent);
-            } else if (child.name == "item") {
+            } else if (child.name == "layout" || child.name == "item") {
                 makeChildren(child, parent);
             }
         }
@@ -204,6 +208,11 @@ private:
 void registerInterfaceMaker(const std::string& className, InterfaceMaker maker) {
     const std::lock_guard lock(makers().mutex);
     makers().byClass[className] = maker;
+}
+
+void registerInterfaceArranger(InterfaceArranger arranger) {
+    const std::lock_guard lock(makers().mutex);
+    makers().arranger = arranger;
 }
 
 std::string loadInterface(const std::string& path, const id& owner) {

@@ -4,15 +4,21 @@
 #include "VELTRuntime/platform/foundation/xml_tree.h"
 #include "VELTRuntime/values/value.h"
 
+#include <functional>
 #include <string>
 
 namespace velt {
 
-/// Makes the object of a <widget>, <action>, <layout> or <spacer> within its parent (nil for the outermost) and sets
-/// what its properties say. For classes that the class table cannot make by name; the library with windows registers
-/// one for each kind of widget.
+/// Makes the object of a <widget> or <action> within its parent (nil for the outermost) and sets what its properties
+/// say. For classes that the class table cannot make by name; the library with windows registers one for each kind of
+/// widget.
 using InterfaceMaker = id (*)(const XmlElement& element, const id& parent);
 VELT_EXPORT void registerInterfaceMaker(const std::string& className, InterfaceMaker maker);
+
+/// Arranges the objects of a file (layouts, menus, the order of the keyboard) when all of them are made; the object of
+/// a name is nil when there is none. Registered by the library with windows.
+using InterfaceArranger = void (*)(const XmlElement& root, const std::function<id(const std::string&)>& objectNamed);
+VELT_EXPORT void registerInterfaceArranger(InterfaceArranger arranger);
 
 /// Loads a file for an owner, who may be nil. All objects are made before the owner is touched. Then
 ///

@@ -223,6 +223,7 @@ std::size_t collectCycles() {
         all.threshold = adaptedThreshold(all.threshold, garbage.size(), trial.visited());
     }
     const std::size_t freed = garbage.size();
+    for (const id& object : garbage) object.object()->dissolve();
     EmptyingVisitor emptying;
     for (const id& object : garbage) {
         object.object()->visitOwned(emptying);

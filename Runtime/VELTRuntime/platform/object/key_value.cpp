@@ -144,6 +144,24 @@ void setValueForKeyPath(const id& object, std::string_view keyPath, const id& va
     }
 }
 
+bool isValidForKey(const id& object, std::string_view key, const id& value, const id& error) {
+    const Class* cls = classOf(object);
+    if (!cls || key.empty()) return true;
+    const std::string setter = setterName(key);
+    const Selector validator = Selector::existing("validate" + setter.substr(3, key.size()) + ":error:");
+    const Method* method = validator ? cls->method(validator) : nullptr;
+    if (!method) return true;
+    const id arguments[] = {value, error};
+    return VELT_CBOOL(method->call(*method, object, arguments));
+}
+
+bool isValidForKeyPath(const id& object, std::string_view keyPath, const id& value, const id& error) {
+    const std::size_t dot = keyPath.rfind('.');
+    if (dot == keyPath.npos) return isValidForKey(object, keyPath, value, error);
+    const id last = valueForKeyPath(object, keyPath.substr(0, dot));
+    return last.isNil() || isValidForKey(last, keyPath.substr(dot + 1), value, error);
+}
+
 void describeKeyValueCoding(ClassBuilder<NSObject>& c) {
     c.method("valueForKey:", [](const id& self, const id* a) { return valueForKey(self, keyText(a[0])); })
         .method("setValue:forKey:",
@@ -162,6 +180,11 @@ void describeKeyValueCoding(ClassBuilder<NSObject>& c) {
         .method("setValue:forUndefinedKey:",
                 [](const id& self, const id* a) -> id { raiseUnknownKey(self, keyText(a[1])); })
         .method("setNilValueForKey:", [](const id& self, const id* a) -> id { raiseNilValue(self, keyText(a[0])); })
+        .method("validateValue:forKey:error:",
+                [](const id& self, const id* a) { return boxResult(isValidForKey(self, keyText(a[1]), a[0], a[2])); })
+        .method(
+            "validateValue:forKeyPath:error:",
+            [](const id& self, const id* a) { return boxResult(isValidForKeyPath(self, keyText(a[1]), a[0], a[2])); })
         .method("dictionaryWithValuesForKeys:", [](const id& self, const id* a) { return valuesForKeys(self, a[0]); })
         .method("setValuesForKeysWithDictionary:", [](const id& self, const id* a) {
             setValuesForKeys(self, a[0]);

@@ -25,6 +25,11 @@ VELT_EXPORT id valueForKeyPath(const id& object, std::string_view keyPath);
 /// Sets the last key of a path on what the keys before it reach; nil on the way changes nothing.
 VELT_EXPORT void setValueForKeyPath(const id& object, std::string_view keyPath, const id& value);
 
+/// Whether the object takes the value under the key: what its method "validateKey:error:" says, which is handed the
+/// value and the error, or true when it has none. Over a path the last object is asked; nil on the way is true.
+VELT_EXPORT bool isValidForKey(const id& object, std::string_view key, const id& value, const id& error = nil);
+VELT_EXPORT bool isValidForKeyPath(const id& object, std::string_view keyPath, const id& value, const id& error = nil);
+
 /// The object has a value under the key that is found without "valueForUndefinedKey:".
 VELT_EXPORT bool hasValueForKey(const id& object, std::string_view key);
 /// The value of the object's own property or method, past the class's key access; and setting it, which tells nobody.

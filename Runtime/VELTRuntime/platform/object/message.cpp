@@ -1,5 +1,7 @@
 #include "VELTRuntime/platform/object/message.h"
 
+#include "VELTRuntime/platform/foundation/array.h"
+#include "VELTRuntime/platform/foundation/null.h"
 #include "VELTRuntime/platform/object/class_object.h"
 #include "VELTRuntime/platform/object/exception.h"
 #include "VELTRuntime/platform/object/observing.h"
@@ -38,13 +40,24 @@ const Method* methodOf(const id& receiver, const Class& cls, Selector selector) 
     return is<ClassObject>(receiver) ? as<ClassObject>(receiver)->represented().classMethod(selector) : nullptr;
 }
 
+/// A class that takes messages which it lacks gets the name and an array of the arguments.
+id forwardMessage(const id& receiver, const Class& cls, Selector selector, std::span<const id> arguments) {
+    static const Selector forwards = Selector::named("forwardMessage:arguments:");
+    const Method* method = cls.method(forwards);
+    if (!method) raiseNotUnderstood(receiver, selector.name());
+    Ref<NSMutableArray> list = make<NSMutableArray>();
+    for (const id& argument : arguments) list->append(argument.isNil() ? NSNull::null() : argument);
+    const id told[] = {string(std::string_view(selector.name())), list};
+    return method->call(*method, receiver, told);
+}
+
 }  // namespace
 
 id slowSendMessage(const id& receiver, Selector selector, std::span<const id> arguments) {
     const Class* cls = classOf(receiver);
     if (!cls) return nil;
     const Method* method = methodOf(receiver, *cls, selector);
-    if (!method) raiseNotUnderstood(receiver, selector.name());
+    if (!method) return forwardMessage(receiver, *cls, selector, arguments);
     if (arguments.size() != selector.argumentCount()) raiseArgumentCount(receiver, selector, arguments.size());
     NSObject* object = receiver.object();
     const std::string_view suffix = selector.setterSuffix();

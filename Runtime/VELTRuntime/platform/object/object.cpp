@@ -82,9 +82,10 @@ NSObject* pop() {
 
 }  // namespace
 
-void releaseObject(Word word) noexcept {
-    NSObject* object = asObjectWord(word);
-    const std::uint64_t head = HeadAccess::of(object).load(std::memory_order_acquire);
+namespace {
+
+/// What is left of dropping an owner when it was not one of several of a leaf.
+[[gnu::noinline]] void releaseFully(NSObject* object, std::uint64_t head) noexcept {
     if (VELT_LIKELY(head == (ObjectHead::kOneOwner | static_cast<std::uint64_t>(Kind::String)))) {
         delete static_cast<NSMutableString*>(object);  // nobody else can take it any more
         return;
@@ -95,6 +96,20 @@ void releaseObject(Word word) noexcept {
         releaseCycleCandidate(object);
     } else if (dropOwner(object)) {
         destroyObject(object);
+    }
+}
+
+}  // namespace
+
+void releaseObject(Word word) noexcept {
+    NSObject* object = asObjectWord(word);
+    std::atomic<std::uint64_t>& owners = HeadAccess::of(object);
+    const std::uint64_t head = owners.load(std::memory_order_acquire);
+    const bool keepsOwners = head >= 2 * ObjectHead::kOneOwner;
+    if (keepsOwners && isLeaf(static_cast<Kind>(head & ObjectHead::kKindMask)) && __libc_single_threaded) {
+        owners.store(head - ObjectHead::kOneOwner, std::memory_order_relaxed);
+    } else {
+        releaseFully(object, head);
     }
 }
 

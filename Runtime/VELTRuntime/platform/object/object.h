@@ -84,6 +84,10 @@ public:
     /// Shows the visitor every value that this object owns. Fields registered with the class entry are shown here;
     /// a class that keeps values elsewhere overrides it and calls its superclass's.
     virtual void visitOwned(velt::OwnedVisitor& visitor);
+    /// The object belongs to a dropped cycle and is about to lose what it owns, while all of the cycle still exists: a
+    /// class whose parts point back at it undoes that here. It calls its superclass's, runs no program's code, and may
+    /// be called again by the destructor.
+    virtual void dissolve() {}
 
     velt::Kind kind() const noexcept {
         return static_cast<velt::Kind>(head_.load(std::memory_order_relaxed) & velt::ObjectHead::kKindMask);

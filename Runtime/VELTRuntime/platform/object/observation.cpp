@@ -2,9 +2,13 @@
 
 #include "VELTRuntime/platform/foundation/array.h"
 #include "VELTRuntime/platform/foundation/dictionary.h"
+#include "VELTRuntime/platform/foundation/null.h"
 #include "VELTRuntime/platform/object/message.h"
 #include "VELTRuntime/values/boxing.h"
 #include "VELTRuntime/values/string.h"
+
+#include <set>
+#include <tuple>
 
 namespace velt {
 
@@ -33,7 +37,8 @@ public:
         for (KeyPathStep step = firstStep(keyPath); isObservable(object); step = firstStep(step.rest)) {
             const bool isLast = step.rest.empty();
             if (isArray(object)) {
-                note(object, kElements, false);
+                const std::size_t behind = static_cast<std::size_t>(step.key.data() - keyPath.data());
+                followElements(object, step.key.starts_with('@') ? step.rest : keyPath.substr(behind));
                 return;
             }
             if (!note(object, step.key, isLast && isObservedPath)) return;
@@ -52,14 +57,23 @@ public:
     std::vector<FoundPlace> places;
 
 private:
+    /// The elements themselves, and what each has at the rest of the path.
+    void followElements(const id& array, std::string_view keyPath) {
+        if (!note(array, kElements, false) || keyPath.empty()) return;
+        for (std::size_t i = 0; i < arrayOf(array)->count(); ++i) {
+            const id element = arrayOf(array)->items()[i];
+            follow(element, keyPath, false);
+        }
+    }
+
     /// False when the place is known already: keys that follow from each other.
     bool note(const id& object, std::string_view key, bool isEnd) {
-        for (const FoundPlace& place : places) {
-            if (place.object == object && place.key == key && place.isEnd == isEnd) return false;
-        }
+        if (!known_.emplace(object.object(), std::string(key), isEnd).second) return false;
         places.push_back({object, std::string(key), isEnd});
         return true;
     }
+
+    std::set<std::tuple<const NSObject*, std::string, bool>> known_;
 
     bool endsAtUnknownKey_;
 };
@@ -144,8 +158,15 @@ void deliver(const Observation& observation, const id& observer, const id& root,
     change->setObject(VELT_ID(static_cast<unsigned long>(news.kind)), "kind"_v);
     if (news.kind != ChangeKind::Setting) change->setObject(VELT_ID(news.range), "indexes"_v);
     if (news.isPrior) change->setObject(VELT_ID(BOOL{1}), "notificationIsPrior"_v);
-    if (!news.oldValue.isNil()) change->setObject(news.oldValue, "old"_v);
-    if (!news.newValue.isNil()) change->setObject(news.newValue, "new"_v);
+    const auto putValue = [&](const id& value, const id& key) {
+        change->setObject(value.isNil() ? NSNull::null() : value, key);
+    };
+    // What the observer asked for is always there; of elements, those that there are before or after the change.
+    const bool isSetting = news.kind == ChangeKind::Setting;
+    const bool hasOld = isSetting && (observation.options & kObserveOld) && !news.isInitial;
+    const bool hasNew = isSetting && (observation.options & kObserveNew) && !news.isPrior;
+    if (hasOld || !news.oldValue.isNil()) putValue(news.oldValue, "old"_v);
+    if (hasNew || !news.newValue.isNil()) putValue(news.newValue, "new"_v);
     send(observer, VELT_SELECTOR("observeValueForKeyPath:ofObject:change:context:"), observation.keyPathText, root,
          change, observation.context);
 }

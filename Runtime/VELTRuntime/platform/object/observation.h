@@ -10,7 +10,7 @@ namespace velt {
 struct ChangeNews {
     ChangeKind kind = ChangeKind::Setting;
     NSRange range;
-    bool isPrior = false;
+    bool isPrior = false, isInitial = false;
     id oldValue, newValue;
 };
 

@@ -71,7 +71,10 @@ bool hasSides(const Notice& notice) { return !notice.observer.isNil() && !notice
 /// The change as this observer sees it: of elements only when the observed value is their array.
 ChangeNews newsOf(const PendingChange& change, const Notice& notice) {
     ChangeNews news;
-    if (notice.isEnd) news = {change.kind, change.range, false, nil, nil};
+    if (notice.isEnd) {
+        news.kind = change.kind;
+        news.range = change.range;
+    }
     news.oldValue = notice.oldValue;
     return news;
 }
@@ -201,6 +204,7 @@ void addObserver(const id& object, const id& observer, std::string_view keyPath,
     beginObservation(observation, object);
     if (!(options & kObserveInitial)) return;
     ChangeNews news;
+    news.isInitial = true;
     if (options & kObserveNew) news.newValue = valueForKeyPath(object, keyPath);
     deliver(*observation, observer, object, news);
 }

@@ -24,9 +24,9 @@ enum ObservingOptions : unsigned {
 enum class ChangeKind : unsigned { Setting = 1, Insertion = 2, Removal = 3, Replacement = 4 };
 
 /// From now on the observer is sent "observeValueForKeyPath:ofObject:change:context:" for every change of the value
-/// at the key path. The change is a dictionary: "kind" (a ChangeKind), "old" and "new" (missing for nil), "indexes"
-/// (the range of the elements) and, before a change, "notificationIsPrior". The context is kept and handed over. Raises
-/// "NSInvalidArgumentException" when the object or the observer is nil, a number, a string or data.
+/// at the key path. The change is a dictionary: "kind" (a ChangeKind), "old" and "new" as asked for (the null object
+/// for nil), "indexes" (the range of the elements) and, before a change, "notificationIsPrior". The context is kept and
+/// handed over. Raises "NSInvalidArgumentException" when the object or the observer is nil, a number, a string or data.
 VELT_EXPORT void addObserver(const id& object, const id& observer, std::string_view keyPath, unsigned options,
                              const id& context = nil);
 /// Ends the latest observation of that observer, object and key path, with that context if one is given. It may be

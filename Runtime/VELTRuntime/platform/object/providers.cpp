@@ -56,6 +56,8 @@ void provide(const Providers& given) {
     if (given.attributedStringFromHtml) all.attributedStringFromHtml = given.attributedStringFromHtml;
     if (given.soundAlert) all.soundAlert = given.soundAlert;
     if (given.visibleScreenFrame) all.visibleScreenFrame = given.visibleScreenFrame;
+    if (given.drawText) all.drawText = given.drawText;
+    if (given.textSize) all.textSize = given.textSize;
     if (given.makeMainLoopDriver) all.makeMainLoopDriver = given.makeMainLoopDriver;
 }
 

@@ -22,6 +22,11 @@ struct Providers {
     bool (*soundAlert)();
     /// The main screen without panels, y upward; the zero rectangle when there is no screen.
     NSRect (*visibleScreenFrame)();
+    /// Draws a string with attributes (a dictionary or nil) into what is being drawn: from the rectangle's top, in
+    /// lines as wide as it, or at its origin in the lines that the text has.
+    void (*drawText)(const id& text, NSRect rect, bool wraps, const id& attributes);
+    /// The size of that text.
+    NSSize (*textSize)(const id& text, const id& attributes);
     /// Makes the application object when there is none, and what waits within its event loop (loop_driver.h).
     std::unique_ptr<LoopDriver> (*makeMainLoopDriver)(LoopCalls calls);
 };

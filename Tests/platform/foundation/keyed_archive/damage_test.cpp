@@ -38,18 +38,19 @@ std::string sample() {
 }  // namespace
 
 TEST(DamagedArchives, AreNoArchivesAtAll) {
-    EXPECT_EQ("the archive is no dictionary", damageOf(bytesOf(array(integer(1)))));
-    EXPECT_EQ("$top is no dictionary", damageOf(bytesOf(dictionary())));
-    EXPECT_EQ("$top is no dictionary", damageOf(bytesOf(dictionary(str("$top"), uid(1), str("$objects"), array()))));
+    EXPECT_EQ("the archive is no dictionary", damageOf(binaryListOf(array(integer(1)))));
+    EXPECT_EQ("$top is no dictionary", damageOf(binaryListOf(dictionary())));
+    EXPECT_EQ("$top is no dictionary",
+              damageOf(binaryListOf(dictionary(str("$top"), uid(1), str("$objects"), array()))));
     const id top = dictionary(str("root"), uid(1));
-    EXPECT_EQ("$objects is no list of objects", damageOf(bytesOf(dictionary(str("$top"), top))));
+    EXPECT_EQ("$objects is no list of objects", damageOf(binaryListOf(dictionary(str("$top"), top))));
     EXPECT_EQ("$objects is no list of objects",
-              damageOf(bytesOf(dictionary(str("$top"), top, str("$objects"), array()))));
+              damageOf(binaryListOf(dictionary(str("$top"), top, str("$objects"), array()))));
     const id objects = array(str("$null"), str("x"));
     EXPECT_EQ("$archiver is no name",
-              damageOf(bytesOf(dictionary(str("$archiver"), uid(1), str("$top"), top, str("$objects"), objects))));
-    EXPECT_EQ("$version is no number",
-              damageOf(bytesOf(dictionary(str("$version"), str("1"), str("$top"), top, str("$objects"), objects))));
+              damageOf(binaryListOf(dictionary(str("$archiver"), uid(1), str("$top"), top, str("$objects"), objects))));
+    EXPECT_EQ("$version is no number", damageOf(binaryListOf(dictionary(str("$version"), str("1"), str("$top"), top,
+                                                                        str("$objects"), objects))));
     EXPECT_NE("nothing", damageOf(""));
     EXPECT_NE("nothing", damageOf("bplist00"));
 }
@@ -62,7 +63,7 @@ TEST(DamagedArchives, ReferToWhatIsNotThere) {
     EXPECT_EQ("an object has no class", damageOf(archiveOf(dictionary(str("NS.objects"), array()))));
     EXPECT_EQ("an object has no class", damageOf(archiveOf(dictionary(str("$class"), str("NSArray")))));
     EXPECT_EQ("$top has no root",
-              damageOf(bytesOf(dictionary(str("$top"), dictionary(), str("$objects"), array(str("$null"))))));
+              damageOf(binaryListOf(dictionary(str("$top"), dictionary(), str("$objects"), array(str("$null"))))));
 }
 
 TEST(DamagedArchives, HaveClassesThatAreNone) {
@@ -157,8 +158,9 @@ TEST(DamagedArchives, HaveKeysThatTakeForeverToCompare) {
         objects->append(dictionary(str("$class"), uid(3), str("NS.objects"), array(uid(i + 1), uid(i + 1))));
     }
     objects->append(str("end"));
-    EXPECT_EQ("object 1 has a key that holds too much",
-              damageOf(bytesOf(dictionary(str("$top"), dictionary(str("root"), uid(1)), str("$objects"), objects))));
+    EXPECT_EQ(
+        "object 1 has a key that holds too much",
+        damageOf(binaryListOf(dictionary(str("$top"), dictionary(str("root"), uid(1)), str("$objects"), objects))));
 }
 
 TEST(DamagedArchives, DoNotGrowWithoutEnd) {
@@ -176,7 +178,7 @@ TEST(DamagedArchives, DoNotGrowWithoutEnd) {
         all->append(uid(i));
     }
     const std::string archive =
-        bytesOf(dictionary(str("$top"), dictionary(str("root"), uid(1)), str("$objects"), objects));
+        binaryListOf(dictionary(str("$top"), dictionary(str("root"), uid(1)), str("$objects"), objects));
     EXPECT_EQ("the archive would become far larger than it is", damageOf(archive));
 }
 
@@ -184,7 +186,7 @@ TEST(DamagedArchives, HaveNumbersThatDoNotFitTheirTypes) {
     const auto damage = [](const id& number, const id& types) {
         const id list = archiveList(number);
         velt::mutableDictionaryOf(list)->setObject(types, str("VELT.numberTypes"));
-        return show(unarchived(bytesOf(list)));
+        return show(unarchived(binaryListOf(list)));
     };
     EXPECT_EQ("s 5", damage(integer(5), dictionary(str("s"), array(integer(1)))));
     EXPECT_EQ("f 0.5", damage(real(0.5), dictionary(str("f"), array(integer(1)))));

@@ -3,6 +3,7 @@
 
 #include "VELTRuntime/platform/foundation/notification_center.h"
 #include "VELTRuntime/platform/foundation/process/child_process.h"
+#include "VELTRuntime/platform/foundation/process/descriptor_io.h"
 #include "support/child_tasks.h"
 #include "support/generated_bytes.h"
 #include "support/processes.h"
@@ -14,6 +15,7 @@
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 #include <thread>
+#include <unistd.h>
 
 using namespace velt;
 using namespace velt::test;
@@ -258,7 +260,7 @@ TEST(TaskEnd, IsPostedAfterAWaitWhenTheRunLoopRunsAgain) {
 }
 
 TEST(TaskEnd, LeavesNoZombieAndNoDescriptorOnceTheLoopHasRun) {
-    RunLoop::current().runUntil(0);
+    settleDescriptors();
     const std::size_t before = openDescriptorCount();
     std::vector<long> processes;
     for (int i = 0; i < 20; ++i) {
@@ -268,6 +270,53 @@ TEST(TaskEnd, LeavesNoZombieAndNoDescriptorOnceTheLoopHasRun) {
     }
     EXPECT_TRUE(runLoopUntil([&] { return openDescriptorCount() == before; }));
     for (long process : processes) EXPECT_NE(::kill(static_cast<pid_t>(process), 0), 0) << process;
+}
+
+TEST(TaskEnd, LeavesNoZombieOnceAnotherChildIsStartedThoughNobodyAsks) {
+    const Ref<NSTask> task = make<NSTask>();
+    task->setLaunchPath(string(childProgram()));
+    task->setArguments(stringArray({"exit", "5"}));
+    const Ref<EndCounter> counter = make<EndCounter>();
+    counter->watch(task);
+    task->launch();
+    const auto process = static_cast<pid_t>(task->processIdentifier());
+    waitReadable(task->child()->descriptor(), -1);
+    VELT_RUN("/bin/true"_v);
+    EXPECT_NE(::kill(process, 0), 0);
+    // The loop hears of the end as ever.
+    EXPECT_EQ(counter->count, 0);
+    EXPECT_TRUE(runLoopUntil([&] { return counter->count > 0; }));
+    EXPECT_EQ(task->terminationStatus(), 5);
+}
+
+TEST(TaskEnd, LeavesNoZombieOfAThreadThatNeitherWaitsNorRunsItsLoop) {
+    std::atomic<long> process{0};
+    std::atomic<bool> isOver{false};
+    std::thread launcher([&] {
+        Piped piped({"raise", "9"});
+        piped.task->launch();
+        process = piped.task->processIdentifier();
+        while (!isOver) ::usleep(1000);
+        EXPECT_EQ(piped.task->terminationStatus(), SIGKILL);
+        const Ref<EndCounter> counter = make<EndCounter>();
+        counter->watch(piped.task);
+        EXPECT_TRUE(runLoopUntil([&] { return counter->count > 0; }));
+    });
+    EXPECT_TRUE(runLoopUntil([&] { return process > 0 && ::kill(static_cast<pid_t>(process), 0) != 0; }));
+    isOver = true;
+    launcher.join();
+}
+
+TEST(TaskEnd, LeavesNoZombieOfATaskThatNobodyHolds) {
+    long process = 0;
+    std::thread([&] {
+        const Ref<NSTask> task = make<NSTask>();
+        task->setLaunchPath(string(childProgram()));
+        task->setArguments(stringArray({"pause", "20"}));
+        task->launch();
+        process = task->processIdentifier();
+    }).join();
+    EXPECT_TRUE(runLoopUntil([&] { return ::kill(static_cast<pid_t>(process), 0) != 0; }));
 }
 
 TEST(TaskEnd, DoesNotDisturbTheProgramsOwnChildrenAndHandlers) {

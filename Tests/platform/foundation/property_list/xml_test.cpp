@@ -23,6 +23,13 @@ std::string body(const id& root) {
 id read(const std::string& elements) { return velt::readPropertyList("<plist>" + elements + "</plist>"); }
 std::string failure(const std::string& elements) { return readFailure("<plist>" + elements + "</plist>"); }
 
+id dictionaryOfTwo(const id& value) {
+    const id both = emptyDictionary();
+    VELT_NSMUTABLEDICTIONARY_INSERT(both, str("a"), value);
+    VELT_NSMUTABLEDICTIONARY_INSERT(both, str("b"), value);
+    return both;
+}
+
 }  // namespace
 
 TEST(XmlPropertyList, IsWrittenAnElementALine) {
@@ -109,6 +116,15 @@ TEST(XmlPropertyList, RefusesToWriteWhatLiesWithinItselfOrTooDeep) {
                     .ends_with("[0]: more than 512 collections within each other"));
     EXPECT_EQ("[0]: the date is no moment of the calendar",
               writeFailure(array(velt::make<NSDate>(std::nan(""))), PropertyListForm::Xml));
+}
+
+TEST(XmlPropertyList, RefusesToRepeatSharedCollectionsWithoutEnd) {
+    id list = array(str("a text of some length"));
+    EXPECT_EQ("", writeFailure(array(list, list, list), PropertyListForm::Xml));
+    for (int i = 0; i < 40; ++i) list = i % 2 ? id(array(list, list)) : dictionaryOfTwo(list);
+    const std::string failure = writeFailure(list, PropertyListForm::Xml);
+    EXPECT_TRUE(failure.ends_with(": collections that several share would be repeated too often")) << failure;
+    EXPECT_EQ("", writeFailure(list, PropertyListForm::Binary));
 }
 
 TEST(XmlPropertyList, ReadsEveryElement) {

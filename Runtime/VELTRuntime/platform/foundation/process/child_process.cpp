@@ -24,43 +24,6 @@ namespace velt {
 
 namespace {
 
-/// What a process needs to be told about a child, or nothing while it runs.
-std::optional<ProcessEnd> collect(int descriptor) {
-    siginfo_t info{};
-    int result;
-    do {
-        result = ::waitid(static_cast<idtype_t>(P_PIDFD), static_cast<id_t>(descriptor), &info, WEXITED | WNOHANG);
-    } while (result < 0 && errno == EINTR);
-    if (result < 0) return ProcessEnd{false, -1};
-    if (info.si_pid == 0) return std::nullopt;
-    return ProcessEnd{info.si_code != CLD_EXITED, info.si_status};
-}
-
-/// Children that nobody holds any more, until they have ended.
-class Orphans {
-public:
-    static Orphans& all() {
-        static Orphans& orphans = *new Orphans;  // used to the very end
-        return orphans;
-    }
-    void add(int descriptor) {
-        const std::lock_guard lock(mutex_);
-        descriptors_.push_back(descriptor);
-    }
-    void collectEnded() {
-        const std::lock_guard lock(mutex_);
-        std::erase_if(descriptors_, [](int descriptor) {
-            if (!collect(descriptor)) return false;
-            ::close(descriptor);
-            return true;
-        });
-    }
-
-private:
-    std::mutex mutex_;
-    std::vector<int> descriptors_;
-};
-
 /// The arguments of one start, freed with their scope.
 class Actions {
 public:
@@ -180,7 +143,7 @@ ChildProcess::ChildProcess(const SpawnRequest& request) {
     if (request.environment) {
         for (const std::string& entry : *request.environment) requireNoZeroBytes(request, entry, "the environment");
     }
-    Orphans::all().collectEnded();
+    UncollectedChildren::all().collectEnded();
 
     const std::string path = executablePath(request);
     const std::vector<char*> arguments = pointersTo(request.arguments, &request.path);
@@ -192,13 +155,14 @@ ChildProcess::ChildProcess(const SpawnRequest& request) {
     const int error = actions.spawn(identifier_, path, arguments.data(), request.environment ? own.data() : environ);
     if (error != 0) raiseNotStarted(request, path, error);
 
-    descriptor_ = ::pidfd_open(identifier_, 0);
-    if (descriptor_ >= 0) return;
-    if (errno == ESRCH) {  // the program ignores its children's end, and this one is over
-        end_ = ProcessEnd{false, -1};
+    const int descriptor = ::pidfd_open(identifier_, 0);
+    const int reason = errno;
+    state_ = std::make_shared<ChildState>(descriptor);
+    if (descriptor >= 0) return;
+    if (reason == ESRCH) {  // the program ignores its children's end, and this one is over
+        state_->setLost();
         return;
     }
-    const int reason = errno;
     ::kill(identifier_, SIGKILL);
     ::waitpid(identifier_, nullptr, 0);
     raise(kInvalidArgumentException, "cannot launch '" + request.path + "': " + reasonOf(reason));
@@ -206,41 +170,10 @@ ChildProcess::ChildProcess(const SpawnRequest& request) {
 
 ChildProcess::~ChildProcess() {
     if (!end()) {
-        Orphans::all().add(descriptor_);
+        collectUnasked();
     } else {
         closeDescriptor();
     }
-}
-
-void ChildProcess::closeDescriptor() {
-    const std::lock_guard lock(mutex_);
-    if (!end_ || waiting_ > 0 || descriptor_ < 0) return;
-    ::close(descriptor_.exchange(-1));
-}
-
-std::optional<ProcessEnd> ChildProcess::end() {
-    const std::lock_guard lock(mutex_);
-    if (!end_) end_ = collect(descriptor_);
-    return end_;
-}
-
-bool ChildProcess::wait(int milliseconds) {
-    {
-        const std::lock_guard lock(mutex_);
-        if (!end_) end_ = collect(descriptor_);
-        if (end_) return true;
-        ++waiting_;
-    }
-    waitReadable(descriptor_, milliseconds);
-    const std::lock_guard lock(mutex_);
-    --waiting_;
-    if (!end_) end_ = collect(descriptor_);
-    return end_.has_value();
-}
-
-bool ChildProcess::signal(int number) {
-    const std::lock_guard lock(mutex_);
-    return !end_ && ::pidfd_send_signal(descriptor_, number, nullptr, 0) == 0;
 }
 
 PipeEnds makePipe() {

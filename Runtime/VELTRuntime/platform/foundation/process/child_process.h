@@ -3,10 +3,10 @@
 #pragma once
 
 #include "VELTRuntime/export.h"
+#include "VELTRuntime/platform/foundation/process/child_state.h"
 
 #include <array>
-#include <atomic>
-#include <mutex>
+#include <memory>
 #include <optional>
 #include <string>
 #include <sys/types.h>
@@ -31,42 +31,34 @@ struct SpawnRequest {
     bool newSession = false;
 };
 
-/// How a process ended.
-struct ProcessEnd {
-    bool bySignal = false;
-    /// The exit status, or the number of the signal. -1 when another part of the program waited for the child.
-    int status = 0;
-};
-
 /// A started child. All functions may be called from any thread.
 class VELT_EXPORT ChildProcess {
 public:
     /// Starts it with no signal blocked and every signal at its default. Raises "NSInvalidArgumentException" with the
     /// path and the system's reason when it cannot be started.
     explicit ChildProcess(const SpawnRequest& request);
-    /// A child that still runs goes on; it is collected when a later one is started.
+    /// A child that still runs goes on, and is collected when it has ended.
     ~ChildProcess();
     ChildProcess(const ChildProcess&) = delete;
     ChildProcess& operator=(const ChildProcess&) = delete;
 
     pid_t identifier() const { return identifier_; }
     /// Can be read once the process has ended.
-    int descriptor() const { return descriptor_; }
+    int descriptor() const { return state_->descriptor(); }
     /// Gives the descriptor back once the process has ended; all else is still known.
-    void closeDescriptor();
+    void closeDescriptor() { state_->closeDescriptor(); }
+    /// Its end may never be asked for, and it is to leave no zombie behind all the same.
+    void collectUnasked() { UncollectedChildren::all().add(state_); }
     /// How it ended; nothing while it runs.
-    std::optional<ProcessEnd> end();
+    std::optional<ProcessEnd> end() { return state_->end(); }
     /// Blocks the thread until it has ended, at most some milliseconds unless that is -1. False when it still runs.
-    bool wait(int milliseconds = -1);
+    bool wait(int milliseconds = -1) { return state_->wait(milliseconds); }
     /// False when the process has ended or may not be signalled.
-    bool signal(int number);
+    bool signal(int number) { return state_->signal(number); }
 
 private:
     pid_t identifier_ = 0;
-    std::atomic<int> descriptor_ = -1;
-    std::mutex mutex_;
-    unsigned waiting_ = 0;  // threads that wait on the descriptor
-    std::optional<ProcessEnd> end_;
+    std::shared_ptr<ChildState> state_;
 };
 
 /// Both ends of a new pipe: closed when another program is executed, above the three standard descriptors.

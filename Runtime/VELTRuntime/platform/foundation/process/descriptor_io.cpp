@@ -7,10 +7,10 @@
 #include <cstring>
 #include <ctime>
 #include <fcntl.h>
-#include <memory>
 #include <poll.h>
 #include <pthread.h>
 #include <unistd.h>
+#include <utility>
 
 namespace velt {
 
@@ -18,6 +18,13 @@ namespace {
 
 /// What a pipe holds. Larger pipes and pieces were slower: the bytes leave the processor's cache on their way.
 constexpr std::size_t kPieceLimit = 64 * 1024;
+
+/// The thread's own; a new one after it was handed over. What was freed last comes back, its pages still at hand.
+Bytes& pieceBuffer() {
+    static thread_local Bytes buffer;
+    if (buffer.empty()) buffer.resize(kPieceLimit);
+    return buffer;
+}
 
 int waitFor(int descriptor, short events, int milliseconds) {
     timespec begin;
@@ -75,13 +82,21 @@ void raiseDescriptorFailure(std::string_view operation, int error) {
 bool waitReadable(int descriptor, int milliseconds) { return waitFor(descriptor, POLLIN, milliseconds) != 0; }
 
 std::optional<std::string_view> readPieceNow(int descriptor, std::string_view operation) {
-    static thread_local const std::unique_ptr<char[]> buffer(new char[kPieceLimit]);
+    Bytes& buffer = pieceBuffer();
     for (;;) {
-        const ssize_t count = ::read(descriptor, buffer.get(), kPieceLimit);
-        if (count >= 0) return std::string_view(buffer.get(), static_cast<std::size_t>(count));
+        const ssize_t count = ::read(descriptor, buffer.data(), kPieceLimit);
+        if (count >= 0) return std::string_view(buffer.data(), static_cast<std::size_t>(count));
         if (errno == EAGAIN) return std::nullopt;
         if (errno != EINTR) raiseDescriptorFailure(operation, errno);
     }
+}
+
+Bytes takePiece(std::string_view piece) {
+    constexpr std::size_t kWorthwhile = kPieceLimit / 2;
+    Bytes& buffer = pieceBuffer();
+    if (piece.data() != buffer.data() || piece.size() < kWorthwhile) return Bytes(piece.begin(), piece.end());
+    buffer.resize(piece.size());
+    return std::exchange(buffer, Bytes());
 }
 
 std::string_view readPiece(int descriptor, std::string_view operation) {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "VELTRuntime/export.h"
+#include "VELTRuntime/platform/foundation/data.h"
 
 #include <optional>
 #include <string>
@@ -24,6 +25,10 @@ VELT_EXPORT std::string_view readPiece(int descriptor, std::string_view operatio
 
 /// The same without waiting, for a descriptor that does not block; nothing when nothing is there.
 VELT_EXPORT std::optional<std::string_view> readPieceNow(int descriptor, std::string_view operation);
+
+/// The bytes of the piece that the thread has just read, for a data value: the thread's buffer itself when they fill a
+/// good part of it. The piece is gone then.
+VELT_EXPORT Bytes takePiece(std::string_view piece);
 
 /// Writes everything, waiting while the reader is slow. Returns 0, or the system's error: EPIPE when nobody reads any
 /// more. No signal is left behind.

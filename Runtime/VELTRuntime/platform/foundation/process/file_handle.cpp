@@ -10,9 +10,12 @@
 #include "VELTRuntime/values/string.h"
 
 #include <cerrno>
+#include <chrono>
 #include <fcntl.h>
 #include <optional>
+#include <sched.h>
 #include <unistd.h>
+#include <utility>
 
 using namespace velt;
 
@@ -30,7 +33,7 @@ struct NSFileHandle::Background {
     int descriptor;
     Mode mode;
     bool wanted = true;  // a further piece is
-    std::string gathered;
+    Bytes gathered;
 };
 
 namespace {
@@ -87,7 +90,9 @@ int NSFileHandle::openDescriptor(std::string_view operation) const {
     return descriptor;
 }
 
-id NSFileHandle::availableData() { return make<NSData>(readPiece(openDescriptor("availableData"), "availableData")); }
+id NSFileHandle::availableData() {
+    return make<NSData>(takePiece(readPiece(openDescriptor("availableData"), "availableData")));
+}
 
 id NSFileHandle::dataAvailableNow() { return waitReadable(openDescriptor("availableData"), 0) ? availableData() : nil; }
 
@@ -104,7 +109,7 @@ id NSFileHandle::readDataToEndOfFile() {
 id NSFileHandle::readDataOfLength(long length) {
     const int descriptor = openDescriptor("readDataOfLength:");
     if (length < 0) raise(kInvalidArgumentException, "readDataOfLength: a length below zero");
-    std::string bytes(static_cast<std::size_t>(length), '\0');
+    Bytes bytes(static_cast<std::size_t>(length));
     std::size_t filled = 0;
     while (filled < bytes.size()) {
         const ssize_t count = ::read(descriptor, bytes.data() + filled, bytes.size() - filled);
@@ -117,7 +122,8 @@ id NSFileHandle::readDataOfLength(long length) {
             raiseDescriptorFailure("readDataOfLength:", errno);
         }
     }
-    return make<NSData>(std::string_view(bytes).substr(0, filled));
+    bytes.resize(filled);
+    return make<NSData>(std::move(bytes));
 }
 
 void NSFileHandle::writeData(const id& data) {
@@ -180,28 +186,46 @@ void NSFileHandle::cancelBackground() {
     }
 }
 
-/// The watch stays while each notification asks for the next piece: a long output costs no more than its reads. A busy
-/// writer gets a few pieces read in turn before the loop looks at anything else.
+/// The watch stays while each notification asks for the next piece: a long output costs no more than its reads, and
+/// what else waits on the loop gets its turn after a moment.
+///
+/// A writer that is faster than the pipe is emptied would wake this thread for every piece, which costs more than the
+/// reading. So an empty pipe that had a piece just now is looked at a few times more, the processor left to the writer
+/// in between.
 void NSFileHandle::backgroundReady(const std::shared_ptr<Background>& background) {
-    constexpr int kPiecesInTurn = 8;
-    constexpr std::size_t kBusy = 32 * 1024;
+    using Clock = std::chrono::steady_clock;
+    constexpr auto kTurn = std::chrono::microseconds(1000), kPatience = std::chrono::microseconds(50);
+    constexpr int kLooks = 20;
     const auto goesOn = [&] {
         return background->wanted && background_.lock() == background && descriptor_ == background->descriptor;
     };
-    for (int i = 0; i < kPiecesInTurn && goesOn(); ++i) {
-        if (takeBackground(*background) < kBusy) break;
+    const Clock::time_point begin = Clock::now();
+    Clock::time_point lastPiece = begin;
+    bool hadPiece = false;
+    for (int looks = 0; goesOn();) {
+        const bool tookPiece = takeBackground(*background);
+        const Clock::time_point now = Clock::now();
+        if (tookPiece) {
+            hadPiece = true;
+            looks = 0;
+            lastPiece = now;
+            if (now - begin > kTurn) break;
+        } else {
+            if (!hadPiece || !neverBlocks_ || ++looks > kLooks || now - lastPiece > kPatience) break;
+            ::sched_yield();
+        }
     }
     if (!background->wanted && background_.lock() == background) cancelBackground();
 }
 
-/// Takes what there is; the number of bytes.
-std::size_t NSFileHandle::takeBackground(Background& background) {
+/// Takes what there is; false when there is nothing yet.
+bool NSFileHandle::takeBackground(Background& background) {
     // A loop that ran within another's delivery may have read what this one was told of.
-    if ((background.mode == Mode::Wait || !neverBlocks_) && !waitReadable(background.descriptor, 0)) return 0;
+    if ((background.mode == Mode::Wait || !neverBlocks_) && !waitReadable(background.descriptor, 0)) return false;
     if (background.mode == Mode::Wait) {
         background.wanted = false;
         post(kDataAvailable, nil);
-        return 0;
+        return true;
     }
     std::optional<std::string_view> piece;
     try {
@@ -209,21 +233,19 @@ std::size_t NSFileHandle::takeBackground(Background& background) {
     } catch (const NSException&) {
         piece.emplace();  // a terminal whose other end has gone fails where others end
     }
-    if (!piece) return 0;
-    const std::size_t size = piece->size();
+    if (!piece) return false;
     if (background.mode == Mode::Piece) {
         background.wanted = false;
-        post(kReadCompletion, make<NSData>(*piece));
-        return size;
+        post(kReadCompletion, make<NSData>(takePiece(*piece)));
+        return true;
     }
-    background.gathered += *piece;
-    if (size == 0) {
+    background.gathered.insert(background.gathered.end(), piece->begin(), piece->end());
+    if (piece->empty()) {
         background.wanted = false;
-        const id data = make<NSData>(background.gathered);
-        background.gathered.clear();
+        const id data = make<NSData>(std::exchange(background.gathered, Bytes()));
         post(kReadToEndCompletion, data);
     }
-    return size;
+    return true;
 }
 
 void NSFileHandle::post(const char* name, const id& data) {

@@ -72,7 +72,7 @@ private:
     int openDescriptor(std::string_view operation) const;
     void begin(Mode mode, std::string_view operation);
     void backgroundReady(const std::shared_ptr<Background>& background);
-    std::size_t takeBackground(Background& background);
+    bool takeBackground(Background& background);
     void post(const char* name, const id& data);
 
     std::atomic<int> descriptor_;

@@ -135,6 +135,7 @@ void NSTask::launch() {
     for (std::size_t i = 0; i < 3; ++i) request.standard[i] = childDescriptor(standard_[i], i == 0);
 
     auto child = std::make_shared<ChildProcess>(request);
+    child->collectUnasked();
     {
         const std::lock_guard lock(mutex_);
         child_ = std::move(child);

@@ -12,6 +12,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <unordered_map>
 
 namespace velt::property_list {
 
@@ -84,7 +85,29 @@ private:
         bytes_ += "</data>\n";
     }
 
+    /// The form repeats a collection that several others share. Each time costs what its text took, and a few that
+    /// share each other would soon fill the memory.
+    template <class Put> void putShared(const NSObject& collection, const Step* step, Put put) {
+        if (repeats_ || collection.ownerCount() < 2) return put();
+        constexpr std::size_t kMostRepeated = std::size_t{1} << 27;
+        const auto written = sizes_.find(&collection);
+        if (written == sizes_.end()) {
+            const std::size_t start = bytes_.size();
+            put();
+            sizes_.emplace(&collection, bytes_.size() - start);
+            return;
+        }
+        repeated_ += written->second;
+        if (repeated_ > kMostRepeated) fail(step, "collections that several share would be repeated too often");
+        repeats_ = true;
+        put();
+        repeats_ = false;
+    }
+
     void putArray(NSArray& array, const Step* outer) {
+        putShared(array, outer, [&] { putElements(array, outer); });
+    }
+    void putElements(NSArray& array, const Step* outer) {
         Step step = stepInto(&array, outer);
         if (array.count() == 0) {
             bytes_ += "<array/>\n";
@@ -107,6 +130,9 @@ private:
     }
 
     void putDictionary(NSDictionary& dictionary, const Step* outer) {
+        putShared(dictionary, outer, [&] { putEntries(dictionary, outer); });
+    }
+    void putEntries(NSDictionary& dictionary, const Step* outer) {
         Step step = stepInto(&dictionary, outer);
         if (dictionary.count() == 0) {
             bytes_ += "<dict/>\n";
@@ -190,6 +216,9 @@ private:
         fail(step, std::string("XML cannot hold the character ") + code);
     }
 
+    std::unordered_map<const NSObject*, std::size_t> sizes_;
+    std::size_t repeated_ = 0;
+    bool repeats_ = false;  // within a collection that was written before
     std::string bytes_;
 };
 

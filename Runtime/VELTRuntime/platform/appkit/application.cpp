@@ -1,0 +1,182 @@
+#include "VELTRuntime/platform/appkit/application.h"
+
+#include "VELTRuntime/platform/appkit/application_object.h"
+#include "VELTRuntime/platform/appkit/event.h"
+#include "VELTRuntime/platform/appkit/image.h"
+#include "VELTRuntime/platform/appkit/menus/menu_bar.h"
+#include "VELTRuntime/platform/appkit/panel.h"
+#include "VELTRuntime/platform/foundation/array.h"
+#include "VELTRuntime/platform/foundation/notification_center.h"
+#include "VELTRuntime/platform/foundation/run_loop.h"
+#include "VELTRuntime/values/string.h"
+
+#include <QApplication>
+#include <QIcon>
+#include <QMainWindow>
+#include <algorithm>
+
+using velt::Ref;
+using velt::RunLoop;
+using velt::Selector;
+
+namespace {
+
+id object(const NSObject* pointer) { return id(const_cast<NSObject*>(pointer)); }
+
+}  // namespace
+
+NSApplication::NSApplication() {
+    velt::requireApplicationObject("the application");
+    watchDesktop();
+}
+
+NSApplication& NSApplication::sharedApplication() {
+    // Leaked: windows may go after static objects.
+    static NSApplication& shared = *velt::make<NSApplication>().release();
+    return shared;
+}
+
+id NSApplication::keyWindow() const {
+    for (const Ref<NSWindow>& window : open_) {
+        if (window->isKeyWindow()) return window;
+    }
+    return nil;
+}
+
+id NSApplication::mainWindow() const {
+    id key = keyWindow();
+    if (!key.isNil() && !velt::is<NSPanel>(key)) return key;
+    for (auto at = open_.rbegin(); at != open_.rend(); ++at) {
+        if (!velt::is<NSPanel>(id(*at))) return *at;
+    }
+    return nil;
+}
+
+id NSApplication::windows() const {
+    Ref<NSMutableArray> list = velt::make<NSMutableArray>();
+    for (const Ref<NSWindow>& window : open_) list->append(window);
+    return list;
+}
+
+void NSApplication::setMainMenu(const id& menu) {
+    if (menu == mainMenu_) return;
+    velt::hideMainMenu(std::exchange(mainMenu_, menu));
+    for (const Ref<NSWindow>& window : open_) velt::showMainMenu(*window);
+}
+
+void NSApplication::setApplicationIconImage(const id& image) {
+    icon_ = image;
+    if (velt::is<NSImage>(image)) {
+        QApplication::setWindowIcon(QIcon(QPixmap::fromImage(velt::as<NSImage>(image)->picture())));
+    }
+}
+
+id NSApplication::targetForAction(Selector action, const id& target, const id&) const {
+    if (!target.isNil()) return velt::respondsTo(target, action) ? target : id();
+    for (const id& window : {keyWindow(), mainWindow()}) {
+        if (window.isNil()) continue;
+        const auto& asked = *velt::as<NSWindow>(window);
+        constexpr int kMostLinks = 1000;  // a program may tie the chain into a ring
+        id responder = asked.firstResponder();
+        for (int i = 0; i < kMostLinks && !responder.isNil(); ++i) {
+            if (velt::respondsTo(responder, action)) return responder;
+            if (!velt::is<NSResponder>(responder)) break;
+            responder = velt::as<NSResponder>(responder)->nextResponder();
+        }
+        if (velt::respondsTo(window, action)) return window;
+        if (velt::respondsTo(asked.delegate(), action)) return asked.delegate();
+    }
+    if (velt::respondsTo(object(this), action)) return object(this);
+    return velt::respondsTo(delegate_, action) ? delegate_ : id();
+}
+
+bool NSApplication::sendAction(Selector action, const id& target, const id& sender) {
+    if (!action) return false;
+    const id answers = targetForAction(action, target, sender);
+    if (answers.isNil()) return false;
+    if (action.argumentCount() == 0) {
+        velt::send(answers, action);
+    } else if (action.argumentCount() == 1) {
+        velt::send(answers, action, sender);
+    } else {
+        return false;
+    }
+    return true;
+}
+
+void NSApplication::tell(std::string_view delegateSelector, std::string_view notification) {
+    const Ref<NSNotification> told = velt::make<NSNotification>(velt::string(notification), object(this), nil);
+    const Selector selector = Selector::named(delegateSelector);
+    if (velt::respondsTo(delegate_, selector)) velt::send(delegate_, selector, told);
+    NSNotificationCenter::defaultCenter().post(*told);
+}
+
+void NSApplication::activateIgnoringOtherApps(bool flag) {
+    const id window = mainWindow();
+    if (!window.isNil() && (flag || isActive())) velt::as<NSWindow>(window)->makeKeyAndOrderFront(nil);
+}
+
+void NSApplication::windowOpens(NSWindow& window) {
+    std::erase_if(open_, [&](const Ref<NSWindow>& open) { return open.get() == &window; });
+    open_.emplace_back(&window);
+}
+
+void NSApplication::windowCloses(NSWindow& window) {
+    std::erase_if(open_, [&](const Ref<NSWindow>& open) { return open.get() == &window; });
+    const bool anyLeft = std::any_of(open_.begin(), open_.end(), [](const Ref<NSWindow>& open) {
+        return open->isVisible() || open->isMiniaturized();
+    });
+    if (anyLeft || !running_) return;
+    // A program without windows would have no way to be ended; its delegate may want it to stay.
+    static const Selector asks = Selector::named("applicationShouldTerminateAfterLastWindowClosed:");
+    if (velt::respondsTo(delegate_, asks) && !VELT_CBOOL(velt::send(delegate_, asks, object(this)))) return;
+    const Ref<NSApplication> kept(this);
+    RunLoop::main().perform([kept] {
+        if (kept->open_.empty()) kept->terminate(nil);
+    });
+}
+
+void NSApplication::windowBecomesKey(NSWindow& window) {
+    // The toolkit tells the window that gets the keyboard first; programs expect to hear of the other one's loss
+    // before.
+    const std::vector<Ref<NSWindow>> open = open_;
+    for (const Ref<NSWindow>& other : open) {
+        if (other.get() != &window) other->activationChanged(false);
+    }
+}
+
+id CurrentEventSetter::exchange(const id& event) {
+    return std::exchange(NSApplication::sharedApplication().currentEvent_, event);
+}
+
+void NSApplication::describe(velt::ClassBuilder<NSApplication>& c) {
+    c.property("keyWindow", &NSApplication::keyWindow)
+        .property("mainWindow", &NSApplication::mainWindow)
+        .property("windows", &NSApplication::windows)
+        .property("currentEvent", &NSApplication::currentEvent)
+        .property("mainMenu", &NSApplication::mainMenu, &NSApplication::setMainMenu)
+        .property("helpMenu", &NSApplication::helpMenu, &NSApplication::setHelpMenu)
+        .property("applicationIconImage", &NSApplication::applicationIconImage, &NSApplication::setApplicationIconImage)
+        .property("delegate", &NSApplication::delegate, &NSApplication::setDelegate)
+        .method("isActive", &NSApplication::isActive)
+        .method("isRunning", &NSApplication::isRunning)
+        .method("run", &NSApplication::run)
+        .method("stop:", &NSApplication::stop)
+        .method("terminate:", &NSApplication::terminate)
+        .method("replyToApplicationShouldTerminate:", &NSApplication::replyToApplicationShouldTerminate)
+        .method("activateIgnoringOtherApps:", &NSApplication::activateIgnoringOtherApps)
+        .method("hideOtherApplications:", &NSApplication::hideOtherApplications)
+        .method("unhideAllApplications:", &NSApplication::unhideAllApplications)
+        .method("sendAction:to:from:",
+                [](const id& self, const id* a) {
+                    const Selector action = Selector::named(velt::utf8(VELT_CSTRING(a[0])));
+                    return velt::boxResult(velt::as<NSApplication>(self)->sendAction(action, a[1], a[2]));
+                })
+        .classMethod("sharedApplication",
+                     [](const id&, const id*) { return object(&NSApplication::sharedApplication()); })
+        .owns(&NSApplication::currentEvent_)
+        .owns(&NSApplication::mainMenu_)
+        .owns(&NSApplication::helpMenu_)
+        .owns(&NSApplication::icon_)
+        .owns(&NSApplication::delegate_);
+}

@@ -1,0 +1,20 @@
+// The row of tabs of a tab view: a tab is chosen only when the program lets it.
+#pragma once
+
+#include <QTabBar>
+
+class NSTabView;
+
+namespace velt {
+
+class TabBar final : public QTabBar {
+public:
+    explicit TabBar(QWidget* parent);
+
+protected:
+    void mousePressEvent(QMouseEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void wheelEvent(QWheelEvent* event) override;
+};
+
+}  // namespace velt

@@ -1,0 +1,287 @@
+#include "VELTRuntime/platform/appkit/controls/field_widget.h"
+
+#include "VELTRuntime/platform/appkit/controls/text_field.h"
+#include "VELTRuntime/platform/appkit/qt_values.h"
+#include "VELTRuntime/platform/appkit/view_events.h"
+
+#include <QAccessibleWidget>
+#include <QMouseEvent>
+#include <QPainter>
+#include <QPainterPath>
+#include <QStyle>
+#include <QStyleOption>
+
+namespace velt {
+
+namespace {
+
+constexpr int kTextMargin = 2;
+
+using Bezel = NSTextFieldCell::Bezel;
+using LineBreak = NSTextFieldCell::LineBreak;
+
+/// What a field is to those who cannot see it.
+class FieldAccessible final : public QAccessibleWidget {
+public:
+    explicit FieldAccessible(FieldWidget& widget) : QAccessibleWidget(&widget, widget.accessibleRole()) {}
+    QAccessible::Role role() const override { return field().accessibleRole(); }
+    QString text(QAccessible::Text kind) const override {
+        const QString said =
+            kind == QAccessible::Name || kind == QAccessible::Value ? field().accessibleText() : QString();
+        if (kind == QAccessible::Name && (role() != QAccessible::StaticText || !widget()->accessibleName().isEmpty()))
+            return QAccessibleWidget::text(kind);
+        return said.isEmpty() ? QAccessibleWidget::text(kind) : said;
+    }
+
+private:
+    FieldWidget& field() const { return *static_cast<FieldWidget*>(widget()); }
+};
+
+QAccessibleInterface* accessibleFor(const QString&, QObject* object) {
+    auto* widget = dynamic_cast<FieldWidget*>(object);
+    return widget ? new FieldAccessible(*widget) : nullptr;
+}
+
+Qt::TextElideMode elision(long mode) {
+    switch (static_cast<LineBreak>(mode)) {
+    case LineBreak::TruncateHead: return Qt::ElideLeft;
+    case LineBreak::TruncateMiddle: return Qt::ElideMiddle;
+    case LineBreak::TruncateTail: return Qt::ElideRight;
+    default: return Qt::ElideNone;
+    }
+}
+
+}  // namespace
+
+Qt::Alignment alignmentOf(long alignment, const QString& text, Qt::LayoutDirection direction) {
+    switch (alignment) {
+    case 0: return Qt::AlignLeft | Qt::AlignAbsolute;
+    case 1: return Qt::AlignRight | Qt::AlignAbsolute;
+    case 2: return Qt::AlignHCenter;
+    case 3: return Qt::AlignJustify;
+    default:
+        const bool fromRight = text.isRightToLeft() || direction == Qt::RightToLeft;
+        return (fromRight ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignAbsolute;
+    }
+}
+
+FieldWidget::FieldWidget() {
+    static const bool installed = [] {
+        QAccessible::installFactory(accessibleFor);
+        return true;
+    }();
+    static_cast<void>(installed);
+}
+
+NSTextField* FieldWidget::field() const { return static_cast<NSTextField*>(viewOf(this)); }
+
+bool FieldWidget::wantsEditor(const NSTextField& field) const { return field.isSelectable(); }
+
+void FieldWidget::makeEditor(Kind kind, bool secret) {
+    if (kind == kind_) return;
+    const bool hadFocus = editor_ && editor_->widget().hasFocus();
+    const QString text = editor_ ? editor_->text() : QString();
+    const int start = editor_ ? editor_->selectionStart() : 0, length = editor_ ? editor_->selectionLength() : 0;
+    if (editor_) {
+        QWidget& old = editor_->widget();
+        editor_ = nullptr;
+        setFocusProxy(nullptr);
+        old.hide();
+        old.deleteLater();  // one of its events may be on its way back through the toolkit
+    }
+    kind_ = kind;
+    if (kind == Kind::None) return;
+    editor_ = (kind == Kind::Line ? makeLineEditor(*this, secret) : makePageEditor(*this)).release();
+    editor_->setText(text);
+    setFocusProxy(&editor_->widget());
+    editor_->widget().show();
+    if (!hadFocus) return;
+    editor_->widget().setFocus(Qt::MouseFocusReason);
+    editor_->select(start, length);
+}
+
+void FieldWidget::syncColors(const NSTextFieldCell& cell) {
+    QPalette colors;
+    if (cell.hasOwnTextColor()) {
+        const QColor text = qtColor(*as<NSColor>(cell.textColor()));
+        for (const auto group : {QPalette::Active, QPalette::Inactive}) {
+            for (const auto role : {QPalette::Text, QPalette::WindowText}) colors.setColor(group, role, text);
+        }
+        // A text that cannot be worked is paler, in its own colour.
+        QColor pale = text;
+        pale.setAlphaF(text.alphaF() * 0.5F);
+        for (const auto role : {QPalette::Text, QPalette::WindowText}) colors.setColor(QPalette::Disabled, role, pale);
+    }
+    if (cell.hasOwnBackgroundColor()) colors.setColor(QPalette::Base, qtColor(*as<NSColor>(cell.backgroundColor())));
+    setPalette(colors);
+    if (!editor_) return;
+    // The field draws the background, also where the editor stands.
+    QPalette within;
+    within.setBrush(QPalette::Base, Qt::NoBrush);
+    for (const auto group : {QPalette::Active, QPalette::Inactive, QPalette::Disabled}) {
+        within.setBrush(group, QPalette::Base, Qt::NoBrush);
+        if (!cell.hasOwnTextColor()) continue;
+        within.setColor(group, QPalette::Text, colors.color(group, QPalette::Text));
+    }
+    editor_->widget().setPalette(within);
+}
+
+void FieldWidget::sync(NSTextField& field) {
+    const NSTextFieldCell& cell = field.textCell();
+    const bool several = field.showsSeveralLines();
+    makeEditor(!wantsEditor(field) ? Kind::None : several ? Kind::Page : Kind::Line, field.isSecret());
+    syncColors(cell);
+    const QString text = qtText(field.editedText()), hint = qtText(cell.placeholderString());
+    if (editor_) {
+        if (!editor_->shows(text)) editor_->setText(text);
+        editor_->setLooks(alignmentOf(cell.alignment(), text.isEmpty() ? hint : text, layoutDirection()), hint,
+                          !cell.isEditable());
+        QWidget& inner = editor_->widget();
+        inner.setToolTip(toolTip());
+        // Without a name of its own a field is called by what it says of itself.
+        if (inner.accessibleName().isEmpty() || inner.accessibleName() != accessibleName())
+            inner.setAccessibleName(!accessibleName().isEmpty() ? accessibleName() : hint.isEmpty() ? toolTip() : hint);
+    }
+    syncParts(field);
+    placeEditor();
+    update();
+}
+
+QRect FieldWidget::frameContents() const {
+    const NSTextField* shown = field();
+    if (!shown) return rect();
+    if (shown->isBezeled()) {
+        const int edge = style()->pixelMetric(QStyle::PM_DefaultFrameWidth, nullptr, this);
+        const bool rounded = shown->bezelStyle() == static_cast<unsigned long>(Bezel::Rounded);
+        return rect().adjusted(edge + (rounded ? 4 : 0), edge, -edge - (rounded ? 4 : 0), -edge);
+    }
+    return shown->isBordered() ? rect().adjusted(1, 1, -1, -1) : rect();
+}
+
+QRect FieldWidget::textRect() const {
+    const QRect inner = frameContents();
+    const QRect logical = inner.adjusted(leadingRoom(), 0, -trailingRoom(), 0);
+    return QStyle::visualRect(layoutDirection(), inner, logical);
+}
+
+void FieldWidget::placeEditor() {
+    if (editor_) editor_->widget().setGeometry(textRect());
+}
+
+void FieldWidget::resizeEvent(QResizeEvent* event) {
+    QWidget::resizeEvent(event);
+    placeEditor();
+}
+
+void FieldWidget::changeEvent(QEvent* event) {
+    QWidget::changeEvent(event);
+    if (event->type() == QEvent::LayoutDirectionChange || event->type() == QEvent::StyleChange) {
+        if (NSTextField* shown = field()) sync(*shown);
+    }
+}
+
+void FieldWidget::mousePressEvent(QMouseEvent* event) {
+    if (editor_ && isEnabled()) {
+        editor_->widget().setFocus(Qt::MouseFocusReason);
+        event->accept();
+    } else {
+        event->ignore();
+    }
+}
+
+QSize FieldWidget::sizeHint() const {
+    const NSTextField* shown = field();
+    if (!shown) return QWidget::sizeHint();
+    const NSSize size = shown->textCell().cellSize();
+    return {static_cast<int>(size.width), static_cast<int>(size.height)};
+}
+
+QAccessible::Role FieldWidget::accessibleRole() const {
+    const NSTextField* shown = field();
+    return shown && !editor_ ? QAccessible::StaticText : QAccessible::Client;
+}
+
+QString FieldWidget::accessibleText() const {
+    const NSTextField* shown = field();
+    return shown && !shown->isSecret() ? qtText(shown->stringValue()) : QString();
+}
+
+// Drawing.
+
+void FieldWidget::paintFrame(QPainter& painter) {
+    const NSTextField* shown = field();
+    if (!shown) return;
+    const NSTextFieldCell& cell = shown->textCell();
+    const bool fills = cell.drawsBackground() && (!cell.isLabel() || cell.hasOwnBackgroundColor());
+    const QBrush base = palette().brush(QPalette::Base);
+    if (!cell.isBezeled()) {
+        if (fills) painter.fillRect(rect(), base);
+        if (cell.isBordered()) {
+            painter.setPen(palette().color(QPalette::Mid));
+            painter.drawRect(rect().adjusted(0, 0, -1, -1));
+        }
+        return;
+    }
+    const bool hasKeyboard = editor_ && editor_->widget().hasFocus();
+    if (cell.bezelStyle() != static_cast<unsigned long>(Bezel::Rounded)) {
+        QStyleOptionFrame option;
+        option.initFrom(this);
+        option.lineWidth = style()->pixelMetric(QStyle::PM_DefaultFrameWidth, &option, this);
+        option.state |= QStyle::State_Sunken;
+        option.state.setFlag(QStyle::State_HasFocus, hasKeyboard);
+        option.state.setFlag(QStyle::State_ReadOnly, !cell.isEditable());
+        if (!fills) option.palette.setBrush(QPalette::Base, Qt::transparent);
+        style()->drawPrimitive(QStyle::PE_PanelLineEdit, &option, &painter, this);
+        return;
+    }
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing);
+    const QRectF outline = QRectF(rect()).adjusted(1, 1, -1, -1);
+    constexpr double kMostRadius = 12;
+    const double radius = std::min(outline.height() / 2, kMostRadius);
+    QColor line = hasKeyboard ? palette().color(QPalette::Highlight) : palette().color(QPalette::Text);
+    if (!hasKeyboard) line.setAlphaF(0.35F);
+    painter.setPen(QPen(line, hasKeyboard ? 2 : 1));
+    painter.setBrush(fills ? base : QBrush(Qt::NoBrush));
+    painter.drawRoundedRect(outline, radius, radius);
+    painter.restore();
+}
+
+void FieldWidget::paintText(QPainter& painter, NSTextField& field) {
+    if (editor_) return;
+    const NSTextFieldCell& cell = field.textCell();
+    QString text = qtText(cell.stringValue());
+    const bool onBase = !cell.isLabel();
+    QColor color = palette().color(onBase ? QPalette::Text : QPalette::WindowText);
+    if (text.isEmpty()) {
+        text = qtText(cell.placeholderString());
+        color = palette().color(QPalette::PlaceholderText);
+    }
+    if (text.isEmpty()) return;
+    if (field.isSecret()) text = QString(text.size(), QChar(style()->styleHint(QStyle::SH_LineEdit_PasswordCharacter)));
+    painter.setPen(color);
+    const QRect place = textRect().adjusted(kTextMargin, 0, -kTextMargin, 0);
+    const Qt::Alignment alignment = alignmentOf(cell.alignment(), text, layoutDirection());
+    const QFontMetrics metrics(font());
+    // One line stands in the middle of its field, several start at the top.
+    if (!field.showsSeveralLines()) {
+        const QString line = text.section(QLatin1Char('\n'), 0, 0);
+        const Qt::TextElideMode elided = elision(cell.lineBreakMode());
+        painter.drawText(place, static_cast<int>(alignment | Qt::AlignVCenter) | Qt::TextSingleLine,
+                         elided == Qt::ElideNone ? line : metrics.elidedText(line, elided, place.width()));
+        return;
+    }
+    const bool byCharacter = cell.lineBreakMode() == static_cast<long>(LineBreak::CharWrap);
+    const int wrapping = byCharacter ? Qt::TextWrapAnywhere : Qt::TextWordWrap;
+    painter.drawText(place, static_cast<int>(alignment | Qt::AlignTop) | wrapping, text);
+}
+
+void FieldWidget::paintEvent(QPaintEvent*) {
+    NSTextField* shown = field();
+    if (!shown) return;
+    QPainter painter(this);
+    paintFrame(painter);
+    paintText(painter, *shown);
+}
+
+}  // namespace velt

@@ -1,0 +1,72 @@
+#include "VELTRuntime/platform/appkit/controls/pressed_widget.h"
+
+#include "VELTRuntime/platform/appkit/controls/control.h"
+
+#include <QAccessibleWidget>
+#include <QKeyEvent>
+#include <utility>
+
+namespace velt {
+
+namespace {
+
+class PressedAccessible final : public QAccessibleWidget {
+public:
+    explicit PressedAccessible(PressedWidget* widget) : QAccessibleWidget(widget, widget->role()) {}
+
+    QAccessible::Role role() const override { return shown().role(); }
+    QString text(QAccessible::Text kind) const override {
+        if (kind == QAccessible::Value) return shown().valueText();
+        const QString text = QAccessibleWidget::text(kind);
+        return text.isEmpty() && kind == QAccessible::Name ? widget()->toolTip() : text;
+    }
+    QStringList actionNames() const override {
+        QStringList names = QAccessibleWidget::actionNames();
+        if (widget()->isEnabled()) names.prepend(QAccessibleActionInterface::pressAction());
+        return names;
+    }
+    void doAction(const QString& name) override {
+        if (name != QAccessibleActionInterface::pressAction())
+            QAccessibleWidget::doAction(name);
+        else if (widget()->isEnabled())
+            shown().press();
+    }
+
+private:
+    PressedWidget& shown() const { return *static_cast<PressedWidget*>(widget()); }
+};
+
+QAccessibleInterface* accessibleOf(const QString&, QObject* object) {
+    auto* widget = dynamic_cast<PressedWidget*>(object);
+    return widget ? new PressedAccessible(widget) : nullptr;
+}
+
+}  // namespace
+
+PressedWidget::PressedWidget() {
+    [[maybe_unused]] static const bool installed = [] {
+        QAccessible::installFactory(accessibleOf);
+        return true;
+    }();
+    setAttribute(Qt::WA_Hover);
+}
+
+NSControl* PressedWidget::control() const { return static_cast<NSControl*>(viewOf(this)); }
+
+void PressedWidget::valueShown() {
+    update();
+    const QString text = valueText();
+    if (std::exchange(shown_, text) == text) return;
+    QAccessibleValueChangeEvent event(this, text);
+    QAccessible::updateAccessibility(&event);
+}
+
+void PressedWidget::keyPressEvent(QKeyEvent* event) {
+    // Return belongs to the default button, wherever the keyboard is.
+    if (event->key() == Qt::Key_Space && !event->isAutoRepeat() && control())
+        press();
+    else
+        event->ignore();
+}
+
+}  // namespace velt

@@ -1,0 +1,28 @@
+// Fields for secrets: dots stand for the text, and it leaves the field by the program alone.
+#pragma once
+
+#include "VELTRuntime/platform/appkit/controls/text_field.h"
+
+class VELT_EXPORT NSSecureTextFieldCell : public NSTextFieldCell {
+    VELT_OBJECT(NSSecureTextFieldCell, NSTextFieldCell)
+public:
+    using NSTextFieldCell::NSTextFieldCell;
+};
+
+class VELT_EXPORT NSSecureTextField : public NSTextField {
+    VELT_OBJECT(NSSecureTextField, NSTextField)
+public:
+    void cutText(const id&) override {}
+    void copyText(const id&) override {}
+    void undoTyping(const id&) override {}
+    void redoTyping(const id&) override {}
+    bool isSecret() const override { return true; }
+    static void describe(velt::ClassBuilder<NSSecureTextField>&) {}
+
+protected:
+    velt::Ref<NSCell> makeCell() const override {
+        velt::Ref<NSSecureTextFieldCell> cell = velt::make<NSSecureTextFieldCell>();
+        prepareCell(*cell);
+        return cell;
+    }
+};

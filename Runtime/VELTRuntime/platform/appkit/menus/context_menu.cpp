@@ -1,0 +1,72 @@
+#include "VELTRuntime/platform/appkit/menus/context_menu.h"
+
+#include "VELTRuntime/platform/appkit/application.h"
+#include "VELTRuntime/platform/appkit/event_delivery.h"
+#include "VELTRuntime/platform/appkit/menus/menu.h"
+
+#include <QApplication>
+#include <QContextMenuEvent>
+#include <QMenu>
+#include <QScreen>
+#include <cmath>
+
+namespace velt {
+
+namespace {
+
+/// The menu for an event: views are asked by "menuForEvent:", so that a program can make it at that moment.
+id menuFor(NSView& view, const id& event) {
+    constexpr int kMostLinks = 1000;  // a program may tie the chain into a ring
+    id responder(static_cast<NSObject*>(&view));
+    for (int i = 0; i < kMostLinks && is<NSResponder>(responder); ++i) {
+        const bool asked = is<NSView>(responder);
+        id menu = asked ? send(responder, VELT_SELECTOR("menuForEvent:"), event) : as<NSResponder>(responder)->menu();
+        if (is<NSMenu>(menu)) return menu;
+        responder = as<NSResponder>(responder)->nextResponder();
+    }
+    return nil;
+}
+
+}  // namespace
+
+QPoint globalPoint(NSPoint point, NSView* view) {
+    if (!view) {
+        const QScreen* screen = QGuiApplication::primaryScreen();
+        const double height = screen ? screen->geometry().height() : 0;
+        return {static_cast<int>(std::lround(point.x)), static_cast<int>(std::lround(height - point.y))};
+    }
+    const NSRect own = view->bounds();
+    QWidget& widget = view->widget();
+    const double sx = own.size.width > 0 ? widget.width() / own.size.width : 1;
+    const double sy = own.size.height > 0 ? widget.height() / own.size.height : 1;
+    const double x = (point.x - own.origin.x) * sx, up = (point.y - own.origin.y) * sy;
+    const double y = view->isFlipped() ? up : widget.height() - up;
+    return widget.mapToGlobal(QPoint(static_cast<int>(std::lround(x)), static_cast<int>(std::lround(y))));
+}
+
+bool showContextMenu(NSView& view, const QContextMenuEvent& event) noexcept {
+    const Ref<NSView> kept(&view);
+    bool shown = false;
+    runReported([&] {
+        // A view that takes the right button itself shows a menu itself, when it wants to.
+        const bool byMouse = event.reason() == QContextMenuEvent::Mouse;
+        if (byMouse && answersItself(view, VELT_SELECTOR("rightMouseDown:"))) return;
+        NSWindow* window = view.windowPointer();
+        const QPoint place = byMouse ? event.globalPos() : view.widget().mapToGlobal(event.pos());
+        NSPoint location{};
+        if (window) {
+            const QPoint within = view.widget().mapFromGlobal(place);
+            location = window->basePointOf(view.widget(), {double(within.x()), double(within.y())});
+        }
+        const Ref<NSEvent> made = NSEvent::ofMouse(NSEvent::Type::RightMouseDown, location,
+                                                   modifiersOf(event.modifiers().toInt()), 1, 1, window);
+        const CurrentEvent scope(made);
+        const id menu = menuFor(view, made);
+        if (menu.isNil()) return;
+        shown = true;
+        as<NSMenu>(menu)->widget().popup(place);
+    });
+    return shown;
+}
+
+}  // namespace velt

@@ -1,0 +1,38 @@
+#include "VELTRuntime/platform/appkit/menus/menu_bar.h"
+
+#include "VELTRuntime/platform/appkit/application.h"
+#include "VELTRuntime/platform/appkit/menus/menu.h"
+#include "VELTRuntime/platform/appkit/panel.h"
+#include "VELTRuntime/platform/appkit/window.h"
+
+#include <QMainWindow>
+#include <QMenuBar>
+
+namespace velt {
+
+void showMainMenu(NSWindow& window) {
+    const id main = NSApplication::sharedApplication().mainMenu();
+    QMainWindow& shown = window.widget();
+    const bool hasBar = !is<NSPanel>(id(static_cast<NSObject*>(&window))) && (window.styleMask() & kTitledWindow);
+    if (!is<NSMenu>(main)) {
+        if (shown.menuWidget()) window.changeBar([](QMainWindow& widget) { widget.setMenuBar(nullptr); });
+        return;
+    }
+    NSMenu& menu = *as<NSMenu>(main);
+    if (!hasBar) {
+        menu.addHost(shown);
+        return;
+    }
+    if (shown.menuWidget() && menu.isHostedBy(*shown.menuWidget())) return;
+    window.changeBar([&](QMainWindow& widget) {
+        if (!widget.menuWidget()) widget.setMenuBar(new QMenuBar(&widget));
+        menu.addHost(*widget.menuWidget());
+        widget.menuWidget()->setVisible(true);
+    });
+}
+
+void hideMainMenu(const id& menu) {
+    if (is<NSMenu>(menu)) as<NSMenu>(menu)->removeHosts();
+}
+
+}  // namespace velt

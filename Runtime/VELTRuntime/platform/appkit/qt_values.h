@@ -1,0 +1,36 @@
+// Texts and colours between the values of programs and those of the toolkit.
+#pragma once
+
+#include "VELTRuntime/platform/appkit/color.h"
+#include "VELTRuntime/values/string.h"
+
+#include <QColor>
+#include <QString>
+
+namespace velt {
+
+/// A string value's text; empty for nil and for what is no string.
+inline QString qtText(const id& value) {
+    if (!isString(value)) return {};
+    const std::u16string_view text = textOf(value);
+    return QString(reinterpret_cast<const QChar*>(text.data()), static_cast<qsizetype>(text.size()));
+}
+
+/// A new string value of a text.
+inline id textValue(const QString& text) {
+    return string(
+        std::u16string_view(reinterpret_cast<const char16_t*>(text.utf16()), static_cast<std::size_t>(text.size())));
+}
+
+inline QColor qtColor(const NSColor& color) {
+    return QColor::fromRgbF(static_cast<float>(color.redComponent()), static_cast<float>(color.greenComponent()),
+                            static_cast<float>(color.blueComponent()), static_cast<float>(color.alphaComponent()));
+}
+
+/// A new colour value, in the steps of the screen.
+inline id colorValue(const QColor& color) {
+    constexpr double kSteps = 255;
+    return make<NSColor>(color.red() / kSteps, color.green() / kSteps, color.blue() / kSteps, color.alpha() / kSteps);
+}
+
+}  // namespace velt

@@ -1,0 +1,66 @@
+// The toolkit's model of an outline: items that the data source gives, each asked for when its parent is opened.
+#pragma once
+
+#include "VELTRuntime/values/value.h"
+
+#include <QAbstractItemModel>
+#include <memory>
+#include <unordered_map>
+#include <vector>
+
+class NSOutlineView;
+
+namespace velt {
+
+class OwnedVisitor;
+
+/// One item, and as much of its children as was asked for.
+struct OutlineNode {
+    id item;
+    OutlineNode* parent = nullptr;
+    int row = 0;
+    bool counted = false;
+    std::vector<std::unique_ptr<OutlineNode>> children;  // null until a child is asked for
+};
+
+class OutlineModel final : public QAbstractItemModel {
+public:
+    explicit OutlineModel(NSOutlineView& outline) : outline_(&outline) {}
+    /// The outline has gone; this model follows.
+    void forget() { outline_ = nullptr; }
+
+    QModelIndex index(int row, int column, const QModelIndex& parent = {}) const override;
+    QModelIndex parent(const QModelIndex& index) const override;
+    int rowCount(const QModelIndex& parent = {}) const override;
+    int columnCount(const QModelIndex& parent = {}) const override;
+    bool hasChildren(const QModelIndex& parent) const override;
+    QVariant data(const QModelIndex& index, int role) const override;
+    bool setData(const QModelIndex& index, const QVariant& value, int role) override;
+    QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
+    Qt::ItemFlags flags(const QModelIndex& index) const override;
+
+    /// The item at a place; nil for the root.
+    id itemAt(const QModelIndex& index) const;
+    /// The place of an item that was asked for, invalid for others.
+    QModelIndex indexOfItem(const id& item) const;
+    /// Forgets everything.
+    void reset();
+    /// Forgets the children of a place.
+    void resetChildren(const QModelIndex& parent);
+    void itemChanged(const QModelIndex& index);
+    void visitOwned(OwnedVisitor& visitor);
+    /// Loses every item without telling anyone: the outline goes.
+    void clear();
+
+private:
+    OutlineNode& nodeAt(const QModelIndex& index) const;
+    void count(OutlineNode& node) const;
+    OutlineNode& child(OutlineNode& node, int row) const;
+    void forgetItems(OutlineNode& node) const;
+
+    NSOutlineView* outline_;
+    mutable OutlineNode root_;
+    mutable std::unordered_multimap<Word, OutlineNode*> nodes_;  // by item
+};
+
+}  // namespace velt

@@ -1,0 +1,168 @@
+// Table views: rows of values that a data source gives, one cell a column.
+//
+// Nothing of the data is kept: the model asks the data source for a value at the moment when it is drawn, so a table of
+// a million rows costs what is seen of it. The outline view is a table whose rows are the items of a tree.
+#pragma once
+
+#include "VELTRuntime/platform/appkit/controls/control.h"
+#include "VELTRuntime/platform/appkit/tables/table_column.h"
+#include "VELTRuntime/platform/foundation/index_set.h"
+
+#include <vector>
+
+class QAbstractItemModel;
+class QAbstractItemView;
+class QHeaderView;
+class QModelIndex;
+
+/// The header of a table; a table without one shows no titles.
+class VELT_EXPORT NSTableHeaderView : public NSView {
+    VELT_OBJECT(NSTableHeaderView, NSView)
+};
+
+class VELT_EXPORT NSTableView : public NSControl {
+    VELT_OBJECT(NSTableView, NSControl)
+public:
+    NSTableView();
+    ~NSTableView() override;
+
+    // Where the values come from.
+    id dataSource() const { return dataSource_; }
+    void setDataSource(const id& source);
+    /// The number of rows that the data source gave when it was last asked.
+    long numberOfRows();
+    long numberOfColumns() const { return static_cast<long>(columns_.size()); }
+    /// Asks the data source for everything anew; the selection stays where the rows are.
+    virtual void reloadData();
+    /// Asks the data source how many rows there are now.
+    void noteNumberOfRowsChanged() { reloadData(); }
+
+    // Columns, in the order in which they are seen.
+    void addTableColumn(NSTableColumn* column);
+    void removeTableColumn(NSTableColumn* column);
+    void moveColumnToColumn(long from, long to);
+    id tableColumns() const;
+    id tableColumnWithIdentifier(const id& identifier) const;
+    long columnWithIdentifier(const id& identifier) const;
+    const std::vector<velt::Ref<NSTableColumn>>& columns() const { return columns_; }
+    void columnChanged(NSTableColumn& column);
+
+    // Selection.
+    long selectedRow();
+    id selectedRowIndexes();
+    long numberOfSelectedRows();
+    bool isRowSelected(long row);
+    /// Selects the rows of an index set, with what is selected already or in place of it.
+    void selectRowIndexes(const id& indexes, bool extending);
+    void selectRow(long row, bool extending);
+    void deselectRow(long row);
+    void selectAll(const id& sender);
+    void deselectAll(const id& sender);
+    /// Where a person clicked last; -1 beside the rows, and before any click.
+    long clickedRow() const { return clickedRow_; }
+    long clickedColumn() const { return clickedColumn_; }
+    bool allowsMultipleSelection() const { return multiple_; }
+    void setAllowsMultipleSelection(bool flag);
+    bool allowsEmptySelection() const { return allowsEmpty_; }
+    void setAllowsEmptySelection(bool flag) { allowsEmpty_ = flag; }
+
+    // Work.
+    id doubleActionName() const { return doubleAction_ ? velt::string(doubleAction_.name()) : nil; }
+    void setDoubleActionName(const id& name);
+    /// Begins the editing of a cell.
+    void editColumn(long column, long row, const id& event, bool select);
+    void scrollRowToVisible(long row);
+    void scrollColumnToVisible(long column);
+    id sortDescriptors() const { return sortDescriptors_; }
+    void setSortDescriptors(const id& descriptors);
+
+    // Looks.
+    bool usesAlternatingRowBackgroundColors() const { return alternating_; }
+    void setUsesAlternatingRowBackgroundColors(bool flag);
+    /// Lines: 1 between columns, 2 between rows.
+    unsigned long gridStyleMask() const { return gridStyle_; }
+    void setGridStyleMask(unsigned long mask);
+    id gridColor() const { return gridColor_; }
+    void setGridColor(const id& color);
+    double rowHeight() const { return rowHeight_; }
+    void setRowHeight(double height);
+    NSSize intercellSpacing() const { return spacing_; }
+    void setIntercellSpacing(NSSize spacing);
+    id headerView() const { return headerView_; }
+    void setHeaderView(const id& view);
+    bool allowsColumnReordering() const { return reordering_; }
+    void setAllowsColumnReordering(bool flag);
+    bool allowsColumnResizing() const { return resizing_; }
+    void setAllowsColumnResizing(bool flag);
+    NSRect rectOfRow(long row);
+    long rowAtPoint(NSPoint point);
+    long columnAtPoint(NSPoint point);
+
+    // What the toolkit's model, delegate and view ask; an outline view answers by its items.
+    /// Loads the rows when that has not happened yet.
+    void requireLoaded();
+    long askRowCount();
+    virtual id valueAt(const QModelIndex& index);
+    virtual void setValueAt(const QModelIndex& index, const id& value);
+    /// The cell for a place, with its value, as the delegate wants it to be displayed.
+    id preparedCell(const QModelIndex& index);
+    virtual id toolTipAt(const QModelIndex& index);
+    virtual bool mayEdit(const QModelIndex& index);
+    virtual bool maySelect(const QModelIndex& index);
+    virtual velt::Selector shouldSelectSelector() const;
+    bool maySelectionChange();
+    NSTableColumn* columnAt(const QModelIndex& index) const;
+    virtual long rowOf(const QModelIndex& index) const;
+    // Reports of the toolkit.
+    void clicked(const QModelIndex& index);
+    void doubleClicked(const QModelIndex& index);
+    /// Return was pressed on a row.
+    void openRow(const QModelIndex& index);
+    virtual void selectionChanged();
+    void headerClicked(int column);
+    void columnMoved(int from, int to);
+    void columnResized(int column, int width);
+
+    bool isFlipped() const override { return true; }
+    void visitOwned(velt::OwnedVisitor& visitor) override;
+    void dissolve() override;
+    static void describe(velt::ClassBuilder<NSTableView>& c);
+
+protected:
+    std::unique_ptr<QWidget> makeWidget() override;
+    void syncWidget(QWidget& widget) override;
+    /// The toolkit's view and model, without a connection yet.
+    virtual std::unique_ptr<QAbstractItemView> makeItemView();
+    virtual std::unique_ptr<QAbstractItemModel> makeModel();
+    virtual QHeaderView& headerOf(QAbstractItemView& view) const;
+    virtual QModelIndex indexOf(long row, int column) const;
+    virtual void applyRowHeight(QAbstractItemView& view);
+    /// What the delegate may say of how a cell is displayed.
+    virtual void tellWillDisplay(const id& cell, const QModelIndex& index);
+    virtual id dataCellAt(const QModelIndex& index);
+    QAbstractItemView& itemView();
+    QAbstractItemView* existingItemView() const;
+    bool tellDelegate(const char* selector, const char* notification, const id& userInfo = nil);
+    void columnsChanged();
+    virtual long shownRows();
+    bool isLoaded() const { return loaded_; }
+    bool isReloading() const { return reloading_; }
+    void beginReloading() { reloading_ = loaded_ = true; }
+    /// The columns are told to the header anew, which forgets them with the rows.
+    void endReloading();
+
+private:
+    void syncColumns(QAbstractItemView& view);
+    void syncSortIndicator();
+    std::vector<NSRange> selectedRanges();
+
+    id dataSource_, headerView_, sortDescriptors_, gridColor_;
+    std::vector<velt::Ref<NSTableColumn>> columns_;  // in the order of the toolkit's model
+    velt::Selector doubleAction_;
+    double rowHeight_ = 17;
+    NSSize spacing_{3, 2};
+    unsigned long gridStyle_ = 0;
+    long clickedRow_ = -1, clickedColumn_ = -1;
+    bool multiple_ = false, allowsEmpty_ = true, alternating_ = false, reordering_ = true, resizing_ = true;
+    bool loaded_ = false, reloading_ = false, syncing_ = false;
+};

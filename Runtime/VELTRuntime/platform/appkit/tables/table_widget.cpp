@@ -1,0 +1,165 @@
+// What a table shows itself with, and how its looks reach the toolkit.
+#include "VELTRuntime/platform/appkit/event_delivery.h"
+#include "VELTRuntime/platform/appkit/qt_values.h"
+#include "VELTRuntime/platform/appkit/tables/cells_view.h"
+#include "VELTRuntime/platform/appkit/tables/table_model.h"
+#include "VELTRuntime/platform/appkit/tables/table_view.h"
+#include "VELTRuntime/platform/appkit/view_widget.h"
+
+#include <QHeaderView>
+#include <QScrollBar>
+#include <QTableView>
+#include <algorithm>
+#include <cmath>
+
+using velt::Ref;
+
+namespace {
+
+/// Calls a function of the table that a toolkit's view shows, from one of its signals.
+template <class Function> void withTable(QWidget* view, Function&& function) {
+    NSTableView* table = velt::tableOf(view);
+    if (!table) return;
+    const Ref<NSTableView> kept(table);
+    velt::runReported([&] { function(*kept); });
+}
+
+}  // namespace
+
+std::unique_ptr<QAbstractItemView> NSTableView::makeItemView() {
+    auto view = std::make_unique<velt::CellsView<QTableView>>();
+    view->setShowGrid(false);
+    view->setWordWrap(false);
+    view->setCornerButtonEnabled(false);
+    view->verticalHeader()->hide();
+    view->verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+    return view;
+}
+
+std::unique_ptr<QAbstractItemModel> NSTableView::makeModel() { return std::make_unique<velt::TableModel>(*this); }
+
+QHeaderView& NSTableView::headerOf(QAbstractItemView& view) const {
+    return *static_cast<QTableView&>(view).horizontalHeader();
+}
+
+void NSTableView::applyRowHeight(QAbstractItemView& view) {
+    QHeaderView& rows = *static_cast<QTableView&>(view).verticalHeader();
+    const int height = std::max(1, static_cast<int>(std::lround(rowHeight_ + spacing_.height)));
+    rows.setMinimumSectionSize(1);
+    if (rows.defaultSectionSize() != height) rows.setDefaultSectionSize(height);
+}
+
+std::unique_ptr<QWidget> NSTableView::makeWidget() {
+    std::unique_ptr<QAbstractItemView> view = makeItemView();
+    QAbstractItemView* shown = view.get();
+    QAbstractItemModel* model = makeModel().release();
+    model->setParent(shown);
+    velt::setViewOf(*shown, this);
+    shown->setModel(model);
+    delete shown->selectionModel();
+    shown->setSelectionModel(new velt::RowSelection(model, shown));
+    shown->setItemDelegate(new velt::CellDelegate(shown));
+    shown->setSelectionBehavior(QAbstractItemView::SelectRows);
+    shown->setEditTriggers(QAbstractItemView::DoubleClicked | QAbstractItemView::EditKeyPressed);
+    shown->setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
+    shown->setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
+    shown->setTabKeyNavigation(false);
+    velt::setViewOf(*shown->viewport(), this);
+    watchEvents(*shown);
+    watchEvents(*shown->viewport());
+    QHeaderView& header = headerOf(*shown);
+    header.setSectionsClickable(true);
+    header.setHighlightSections(false);
+    header.setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+    header.setMinimumSectionSize(4);
+    header.setStretchLastSection(true);
+    QObject::connect(shown, &QAbstractItemView::clicked, shown, [shown](const QModelIndex& index) {
+        withTable(shown, [&](NSTableView& t) { t.clicked(index); });
+    });
+    QObject::connect(shown, &QAbstractItemView::doubleClicked, shown, [shown](const QModelIndex& index) {
+        withTable(shown, [&](NSTableView& t) { t.doubleClicked(index); });
+    });
+    QObject::connect(shown->selectionModel(), &QItemSelectionModel::selectionChanged, shown,
+                     [shown] { withTable(shown, [](NSTableView& t) { t.selectionChanged(); }); });
+    QObject::connect(&header, &QHeaderView::sectionClicked, shown,
+                     [shown](int section) { withTable(shown, [&](NSTableView& t) { t.headerClicked(section); }); });
+    QObject::connect(
+        &header, &QHeaderView::sectionMoved, shown,
+        [shown](int, int from, int to) { withTable(shown, [&](NSTableView& t) { t.columnMoved(from, to); }); },
+        Qt::QueuedConnection);
+    QObject::connect(&header, &QHeaderView::sectionResized, shown, [shown](int section, int, int width) {
+        withTable(shown, [&](NSTableView& t) { t.columnResized(section, width); });
+    });
+    return view;
+}
+
+QAbstractItemView& NSTableView::itemView() { return static_cast<QAbstractItemView&>(widget()); }
+QAbstractItemView* NSTableView::existingItemView() const { return static_cast<QAbstractItemView*>(existingWidget()); }
+
+void NSTableView::syncWidget(QWidget& widget) {
+    NSControl::syncWidget(widget);
+    auto& view = static_cast<QAbstractItemView&>(widget);
+    view.setAlternatingRowColors(alternating_);
+    view.setSelectionMode(multiple_ ? QAbstractItemView::ExtendedSelection : QAbstractItemView::SingleSelection);
+    applyRowHeight(view);
+    syncColumns(view);
+    view.viewport()->update();
+}
+
+// Looks.
+
+void NSTableView::setUsesAlternatingRowBackgroundColors(bool flag) {
+    alternating_ = flag;
+    changed();
+}
+void NSTableView::setGridStyleMask(unsigned long mask) {
+    gridStyle_ = mask;
+    changed();
+}
+void NSTableView::setGridColor(const id& color) {
+    gridColor_ = color;
+    changed();
+}
+void NSTableView::setRowHeight(double height) {
+    rowHeight_ = std::max(1.0, height);
+    changed();
+}
+void NSTableView::setIntercellSpacing(NSSize spacing) {
+    spacing_ = spacing;
+    changed();
+}
+void NSTableView::setHeaderView(const id& view) {
+    headerView_ = view;
+    changed();
+}
+void NSTableView::setAllowsColumnReordering(bool flag) {
+    reordering_ = flag;
+    changed();
+}
+void NSTableView::setAllowsColumnResizing(bool flag) {
+    resizing_ = flag;
+    changed();
+}
+
+// Places.
+
+NSRect NSTableView::rectOfRow(long row) {
+    if (row < 0 || row >= numberOfRows()) return {};
+    QAbstractItemView& view = itemView();
+    const QRect rect = view.visualRect(indexOf(row, 0));
+    const QPoint top = view.viewport()->mapTo(&view, rect.topLeft());
+    return {{0, static_cast<double>(top.y())}, {bounds().size.width, static_cast<double>(rect.height())}};
+}
+
+long NSTableView::rowAtPoint(NSPoint point) {
+    requireLoaded();
+    QAbstractItemView& view = itemView();
+    const QPoint place(static_cast<int>(point.x), static_cast<int>(point.y));
+    return rowOf(view.indexAt(view.viewport()->mapFrom(&view, place)));
+}
+
+long NSTableView::columnAtPoint(NSPoint point) {
+    QAbstractItemView& view = itemView();
+    const QPoint place(static_cast<int>(point.x), static_cast<int>(point.y));
+    return headerOf(view).logicalIndexAt(view.viewport()->mapFrom(&view, place));
+}

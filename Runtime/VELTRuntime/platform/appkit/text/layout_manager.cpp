@@ -1,0 +1,92 @@
+#include "VELTRuntime/platform/appkit/text/layout_manager.h"
+
+#include "VELTRuntime/platform/appkit/text/text_view.h"
+#include "VELTRuntime/platform/foundation/attributed_string.h"
+#include "VELTRuntime/platform/foundation/dictionary.h"
+#include "VELTRuntime/platform/object/exception.h"
+
+#include <climits>
+
+id NSTextContainer::textView() const { return id(static_cast<NSObject*>(view_)); }
+
+void NSTextContainer::setContainerSize(NSSize size) {
+    size_ = size;
+    if (view_) view_->layoutChanged();
+}
+
+void NSTextContainer::setWidthTracksTextView(bool flag) {
+    tracksWidth_ = flag;
+    if (view_) view_->layoutChanged();
+}
+
+void NSTextContainer::describe(velt::ClassBuilder<NSTextContainer>& c) {
+    c.property("containerSize", &NSTextContainer::containerSize, &NSTextContainer::setContainerSize)
+        .property("widthTracksTextView", &NSTextContainer::widthTracksTextView,
+                  &NSTextContainer::setWidthTracksTextView)
+        .property("heightTracksTextView", &NSTextContainer::heightTracksTextView,
+                  &NSTextContainer::setHeightTracksTextView)
+        .property("textView", &NSTextContainer::textView);
+}
+
+template <class Change> void NSLayoutManager::change(const char* operation, NSRange range, Change&& changed) {
+    const std::size_t length = runs_.length();
+    if (range.location > length || range.length > length - range.location) {
+        std::size_t end = 0;
+        if (__builtin_add_overflow(range.location, range.length, &end)) end = LONG_MAX;
+        velt::raiseRange(std::string("'NSLayoutManager' ") + operation, static_cast<long long>(end), length);
+    }
+    runs_.change(range, std::forward<Change>(changed));
+    if (view_) view_->temporaryAttributesChanged();
+}
+
+void NSLayoutManager::setTemporaryAttributes(const id& attributes, NSRange range) {
+    const NSDictionary* given = velt::to<NSDictionary>(attributes);
+    id kept = given && given->count() > 0 ? given->copy() : id();
+    change("setTemporaryAttributes:forCharacterRange:", range, [&](const id&) { return kept; });
+}
+
+void NSLayoutManager::addTemporaryAttributes(const id& attributes, NSRange range) {
+    velt::to<NSDictionary>(attributes);
+    change("addTemporaryAttributes:forCharacterRange:", range,
+           [&](const id& old) { return velt::mergedAttributes(old, attributes); });
+}
+
+void NSLayoutManager::removeTemporaryAttribute(const id& name, NSRange range) {
+    change("removeTemporaryAttribute:forCharacterRange:", range,
+           [&](const id& old) { return velt::attributesWithout(old, name); });
+}
+
+id NSLayoutManager::temporaryAttributesAt(long position, NSRange* range) const {
+    if (static_cast<std::size_t>(position) >= runs_.length()) {
+        velt::raiseRange("'NSLayoutManager' temporaryAttributesAtCharacterIndex:effectiveRange:", position,
+                         runs_.length());
+    }
+    return runs_.at(static_cast<std::size_t>(position), range).attributes;
+}
+
+NSRange NSLayoutManager::glyphRangeForBoundingRect(NSRect rect, const id&) const {
+    return view_ ? view_->charactersIn(rect) : NSRange{0, runs_.length()};
+}
+
+void NSLayoutManager::textChanged(NSRange range, std::size_t newLength) { runs_.replace(range, newLength, nil); }
+
+void NSLayoutManager::visitOwned(velt::OwnedVisitor& visitor) {
+    for (velt::RunList::Run& run : runs_.runs()) {
+        if (run.attributes.isObject()) visitor.visit(run.attributes);
+    }
+    NSObject::visitOwned(visitor);
+}
+
+void NSLayoutManager::describe(velt::ClassBuilder<NSLayoutManager>& c) {
+    c.method("setTemporaryAttributes:forCharacterRange:", &NSLayoutManager::setTemporaryAttributes)
+        .method("addTemporaryAttributes:forCharacterRange:", &NSLayoutManager::addTemporaryAttributes)
+        .method("removeTemporaryAttribute:forCharacterRange:", &NSLayoutManager::removeTemporaryAttribute)
+        .method("temporaryAttributesAtCharacterIndex:effectiveRange:",
+                [](const id& self, const id* a) {
+                    NSRange range;
+                    id attributes = velt::as<NSLayoutManager>(self)->temporaryAttributesAt(VELT_CINTEGER(a[0]), &range);
+                    velt::storeRange(a[1], range);
+                    return attributes;
+                })
+        .method("glyphRangeForBoundingRect:inTextContainer:", &NSLayoutManager::glyphRangeForBoundingRect);
+}

@@ -1,0 +1,296 @@
+#include "VELTRuntime/platform/appkit/text/text_view.h"
+
+#include "VELTRuntime/platform/appkit/event_delivery.h"
+#include "VELTRuntime/platform/appkit/font.h"
+#include "VELTRuntime/platform/appkit/qt_values.h"
+#include "VELTRuntime/platform/appkit/text/text_widget.h"
+#include "VELTRuntime/platform/foundation/array.h"
+#include "VELTRuntime/platform/foundation/attribute_names.h"
+#include "VELTRuntime/platform/object/exception.h"
+
+#include <QPalette>
+#include <QScrollBar>
+#include <climits>
+#include <cmath>
+
+using velt::Ref;
+using velt::TextWidget;
+
+namespace {
+
+constexpr NSRange kNoRange{LONG_MAX, 0};
+constexpr double kUnlimitedWidth = 1e6;  // lines of containers wider than this do not break
+
+/// What the storage's edit leaves of a range: what lay in the edit goes to its end.
+NSRange movedBy(NSRange range, NSRange edited, std::size_t newLength) {
+    const auto moved = [&](std::size_t position) {
+        if (position < edited.location) return position;
+        if (position >= edited.location + edited.length) return position + newLength - edited.length;
+        return edited.location + newLength;
+    };
+    const std::size_t begin = moved(range.location), end = moved(range.location + range.length);
+    return {begin, end > begin ? end - begin : 0};
+}
+
+}  // namespace
+
+NSTextView::NSTextView(NSRect frame)
+    : NSText(frame), storage_(velt::make<NSTextStorage>()), layoutManager_(velt::make<NSLayoutManager>(this)),
+      container_(velt::make<NSTextContainer>(this)) {
+    storage_->addWatcher(*this);
+}
+
+NSTextView::~NSTextView() { NSTextView::dissolve(); }
+
+void NSTextView::dissolve() {
+    if (storage_) storage_->removeWatcher(*this);
+    if (layoutManager_) layoutManager_->forgetView();
+    if (container_) container_->forgetView();
+    NSText::dissolve();
+}
+
+void NSTextView::visitOwned(velt::OwnedVisitor& visitor) {
+    visitor.visit(storage_);
+    visitor.visit(layoutManager_);
+    visitor.visit(container_);
+    visitor.visit(undoManager_);
+    NSText::visitOwned(visitor);
+}
+
+// The text.
+
+id NSTextView::string() const { return storage_->string(); }
+
+void NSTextView::setString(const id& text) {
+    const id content = VELT_CSTRING(text);
+    if (undoManager_) undoManager_->removeAllActionsWithTarget(id(static_cast<NSObject*>(this)));
+    last_ = {};
+    storage_->setAttributedString(*velt::make<NSAttributedString>(velt::textOf(content)));
+}
+
+void NSTextView::requireRange(const char* operation, NSRange range) const {
+    const std::size_t length = textLength();
+    if (range.location <= length && range.length <= length - range.location) return;
+    std::size_t end = 0;
+    if (__builtin_add_overflow(range.location, range.length, &end)) end = LONG_MAX;
+    velt::raiseRange("'" + isa().name() + "' " + operation, static_cast<long long>(end), length);
+}
+
+void NSTextView::replaceCharacters(NSRange range, const id& text) {
+    requireRange("replaceCharactersInRange:withString:", range);
+    const id content = VELT_CSTRING(text);
+    const std::u16string_view units = velt::textOf(content);
+    replaceCharactersWithAttributed(range,
+                                    *velt::make<NSAttributedString>(units, storage_->attributesForReplacing(range)));
+}
+
+void NSTextView::replaceCharactersWithAttributed(NSRange range, const NSAttributedString& text) {
+    requireRange("replaceCharactersInRange:withAttributedString:", range);
+    registerUndo(range, text.length());
+    const bool outer = std::exchange(editing_, true);
+    storage_->replaceCharacters(range, text);
+    editing_ = outer;
+}
+
+void NSTextView::storageChanged(NSRange range, std::size_t newLength, bool textChanged) {
+    const Ref<NSTextView> kept(this);
+    TextWidget* widget = existingTextWidget();
+    if (!textChanged) {
+        if (widget) widget->reformat(range, *storage_);
+        return;
+    }
+    // What a program changes in the storage cannot be undone; what was done before it neither, unless it was appended.
+    const bool appended = range.length == 0 && range.location + newLength == storage_->length();
+    if (!editing_ && !appended && undoManager_) {
+        undoManager_->removeAllActionsWithTarget(id(static_cast<NSObject*>(this)));
+    }
+    if (!editing_) last_ = {};
+    layoutManager_->textChanged(range, newLength);
+    if (widget) widget->replaceShown(range, *storage_, newLength);
+    std::vector<NSRange> moved;
+    for (const NSRange& selected : ranges_) moved.push_back(movedBy(selected, range, newLength));
+    select(std::move(moved), forward_);
+}
+
+void NSTextView::changedByWidget(NSRange range, const id& text) {
+    // The document is already as it will be.
+    registerUndo(range, velt::textOf(text).size());
+    const id attributes = storage_->attributesForReplacing(range);
+    const bool outer = std::exchange(editing_, true);
+    storage_->removeWatcher(*this);
+    storage_->replaceCharacters(range, *velt::make<NSAttributedString>(velt::textOf(text), attributes));
+    storage_->addWatcher(*this);
+    editing_ = outer;
+    layoutManager_->textChanged(range, velt::textOf(text).size());
+    select({movedBy(selectedRange(), range, velt::textOf(text).size())}, true);
+    didChangeText();
+}
+
+// The selection.
+
+NSRange NSTextView::selectedRange() const { return isSelectable() ? ranges_.front() : kNoRange; }
+
+void NSTextView::setSelectedRange(NSRange range) {
+    requireRange("setSelectedRange:", range);
+    last_ = {};
+    select({range}, true);
+}
+
+id NSTextView::selectedRanges() const {
+    Ref<NSMutableArray> list = velt::make<NSMutableArray>();
+    for (const NSRange& range : ranges_) list->append(VELT_ID(range));
+    return list;
+}
+
+void NSTextView::setSelectedRanges(const id& list) {
+    const auto* values = velt::to<NSArray>(list);
+    if (!values || values->count() == 0) {
+        velt::raise(velt::kInvalidArgumentException, "'" + isa().name() + "' setSelectedRanges:: there are no ranges");
+    }
+    std::vector<NSRange> ranges;
+    for (const id& value : values->items()) {
+        ranges.push_back(VELT_CNSRANGE(value));
+        requireRange("setSelectedRanges:", ranges.back());
+    }
+    last_ = {};
+    select(std::move(ranges), true);
+}
+
+void NSTextView::select(std::vector<NSRange> ranges, bool forward) {
+    forward_ = forward;
+    const bool same = ranges == ranges_;
+    ranges_ = std::move(ranges);
+    showSelection();
+    if (!same) tell("textViewDidChangeSelection:", "NSTextViewDidChangeSelectionNotification");
+}
+
+void NSTextView::showSelection() {
+    TextWidget* widget = existingTextWidget();
+    if (!widget) return;
+    const NSRange main = ranges_.front();
+    const std::size_t begin = main.location, end = main.location + main.length;
+    widget->select(forward_ ? begin : end, forward_ ? end : begin, {ranges_.begin() + 1, ranges_.end()});
+}
+
+void NSTextView::selectedByWidget(std::size_t anchor, std::size_t position) {
+    const NSRange range{std::min(anchor, position), anchor < position ? position - anchor : anchor - position};
+    const bool same = ranges_.size() == 1 && ranges_.front() == range;
+    forward_ = position >= anchor;
+    if (same) return;
+    const bool hadMore = ranges_.size() > 1;
+    ranges_ = {range};
+    last_ = {};
+    if (hadMore) showSelection();
+    tell("textViewDidChangeSelection:", "NSTextViewDidChangeSelectionNotification");
+}
+
+void NSTextView::scrollRangeToVisible(NSRange range) {
+    requireRange("scrollRangeToVisible:", range);
+    TextWidget* widget = existingTextWidget();
+    if (!widget) return;
+    widget->reveal(range.location);
+    if (range.length > 0) widget->reveal(range.location + range.length);
+}
+
+NSRange NSTextView::charactersIn(NSRect rect) const {
+    const TextWidget* widget = existingTextWidget();
+    if (!widget || !widget->isVisible()) return {0, textLength()};
+    return widget->charactersIn({rect.origin.x, rect.origin.y, rect.size.width, rect.size.height});
+}
+
+// Looks.
+
+id NSTextView::font() const { return velt::is<NSFont>(font_) ? font_ : id(velt::make<NSFont>()); }
+
+void NSTextView::setFont(const id& font) {
+    font_ = font;
+    if (textLength() > 0) storage_->removeAttribute(velt::attribute::font(), {0, storage_->length()});
+    changed();
+}
+
+void NSTextView::setTextColor(const id& color) {
+    textColor_ = color;
+    if (textLength() > 0) storage_->removeAttribute(velt::attribute::foregroundColor(), {0, storage_->length()});
+    changed();
+}
+
+void NSTextView::setRichText(bool flag) {
+    if (!flag && textLength() > 0) storage_->setAttributes(nil, {0, storage_->length()});
+    NSText::setRichText(flag);
+}
+
+void NSTextView::temporaryAttributesChanged() {
+    if (TextWidget* widget = existingTextWidget()) widget->viewport()->update();
+}
+
+// The widget.
+
+TextWidget* NSTextView::existingTextWidget() const { return static_cast<TextWidget*>(existingWidget()); }
+
+std::unique_ptr<QWidget> NSTextView::makeWidget() {
+    auto widget = std::make_unique<TextWidget>();
+    widget->load(*storage_);
+    return widget;
+}
+
+void NSTextView::syncWidget(QWidget& shown) {
+    NSText::syncWidget(shown);
+    auto& widget = static_cast<TextWidget&>(shown);
+    widget.setReadOnly(!isEditable());
+    Qt::TextInteractionFlags flags = Qt::NoTextInteraction;
+    if (isSelectable()) flags |= Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard;
+    if (isEditable()) flags |= Qt::TextEditorInteraction;
+    widget.setTextInteractionFlags(flags);
+    widget.setFont(velt::as<NSFont>(font())->font());
+    QPalette palette;
+    if (velt::is<NSColor>(textColor_)) {
+        palette.setColor(QPalette::Text, velt::qtColor(*velt::as<NSColor>(textColor_)));
+    }
+    if (velt::is<NSColor>(backgroundColor())) {
+        palette.setColor(QPalette::Base, velt::qtColor(*velt::as<NSColor>(backgroundColor())));
+    }
+    if (!drawsBackground()) palette.setColor(QPalette::Base, Qt::transparent);
+    widget.setPalette(palette);
+    widget.viewport()->setAutoFillBackground(drawsBackground());
+
+    QTextOption option = widget.document()->defaultTextOption();
+    constexpr Qt::Alignment kAlignments[] = {Qt::AlignLeft | Qt::AlignAbsolute, Qt::AlignRight | Qt::AlignAbsolute,
+                                             Qt::AlignHCenter, Qt::AlignJustify, Qt::AlignLeading};
+    option.setAlignment(alignment() >= 0 && alignment() < 5 ? kAlignments[alignment()] : Qt::AlignLeading);
+    if (option.alignment() != widget.document()->defaultTextOption().alignment()) {
+        widget.document()->setDefaultTextOption(option);
+    }
+    const bool breaks = container_->widthTracksTextView() || container_->containerSize().width < kUnlimitedWidth;
+    widget.setLineWrapMode(breaks ? QPlainTextEdit::WidgetWidth : QPlainTextEdit::NoWrap);
+
+    // Within a scroll view this view scrolls in its place, with the bars that the scroll view wants.
+    const id outer = velt::is<NSView>(superview()) ? velt::as<NSView>(superview())->superview() : id();
+    const auto wants = [&](velt::Selector selector) {
+        if (!velt::respondsTo(outer, selector)) return true;
+        return static_cast<bool>(VELT_CBOOL(velt::send(outer, selector)));
+    };
+    const auto policy = [](bool wanted) { return wanted ? Qt::ScrollBarAsNeeded : Qt::ScrollBarAlwaysOff; };
+    widget.setVerticalScrollBarPolicy(policy(wants(velt::Selector::named("hasVerticalScroller"))));
+    widget.setHorizontalScrollBarPolicy(policy(wants(velt::Selector::named("hasHorizontalScroller"))));
+    showSelection();
+}
+
+void NSTextView::moveToWindow(NSWindow* window) {
+    NSText::moveToWindow(window);
+    fillScrollView();
+}
+
+void NSTextView::fillScrollView() {
+    NSView* outer = superviewPointer();
+    const velt::Class* clip = velt::Class::named("NSClipView");
+    if (!outer || !clip || !outer->isa().isKindOf(*clip)) return;
+    setAutoresizingMask(velt::kWidthSizable | velt::kHeightSizable);
+    setFrame(outer->bounds());
+}
+
+void NSTextView::keyboardComes() { begun_ = false; }
+
+void NSTextView::keyboardGoes() {
+    last_ = {};
+    if (std::exchange(begun_, false)) tell("textDidEndEditing:", "NSTextDidEndEditingNotification");
+}

@@ -1,0 +1,87 @@
+// The widget of a text view: shows the text and its temporary attributes, and hands what a person does to the view.
+//
+// It never changes the text by itself: keys, input methods, drops and pastes become messages to the view, and the
+// document follows the view's storage unit by unit. Moving about and selecting are the toolkit's own.
+#pragma once
+
+#include "VELTRuntime/platform/foundation/attributed_string.h"
+
+#include <QPlainTextEdit>
+
+class NSTextView;
+
+namespace velt {
+
+class FindBar;
+
+class TextWidget final : public QPlainTextEdit {
+public:
+    TextWidget();
+
+    /// Shows a whole text.
+    void load(const NSAttributedString& text);
+    /// A range of what is shown has become another part of the text, of that length from the same place.
+    void replaceShown(NSRange range, const NSAttributedString& text, std::size_t newLength);
+    /// Shows the attributes of a range anew.
+    void reformat(NSRange range, const NSAttributedString& text);
+    void select(std::size_t anchor, std::size_t position, const std::vector<NSRange>& further);
+    /// Scrolls so that a position can be seen.
+    void reveal(std::size_t position);
+    NSRange charactersIn(const QRectF& rect) const;
+    /// Moves the insertion point as a command of that name says; false when there is none.
+    bool move(const QString& command);
+    /// The range from the insertion point to where a deleting command reaches.
+    std::pair<std::size_t, std::size_t> reachOf(QTextCursor::MoveOperation operation) const;
+    /// Does what the key that is being delivered asks for. False when it is none of a text's.
+    bool interpretKey();
+    bool hasKey() const { return key_ != nullptr; }
+
+    /// Shows the find bar, or takes the keyboard to it.
+    void showFindBar();
+    void closeFindBar();
+    bool isFindBarShown() const;
+    /// Says beside what is looked for how the search went.
+    void tellFindResult(const QString& text);
+
+    using QPlainTextEdit::setViewportMargins;
+
+protected:
+    bool event(QEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void keyReleaseEvent(QKeyEvent* event) override;
+    void inputMethodEvent(QInputMethodEvent* event) override;
+    bool viewportEvent(QEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void contextMenuEvent(QContextMenuEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
+    void focusInEvent(QFocusEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+    QMimeData* createMimeDataFromSelection() const override;
+    bool canInsertFromMimeData(const QMimeData* source) const override;
+    void insertFromMimeData(const QMimeData* source) override;
+
+private:
+    NSTextView* view() const;
+    void documentChanged(int position, int removed, int added);
+    void selectionMoved();
+    void showTemporaryFormats();
+    void showTemporaryFormats(const QTextBlock& block, const NSTextView& view);
+    void placeFindBar();
+    bool pressKey(QKeyEvent& event);
+    void insertRuns(QTextCursor& cursor, const NSAttributedString& text, NSRange range);
+
+    bool applying_ = false;  // what happens in the document is the view's doing
+    int lastPosition_ = 0;
+    QKeyEvent* key_ = nullptr;
+    FindBar* findBar_ = nullptr;
+};
+
+/// The text and looks that a clipboard or a drag brings; nil when it brings no text.
+id textFrom(const QMimeData& source, bool rich);
+/// What a clipboard or a drag gets of a text.
+std::unique_ptr<QMimeData> mimeDataOf(const NSAttributedString& text, bool rich, const QFont& font);
+
+}  // namespace velt

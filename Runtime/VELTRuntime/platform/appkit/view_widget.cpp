@@ -1,0 +1,94 @@
+#include "VELTRuntime/platform/appkit/view_widget.h"
+
+#include "VELTRuntime/platform/appkit/event_delivery.h"
+#include "VELTRuntime/platform/appkit/menus/context_menu.h"
+#include "VELTRuntime/platform/appkit/view_events.h"
+#include "VELTRuntime/platform/appkit/window.h"
+
+#include <QKeyEvent>
+#include <QPainter>
+#include <QVariant>
+#include <QWheelEvent>
+
+namespace velt {
+
+namespace {
+
+constexpr const char* kViewProperty = "veltView";
+
+}  // namespace
+
+NSView* viewOf(const QWidget* widget) {
+    if (!widget) return nullptr;
+    return static_cast<NSView*>(widget->property(kViewProperty).value<void*>());
+}
+
+void setViewOf(QWidget& widget, NSView* view) {
+    widget.setProperty(kViewProperty, QVariant::fromValue(static_cast<void*>(view)));
+}
+
+void ViewWidget::paintEvent(QPaintEvent* event) {
+    NSView* view = viewOf(this);
+    if (!view) return;
+    const Ref<NSView> kept(view);
+    QPainter painter(this);
+    const QRectF dirty = event->rect();
+    runReported([&] { view->draw(painter, {{dirty.x(), dirty.y()}, {dirty.width(), dirty.height()}}); });
+}
+
+void ViewWidget::mousePressEvent(QMouseEvent* event) {
+    clicks_ = 1;
+    if (NSView* view = viewOf(this); view && view->canBecomeKeyView()) setFocus(Qt::MouseFocusReason);
+    tell(*event);
+}
+
+void ViewWidget::mouseDoubleClickEvent(QMouseEvent* event) {
+    clicks_ = 2;
+    tell(*event);
+}
+
+void ViewWidget::mouseReleaseEvent(QMouseEvent* event) { tell(*event); }
+void ViewWidget::mouseMoveEvent(QMouseEvent* event) { tell(*event); }
+void ViewWidget::enterEvent(QEnterEvent* event) { tell(*event); }
+void ViewWidget::leaveEvent(QEvent* event) { tell(*event); }
+
+void ViewWidget::wheelEvent(QWheelEvent* event) {
+    NSView* view = viewOf(this);
+    // What the view leaves is for an enclosing scroll view, a widget of the toolkit.
+    if (!view || !offerToProgram(*view, *this, *event)) event->ignore();
+}
+
+void ViewWidget::keyPressEvent(QKeyEvent* event) {
+    NSView* view = viewOf(this);
+    if (!view) return;
+    // A shortcut goes before what the view makes of its letter.
+    const bool shortcut = event->modifiers() & Qt::ControlModifier;
+    if (shortcut && view->windowPointer() && offerKeyEquivalent(*view->windowPointer(), *event)) return;
+    // What nobody answers is the window's, for its buttons.
+    const bool answered = somebodyAnswers(*view, VELT_SELECTOR("keyDown:"));
+    if (answered) tell(*event);
+    event->setAccepted(answered);
+}
+
+void ViewWidget::keyReleaseEvent(QKeyEvent* event) {
+    tell(*event);
+    event->accept();
+}
+
+void ViewWidget::contextMenuEvent(QContextMenuEvent* event) {
+    NSView* view = viewOf(this);
+    event->setAccepted(view && showContextMenu(*view, *event));
+}
+
+bool ViewWidget::focusNextPrevChild(bool next) {
+    // The widgets of controls hand the question outward: it is about the one that has the keyboard.
+    NSView* view = viewAround(window()->focusWidget());
+    NSWindow* shown = view ? view->windowPointer() : nullptr;
+    return (shown && shown->moveKeyView(*view, next)) || QWidget::focusNextPrevChild(next);
+}
+
+void ViewWidget::tell(const QEvent& event) {
+    if (NSView* view = viewOf(this)) sendEventMessage(*view, *this, event, clicks_);
+}
+
+}  // namespace velt

@@ -1,0 +1,12 @@
+// Ends the use of a table of wrappers.
+#undef VELT_PROPERTY
+#undef VELT_OBJECT_PROPERTY
+#undef VELT_ANY_PROPERTY
+#undef VELT_GETTER
+#undef VELT_SETTER
+#undef VELT_OBJECT_SETTER
+#undef VELT_COMMAND
+#undef VELT_SELF_COMMAND
+#undef VELT_NIL_COMMAND
+#undef VELT_QUERY
+#undef VELT_WRAPPER_TABLE

@@ -1,0 +1,92 @@
+#include "VELTRuntime/ui/accessors.h"
+
+#include "VELTRuntime/platform/appkit/application_object.h"
+#include "VELTRuntime/values/boxing.h"
+#include "VELTRuntime/values/string.h"
+
+namespace velt::ui {
+
+namespace {
+
+id zero(ValueKind kind) {
+    switch (kind) {
+    case ValueKind::Boolean: return VELT_ID(BOOL{0});
+    case ValueKind::Integer: return VELT_ID(0L);
+    case ValueKind::Unsigned: return VELT_ID(0UL);
+    case ValueKind::Double: return VELT_ID(0.0);
+    case ValueKind::Single: return VELT_ID(0.0F);
+    case ValueKind::Point: return VELT_ID(NSPoint{});
+    case ValueKind::Size: return VELT_ID(NSSize{});
+    case ValueKind::Rect: return VELT_ID(NSRect{});
+    case ValueKind::Text:
+    case ValueKind::MutableText:
+    case ValueKind::RichText:
+    case ValueKind::Object: return nil;
+    }
+    return nil;
+}
+
+}  // namespace
+
+id get(const id& receiver, const Wrapper& wrapper, ValueKind kind) {
+    requireMainThread(wrapper.name);
+    if (receiver.isNil()) return zero(kind);
+    id value = sendMessage(receiver, wrapper.selector, {});
+    const bool isText = kind == ValueKind::Text || kind == ValueKind::MutableText;
+    return isText && isString(value) ? freshCopy(asString(value)) : value;
+}
+
+id converted(const id& value, ValueKind kind) {
+    switch (kind) {
+    case ValueKind::Boolean: return VELT_ID(static_cast<BOOL>(VELT_CBOOL(value)));
+    case ValueKind::Integer:
+    case ValueKind::Unsigned: return VELT_ID(static_cast<long>(VELT_CBYTE(value)));
+    case ValueKind::Double: return VELT_ID(VELT_CDOUBLE(value));
+    case ValueKind::Single: return VELT_ID(VELT_CSINGLE(value));
+    case ValueKind::Text:
+    case ValueKind::MutableText: return VELT_CSTRING(value);
+    case ValueKind::RichText: return VELT_CATTRIBUTEDSTRING(value);
+    case ValueKind::Point: return VELT_ID(VELT_CNSPOINT(value));
+    case ValueKind::Size: return VELT_ID(VELT_CNSSIZE(value));
+    case ValueKind::Rect: return VELT_ID(VELT_CNSRECT(value));
+    case ValueKind::Object: return value;
+    }
+    return value;
+}
+
+id pass(const id& receiver, const Wrapper& wrapper, const id& argument) {
+    requireMainThread(wrapper.name);
+    return sendMessage(receiver, wrapper.selector, std::span<const id>(&argument, 1));
+}
+
+id set(const id& receiver, const Wrapper& wrapper, ValueKind kind, const id& value) {
+    pass(receiver, wrapper, converted(value, kind));
+    return nil;
+}
+
+id command(const id& receiver, const Wrapper& wrapper) {
+    requireMainThread(wrapper.name);
+    sendMessage(receiver, wrapper.selector, {});
+    return nil;
+}
+
+void connectAction(const id& object, const id& owner, const char* action) {
+    if (!action || !*action) return;
+    if (!respondsTo(owner, Selector::named(action))) return;
+    send(object, VELT_SELECTOR("setAction:"), string(std::string_view(action)));
+    send(object, VELT_SELECTOR("setTarget:"), owner);
+}
+
+id bindAction(const char* function, const id& object, const id& name, std::string_view setter) {
+    requireMainThread(function);
+    const std::string given = utf8(VELT_CSTRING(name));
+    const id target = send(object, VELT_SELECTOR("target"));
+    for (const std::string& action : {given + ":", given}) {
+        if (action.empty() || !respondsTo(target, Selector::named(action))) continue;
+        send(object, setter, string(action));
+        break;
+    }
+    return nil;
+}
+
+}  // namespace velt::ui

@@ -1,0 +1,22 @@
+// How the constructors of controls and cells make their objects.
+#pragma once
+
+#include "VELTRuntime/platform/appkit/application_object.h"
+#include "VELTRuntime/platform/object/class.h"
+#include "VELTRuntime/ui/accessors.h"
+
+#include <utility>
+
+namespace velt::ui {
+
+/// A new object of class T, whose action is the owner's method of that name, if the owner has it. Raises
+/// "NSInternalInconsistencyException" naming the constructor on another thread than the main one.
+template <class T, class... A>
+Ref<T> newObject(const char* constructor, const id& owner, const char* action, A&&... a) {
+    requireMainThread(constructor);
+    Ref<T> made = make<T>(std::forward<A>(a)...);
+    connectAction(made, owner, action);
+    return made;
+}
+
+}  // namespace velt::ui

@@ -1,0 +1,16 @@
+// Sliders, level indicators, steppers, date pickers, colour wells and path controls.
+#pragma once
+
+#include "VELTRuntime/values/value.h"
+
+// New controls of no size, whose action is the owner's method of that name, if the owner has it. Each raises
+// "NSInternalInconsistencyException" on another thread than the main one.
+
+VELT_EXPORT id VELT_NSSLIDER_INIT(const id& owner, const char* action);
+/// A slider with a round knob.
+VELT_EXPORT id VELT_CIRCULARSLIDER_INIT(const id& owner, const char* action);
+VELT_EXPORT id VELT_NSLEVELINDICATOR_INIT(const id& owner, const char* action);
+VELT_EXPORT id VELT_NSSTEPPER_INIT(const id& owner, const char* action);
+VELT_EXPORT id VELT_NSDATEPICKER_INIT(const id& owner, const char* action);
+VELT_EXPORT id VELT_NSCOLORWELL_INIT(const id& owner, const char* action);
+VELT_EXPORT id VELT_NSPATHCONTROL_INIT(const id& owner, const char* action);

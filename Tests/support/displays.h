@@ -1,0 +1,35 @@
+// What the display on which the window tests run can do: they run in memory, on X11 with a window manager, and on
+// Wayland.
+#pragma once
+
+#include <QGuiApplication>
+#include <QScreen>
+
+#include "VELTRuntime/platform/appkit/application_object.h"
+#include "VELTRuntime/process/window_activation.h"
+
+namespace velt::test {
+
+inline QString displayKind() {
+    velt::requireApplicationObject("a test");
+    return QGuiApplication::platformName();
+}
+inline bool displayIsInMemory() { return displayKind() == QLatin1String("offscreen"); }
+inline bool displayIsX11() { return displayKind() == QLatin1String("xcb"); }
+inline bool displayIsWayland() { return displayKind().startsWith(QLatin1String("wayland")); }
+
+/// Somebody gives windows the keyboard and miniaturizes them when asked.
+inline bool displayHasWindowManager() { return displayIsInMemory() || velt::WindowActivation().isPossible(); }
+/// Windows are where the program puts them; Wayland's compositors place them themselves.
+inline bool displayPlacesWindows() { return !displayIsWayland(); }
+
+}  // namespace velt::test
+
+#define SKIP_UNLESS_WINDOWS_BECOME_ACTIVE()                                                                            \
+    if (velt::test::displayIsWayland()) GTEST_SKIP() << "the compositor decides which window has the keyboard";        \
+    if (!velt::test::displayHasWindowManager()) GTEST_SKIP() << "no window manager gives windows the keyboard"
+#define SKIP_UNLESS_WINDOWS_CAN_BE_MINIATURIZED()                                                                      \
+    if (velt::test::displayIsWayland()) GTEST_SKIP() << "the compositor does not say that a window was miniaturized";  \
+    if (!velt::test::displayHasWindowManager()) GTEST_SKIP() << "no window manager miniaturizes windows"
+#define SKIP_UNLESS_WINDOWS_ARE_PLACED()                                                                               \
+    if (!velt::test::displayPlacesWindows()) GTEST_SKIP() << "the compositor places windows itself"
