@@ -177,7 +177,7 @@ TEST(VLTask, HandlesChildrenThatAreKilled) {
 }
 
 TEST(VLTask, ReportsTheEndAtOnceAndAGrandchildsOutputAfterwards) {
-    const Ref<JobOwner> owner = ran({"out", "child ", "grandchild", "200"});
+    const Ref<JobOwner> owner = ran({"out", "child ", "grandchild", "1500"});
     EXPECT_EQ(owner->outputText, "child grandchild");
     EXPECT_EQ(owner->events.substr(owner->events.size() - 2), "so");
 }

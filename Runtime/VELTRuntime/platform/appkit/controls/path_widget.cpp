@@ -322,10 +322,10 @@ void PathWidget::choose() {
         dialog->setDirectory(now.absoluteFilePath());
     else if (!cell().url().isNil())
         dialog->selectFile(now.absoluteFilePath());
-    if (is<NSArray>(cell().allowedTypes())) {
+    const id types = cell().allowedTypes();
+    if (is<NSArray>(types)) {
         QStringList patterns;
-        for (const id& type : as<NSArray>(cell().allowedTypes())->items())
-            patterns << QStringLiteral("*.") + qtText(type);
+        for (const id& type : as<NSArray>(types)->items()) patterns << QStringLiteral("*.") + qtText(type);
         dialog->setFileMode(QFileDialog::ExistingFile);
         dialog->setNameFilter(patterns.join(u' '));
     }

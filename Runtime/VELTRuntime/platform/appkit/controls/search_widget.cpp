@@ -52,7 +52,8 @@ bool SearchWidget::openRecents() {
 }
 
 void SearchWidget::syncParts(NSTextField& field) {
-    const NSArray* recents = arrayOf(static_cast<NSSearchField&>(field).recentSearches());
+    const id searches = static_cast<NSSearchField&>(field).recentSearches();
+    const NSArray* recents = arrayOf(searches);
     magnifier_->setSign(recents && recents->count() > 0 ? FieldButton::Sign::Recents : FieldButton::Sign::Magnifier);
     cross_->setVisible(field.isEditable() && asString(field.stringValue()).length() > 0);
     placeParts();
