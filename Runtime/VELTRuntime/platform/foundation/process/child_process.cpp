@@ -2,6 +2,7 @@
 
 #include "VELTRuntime/platform/foundation/descriptor.h"
 #include "VELTRuntime/platform/foundation/process/descriptor_io.h"
+#include "VELTRuntime/platform/foundation/process/program_start.h"
 #include "VELTRuntime/platform/object/exception.h"
 
 #include <cerrno>
@@ -10,69 +11,31 @@
 #include <cstring>
 #include <fcntl.h>
 #include <memory>
-#include <poll.h>
-#include <spawn.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
-
-extern "C" {
-#include <sys/pidfd.h>  // the system's header does not say so itself everywhere
-}
 
 namespace velt {
 
 namespace {
 
-/// The arguments of one start, freed with their scope.
-class Actions {
+/// What becomes the standard streams. A standard descriptor may itself be the source of another one: those are copied
+/// out of the way first, until the child is there.
+class StandardSources {
 public:
-    Actions() {
-        posix_spawn_file_actions_init(&files_);
-        posix_spawnattr_init(&attributes_);
-    }
-    ~Actions() {
-        posix_spawn_file_actions_destroy(&files_);
-        posix_spawnattr_destroy(&attributes_);
-    }
-    Actions(const Actions&) = delete;
-    Actions& operator=(const Actions&) = delete;
-
-    void setFlags(bool newSession) {
-        sigset_t none, all;
-        sigemptyset(&none);
-        sigfillset(&all);
-        posix_spawnattr_setsigmask(&attributes_, &none);
-        posix_spawnattr_setsigdefault(&attributes_, &all);
-        const int session = newSession ? POSIX_SPAWN_SETSID : 0;
-        posix_spawnattr_setflags(&attributes_,
-                                 static_cast<short>(POSIX_SPAWN_SETSIGMASK | POSIX_SPAWN_SETSIGDEF | session));
-    }
-    void setFolder(const std::string& folder) {
-        if (!folder.empty()) posix_spawn_file_actions_addchdir_np(&files_, folder.c_str());
-    }
-    /// A standard descriptor may itself be the source of another one: those are copied out of the way first.
-    void setStandard(const std::array<int, 3>& sources) {
-        for (int target = 0; target < 3; ++target) {
-            int source = sources[static_cast<std::size_t>(target)];
-            if (source < 0) continue;
-            if (source < 3 && source != target) {
-                copies_[copyCount_] = std::make_unique<Descriptor>(::fcntl(source, F_DUPFD_CLOEXEC, 3));
-                source = copies_[copyCount_++]->value();
-            }
-            posix_spawn_file_actions_adddup2(&files_, source, target);
+    explicit StandardSources(const std::array<int, 3>& sources) : sources_(sources) {
+        for (std::size_t target = 0; target < 3; ++target) {
+            int& source = sources_[target];
+            if (source < 0 || source >= 3 || source == static_cast<int>(target)) continue;
+            copies_[target] = std::make_unique<Descriptor>(::fcntl(source, F_DUPFD_CLOEXEC, 3));
+            source = copies_[target]->value();
         }
-        posix_spawn_file_actions_addclosefrom_np(&files_, 3);
     }
-    int spawn(pid_t& identifier, const std::string& path, char* const* arguments, char* const* environment) {
-        return posix_spawn(&identifier, path.c_str(), &files_, &attributes_, arguments, environment);
-    }
+    const std::array<int, 3>& descriptors() const { return sources_; }
 
 private:
-    posix_spawn_file_actions_t files_;
-    posix_spawnattr_t attributes_;
+    std::array<int, 3> sources_;
     std::array<std::unique_ptr<Descriptor>, 3> copies_;
-    std::size_t copyCount_ = 0;
 };
 
 std::string reasonOf(int error) { return std::strerror(error); }
@@ -148,24 +111,25 @@ ChildProcess::ChildProcess(const SpawnRequest& request) {
     const std::string path = executablePath(request);
     const std::vector<char*> arguments = pointersTo(request.arguments, &request.path);
     const std::vector<char*> own = request.environment ? pointersTo(*request.environment) : std::vector<char*>();
-    Actions actions;
-    actions.setFlags(request.newSession);
-    actions.setStandard(request.standard);
-    actions.setFolder(request.folder);
-    const int error = actions.spawn(identifier_, path, arguments.data(), request.environment ? own.data() : environ);
-    if (error != 0) raiseNotStarted(request, path, error);
+    const StandardSources standard(request.standard);
+    const StartResult started = startProgram({.path = path.c_str(),
+                                              .arguments = arguments.data(),
+                                              .environment = request.environment ? own.data() : environ,
+                                              .folder = request.folder.empty() ? nullptr : request.folder.c_str(),
+                                              .standard = standard.descriptors(),
+                                              .newSession = request.newSession});
+    if (started.error != 0) raiseNotStarted(request, path, started.error);
 
-    const int descriptor = ::pidfd_open(identifier_, 0);
-    const int reason = errno;
-    state_ = std::make_shared<ChildState>(descriptor);
-    if (descriptor >= 0) return;
-    if (reason == ESRCH) {  // the program ignores its children's end, and this one is over
+    identifier_ = started.identifier;
+    state_ = std::make_shared<ChildState>(started.descriptor);
+    if (started.descriptor >= 0) return;
+    if (started.descriptorError == ESRCH) {  // the program ignores its children's end, and this one is over
         state_->setLost();
         return;
     }
     ::kill(identifier_, SIGKILL);
     ::waitpid(identifier_, nullptr, 0);
-    raise(kInvalidArgumentException, "cannot launch '" + request.path + "': " + reasonOf(reason));
+    raise(kInvalidArgumentException, "cannot launch '" + request.path + "': " + reasonOf(started.descriptorError));
 }
 
 ChildProcess::~ChildProcess() {

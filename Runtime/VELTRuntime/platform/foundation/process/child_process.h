@@ -34,8 +34,8 @@ struct SpawnRequest {
 /// A started child. All functions may be called from any thread.
 class VELT_EXPORT ChildProcess {
 public:
-    /// Starts it with no signal blocked and every signal at its default. Raises "NSInvalidArgumentException" with the
-    /// path and the system's reason when it cannot be started.
+    /// Starts it with no signal blocked, and with every signal below the real-time ones at its default. Raises
+    /// "NSInvalidArgumentException" with the path and the system's reason when it cannot be started.
     explicit ChildProcess(const SpawnRequest& request);
     /// A child that still runs goes on, and is collected when it has ended.
     ~ChildProcess();

@@ -94,7 +94,11 @@ id NSFileHandle::availableData() {
     return make<NSData>(takePiece(readPiece(openDescriptor("availableData"), "availableData")));
 }
 
-id NSFileHandle::dataAvailableNow() { return waitReadable(openDescriptor("availableData"), 0) ? availableData() : nil; }
+id NSFileHandle::dataAvailableNow() {
+    const int descriptor = openDescriptor("availableData");
+    if (isAtEnd_) return make<NSData>();
+    return waitReadable(descriptor, 0) ? availableData() : nil;
+}
 
 id NSFileHandle::readDataToEndOfFile() {
     const int descriptor = openDescriptor("readDataToEndOfFile");
@@ -234,6 +238,7 @@ bool NSFileHandle::takeBackground(Background& background) {
         piece.emplace();  // a terminal whose other end has gone fails where others end
     }
     if (!piece) return false;
+    isAtEnd_ = piece->empty() && mayStopBlocking_;
     if (background.mode == Mode::Piece) {
         background.wanted = false;
         post(kReadCompletion, make<NSData>(takePiece(*piece)));

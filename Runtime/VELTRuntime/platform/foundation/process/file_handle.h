@@ -80,6 +80,7 @@ private:
     std::weak_ptr<Background> background_;
     bool mayStopBlocking_ = false;  // nobody else reads from it: the reading end of a pipe of ours
     bool neverBlocks_ = false;
+    bool isAtEnd_ = false;  // of a pipe of ours: nobody writes into it any more
 };
 
 /// A pipe: what is written into one handle is read from the other.
