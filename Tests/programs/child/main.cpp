@@ -63,6 +63,14 @@ bool perform(const std::string& what, const std::string& with) {
         writeText(velt::test::generatedBytes(static_cast<std::uint64_t>(number), static_cast<std::size_t>(number)));
     } else if (what == "error-bytes") {
         writeFully(2, velt::test::generatedBytes(static_cast<std::uint64_t>(number), static_cast<std::size_t>(number)));
+    } else if (what == "text") {  // so many letters
+        writeText(std::string(static_cast<std::size_t>(number), 'x'));
+    } else if (what == "error-text") {
+        writeFully(2, std::string(static_cast<std::size_t>(number), 'x'));
+    } else if (what == "note-process") {  // its own number, into a file
+        const int file = ::open(with.c_str(), O_WRONLY | O_CREAT | O_CLOEXEC, 0600);
+        writeFully(file, std::to_string(::getpid()) + "\n");
+        ::close(file);
     } else if (what == "single-bytes") {
         for (char byte :
              velt::test::generatedBytes(static_cast<std::uint64_t>(number), static_cast<std::size_t>(number))) {
