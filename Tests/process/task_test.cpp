@@ -266,6 +266,44 @@ TEST(VLTask, DoesNotWaitForAGrandchildWhenItIsDropped) {
     EXPECT_EQ(owner->outputText, "");
 }
 
+TEST(VLTask, KeepsItsTarget) {
+    Ref<EndOwner> owner = make<EndOwner>();
+    EndOwner* const looked = owner.get();
+    const id task = newTask(owner, {"out", "x"});
+    owner = nullptr;
+    launch(task);
+    EXPECT_TRUE(runLoopUntil([&] { return isComplete(task); }));
+    EXPECT_EQ(looked->stops, 1);
+}
+
+TEST(VLTask, HasACompleteEndWithoutTheErrorsThatItNeverHad) {
+    const Ref<JobOwner> owner = make<JobOwner>();
+    // The grandchild holds both pipes; the errors count as ended, the output does not.
+    const id task = newTask(owner, {"grandchild", "100"});
+    launch(task);
+    EXPECT_TRUE(runLoopUntil([&] { return owner->stops == 1; }));
+    EXPECT_TRUE(flag(task, "stderrEmpty"));
+    EXPECT_FALSE(flag(task, "stdoutEmpty"));
+    EXPECT_FALSE(isComplete(task));
+    EXPECT_TRUE(runLoopUntil([&] { return isComplete(task); }));
+    EXPECT_EQ(owner->outputText, "grandchild");
+}
+
+TEST(VLTask, MayBeToldThatAPipeHasEndedByAnybody) {
+    const Ref<JobOwner> owner = make<JobOwner>();
+    const id task = VELT_VLTASK_INIT(owner, "job");
+    send(task, "get_stdout:", nil);
+    EXPECT_TRUE(flag(task, "stdoutEmpty"));
+    EXPECT_FALSE(flag(task, "taskDidTerminate"));
+    send(task, "get_stopped:", nil);
+    EXPECT_TRUE(isComplete(task));
+    EXPECT_EQ(owner->events, "s");
+    send(task, "myinit");
+    EXPECT_FALSE(flag(task, "stdoutEmpty"));
+    EXPECT_TRUE(flag(task, "stderrEmpty"));
+    EXPECT_FALSE(flag(task, "taskDidTerminate"));
+}
+
 TEST(VLTask, LosesItsTargetWithoutHarm) {
     const id task = newTask(make<JobOwner>(), {"out", "x"});
     launch(task);
