@@ -41,7 +41,7 @@ public:
     void stopped() { ++stops; }
 
     id launched(const std::vector<std::string>& arguments) {
-        const id task = VELT_VLTASK_INIT(id(this), "job");
+        id task = VELT_VLTASK_INIT(id(this), "job");
         VELT_VLTASK_PATH(task, string(childProgram()));
         VELT_VLTASK_ARGUMENTS(task, stringArray(arguments));
         send(send(task, "task"), "launch");

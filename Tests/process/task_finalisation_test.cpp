@@ -40,7 +40,7 @@ public:
 
 /// A task whose output waits in its pipe, while the process runs on.
 id taskWithOutput(const id& owner, const std::vector<std::string>& arguments = {"out", "x", "pause", "60000"}) {
-    const id task = VELT_VLTASK_INIT(owner, "job");
+    id task = VELT_VLTASK_INIT(owner, "job");
     VELT_VLTASK_PATH(task, string(childProgram()));
     VELT_VLTASK_ARGUMENTS(task, stringArray(arguments));
     send(send(task, "task"), "launch");
