@@ -88,6 +88,22 @@ TEST(ReadArrayDictionaryAndData, FailForWhatCannotBeRead) {
     }
 }
 
+TEST(ReadArrayDictionaryAndData, TakeARelativeLocationForAnAddressThoughThereIsSuchAFile) {
+    const TemporaryFolder folder;
+    std::filesystem::create_directory(folder.file("data"));
+    const id path = str(folder.write("data/x.plist", "{a = b;}")), list = str(folder.write("data/list", "(a)"));
+    const std::filesystem::path before = std::filesystem::current_path();
+    std::filesystem::current_path(folder.file(""));
+    EXPECT_RAISES(kArrayFailed, VELT_READARRAY(str("data/list")));
+    EXPECT_RAISES(kDictionaryFailed, VELT_READDICTIONARY(str("data/x.plist")));
+    EXPECT_RAISES(kDictionaryFailed, VELT_PLIST(str("data/x.plist")));
+    EXPECT_RAISES(kDataFailed, VELT_READDATA(str("data/x.plist")));
+    EXPECT_VALUE("c 0", VELT_WRITEDATA(data("new"), str("data/x.plist")));
+    std::filesystem::current_path(before);
+    EXPECT_VALUE("NSDictionary {a = b}", VELT_PLIST(path));
+    EXPECT_VALUE("NSArray (a)", VELT_READARRAY(list));
+}
+
 TEST(ReadArrayDictionaryAndData, WantAString) {
     for (const id& location : {nil, integer(1), data("x"), array()}) {
         EXPECT_CAST_FAILURE("'String' expected", VELT_READARRAY(location));

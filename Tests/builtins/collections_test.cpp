@@ -35,6 +35,8 @@ TEST(Arrays, RaiseRangeErrorsAndChangeNothing) {
         VELT_NSMUTABLEARRAY_REPLACE(list, integer(1), integer(1)));
     EXPECT_RAISES("NSRangeException: 'NSMutableArray' removeObjectAtIndex:: index -1 is out of range; the count is 1",
                   VELT_NSMUTABLEARRAY_REMOVEOBJECT(list, integer(9)));
+    EXPECT_RAISES("NSRangeException: 'NSMutableArray' removeObjectAtIndex:: index 1 is out of range; the count is 1",
+                  VELT_NSMUTABLEARRAY_REMOVE(list, integer(1)));
     EXPECT_RAISES("NSInvalidArgumentException: 'NSMutableArray' addObject:: nil cannot be an element",
                   VELT_NSMUTABLEARRAY_APPEND(list, nil));
     EXPECT_RAISES("NSInvalidArgumentException: 'NSMutableArray' insertObject:atIndex:: nil cannot be an element",
@@ -81,6 +83,8 @@ TEST(Dictionaries, HaveStringKeys) {
     EXPECT_CAST_FAILURE("Number expected", VELT_NSDICTIONARY_KEY(dictionary, str("a")));
     EXPECT_RAISES("NSRangeException: 'NSMutableDictionary' key: index 1 is out of range; the count is 1",
                   VELT_NSDICTIONARY_OBJECT(dictionary, integer(1)));
+    EXPECT_RAISES("NSRangeException: 'NSMutableDictionary' key: index -1 is out of range; the count is 1",
+                  VELT_NSDICTIONARY_KEY(dictionary, integer(-1)));
     EXPECT_RAISES("NSInvalidArgumentException: 'NSMutableDictionary' setObject:forKey:: nil cannot be a value",
                   VELT_NSMUTABLEDICTIONARY_APPEND(dictionary, str("a"), nil));
 }
@@ -104,6 +108,21 @@ TEST(Dictionaries, CopyKeysThatCouldChange) {
     VELT_NSMUTABLEDICTIONARY_INSERT(dictionary, key, integer(1));
     velt::send(key, "setString:", str("other"));
     EXPECT_VALUE("q 1", VELT_NSDICTIONARY_OBJECT(dictionary, str("key")));
+}
+
+TEST(Dictionaries, AreTheSameUnderBothNames) {
+    const id dictionary = emptyDictionary();
+    VELT_NSMUTABLEDICTIONARY_APPEND(dictionary, str("a"), integer(1));
+    VELT_NSMUTABLEDICTIONARY_REPLACE(dictionary, integer(7), integer(2));
+    for (const id& one : {dictionary, id(velt::make<NSDictionary>(*velt::dictionaryOf(dictionary)))}) {
+        EXPECT_VALUE("Q 2", VELT_NSMUTABLEDICTIONARY_COUNT(one));
+        EXPECT_VALUE("Q 2", VELT_NSDICTIONARY_COUNT(one));
+        EXPECT_VALUE("q 2", VELT_NSMUTABLEDICTIONARY_OBJECT(one, integer(1)));
+        EXPECT_VALUE("q 2", VELT_NSDICTIONARY_VALUE(one, str("7")));
+        EXPECT_VALUE("'7'", VELT_NSMUTABLEDICTIONARY_KEY(one, integer(1)));
+        EXPECT_VALUE("c 1", VELT_NSMUTABLEDICTIONARY_CONTAINS(one, integer(7)));
+        EXPECT_CAST_FAILURE("Number expected", VELT_NSMUTABLEDICTIONARY_KEY(one, str("7")));
+    }
 }
 
 TEST(Dictionaries, RejectOtherReceivers) {

@@ -2,6 +2,8 @@
 // fast as a small one.
 #pragma once
 
+#include "VELTRuntime/export.h"
+
 #include <array>
 #include <sys/types.h>
 
@@ -32,6 +34,6 @@ struct StartResult {
 
 /// Starts the child with no signal blocked, and with every signal below the real-time ones at its default. No
 /// descriptor above the standard ones is passed on.
-StartResult startProgram(const StartPlan& plan);
+VELT_EXPORT StartResult startProgram(const StartPlan& plan);
 
 }  // namespace velt
