@@ -43,6 +43,7 @@ id taskWithOutput(const id& owner, const std::vector<std::string>& arguments = {
     id task = VELT_VLTASK_INIT(owner, "job");
     VELT_VLTASK_PATH(task, string(childProgram()));
     VELT_VLTASK_ARGUMENTS(task, stringArray(arguments));
+    VELT_VLTASK_STDIN(task, ""_v);
     send(send(task, "task"), "launch");
     const id reading = send(send(send(task, "task"), "standardOutput"), "fileHandleForReading");
     EXPECT_TRUE(waitReadable(as<NSFileHandle>(reading)->fileDescriptor(), 60000));
@@ -134,11 +135,12 @@ TEST(VLTaskFinalisation, MayHappenTwiceAndBeforeTheLaunch) {
 
 TEST(VLTaskCleanUp, HandsOverWhatIsThereOnceAndHearsNothingMore) {
     const Ref<FailingOwner> owner = make<FailingOwner>();
-    const id task = taskWithOutput(owner, {"err", "before", "close", "1", "pause", "200", "err", " after"});
+    const id task = taskWithOutput(owner, {"err", "before", "close", "1", "await", "err", " after"});
     send(task, "_cleanup");
     EXPECT_EQ(owner->errorText, "before");
     send(task, "_cleanup");
     EXPECT_EQ(owner->errorText, "before");
+    send(send(send(send(task, "task"), "standardInput"), "fileHandleForWriting"), "closeFile");
     EXPECT_TRUE(runLoopUntil([&] { return !VELT_CBOOL(VELT_VLTASK_ISRUNNING(task)); }));
     RunLoop::current().runUntil(0);
     EXPECT_EQ(owner->errorText, "before");

@@ -105,6 +105,9 @@ bool perform(const std::string& what, const std::string& with) {
     } else {
         if (what == "echo") {
             for (std::string piece = readSome(4096); !piece.empty(); piece = readSome(4096)) writeText(piece);
+        } else if (what == "await") {  // the end of its input
+            while (!readSome(4096).empty()) {
+            }
         } else if (what == "folder") {
             char path[4096];
             writeText(::getcwd(path, sizeof path) ? path : "(none)");
