@@ -57,6 +57,12 @@ TEST(Run, LetsTheOutputThrough) {
     EXPECT_EQ(testing::internal::GetCapturedStdout(), "to the program's own\n");
 }
 
+TEST(Run, DoesNotWaitForOutputThatIsTheProgramsOwn) {
+    testing::internal::CaptureStdout();
+    EXPECT_VALUE("'x'", VELT_RUN(string(childProgram()), stringArray({"bytes", "300000", "err", "x"})));
+    EXPECT_TRUE(testing::internal::GetCapturedStdout() == generatedBytes(300000, 300000));
+}
+
 TEST(Run, NeedsAStringAndAnArray) {
     EXPECT_CAST_FAILURE("'String' expected", VELT_RUN(nil));
     EXPECT_CAST_FAILURE("'String' expected", VELT_RUN(VELT_ID(1L)));
@@ -100,6 +106,25 @@ TEST(Bash, RunsAScriptWithItsArguments) {
 TEST(Bash, IsAScriptOnlyByItsFirstLine) {
     EXPECT_EQ(bash("echo one\necho two.sh"), "one\ntwo.sh\n");
     EXPECT_NE(bash("echo one.sh\necho two").find("echo one.sh"), std::string::npos);  // a file that is not there
+}
+
+TEST(Bash, GivesAScriptTheProgramsOwnInputAndACommandLineNone) {
+    const TemporaryFolder folder;
+    const std::string script = folder.write("read.sh", "cat\n");
+    const int saved = ::fcntl(STDIN_FILENO, F_DUPFD_CLOEXEC, 10);
+    const int file = ::open(folder.write("input", "from the program\n").c_str(), O_RDONLY | O_CLOEXEC);
+    ::dup2(file, STDIN_FILENO);
+    const std::string command = bash("cat"), read = bash(script);
+    saved < 0 ? ::close(STDIN_FILENO) : ::dup2(saved, STDIN_FILENO);
+    ::close(saved);
+    ::close(file);
+    EXPECT_EQ(command, "");
+    EXPECT_EQ(read, "from the program\n");
+}
+
+TEST(Bash, DecodesTheTwoStreamsEachForItself) {
+    EXPECT_EQ(bash("printf '\\303'; printf '\\251' >&2"), "\xEF\xBF\xBD\xEF\xBF\xBD");
+    EXPECT_EQ(bash("printf 'é猫'; printf 'ß😀' >&2"), "é猫ß😀");
 }
 
 TEST(Bash, NeedsAStringAndAnArray) {

@@ -33,11 +33,13 @@ public:
     Capture() : ends_(makePipe()), reading_(ends_.reading), writing_(ends_.writing) {}
     int writingEnd() const { return writing_.value(); }
     void closeWritingEnd() { writing_.close(); }
-    void appendTo(std::string& text) const {
+    /// All of it as a new string; a character that the stream breaks off is not completed by another stream.
+    id text() const {
+        std::string bytes;
         for (;;) {
             const std::string_view piece = readPiece(reading_.value(), "availableData");
-            if (piece.empty()) return;
-            text += piece;
+            if (piece.empty()) return string(bytes);
+            bytes += piece;
         }
     }
 
@@ -58,11 +60,9 @@ id runAndCapture(SpawnRequest request, Captured captured, Input input = Input::O
     if (output) output->closeWritingEnd();
     errors.closeWritingEnd();
     child.wait();
-    std::string text;
-    if (output) output->appendTo(text);
-    std::string errorText;
-    errors.appendTo(errorText);
-    return output ? string(text + errorText) : string(errorText);
+    if (!output) return errors.text();
+    const id first = output->text(), second = errors.text();
+    return string(std::u16string(textOf(first)).append(textOf(second)));
 }
 
 std::vector<std::string> textsOf(const id& arguments) {
