@@ -93,8 +93,8 @@ void TokenWidget::layOut() {
     if (several) {
         rest_.setRight(inner.right());
     } else if (const int over = rest_.left() + std::max(kLeastEditor, std::min(typed, inner.width())) - inner.right();
-               over > 0) {
-        // One row moves so that what is typed can be seen.
+               over > 0 && editor() && editor()->widget().hasFocus()) {
+        // While somebody types, one row moves so that what is typed can be seen.
         const NSTokenField* tokens = tokenField();
         int moves = over;
         if (tokens && tokens->selectedToken() >= 0 && tokens->selectedToken() < static_cast<long>(places_.size())) {
