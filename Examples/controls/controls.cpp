@@ -1,5 +1,5 @@
-// controls.bas as the translator writes it: the gallery of all controls. With --dark it is shown in dark colours, on
-// whatever desktop.
+// controls.bas as the translator writes it: the gallery of all controls. --dark shows it in dark colours on whatever
+// desktop, --reverse as those see it who read from right to left.
 #include "support/screenshot.h"
 
 namespace {
@@ -501,7 +501,7 @@ public:
 };
 
 int program(int count, char** arguments) {
-    if (count > 1 && std::string_view(arguments[1]) == "--dark") example::wearDark();
+    example::dressAsAsked(count, arguments);
     VELTS("controls.bas", "Main", "268", "");
     const velt::Ref<Gallery> gallery = velt::make<Gallery>();
     VELTS("controls.bas", "Main", "269", "");

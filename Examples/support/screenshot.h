@@ -16,6 +16,7 @@
 #include <cstdlib>
 #include <functional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace example {
@@ -51,6 +52,19 @@ inline void wearDark() {
         dark.setColor(QPalette::Disabled, role, QColor(120, 123, 128));
     }
     QApplication::setPalette(dark);
+}
+
+/// What a person may ask of a program's looks when it is started: --dark for dark colours, --reverse for the direction
+/// of those who read from right to left.
+inline void dressAsAsked(int count, char** arguments) {
+    for (int i = 1; i < count; ++i) {
+        const std::string_view asked = arguments[i];
+        if (asked == "--dark") wearDark();
+        if (asked == "--reverse") {
+            NSApplication::sharedApplication();
+            QApplication::setLayoutDirection(Qt::RightToLeft);
+        }
+    }
 }
 
 /// Once the window is seen, runs the scene, writes the picture and ends the program: with status 1 when the picture
