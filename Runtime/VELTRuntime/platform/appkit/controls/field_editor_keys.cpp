@@ -4,6 +4,7 @@
 #include "VELTRuntime/platform/appkit/view_events.h"
 
 #include <QKeyEvent>
+#include <QWidget>
 
 namespace velt {
 

@@ -4,6 +4,7 @@
 
 #include "VELTRuntime/platform/appkit/controls/field_editor.h"
 
+class QEvent;
 class QFocusEvent;
 class QKeyEvent;
 
