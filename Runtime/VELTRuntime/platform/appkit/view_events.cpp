@@ -103,6 +103,25 @@ Ref<NSEvent> eventFor(NSView& view, const QWidget& widget, const QEvent& event, 
     return made;
 }
 
+/// Offers an event to the view's class. Only what watches a control's widget lets the class leave the event to it.
+bool offer(NSView& view, const QWidget& widget, QEvent& event, bool mayLeave) {
+    const std::optional<Message> message = messageFor(event);
+    if (!message || !answersItself(view, message->selector)) return false;
+    const long clicks = event.type() == QEvent::MouseButtonDblClick ? 2 : 1;
+    const Ref<NSEvent> told = eventFor(view, widget, event, message->type, clicks);
+    bool isLeft = false;
+    if (mayLeave) {
+        const OfferedEvent offered(view, *told);
+        deliver(view, message->selector, told);
+        isLeft = offered.isLeft();
+    } else {
+        deliver(view, message->selector, told);
+    }
+    if (isLeft) return false;
+    event.accept();
+    return true;
+}
+
 class EventWatch;
 
 /// The event was offered before: it comes from a part of the control that left it, or is about crossing into a part.
@@ -121,7 +140,7 @@ protected:
         if (event->type() == QEvent::ContextMenu) {
             return showContextMenu(*view, *static_cast<QContextMenuEvent*>(event));
         }
-        return offerToProgram(*view, *widget, *event);
+        return offer(*view, *widget, *event, true);
     }
 };
 
@@ -162,17 +181,7 @@ bool sendEventMessage(NSView& view, const QWidget& widget, const QEvent& event, 
     return true;
 }
 
-bool offerToProgram(NSView& view, const QWidget& widget, QEvent& event) {
-    const std::optional<Message> message = messageFor(event);
-    if (!message || !answersItself(view, message->selector)) return false;
-    const long clicks = event.type() == QEvent::MouseButtonDblClick ? 2 : 1;
-    const Ref<NSEvent> told = eventFor(view, widget, event, message->type, clicks);
-    const OfferedEvent offered(view, *told);
-    deliver(view, message->selector, told);
-    if (offered.isLeft()) return false;
-    event.accept();
-    return true;
-}
+bool offerToProgram(NSView& view, const QWidget& widget, QEvent& event) { return offer(view, widget, event, false); }
 
 bool somebodyAnswers(const NSView& view, Selector selector) {
     const Method* passesOn = NSResponder::entry().method(selector);
