@@ -96,7 +96,7 @@ TEST(FieldEvents, GoOnFromTheFieldEditorToTheField) {
     EXPECT_EQ(field, velt::send(velt::send(field, "currentEditor"), "nextResponder"));
 }
 
-TEST(FirstResponderActions, WorkInEveryKindOfField) {
+TEST(FieldActions, WorkInEveryKindOfField) {
     for (const auto make : {VELT_NSTEXTFIELD_INIT, VELT_NSSEARCHFIELD_INIT, VELT_NSCOMBOBOX_INIT}) {
         FieldWindow window;
         const id field = make(nil, "");
@@ -119,7 +119,7 @@ TEST(FirstResponderActions, WorkInEveryKindOfField) {
     }
 }
 
-TEST(FirstResponderActions, GiveNothingAwayOfASecret) {
+TEST(FieldActions, GiveNothingAwayOfASecret) {
     FieldWindow window;
     const id field = VELT_NSSECURETEXTFIELD_INIT(nil, "");
     window.add(field);
@@ -136,7 +136,7 @@ TEST(FirstResponderActions, GiveNothingAwayOfASecret) {
     EXPECT_EQ("before", textOfField(field));
 }
 
-TEST(FirstResponderActions, ReachTheLineOfADatePicker) {
+TEST(FieldActions, ReachTheLineOfADatePicker) {
     FieldWindow window;
     const id picker = VELT_NSDATEPICKER_INIT(nil, "");
     window.add(picker);
@@ -149,7 +149,7 @@ TEST(FirstResponderActions, ReachTheLineOfADatePicker) {
     EXPECT_EQ(field->text(), clipboard());
 }
 
-TEST(FirstResponderActions, ReachTheCellThatIsEditedInATable) {
+TEST(FieldActions, ReachTheCellThatIsEditedInATable) {
     FieldWindow window;
     const Ref<NSTableView> table = velt::make<NSTableView>();
     const Ref<NSTableColumn> column = velt::make<NSTableColumn>();
