@@ -6,14 +6,17 @@
 
 #include "VELTRuntime/platform/foundation/run_loop.h"
 
+#include <QApplication>
 #include <QKeyEvent>
 #include <QMainWindow>
+#include <QPalette>
 #include <QPixmap>
 
 #include <cstdio>
 #include <cstdlib>
 #include <functional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace example {
@@ -30,6 +33,38 @@ inline int runShowing(const char* name, int (*program)(int, char**), int count, 
         setenv("VELT_SCREENSHOT", (std::string(name) + ".png").c_str(), 0);
     }
     return velt::runApplication(program, count, arguments);
+}
+
+/// Dresses the program's windows in dark colours, as a desktop with a dark palette does.
+inline void wearDark() {
+    NSApplication::sharedApplication();
+    const QColor window(56, 58, 61), base(36, 37, 40), text(226, 228, 232), button(76, 79, 83);
+    QPalette dark(text, button, button.lighter(150), base.darker(150), button.darker(120), text, Qt::white, base,
+                  window);
+    dark.setColor(QPalette::AlternateBase, window);
+    dark.setColor(QPalette::ToolTipBase, button);
+    dark.setColor(QPalette::ToolTipText, text);
+    dark.setColor(QPalette::PlaceholderText, QColor(140, 143, 148));
+    dark.setColor(QPalette::Highlight, QColor(53, 116, 240));
+    dark.setColor(QPalette::HighlightedText, Qt::white);
+    dark.setColor(QPalette::Link, QColor(108, 168, 255));
+    for (const auto role : {QPalette::Text, QPalette::WindowText, QPalette::ButtonText}) {
+        dark.setColor(QPalette::Disabled, role, QColor(120, 123, 128));
+    }
+    QApplication::setPalette(dark);
+}
+
+/// What a person may ask of a program's looks when it is started: --dark for dark colours, --reverse for the direction
+/// of those who read from right to left.
+inline void dressAsAsked(int count, char** arguments) {
+    for (int i = 1; i < count; ++i) {
+        const std::string_view asked = arguments[i];
+        if (asked == "--dark") wearDark();
+        if (asked == "--reverse") {
+            NSApplication::sharedApplication();
+            QApplication::setLayoutDirection(Qt::RightToLeft);
+        }
+    }
 }
 
 /// Once the window is seen, runs the scene, writes the picture and ends the program: with status 1 when the picture

@@ -7,6 +7,7 @@
 #include <filesystem>
 #include <gtest/gtest.h>
 #include <set>
+#include <vector>
 
 using velt::test::ProgramResult;
 using velt::test::runExample;
@@ -52,14 +53,46 @@ TEST(ControlsExample, ShowsEveryControlAndWorksSome) {
     EXPECT_EQ("The picture is in " + path + ".\n", result.output);
     EXPECT_EQ(0, result.status);
     const QImage picture(QString::fromStdString(path));
-    ASSERT_EQ(QSize(984, 812), picture.deviceIndependentSize().toSize());
-    // Every place of the grid shows something: dots of more than one colour.
-    for (int place = 0; place < 41; ++place) {
-        const int x = 16 + 92 + place / 12 * 240, top = 812 - 760 - 12 + place % 12 * 52 - 20;
-        std::set<QRgb> seen;
-        for (int y = std::max(top, 0); y < top + 40; ++y) {
-            for (int i = 0; i < 136; ++i) seen.insert(picture.pixel(x + i, y));
+    ASSERT_EQ(QSize(1104, 732), picture.deviceIndependentSize().toSize());
+    // Every view beside its name shows something: dots of more than one colour. Column by column, with their heights.
+    struct Column {
+        int left, width;
+        std::vector<int> heights;
+    };
+    const std::vector<Column> columns{
+        {20, 120, {26, 26, 28, 26, 26, 24, 22, 22, 26, 32, 26, 20, 24}},
+        {260, 170, {20, 20, 20, 20, 24, 26, 26, 26, 26, 26, 26, 26, 26}},
+        {550, 150, {24, 28, 40, 28, 18, 18, 18, 18, 26, 20, 20, 26, 24}},
+        {822, 170, {48, 46, 4, 70, 30, 64, 76, 84}},
+    };
+    for (const Column& column : columns) {
+        int top = 732 - 700 + 12;
+        for (const int height : column.heights) {
+            const int room = std::max(height, 24);
+            std::set<QRgb> seen;
+            for (int y = top; y < top + room; ++y) {
+                for (int x = 0; x < column.width; ++x) seen.insert(picture.pixel(column.left + 92 + x, y));
+            }
+            EXPECT_LT(1u, seen.size()) << "at " << column.left << ", " << top;
+            top += room + 16;
         }
-        EXPECT_LT(1u, seen.size()) << "place " << place;
     }
+}
+
+TEST(ControlsExample, WearsDarkColoursWhenAsked) {
+    const TemporaryFolder folder;
+    const std::string path = folder.file("picture.png");
+    setenv("VELT_SCREENSHOT", path.c_str(), 1);
+    setenv("QT_QPA_PLATFORM", "offscreen", 1);
+    const ProgramResult result = runExample("controls", {"--dark"});
+    unsetenv("VELT_SCREENSHOT");
+    EXPECT_EQ(0, result.status) << result.errors;
+    const QImage picture(QString::fromStdString(path));
+    ASSERT_FALSE(picture.isNull());
+    // Hardly anything is bright: the texts, a picture, the lit parts of controls.
+    int bright = 0, all = 0;
+    for (int y = 0; y < picture.height(); y += 2) {
+        for (int x = 0; x < picture.width(); x += 2, ++all) bright += qGray(picture.pixel(x, y)) > 128 ? 1 : 0;
+    }
+    EXPECT_LT(bright, all / 12);
 }

@@ -1,5 +1,5 @@
 #include "support/direction.h"
-#include "support/shown_control.h"
+#include "support/control_window.h"
 
 #include "VELTRuntime/platform/appkit/controls/level_indicator.h"
 #include "VELTRuntime/platform/appkit/controls/slider.h"

@@ -1,4 +1,4 @@
-#include "support/shown_control.h"
+#include "support/control_window.h"
 
 #include "VELTRuntime/platform/appkit/controls/color_panel.h"
 #include "VELTRuntime/platform/appkit/controls/color_well.h"

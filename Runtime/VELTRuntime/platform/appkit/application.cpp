@@ -1,5 +1,7 @@
 #include "VELTRuntime/platform/appkit/application.h"
 
+#include "VELTRuntime/platform/appkit/controls/inner_editor.h"
+
 #include "VELTRuntime/platform/appkit/application_object.h"
 #include "VELTRuntime/platform/appkit/event.h"
 #include "VELTRuntime/platform/appkit/image.h"
@@ -77,7 +79,8 @@ id NSApplication::targetForAction(Selector action, const id& target, const id&) 
         if (window.isNil()) continue;
         const auto& asked = *velt::as<NSWindow>(window);
         constexpr int kMostLinks = 1000;  // a program may tie the chain into a ring
-        id responder = asked.firstResponder();
+        id responder = velt::innerEditorIn(asked);
+        if (responder.isNil()) responder = asked.firstResponder();
         for (int i = 0; i < kMostLinks && !responder.isNil(); ++i) {
             if (velt::respondsTo(responder, action)) return responder;
             if (!velt::is<NSResponder>(responder)) break;

@@ -12,6 +12,23 @@ void deliver(NSView& view, Selector selector, const Ref<NSEvent>& event) noexcep
     });
 }
 
+namespace {
+
+OfferedEvent* innermost = nullptr;  // events are handled on the main thread alone
+
+}  // namespace
+
+OfferedEvent::OfferedEvent(const NSResponder& responder, const NSEvent& event)
+    : responder_(responder), event_(event), outer_(std::exchange(innermost, this)) {}
+
+OfferedEvent::~OfferedEvent() { innermost = outer_; }
+
+bool OfferedEvent::leave(const NSResponder& responder, const id& event) {
+    if (!innermost || &innermost->responder_ != &responder || event.object() != &innermost->event_) return false;
+    innermost->left_ = true;
+    return true;
+}
+
 bool answersItself(const NSView& view, Selector selector) {
     const Method* own = view.isa().method(selector);
     return own && own != NSResponder::entry().method(selector);

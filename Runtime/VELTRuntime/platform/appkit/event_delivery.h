@@ -20,6 +20,25 @@ template <class Function> void runReported(Function&& function) noexcept {
 /// Sends a view an event by name, as the application's current event. The view lives until it has been handled.
 VELT_EXPORT void deliver(NSView& view, Selector selector, const Ref<NSEvent>& event) noexcept;
 
+/// An event that a program's subclass of a control is offered before the control itself works on it. The innermost
+/// offer counts; the subclass leaves the event to the control by handing it on.
+class OfferedEvent {
+public:
+    OfferedEvent(const NSResponder& responder, const NSEvent& event);
+    ~OfferedEvent();
+    OfferedEvent(const OfferedEvent&) = delete;
+    OfferedEvent& operator=(const OfferedEvent&) = delete;
+    bool isLeft() const { return left_; }
+    /// A responder hands an event on. True when it is the one that was offered to it.
+    static bool leave(const NSResponder& responder, const id& event);
+
+private:
+    const NSResponder& responder_;
+    const NSEvent& event_;
+    OfferedEvent* outer_;
+    bool left_ = false;
+};
+
 /// The view's class answers that message itself, instead of handing it to the next responder.
 VELT_EXPORT bool answersItself(const NSView& view, Selector selector);
 

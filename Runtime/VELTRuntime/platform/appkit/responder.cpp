@@ -1,10 +1,13 @@
 #include "VELTRuntime/platform/appkit/responder.h"
 
+#include "VELTRuntime/platform/appkit/event_delivery.h"
+
 using velt::Selector;
 
 id NSResponder::nextResponder() const { return nextResponder_.isNil() ? ownNextResponder() : nextResponder_; }
 
 id NSResponder::passOn(Selector selector, const id& argument) const {
+    if (velt::OfferedEvent::leave(*this, argument)) return nil;
     constexpr int kMostLinks = 1000;  // a program may tie the chain into a ring
     id next = nextResponder();
     for (int i = 0; i < kMostLinks && !next.isNil(); ++i) {

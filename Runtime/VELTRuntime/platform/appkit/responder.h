@@ -21,7 +21,8 @@ public:
     virtual bool becomeFirstResponder() { return true; }
     virtual bool resignFirstResponder() { return true; }
 
-    /// Hands a message with one argument to the next responder that answers it; what nobody answers is dropped.
+    /// Hands a message with one argument to the next responder that answers it; what nobody answers is dropped. An
+    /// event that a control's subclass was offered is left to the control instead.
     id passOn(velt::Selector selector, const id& argument) const;
     static void describe(velt::ClassBuilder<NSResponder>& c);
 

@@ -3,11 +3,14 @@
 #include "VELTRuntime/platform/appkit/application.h"
 #include "VELTRuntime/platform/appkit/event.h"
 #include "VELTRuntime/platform/appkit/event_delivery.h"
+#include "VELTRuntime/platform/appkit/menus/context_menu.h"
 #include "VELTRuntime/platform/appkit/window.h"
 
 #include <QApplication>
+#include <QContextMenuEvent>
 #include <QKeyEvent>
 #include <QWheelEvent>
+#include <algorithm>
 #include <optional>
 
 namespace velt {
@@ -100,7 +103,76 @@ Ref<NSEvent> eventFor(NSView& view, const QWidget& widget, const QEvent& event, 
     return made;
 }
 
+/// Offers an event to the view's class. Only what watches a control's widget lets the class leave the event to it.
+bool offer(NSView& view, const QWidget& widget, QEvent& event, bool mayLeave) {
+    const std::optional<Message> message = messageFor(event);
+    if (!message || !answersItself(view, message->selector)) return false;
+    const long clicks = event.type() == QEvent::MouseButtonDblClick ? 2 : 1;
+    const Ref<NSEvent> told = eventFor(view, widget, event, message->type, clicks);
+    bool isLeft = false;
+    if (mayLeave) {
+        const OfferedEvent offered(view, *told);
+        deliver(view, message->selector, told);
+        isLeft = offered.isLeft();
+    } else {
+        deliver(view, message->selector, told);
+    }
+    if (isLeft) return false;
+    event.accept();
+    return true;
+}
+
+class EventWatch;
+
+/// The event was offered before: it comes from a part of the control that left it, or is about crossing into a part.
+bool wasOffered(const QWidget& widget, const QEvent& event);
+
+/// Hands a widget's events to a program's subclass that answers them itself.
+class EventWatch final : public QObject {
+public:
+    explicit EventWatch(QWidget& widget) : QObject(&widget) { widget.installEventFilter(this); }
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        auto* widget = static_cast<QWidget*>(watched);
+        NSView* view = viewAround(widget);
+        if (!view || wasOffered(*widget, *event)) return false;
+        if (event->type() == QEvent::ContextMenu) {
+            return showContextMenu(*view, *static_cast<QContextMenuEvent*>(event));
+        }
+        return offer(*view, *widget, *event, true);
+    }
+};
+
+bool isWatched(const QWidget* widget) {
+    if (!widget) return false;
+    const QObjectList& parts = widget->children();
+    return std::any_of(parts.begin(), parts.end(),
+                       [](const QObject* part) { return dynamic_cast<const EventWatch*>(part) != nullptr; });
+}
+
+bool wasOffered(const QWidget& widget, const QEvent& event) {
+    switch (event.type()) {
+    case QEvent::Enter:
+    case QEvent::Leave: return !viewOf(&widget);
+    case QEvent::KeyPress:
+    case QEvent::KeyRelease: {
+        const QWidget* focus = widget.window()->focusWidget();
+        return focus && focus != &widget && widget.isAncestorOf(focus) && isWatched(focus);
+    }
+    case QEvent::MouseButtonPress:
+    case QEvent::MouseButtonRelease:
+    case QEvent::MouseButtonDblClick:
+    case QEvent::MouseMove:
+    case QEvent::Wheel:
+        return isWatched(widget.childAt(static_cast<const QSinglePointEvent&>(event).position().toPoint()));
+    default: return false;
+    }
+}
+
 }  // namespace
+
+void watchEvents(QWidget& widget) { new EventWatch(widget); }
 
 bool sendEventMessage(NSView& view, const QWidget& widget, const QEvent& event, long clicks) {
     const std::optional<Message> message = messageFor(event);
@@ -109,14 +181,7 @@ bool sendEventMessage(NSView& view, const QWidget& widget, const QEvent& event, 
     return true;
 }
 
-bool offerToProgram(NSView& view, const QWidget& widget, QEvent& event) {
-    const std::optional<Message> message = messageFor(event);
-    if (!message || !answersItself(view, message->selector)) return false;
-    deliver(view, message->selector,
-            eventFor(view, widget, event, message->type, event.type() == QEvent::MouseButtonDblClick ? 2 : 1));
-    event.accept();
-    return true;
-}
+bool offerToProgram(NSView& view, const QWidget& widget, QEvent& event) { return offer(view, widget, event, false); }
 
 bool somebodyAnswers(const NSView& view, Selector selector) {
     const Method* passesOn = NSResponder::entry().method(selector);

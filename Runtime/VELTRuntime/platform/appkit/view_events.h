@@ -16,6 +16,10 @@ bool sendEventMessage(NSView& view, const QWidget& widget, const QEvent& event, 
 /// the event in place of the control. True when it took it.
 bool offerToProgram(NSView& view, const QWidget& widget, QEvent& event);
 
+/// Offers a widget's events to the program's subclass whose view it shows or lies in, and its context menu to who asks
+/// for one. What the subclass hands on with passOn() is left to the widget.
+void watchEvents(QWidget& widget);
+
 /// The view, or who comes behind it in the responder chain, answers that message itself.
 bool somebodyAnswers(const NSView& view, Selector selector);
 

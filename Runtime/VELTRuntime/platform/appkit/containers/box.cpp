@@ -5,6 +5,7 @@
 #include "VELTRuntime/platform/appkit/font.h"
 #include "VELTRuntime/platform/appkit/graphics_context.h"
 #include "VELTRuntime/platform/appkit/qt_values.h"
+#include "VELTRuntime/platform/appkit/text/fitting_line.h"
 
 #include <QApplication>
 #include <QFontMetricsF>
@@ -236,7 +237,7 @@ void NSBox::drawRect(NSRect) {
     if (!titled) return;
     painter.setFont(fontOfTitle(titleFont_));
     painter.setPen(widget().palette().color(QPalette::WindowText));
-    const QString text = QFontMetricsF(painter.font()).elidedText(velt::qtText(title_), Qt::ElideRight, title.width());
+    const QString text = velt::fittingLine(velt::qtText(title_), painter.font(), Qt::ElideRight, title.width());
     painter.drawText(title, Qt::AlignCenter | Qt::TextSingleLine, text);
 }
 

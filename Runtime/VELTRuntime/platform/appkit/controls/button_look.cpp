@@ -2,10 +2,11 @@
 
 #include "VELTRuntime/platform/appkit/controls/button_bezel.h"
 #include "VELTRuntime/platform/appkit/controls/control.h"
-#include "VELTRuntime/platform/appkit/controls/rich_text.h"
 #include "VELTRuntime/platform/appkit/font.h"
 #include "VELTRuntime/platform/appkit/image.h"
 #include "VELTRuntime/platform/appkit/qt_values.h"
+#include "VELTRuntime/platform/appkit/text/fitting_line.h"
+#include "VELTRuntime/platform/appkit/text/rich_text_drawing.h"
 #include "VELTRuntime/platform/appkit/window.h"
 #include "VELTRuntime/platform/foundation/attributed_string.h"
 
@@ -14,6 +15,7 @@
 #include <QStyle>
 #include <QStyleOptionButton>
 #include <algorithm>
+#include <cmath>
 
 namespace velt {
 
@@ -33,7 +35,10 @@ bool isDefaultButton(const NSButtonCell& cell) {
 /// The text with its lines: the size of the plain one, or of the one with attributes.
 QSize titleSize(const ButtonLook& look) {
     if (look.title.isEmpty()) return {};
-    if (!look.attributedTitle.isNil()) return richTextSize(*attributedStringOf(look.attributedTitle), look.font);
+    if (!look.attributedTitle.isNil()) {
+        const QSizeF size = richTextSize(*attributedStringOf(look.attributedTitle), {.font = look.font, .color = {}});
+        return {static_cast<int>(std::ceil(size.width())), static_cast<int>(std::ceil(size.height()))};
+    }
     return QFontMetrics(look.font).size(Qt::TextShowMnemonic & 0, look.title);
 }
 
@@ -155,16 +160,20 @@ void drawPicture(QPainter& painter, const QStyleOption& option, const ButtonLook
 
 void drawTitle(QPainter& painter, const QStyleOption& option, const ButtonLook& look, const QRect& rect,
                const QColor& ink) {
-    const QFontMetrics metrics(look.font);
     painter.setFont(look.font);
     painter.setPen(ink);
     if (!look.attributedTitle.isNil()) {
-        drawRichText(painter, rect, *attributedStringOf(look.attributedTitle), look.font, option.direction,
-                     horizontal(look.alignment), option.state & QStyle::State_Enabled);
+        const RichTextStyle style{.font = look.font,
+                                  .color = ink,
+                                  .direction = option.direction,
+                                  .alignment = horizontal(look.alignment) | Qt::AlignVCenter,
+                                  .elided = Qt::ElideRight,
+                                  .faded = !(option.state & QStyle::State_Enabled)};
+        drawRichText(painter, rect, *attributedStringOf(look.attributedTitle), style);
         return;
     }
     const bool oneLine = !look.title.contains(u'\n');
-    const QString shown = oneLine ? metrics.elidedText(look.title, Qt::ElideRight, rect.width()) : look.title;
+    const QString shown = oneLine ? fittingLine(look.title, look.font, Qt::ElideRight, rect.width()) : look.title;
     const Qt::Alignment side = QStyle::visualAlignment(option.direction, horizontal(look.alignment));
     painter.drawText(rect, static_cast<int>((side & ~Qt::AlignAbsolute) | Qt::AlignVCenter), shown);
 }

@@ -3,37 +3,14 @@
 #include "VELTRuntime/platform/appkit/application.h"
 #include "VELTRuntime/platform/appkit/event_delivery.h"
 #include "VELTRuntime/platform/appkit/font.h"
-#include "VELTRuntime/platform/appkit/menus/context_menu.h"
 #include "VELTRuntime/platform/appkit/qt_values.h"
 #include "VELTRuntime/platform/appkit/view_events.h"
 #include "VELTRuntime/platform/object/exception.h"
 #include "VELTRuntime/values/class_casts.h"
 
-#include <QContextMenuEvent>
 #include <QWidget>
 
 using velt::Ref;
-
-namespace {
-
-/// Hands a widget's events to a program's subclass that answers them itself.
-class EventWatch final : public QObject {
-public:
-    explicit EventWatch(QWidget& widget) : QObject(&widget) { widget.installEventFilter(this); }
-
-protected:
-    bool eventFilter(QObject* watched, QEvent* event) override {
-        auto* widget = static_cast<QWidget*>(watched);
-        NSView* view = velt::viewOf(widget);
-        if (!view) return false;
-        if (event->type() == QEvent::ContextMenu) {
-            return velt::showContextMenu(*view, *static_cast<QContextMenuEvent*>(event));
-        }
-        return velt::offerToProgram(*view, *widget, *event);
-    }
-};
-
-}  // namespace
 
 NSControl::~NSControl() { NSControl::dissolve(); }
 
@@ -101,7 +78,7 @@ void NSControl::syncWidget(QWidget& widget) {
     widget.setFont(velt::as<NSFont>(cell.font())->font());
 }
 
-void NSControl::watchEvents(QWidget& widget) { new EventWatch(widget); }
+void NSControl::watchEvents(QWidget& widget) { velt::watchEvents(widget); }
 
 void NSControl::visitOwned(velt::OwnedVisitor& visitor) {
     visitor.visit(cell_);

@@ -8,7 +8,11 @@
 #include "VELTRuntime/platform/appkit/qt_values.h"
 #include "VELTRuntime/platform/object/exception.h"
 
+#include <QAbstractSpinBox>
+#include <QApplication>
 #include <QFontMetricsF>
+#include <QStyle>
+#include <QStyleOptionSpinBox>
 #include <cmath>
 
 using velt::cellFlag;
@@ -80,15 +84,20 @@ NSSize NSDatePickerCell::cellSize() const {
         velt::requireApplicationObject("a date picker");
         return velt::calendarSize(showsDate(), showsTime());
     }
-    // The widest figures in the place of those that are shown.
-    QString text = velt::qtText(stringValue());
-    for (QChar& unit : text) {
-        if (unit.isDigit()) unit = u'0';
-    }
-    const QFontMetricsF metrics(velt::as<NSFont>(font())->font());
-    constexpr double kMargins = 16, kStepper = 20, kEdges = 8;
-    const double stepper = style_ == kTextFieldAndStepper ? kStepper : 0;
-    return {std::ceil(metrics.horizontalAdvance(text)) + kMargins + stepper, std::ceil(metrics.height()) + kEdges};
+    velt::requireApplicationObject("a date picker");
+    const QFont shown = velt::as<NSFont>(font())->font();
+    QStyleOptionSpinBox option;
+    option.fontMetrics = QFontMetrics(shown);
+    option.frame = isBezeled() || isBordered();
+    option.buttonSymbols =
+        style_ == kTextFieldAndStepper ? QAbstractSpinBox::UpDownArrows : QAbstractSpinBox::NoButtons;
+    option.subControls = QStyle::SC_SpinBoxFrame | QStyle::SC_SpinBoxEditField;
+    if (style_ == kTextFieldAndStepper) option.subControls |= QStyle::SC_SpinBoxUp | QStyle::SC_SpinBoxDown;
+    constexpr int kMargins = 8, kAboveAndBelow = 4;  // of the line within the frame
+    const QSize text(velt::widestDate(QFontMetricsF(shown), elements_) + kMargins,
+                     option.fontMetrics.height() + kAboveAndBelow);
+    const QSize size = QApplication::style()->sizeFromContents(QStyle::CT_SpinBox, &option, text);
+    return {static_cast<double>(size.width()), static_cast<double>(size.height())};
 }
 
 template <class T> void NSDatePickerCell::describePicker(velt::ClassBuilder<T>& c) {

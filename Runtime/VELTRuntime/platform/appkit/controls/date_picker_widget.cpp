@@ -3,10 +3,12 @@
 #include "VELTRuntime/platform/appkit/controls/clock_face.h"
 #include "VELTRuntime/platform/appkit/controls/date_picker.h"
 #include "VELTRuntime/platform/appkit/qt_values.h"
+#include "VELTRuntime/platform/appkit/view_events.h"
 
 #include <QCalendarWidget>
 #include <QDateTimeEdit>
 #include <QFocusEvent>
+#include <QLineEdit>
 #include <QLocale>
 #include <QRegularExpression>
 #include <QScopedValueRollback>
@@ -66,6 +68,23 @@ QString dateFormat(const QLocale& locale, unsigned long elements) {
     return showsTime ? time : date;
 }
 
+int widestDate(const QFontMetricsF& metrics, unsigned long elements) {
+    const QLocale locale;
+    const QString format = dateFormat(locale, elements);
+    double widest = 0;
+    for (int month = 1; month <= 12; ++month) {
+        // A moment with figures of two signs, in the morning and in the evening where that makes a difference.
+        for (const int hour : {11, 23}) {
+            QString text = locale.toString(QDateTime(QDate(2028, month, 28), QTime(hour, 58, 58)), format);
+            for (QChar& unit : text) {
+                if (unit.isDigit()) unit = u'0';
+            }
+            widest = std::max(widest, metrics.horizontalAdvance(text));
+        }
+    }
+    return static_cast<int>(std::ceil(widest));
+}
+
 NSSize calendarSize(bool calendar, bool clock) {
     NSSize size{};
     if (calendar) {
@@ -98,6 +117,7 @@ void DatePickerWidget::rebuild(bool asCalendar) {
     if (asCalendar) {
         calendar_ = new QCalendarWidget(this);
         calendar_->setVerticalHeaderFormat(QCalendarWidget::NoVerticalHeader);
+        watchEvents(*calendar_);
         calendar_->setAccessibleName(QStringLiteral("Date"));
         clock_ = new ClockFace(*this);
         connect(calendar_, &QCalendarWidget::selectionChanged, this, [this] { chosen(calendar_->selectedDate(), {}); });
@@ -105,6 +125,8 @@ void DatePickerWidget::rebuild(bool asCalendar) {
     } else {
         field_ = new QDateTimeEdit(this);
         field_->setWrapping(false);
+        watchEvents(*field_);
+        if (auto* line = field_->findChild<QLineEdit*>()) watchEvents(*line);
         // Where people read from the right the toolkit would turn the order of the parts round, hours behind minutes.
         field_->setLayoutDirection(Qt::LeftToRight);
         connect(field_, &QDateTimeEdit::dateTimeChanged, this, [this](const QDateTime& moment) {

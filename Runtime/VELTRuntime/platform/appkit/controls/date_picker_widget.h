@@ -4,6 +4,7 @@
 #include "VELTRuntime/values/structures.h"
 
 #include <QDateTime>
+#include <QFontMetricsF>
 #include <QWidget>
 
 class NSDatePicker;
@@ -20,6 +21,8 @@ class ClockFace;
 QDateTime localMoment(double secondsSinceReference);
 /// The locale's order and signs for the elements of a date picker, with the year in full.
 QString dateFormat(const QLocale& locale, unsigned long elements);
+/// The width of the widest date that a field for those parts may show.
+int widestDate(const QFontMetricsF& metrics, unsigned long elements);
 /// The smallest size of the calendar, the clock or both.
 NSSize calendarSize(bool calendar, bool clock);
 

@@ -1,12 +1,17 @@
 // The editors that stand in fields: one line that scrolls, or several that wrap.
 #pragma once
 
-#include <QLineEdit>
-#include <QTextEdit>
+#include "VELTRuntime/values/value.h"
+
+#include <QString>
 #include <memory>
 #include <string_view>
 
+class NSAttributedString;
 class NSTextField;
+class QFont;
+class QKeyEvent;
+class QWidget;
 
 namespace velt {
 
@@ -20,6 +25,11 @@ public:
     virtual bool shows(const QString& text) const = 0;
     /// Puts a text in place of all; nobody typed it, and it cannot be undone.
     virtual void setText(const QString& text) = 0;
+    /// The same for a text with attributes; the font is that of the parts that name none. An editor of plain text shows
+    /// it plainly.
+    virtual void setRichText(const NSAttributedString& text, const QFont& font);
+    /// The text with the attributes that it is shown with: an attributed string, or a plain one from a plain editor.
+    virtual id richText() const;
     virtual int selectionStart() const = 0;
     virtual int selectionLength() const = 0;
     virtual void select(int start, int length) = 0;
@@ -35,7 +45,8 @@ public:
 };
 
 std::unique_ptr<FieldEditor> makeLineEditor(QWidget& parent, bool secret);
-std::unique_ptr<FieldEditor> makePageEditor(QWidget& parent);
+/// For several lines, or for one line that may have attributes.
+std::unique_ptr<FieldEditor> makePageEditor(QWidget& parent, bool oneLine);
 
 /// The command that programs know for a key; empty for one that types.
 std::string_view commandFor(const QKeyEvent& event);

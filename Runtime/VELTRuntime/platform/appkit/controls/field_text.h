@@ -36,6 +36,9 @@ public:
     void redo(const id& sender);
     static void describe(ClassBuilder<FieldText>& c);
 
+protected:
+    id ownNextResponder() const override { return delegate(); }
+
 private:
     NSTextField* field_;  // clears this when it goes
 };

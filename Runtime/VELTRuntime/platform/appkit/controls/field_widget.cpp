@@ -2,8 +2,11 @@
 
 #include "VELTRuntime/platform/appkit/controls/text_field.h"
 #include "VELTRuntime/platform/appkit/qt_values.h"
+#include "VELTRuntime/platform/appkit/text/fitting_line.h"
+#include "VELTRuntime/platform/appkit/text/rich_text_drawing.h"
 #include "VELTRuntime/platform/appkit/view_events.h"
 
+#include <QAbstractScrollArea>
 #include <QAccessibleWidget>
 #include <QMouseEvent>
 #include <QPainter>
@@ -42,12 +45,13 @@ QAccessibleInterface* accessibleFor(const QString&, QObject* object) {
     return widget ? new FieldAccessible(*widget) : nullptr;
 }
 
+/// What is left out of a line that is too long. One that would wrap, had it the room, tells by its end that it goes on.
 Qt::TextElideMode elision(long mode) {
     switch (static_cast<LineBreak>(mode)) {
+    case LineBreak::Clip: return Qt::ElideNone;
     case LineBreak::TruncateHead: return Qt::ElideLeft;
     case LineBreak::TruncateMiddle: return Qt::ElideMiddle;
-    case LineBreak::TruncateTail: return Qt::ElideRight;
-    default: return Qt::ElideNone;
+    default: return Qt::ElideRight;
     }
 }
 
@@ -91,8 +95,12 @@ void FieldWidget::makeEditor(Kind kind, bool secret) {
     }
     kind_ = kind;
     if (kind == Kind::None) return;
-    editor_ = (kind == Kind::Line ? makeLineEditor(*this, secret) : makePageEditor(*this)).release();
+    editor_ =
+        (kind == Kind::Line ? makeLineEditor(*this, secret) : makePageEditor(*this, kind == Kind::RichLine)).release();
     editor_->setText(text);
+    shownRich_ = nil;
+    watchEvents(editor_->widget());
+    if (auto* page = qobject_cast<QAbstractScrollArea*>(&editor_->widget())) watchEvents(*page->viewport());
     setFocusProxy(&editor_->widget());
     editor_->widget().show();
     if (!hadFocus) return;
@@ -126,14 +134,36 @@ void FieldWidget::syncColors(const NSTextFieldCell& cell) {
     editor_->widget().setPalette(within);
 }
 
+FieldWidget::Kind FieldWidget::kindFor(NSTextField& field) const {
+    if (!wantsEditor(field)) return Kind::None;
+    const bool rich = field.textCell().richText() != nullptr;
+    // What cannot be worked is drawn, and paler than an editor would show it.
+    if (rich && !field.isEnabled()) return Kind::None;
+    if (field.showsSeveralLines()) return Kind::Page;
+    // A line keeps the editor in which it is being edited.
+    return rich || (kind_ == Kind::RichLine && field.isEditing()) ? Kind::RichLine : Kind::Line;
+}
+
+void FieldWidget::syncText(NSTextField& field) {
+    if (const NSAttributedString* rich = field.textCell().richText()) {
+        const id value = field.objectValue();
+        if (!isEqual(value, shownRich_)) editor_->setRichText(*rich, font());
+        shownRich_ = value;
+        return;
+    }
+    const QString text = qtText(field.editedText());
+    const bool lostAttributes = showsAttributes() && !field.isEditing();
+    if (lostAttributes || !editor_->shows(text)) editor_->setText(text);
+    if (lostAttributes) shownRich_ = nil;
+}
+
 void FieldWidget::sync(NSTextField& field) {
     const NSTextFieldCell& cell = field.textCell();
-    const bool several = field.showsSeveralLines();
-    makeEditor(!wantsEditor(field) ? Kind::None : several ? Kind::Page : Kind::Line, field.isSecret());
+    makeEditor(kindFor(field), field.isSecret());
     syncColors(cell);
     const QString text = qtText(field.editedText()), hint = qtText(cell.placeholderString());
     if (editor_) {
-        if (!editor_->shows(text)) editor_->setText(text);
+        syncText(field);
         editor_->setLooks(alignmentOf(cell.alignment(), text.isEmpty() ? hint : text, layoutDirection()), hint,
                           !cell.isEditable());
         QWidget& inner = editor_->widget();
@@ -175,7 +205,8 @@ void FieldWidget::resizeEvent(QResizeEvent* event) {
 
 void FieldWidget::changeEvent(QEvent* event) {
     QWidget::changeEvent(event);
-    if (event->type() == QEvent::LayoutDirectionChange || event->type() == QEvent::StyleChange) {
+    if (event->type() == QEvent::LayoutDirectionChange || event->type() == QEvent::StyleChange ||
+        event->type() == QEvent::FontChange) {
         if (NSTextField* shown = field()) sync(*shown);
     }
 }
@@ -259,16 +290,28 @@ void FieldWidget::paintText(QPainter& painter, NSTextField& field) {
     }
     if (text.isEmpty()) return;
     if (field.isSecret()) text = QString(text.size(), QChar(style()->styleHint(QStyle::SH_LineEdit_PasswordCharacter)));
-    painter.setPen(color);
     const QRect place = textRect().adjusted(kTextMargin, 0, -kTextMargin, 0);
+    const bool several = field.showsSeveralLines();
+    if (const NSAttributedString* rich = cell.richText()) {
+        const RichTextStyle style{
+            .font = font(),
+            .color = color,
+            .direction = layoutDirection(),
+            .alignment =
+                alignmentOf(cell.alignment(), text, layoutDirection()) | (several ? Qt::AlignTop : Qt::AlignVCenter),
+            .wraps = several,
+            .elided = elision(cell.lineBreakMode()),
+            .faded = !isEnabled(),
+        };
+        drawRichText(painter, place, *rich, style);
+        return;
+    }
+    painter.setPen(color);
+    painter.setFont(font());
     const Qt::Alignment alignment = alignmentOf(cell.alignment(), text, layoutDirection());
-    const QFontMetrics metrics(font());
     // One line stands in the middle of its field, several start at the top.
-    if (!field.showsSeveralLines()) {
-        const QString line = text.section(QLatin1Char('\n'), 0, 0);
-        const Qt::TextElideMode elided = elision(cell.lineBreakMode());
-        painter.drawText(place, static_cast<int>(alignment | Qt::AlignVCenter) | Qt::TextSingleLine,
-                         elided == Qt::ElideNone ? line : metrics.elidedText(line, elided, place.width()));
+    if (!several) {
+        drawLine(painter, place, text.section(QLatin1Char('\n'), 0, 0), alignment, elision(cell.lineBreakMode()));
         return;
     }
     const bool byCharacter = cell.lineBreakMode() == static_cast<long>(LineBreak::CharWrap);

@@ -19,6 +19,10 @@ public:
     void sync(NSTextField& field);
     /// The editor; null while the text can be neither changed nor selected.
     FieldEditor* editor() const { return editor_; }
+    /// The editor shows a text's attributes.
+    bool showsAttributes() const { return !shownRich_.isNil(); }
+    /// A person's typing made this of the text with attributes.
+    void typedRich(const id& text) { shownRich_ = text; }
     /// The field that it shows; null when that has gone.
     NSTextField* field() const;
     /// Where the text stands: within the frame, beside what else the field shows.
@@ -49,12 +53,16 @@ protected:
     void changeEvent(QEvent* event) override;
 
 private:
-    enum class Kind { None, Line, Page };
+    /// What stands in the field: nothing, plain text, a line with attributes, several lines.
+    enum class Kind { None, Line, RichLine, Page };
+    Kind kindFor(NSTextField& field) const;
+    void syncText(NSTextField& field);
     void makeEditor(Kind kind, bool secret);
     void syncColors(const NSTextFieldCell& cell);
 
     FieldEditor* editor_ = nullptr;  // one of the widget's children
     Kind kind_ = Kind::None;
+    id shownRich_;  // the text with attributes that the editor was given; nil for a plain one
 };
 
 /// How a text of the program's alignment stands in a widget.

@@ -4,6 +4,7 @@
 #include "VELTRuntime/platform/appkit/controls/ranged_widget.h"
 #include "VELTRuntime/platform/appkit/image.h"
 #include "VELTRuntime/platform/appkit/qt_values.h"
+#include "VELTRuntime/platform/appkit/text/fitting_line.h"
 #include "VELTRuntime/platform/foundation/array.h"
 
 #include <QDropEvent>
@@ -193,7 +194,7 @@ void PathWidget::drawPart(QPainter& painter, int index, const Part& part) const 
     if (part.named && part.width > kIcon + kGap) {
         QRect text = place.adjusted(static_cast<int>(kIcon + kGap), 0, 0, 0);
         text = QStyle::visualRect(layoutDirection(), place, text);
-        const QString name = QFontMetricsF(font()).elidedText(nameOf(shown), Qt::ElideMiddle, text.width());
+        const QString name = fittingLine(nameOf(shown), font(), Qt::ElideMiddle, text.width());
         painter.drawText(text, Qt::AlignVCenter | Qt::AlignLeading, name);
     }
     if (last) return;

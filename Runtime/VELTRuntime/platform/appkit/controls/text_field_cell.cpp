@@ -3,6 +3,8 @@
 #include "VELTRuntime/platform/appkit/color.h"
 #include "VELTRuntime/platform/appkit/font.h"
 #include "VELTRuntime/platform/appkit/qt_values.h"
+#include "VELTRuntime/platform/appkit/text/rich_text_drawing.h"
+#include "VELTRuntime/platform/foundation/attributed_string.h"
 
 #include <QApplication>
 #include <QFontMetricsF>
@@ -111,11 +113,18 @@ void NSTextFieldCell::setAllowsEditingTextAttributes(bool flag) {
     changed();
 }
 
+const NSAttributedString* NSTextFieldCell::richText() const {
+    return formatter_.isNil() ? velt::attributedStringOf(objectValue()) : nullptr;
+}
+
 NSSize NSTextFieldCell::cellSize() const {
     const QFontMetricsF metrics(velt::as<NSFont>(font())->font());
     const QString text = velt::qtText(stringValue()), hint = velt::qtText(placeholder_);
     const QRectF room(0, 0, 1e6, 1e6);
     QSizeF size = metrics.boundingRect(room, Qt::AlignLeft, text).size();
+    if (const NSAttributedString* rich = richText()) {
+        size = velt::richTextSize(*rich, {.font = velt::as<NSFont>(font())->font(), .color = {}});
+    }
     size.rwidth() = std::max(size.width(), text.isEmpty() ? metrics.horizontalAdvance(hint) : 0.0);
     constexpr double kMargin = 2, kCaret = 1;
     QSize content(static_cast<int>(std::ceil(size.width() + 2 * kMargin + kCaret + roomBeside())),

@@ -3,6 +3,8 @@
 
 #include "VELTRuntime/platform/appkit/controls/cell.h"
 
+class NSAttributedString;
+
 class VELT_EXPORT NSTextFieldCell : public NSActionCell {
     VELT_OBJECT(NSTextFieldCell, NSActionCell)
 public:
@@ -60,6 +62,9 @@ public:
     virtual bool finishTyping();
     /// Forgets that somebody is typing.
     void dropTyping() { typed_ = nil; }
+
+    /// The value when it is a text with attributes that is shown with them; null otherwise.
+    virtual const NSAttributedString* richText() const;
 
     NSSize cellSize() const override;
     static void describe(velt::ClassBuilder<NSTextFieldCell>& c);

@@ -52,7 +52,14 @@ void NSTextField::beginEditing() {
 }
 
 void NSTextField::takeTyped() {
-    if (const velt::FieldEditor* shown = editor()) textCell().takeTyped(velt::textValue(shown->text()));
+    const velt::FieldEditor* shown = editor();
+    if (!shown) return;
+    if (!fieldWidget()->showsAttributes() || !allowsEditingTextAttributes()) {
+        textCell().takeTyped(velt::textValue(shown->text()));
+        return;
+    }
+    textCell().takeTyped(shown->richText());
+    fieldWidget()->typedRich(objectValue());
 }
 
 void NSTextField::typed() noexcept {

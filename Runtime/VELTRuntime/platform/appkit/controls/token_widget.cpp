@@ -2,6 +2,7 @@
 
 #include "VELTRuntime/platform/appkit/controls/token_field.h"
 #include "VELTRuntime/platform/appkit/qt_values.h"
+#include "VELTRuntime/platform/appkit/text/fitting_line.h"
 #include "VELTRuntime/platform/foundation/array.h"
 
 #include <QMenu>
@@ -9,6 +10,7 @@
 #include <QPainter>
 #include <QStyle>
 #include <algorithm>
+#include <cmath>
 
 namespace velt {
 
@@ -67,6 +69,7 @@ void TokenWidget::syncParts(NSTextField& field) {
 void TokenWidget::layOut() {
     const QRect inner = textRect().adjusted(2, 0, -2, 0);
     const QFontMetrics metrics(font());
+    const QFontMetricsF widths(font());
     const NSTextField* shown = field();
     const int lineHeight = metrics.height() + 6;
     const bool several = shown && inner.height() >= 2 * lineHeight;
@@ -82,15 +85,16 @@ void TokenWidget::layOut() {
         return at;
     };
     places_.clear();
-    for (const QString& text : texts_) places_.push_back(place(metrics.horizontalAdvance(text) + 2 * kPadding));
+    for (const QString& text : texts_)
+        places_.push_back(place(static_cast<int>(std::ceil(widths.horizontalAdvance(text))) + 2 * kPadding));
     const int typed = editor() ? metrics.horizontalAdvance(editor()->text()) + 8 : 0;
     rest_ = place(std::max(kLeastEditor, typed));
     rest_.setRight(std::max(rest_.right(), inner.right()));
     if (several) {
         rest_.setRight(inner.right());
     } else if (const int over = rest_.left() + std::max(kLeastEditor, std::min(typed, inner.width())) - inner.right();
-               over > 0) {
-        // One row moves so that what is typed can be seen.
+               over > 0 && editor() && editor()->widget().hasFocus()) {
+        // While somebody types, one row moves so that what is typed can be seen.
         const NSTokenField* tokens = tokenField();
         int moves = over;
         if (tokens && tokens->selectedToken() >= 0 && tokens->selectedToken() < static_cast<long>(places_.size())) {
@@ -135,8 +139,7 @@ void TokenWidget::paintText(QPainter& painter, NSTextField& field) {
         painter.drawRoundedRect(at, at.height() / 2, at.height() / 2);
         painter.setPen(palette().color(selected ? QPalette::HighlightedText : QPalette::Text));
         const QRect inside = places_[i].adjusted(kPadding, 0, -kPadding, 0);
-        const QString text = QFontMetrics(font()).elidedText(texts_[i], Qt::ElideRight, inside.width());
-        painter.drawText(inside, Qt::AlignCenter | Qt::TextSingleLine, text);
+        drawLine(painter, inside, texts_[i], Qt::AlignHCenter, Qt::ElideRight);
     }
     painter.restore();
 }

@@ -4,6 +4,7 @@
 #include "VELTRuntime/platform/appkit/image.h"
 #include "VELTRuntime/platform/appkit/menus/pop_up_button_cell.h"
 #include "VELTRuntime/platform/appkit/qt_values.h"
+#include "VELTRuntime/platform/appkit/text/fitting_line.h"
 
 #include <QFontMetrics>
 #include <QIcon>
@@ -46,7 +47,7 @@ void drawPopUp(QPainter& painter, const QStyleOption& given, const NSPopUpButton
     painter.setFont(as<NSFont>(cell.font())->font());
     const QRect field = style.subControlRect(QStyle::CC_ComboBox, &option, QStyle::SC_ComboBoxEditField, widget);
     const int room = field.width() - (option.currentIcon.isNull() ? 0 : small + 8) - 2;
-    option.currentText = painter.fontMetrics().elidedText(qtText(cell.title()), Qt::ElideRight, std::max(0, room));
+    option.currentText = fittingLine(qtText(cell.title()), painter.font(), Qt::ElideRight, std::max(0, room));
     if (cell.isBordered()) {
         style.drawComplexControl(QStyle::CC_ComboBox, &option, &painter, widget);
     } else if (cell.arrowPosition() != 0) {

@@ -3,6 +3,7 @@
 #include "VELTRuntime/platform/appkit/event_delivery.h"
 #include "VELTRuntime/platform/appkit/qt_values.h"
 #include "VELTRuntime/platform/appkit/tables/cell_painting.h"
+#include "VELTRuntime/platform/appkit/text/fitting_line.h"
 
 #include <QKeyEvent>
 #include <QLabel>
@@ -155,7 +156,7 @@ int BrowserColumn::selectedRow() const {
 
 void BrowserColumn::showTitle(bool shown, const QString& title) {
     title_->setVisible(shown);
-    title_->setText(title_->fontMetrics().elidedText(title, Qt::ElideRight, width()));
+    title_->setText(fittingLine(title, title_->font(), Qt::ElideRight, width()));
     list_->setAccessibleName(title);
 }
 

@@ -3,7 +3,6 @@
 #include "VELTRuntime/platform/appkit/application.h"
 #include "VELTRuntime/platform/appkit/color.h"
 #include "VELTRuntime/platform/appkit/controls/button_look.h"
-#include "VELTRuntime/platform/appkit/controls/rich_text.h"
 #include "VELTRuntime/platform/appkit/event_delivery.h"
 #include "VELTRuntime/platform/appkit/font.h"
 #include "VELTRuntime/platform/appkit/image.h"
@@ -11,6 +10,8 @@
 #include "VELTRuntime/platform/appkit/menus/pop_up_look.h"
 #include "VELTRuntime/platform/appkit/qt_values.h"
 #include "VELTRuntime/platform/appkit/tables/table_view.h"
+#include "VELTRuntime/platform/appkit/text/fitting_line.h"
+#include "VELTRuntime/platform/appkit/text/rich_text_drawing.h"
 #include "VELTRuntime/platform/foundation/attributed_string.h"
 
 #include <QAbstractItemView>
@@ -60,7 +61,10 @@ void drawText(QPainter& painter, const QStyleOptionViewItem& option, const NSCel
     painter.setPen(option.palette.color(group, selected ? QPalette::HighlightedText : QPalette::Text));
     const Qt::Alignment alignment = alignmentOf(cell, option.direction);
     if (const NSAttributedString* rich = attributedStringOf(cell.objectValue())) {
-        drawRichText(painter, rect, *rich, font, option.direction, alignment, enabled);
+        const bool wraps = cell.wraps() && QFontMetrics(font).lineSpacing() * 2 <= rect.height();
+        const RichTextStyle style{font,  painter.pen().color(), option.direction,    alignment | Qt::AlignAbsolute,
+                                  wraps, Qt::ElideRight,        !enabled || selected};
+        drawRichText(painter, rect, *rich, style);
         return;
     }
     QString text = qtText(cell.stringValue());
@@ -69,8 +73,7 @@ void drawText(QPainter& painter, const QStyleOptionViewItem& option, const NSCel
         return;
     }
     text.replace(u'\n', QChar::LineSeparator);
-    text = QFontMetrics(font).elidedText(text, Qt::ElideRight, rect.width());
-    painter.drawText(rect, static_cast<int>(alignment) | Qt::TextSingleLine, text);
+    drawLine(painter, rect, text, alignment, Qt::ElideRight);
 }
 
 }  // namespace

@@ -9,10 +9,8 @@
 #include "VELTRuntime/platform/object/message.h"
 #include "VELTRuntime/values/conversions.h"
 
-#include <QAbstractTextDocumentLayout>
 #include <QFontDatabase>
 #include <QGuiApplication>
-#include <QPainter>
 #include <QPalette>
 #include <QTextBlock>
 #include <QTextCursor>
@@ -280,38 +278,6 @@ QString htmlOf(const NSAttributedString& text, const QFont& font) {
     ClosedDocument document;
     fillDocument(document, text, font);
     return document.toHtml();
-}
-
-namespace {
-
-void layOut(QTextDocument& document, const NSAttributedString& text, const RichTextStyle& style, double width) {
-    fillDocument(document, text, style.font);
-    QTextOption option(style.alignment);
-    option.setTextDirection(QGuiApplication::layoutDirection());
-    option.setWrapMode(style.wraps && width > 0 ? QTextOption::WrapAtWordBoundaryOrAnywhere : QTextOption::NoWrap);
-    document.setDefaultTextOption(option);
-    document.setTextWidth(width > 0 ? width : -1);
-}
-
-}  // namespace
-
-QSizeF richTextSize(const NSAttributedString& text, const RichTextStyle& style, double width) {
-    ClosedDocument document;
-    layOut(document, text, style, width);
-    return {document.idealWidth(), document.size().height()};
-}
-
-void drawRichText(QPainter& painter, const QRectF& rect, const NSAttributedString& text, const RichTextStyle& style) {
-    ClosedDocument document;
-    layOut(document, text, style, rect.width());
-    QAbstractTextDocumentLayout::PaintContext context;
-    context.palette.setColor(QPalette::Text, style.color);
-    context.clip = QRectF({0, 0}, rect.size());
-    painter.save();
-    painter.translate(rect.topLeft());
-    painter.setClipRect(context.clip, Qt::IntersectClip);
-    document.documentLayout()->draw(&painter, context);
-    painter.restore();
 }
 
 }  // namespace velt

@@ -1,13 +1,11 @@
-// Attributed strings as the toolkit's documents, which read HTML and draw, and back. Everything that shows or reads
-// rich text goes through here.
+// Attributed strings as the toolkit's documents, which read HTML, and back. Everything that shows or reads rich text
+// goes through here.
 #pragma once
 
 #include "VELTRuntime/platform/foundation/attributed_string.h"
 
 #include <QTextCharFormat>
 #include <QTextDocument>
-
-class QPainter;
 
 namespace velt {
 
@@ -32,17 +30,5 @@ void fillDocument(QTextDocument& document, const NSAttributedString& text, const
 QTextCharFormat charFormatOf(const id& attributes);
 /// The text as HTML, for the clipboard.
 QString htmlOf(const NSAttributedString& text, const QFont& font);
-
-/// How a text is laid out where it is drawn.
-struct RichTextStyle {
-    QFont font;
-    QColor color;
-    Qt::Alignment alignment = Qt::AlignLeading;
-    bool wraps = true;
-};
-/// The size that a text takes when its lines are at most so wide; any width for 0.
-QSizeF richTextSize(const NSAttributedString& text, const RichTextStyle& style, double width);
-/// Draws a text within a rectangle, from its top.
-void drawRichText(QPainter& painter, const QRectF& rect, const NSAttributedString& text, const RichTextStyle& style);
 
 }  // namespace velt
