@@ -144,6 +144,7 @@ Class Gallery
     log.Frame = Rect(16, 16, 952, 150)
     log.Editable = False
     log.AutoresizingMask = 2
+    log.ToolTip = "What the controls sent"
     window.Append(log)
     window.RecalculateKeyViewLoop()
     window.CenterAndShow()

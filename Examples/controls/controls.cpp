@@ -281,18 +281,20 @@ public:
         VELTS("controls.bas", "Gallery.Open", "146", "");
         VELT_NSVIEW_AUTORESIZINGMASK(log, VELT_ID(2L));
         VELTS("controls.bas", "Gallery.Open", "147", "");
-        VELT_NSWINDOW_APPEND(window, log);
+        VELT_NSVIEW_TOOLTIP(log, "What the controls sent"_v);
         VELTS("controls.bas", "Gallery.Open", "148", "");
-        VELT_NSWINDOW_RECALCULATEKEYVIEWLOOP(window);
+        VELT_NSWINDOW_APPEND(window, log);
         VELTS("controls.bas", "Gallery.Open", "149", "");
+        VELT_NSWINDOW_RECALCULATEKEYVIEWLOOP(window);
+        VELTS("controls.bas", "Gallery.Open", "150", "");
         VELT_NSWINDOW_CENTERANDSHOW(window);
     }
 };
 
 int program(int, char**) {
-    VELTS("controls.bas", "Main", "154", "");
-    const velt::Ref<Gallery> gallery = velt::make<Gallery>();
     VELTS("controls.bas", "Main", "155", "");
+    const velt::Ref<Gallery> gallery = velt::make<Gallery>();
+    VELTS("controls.bas", "Main", "156", "");
     gallery->open();
     example::shotWhenAsked(gallery->window, [gallery] { gallery->work(); });
     return 0;

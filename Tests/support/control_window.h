@@ -1,6 +1,7 @@
 // A window with controls, and an object that hears their actions.
 #pragma once
 
+#include "support/displays.h"
 #include "support/values.h"
 
 #include <QApplication>
@@ -48,7 +49,7 @@ struct ControlWindow {
     QMainWindow& widget() const { return as<NSWindow>(window)->widget(); }
     void show() const {
         VELT_NSWINDOW_SHOW(window);
-        ASSERT_TRUE(QTest::qWaitForWindowActive(&widget()));
+        ASSERT_TRUE(windowBecomesActive(widget()));
     }
     std::string heard() const { return std::exchange(listener->heard, ""); }
 

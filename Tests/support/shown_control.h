@@ -3,6 +3,7 @@
 
 #include <VELTRuntime/VELTRuntimeUI.h>
 
+#include "support/displays.h"
 #include "support/values.h"
 
 #include <QApplication>
@@ -40,7 +41,7 @@ public:
         VELT_NSWINDOW_APPEND(window_, control);
         VELT_NSWINDOW_SHOW(window_);
         qtWindow().activateWindow();
-        EXPECT_TRUE(QTest::qWaitForWindowActive(&qtWindow()));
+        EXPECT_TRUE(windowBecomesActive(qtWindow()));
     }
     ~ShownControl() { VELT_NSWINDOW_CLOSE(window_); }
     ShownControl(const ShownControl&) = delete;

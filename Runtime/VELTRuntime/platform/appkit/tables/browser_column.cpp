@@ -156,7 +156,7 @@ int BrowserColumn::selectedRow() const {
 void BrowserColumn::showTitle(bool shown, const QString& title) {
     title_->setVisible(shown);
     title_->setText(title_->fontMetrics().elidedText(title, Qt::ElideRight, width()));
-    list_->setAccessibleName(title);
+    list_->setAccessibleName(title.isEmpty() ? QObject::tr("Column %1").arg(place_ + 1) : title);
 }
 
 }  // namespace velt
