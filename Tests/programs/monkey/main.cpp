@@ -26,8 +26,7 @@ class Monkey : public QObject {
 public:
     Monkey(const id& window, double seconds, unsigned seed) : window_(window), seconds_(seconds), random_(seed) {
         since_.start();
-        connect(&timer_, &QTimer::timeout, this, [this] { step(); });
-        timer_.start(0);
+        next();
     }
     std::function<void()> onEnd;
     long steps() const { return steps_; }
@@ -68,8 +67,13 @@ private:
         qt_handleMouseEvent(window, at, window->mapToGlobal(QPointF(at)), held, button, type, modifiers_, time_);
     }
 
+    /// The next step is awaited before this one is done: it may open a menu, and come back only when that is closed.
+    void next() {
+        QTimer::singleShot(0, this, [this] { step(); });
+    }
     void step() {
         if (since_.elapsed() > seconds_ * 1000) return end();
+        next();
         ++steps_;
         // A window that was closed is opened again.
         if (steps_ % 50 == 0 && !VELT_CBOOL(VELT_NSWINDOW_VISIBLE(window_))) VELT_NSWINDOW_SHOW(window_);
@@ -181,7 +185,6 @@ private:
         }
     }
     void end() {
-        timer_.stop();
         if (held_) mouse(velt::as<NSWindow>(window_)->widget(), at_, Qt::NoButton, button_, QEvent::MouseButtonRelease);
         // What is open closes, the innermost first.
         QTimer::singleShot(0, this, [this] { closeAll(100); });
@@ -198,7 +201,6 @@ private:
     double seconds_;
     std::mt19937 random_;
     QElapsedTimer since_;
-    QTimer timer_;
     long steps_ = 0;
     int time_ = 0;
     Qt::MouseButton button_ = Qt::LeftButton;
@@ -233,7 +235,8 @@ int leftWindows() {
     }
     int left = 0;
     for (const QWidget* widget : QApplication::topLevelWidgets()) {
-        if (!dynamic_cast<const QMainWindow*>(widget)) continue;
+        // The colour panel is one for all, and stays.
+        if (!dynamic_cast<const QMainWindow*>(widget) || widget->windowTitle() == QLatin1String("Colors")) continue;
         std::fprintf(stderr, "A window is left: %s\n", qPrintable(widget->windowTitle()));
         ++left;
     }
