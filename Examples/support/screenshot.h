@@ -6,6 +6,7 @@
 
 #include "VELTRuntime/platform/foundation/run_loop.h"
 
+#include <QApplication>
 #include <QKeyEvent>
 #include <QMainWindow>
 #include <QPixmap>
@@ -37,6 +38,8 @@ inline int runShowing(const char* name, int (*program)(int, char**), int count, 
 inline void shotWhenAsked(const id& window, std::function<void()> scene) {
     const char* path = std::getenv("VELT_SCREENSHOT");
     if (!path || !*path) return;
+    // As it is where people read from right to left.
+    if (std::getenv("VELT_SCREENSHOT_FROM_RIGHT")) QApplication::setLayoutDirection(Qt::RightToLeft);
     constexpr double kUntilItIsSeen = 0.2;
     velt::RunLoop::main().after(kUntilItIsSeen, [window, scene = std::move(scene), file = std::string(path)] {
         scene();

@@ -9,6 +9,7 @@
 #include <QPainter>
 #include <QStyle>
 #include <algorithm>
+#include <cmath>
 
 namespace velt {
 
@@ -82,7 +83,11 @@ void TokenWidget::layOut() {
         return at;
     };
     places_.clear();
-    for (const QString& text : texts_) places_.push_back(place(metrics.horizontalAdvance(text) + 2 * kPadding));
+    // Letters end between dots: rounded down, a text would lack room for its last one.
+    const QFontMetricsF exact(font());
+    for (const QString& text : texts_) {
+        places_.push_back(place(static_cast<int>(std::ceil(exact.horizontalAdvance(text))) + 2 * kPadding));
+    }
     const int typed = editor() ? metrics.horizontalAdvance(editor()->text()) + 8 : 0;
     rest_ = place(std::max(kLeastEditor, typed));
     rest_.setRight(std::max(rest_.right(), inner.right()));
