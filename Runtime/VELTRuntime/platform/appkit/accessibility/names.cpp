@@ -104,11 +104,12 @@ void setOwnName(QWidget& widget, const QString& name) {
 }
 
 void namesMayHaveChanged() {
-    static const bool observed = [] {
-        QAccessible::installActivationObserver(new Listening);  // as long as the process
-        return true;
+    static Listening* const listening = [] {
+        auto* made = new Listening;  // as long as the process
+        QAccessible::installActivationObserver(made);
+        return made;
     }();
-    if (!observed || awaited || !QAccessible::isActive() || !qApp) return;
+    if (!listening || awaited || !QAccessible::isActive() || !qApp) return;
     awaited = true;
     QTimer::singleShot(0, qApp, [] {
         awaited = false;
