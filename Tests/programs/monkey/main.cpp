@@ -272,12 +272,6 @@ int play(int, char**) {
 
 }  // namespace
 
-#ifdef __SANITIZE_ADDRESS__
-// What the fonts' library keeps for itself is none of ours.
-extern "C" const char* __lsan_default_suppressions();
-extern "C" const char* __lsan_default_suppressions() { return "leak:libfontconfig\n"; }
-#endif
-
 int main(int count, char** arguments) {
     if (count > 1) seconds = std::atof(arguments[1]);
     if (count > 2) seed = static_cast<unsigned>(std::strtoul(arguments[2], nullptr, 10));

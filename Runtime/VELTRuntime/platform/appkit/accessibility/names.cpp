@@ -6,7 +6,6 @@
 
 #include <QAccessible>
 #include <QApplication>
-#include <QTimer>
 #include <QVariant>
 #include <QWidget>
 #include <cmath>
@@ -111,10 +110,13 @@ void namesMayHaveChanged() {
     }();
     if (!listening || awaited || !QAccessible::isActive() || !qApp) return;
     awaited = true;
-    QTimer::singleShot(0, qApp, [] {
-        awaited = false;
-        nameAll();
-    });
+    QMetaObject::invokeMethod(
+        qApp,
+        [] {
+            awaited = false;
+            nameAll();
+        },
+        Qt::QueuedConnection);
 }
 
 }  // namespace velt
