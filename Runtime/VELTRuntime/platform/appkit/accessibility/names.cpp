@@ -6,6 +6,7 @@
 
 #include <QAccessible>
 #include <QApplication>
+#include <QTimer>
 #include <QVariant>
 #include <QWidget>
 #include <cmath>
@@ -93,8 +94,6 @@ class Listening final : public QAccessible::ActivationObserver {
     }
 };
 
-bool awaited = false;
-
 }  // namespace
 
 void setOwnName(QWidget& widget, const QString& name) {
@@ -108,15 +107,14 @@ void namesMayHaveChanged() {
         QAccessible::installActivationObserver(made);
         return made;
     }();
-    if (!listening || awaited || !QAccessible::isActive() || !qApp) return;
-    awaited = true;
-    QMetaObject::invokeMethod(
-        qApp,
-        [] {
-            awaited = false;
-            nameAll();
-        },
-        Qt::QueuedConnection);
+    if (!listening || !QAccessible::isActive() || !qApp) return;
+    static QTimer* const pause = [] {
+        auto* made = new QTimer(qApp);
+        made->setSingleShot(true);
+        QObject::connect(made, &QTimer::timeout, made, nameAll);
+        return made;
+    }();
+    pause->start(0);
 }
 
 }  // namespace velt
