@@ -251,6 +251,7 @@ Class Gallery
     Containers()
     log = New NSTextView(Me, "")
     log.Editable = False
+    log.ToolTip = "What the controls sent"
     Dim page = New NSScrollView
     page.HasVerticalScroller = True
     page.AutohidesScrollers = True

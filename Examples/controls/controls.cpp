@@ -478,33 +478,35 @@ public:
         VELTS("controls.bas", "Gallery.Open", "253", "");
         VELT_NSTEXT_EDITABLE(log, VELT_ID(BOOL{0}));
         VELTS("controls.bas", "Gallery.Open", "254", "");
-        id page = VELT_NSSCROLLVIEW_INIT(id(this), "");
+        VELT_NSVIEW_TOOLTIP(log, "What the controls sent"_v);
         VELTS("controls.bas", "Gallery.Open", "255", "");
-        VELT_NSSCROLLVIEW_HASVERTICALSCROLLER(page, VELT_ID(BOOL{1}));
+        id page = VELT_NSSCROLLVIEW_INIT(id(this), "");
         VELTS("controls.bas", "Gallery.Open", "256", "");
-        VELT_NSSCROLLVIEW_AUTOHIDESSCROLLERS(page, VELT_ID(BOOL{1}));
+        VELT_NSSCROLLVIEW_HASVERTICALSCROLLER(page, VELT_ID(BOOL{1}));
         VELTS("controls.bas", "Gallery.Open", "257", "");
-        VELT_PROPERTY(page, "borderType"_v, VELT_ID(2L));
+        VELT_NSSCROLLVIEW_AUTOHIDESSCROLLERS(page, VELT_ID(BOOL{1}));
         VELTS("controls.bas", "Gallery.Open", "258", "");
-        VELT_NSVIEW_FRAME(page, VELT_RECT_INIT(nil, "", VELT_ID(20L), VELT_ID(16L), VELT_ID(1064L), VELT_ID(84L)));
+        VELT_PROPERTY(page, "borderType"_v, VELT_ID(2L));
         VELTS("controls.bas", "Gallery.Open", "259", "");
-        VELT_NSVIEW_AUTORESIZINGMASK(page, VELT_ID(2L));
+        VELT_NSVIEW_FRAME(page, VELT_RECT_INIT(nil, "", VELT_ID(20L), VELT_ID(16L), VELT_ID(1064L), VELT_ID(84L)));
         VELTS("controls.bas", "Gallery.Open", "260", "");
-        VELT_NSSCROLLVIEW_DOCUMENTVIEW(page, log);
+        VELT_NSVIEW_AUTORESIZINGMASK(page, VELT_ID(2L));
         VELTS("controls.bas", "Gallery.Open", "261", "");
-        VELT_NSWINDOW_APPEND(window, page);
+        VELT_NSSCROLLVIEW_DOCUMENTVIEW(page, log);
         VELTS("controls.bas", "Gallery.Open", "262", "");
-        VELT_NSWINDOW_RECALCULATEKEYVIEWLOOP(window);
+        VELT_NSWINDOW_APPEND(window, page);
         VELTS("controls.bas", "Gallery.Open", "263", "");
+        VELT_NSWINDOW_RECALCULATEKEYVIEWLOOP(window);
+        VELTS("controls.bas", "Gallery.Open", "264", "");
         VELT_NSWINDOW_CENTERANDSHOW(window);
     }
 };
 
 int program(int count, char** arguments) {
     example::dressAsAsked(count, arguments);
-    VELTS("controls.bas", "Main", "268", "");
-    const velt::Ref<Gallery> gallery = velt::make<Gallery>();
     VELTS("controls.bas", "Main", "269", "");
+    const velt::Ref<Gallery> gallery = velt::make<Gallery>();
+    VELTS("controls.bas", "Main", "270", "");
     gallery->open();
     example::shotWhenAsked(gallery->window, [gallery] { gallery->work(); });
     return 0;

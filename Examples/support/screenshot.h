@@ -72,6 +72,8 @@ inline void dressAsAsked(int count, char** arguments) {
 inline void shotWhenAsked(const id& window, std::function<void()> scene) {
     const char* path = std::getenv("VELT_SCREENSHOT");
     if (!path || !*path) return;
+    // As it is where people read from right to left.
+    if (std::getenv("VELT_SCREENSHOT_FROM_RIGHT")) QApplication::setLayoutDirection(Qt::RightToLeft);
     constexpr double kUntilItIsSeen = 0.2;
     velt::RunLoop::main().after(kUntilItIsSeen, [window, scene = std::move(scene), file = std::string(path)] {
         scene();

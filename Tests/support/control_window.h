@@ -1,6 +1,7 @@
 // Windows with controls, and objects that hear their actions.
 #pragma once
 
+#include "support/displays.h"
 #include "support/values.h"
 
 #include <QApplication>
@@ -48,7 +49,7 @@ struct ControlWindow {
     QMainWindow& widget() const { return as<NSWindow>(window)->widget(); }
     void show() const {
         VELT_NSWINDOW_SHOW(window);
-        ASSERT_TRUE(QTest::qWaitForWindowActive(&widget()));
+        ASSERT_TRUE(windowBecomesActive(widget()));
     }
     std::string heard() const { return std::exchange(listener->heard, ""); }
 
@@ -85,7 +86,7 @@ public:
         VELT_NSWINDOW_APPEND(window_, control);
         VELT_NSWINDOW_SHOW(window_);
         qtWindow().activateWindow();
-        EXPECT_TRUE(QTest::qWaitForWindowActive(&qtWindow()));
+        EXPECT_TRUE(windowBecomesActive(&qtWindow()));
     }
     ~ShownControl() { VELT_NSWINDOW_CLOSE(window_); }
     ShownControl(const ShownControl&) = delete;

@@ -2,8 +2,10 @@
 // Wayland.
 #pragma once
 
-#include <QGuiApplication>
+#include <QApplication>
 #include <QScreen>
+#include <QTest>
+#include <QWidget>
 
 #include "VELTRuntime/platform/appkit/application_object.h"
 #include "VELTRuntime/process/window_activation.h"
@@ -20,6 +22,12 @@ inline bool displayIsWayland() { return displayKind().startsWith(QLatin1String("
 
 /// Somebody gives windows the keyboard and miniaturizes them when asked.
 inline bool displayHasWindowManager() { return displayIsInMemory() || velt::WindowActivation().isPossible(); }
+/// Gives a window the keyboard. A compositor that has no keyboard to give leaves that to the toolkit.
+inline bool windowBecomesActive(QWidget& window) {
+    if (!displayIsWayland()) return QTest::qWaitForWindowActive(&window);
+    QApplication::setActiveWindow(&window);
+    return QTest::qWaitForWindowExposed(&window);
+}
 /// Windows are where the program puts them; Wayland's compositors place them themselves.
 inline bool displayPlacesWindows() { return !displayIsWayland(); }
 

@@ -1,6 +1,7 @@
 // A window with fields, a delegate that writes down what it hears, and a person's keys.
 #pragma once
 
+#include "support/displays.h"
 #include "support/values.h"
 
 #include "VELTRuntime/platform/foundation/notification_center.h"
@@ -82,7 +83,7 @@ public:
         as<NSWindow>(window_)->recalculateKeyViewLoop();
         QMainWindow& shown = as<NSWindow>(window_)->widget();
         QApplication::setActiveWindow(&shown);
-        return QTest::qWaitForWindowActive(&shown);
+        return windowBecomesActive(shown);
     }
     id window() const { return window_; }
     QWidget& widget() const { return as<NSWindow>(window_)->widget(); }

@@ -4,6 +4,7 @@
 #include <VELTRuntime/VELTRuntimeUI.h>
 
 #include "VELTRuntime/platform/foundation/run_loop.h"
+#include "support/displays.h"
 
 #include <QApplication>
 #include <QImage>
@@ -21,7 +22,7 @@ public:
         as<NSView>(view)->setFrame({{0, 0}, size});
         VELT_NSWINDOW_APPEND(window_, view);
         VELT_NSWINDOW_SHOW(window_);
-        EXPECT_TRUE(QTest::qWaitForWindowActive(&window_->widget()));
+        EXPECT_TRUE(velt::test::windowBecomesActive(window_->widget()));
     }
     ~Shown() {
         VELT_NSWINDOW_CLOSE(window_);

@@ -1,6 +1,7 @@
 // What a person does in a text view.
 #include <VELTRuntime/VELTRuntimeUI.h>
 
+#include "support/displays.h"
 #include "support/values.h"
 
 #include "VELTRuntime/platform/appkit/text/text_finder.h"
@@ -82,7 +83,7 @@ protected:
         VELT_NSTEXTVIEW_VALUE(view, str(text));
         VELT_NSWINDOW_APPEND(window, view);
         VELT_NSWINDOW_SHOW(window);
-        EXPECT_TRUE(QTest::qWaitForWindowActive(&velt::as<NSWindow>(window)->widget()));
+        EXPECT_TRUE(velt::test::windowBecomesActive(velt::as<NSWindow>(window)->widget()));
         EXPECT_VALUE("c 1", VELT_NSWINDOW_MAKEFIRSTRESPONDER(window, view));
         widget = qobject_cast<QPlainTextEdit*>(&view->widget());
         return view;

@@ -59,6 +59,7 @@ inline std::vector<WrapperRow> wrapperRows() {
 #include "VELTRuntime/ui/text_fields.def"
 #include "VELTRuntime/ui/text_views.def"
 #include "VELTRuntime/ui/menus.def"
+#include "VELTRuntime/ui/pop_up_buttons.def"
 #include "VELTRuntime/ui/applications.def"
 // clang-format on
 #include "VELTRuntime/ui/accessor_rows_end.h"

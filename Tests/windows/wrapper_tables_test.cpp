@@ -30,6 +30,12 @@ id menuWithItems() {
     return menu;
 }
 
+id popUpWithItems() {
+    const id button = VELT_NSPOPUPBUTTON_INIT(nil, "");
+    VELT_NSPOPUPBUTTON_MENU(button, menuWithItems());
+    return button;
+}
+
 const std::map<std::string, id (*)()> kMakers{
     {"NSWINDOW", [] { return VELT_NSWINDOW_INIT(nil, ""); }},
     {"NSPANEL", [] { return VELT_NSPANEL_INIT(nil, ""); }},
@@ -45,6 +51,8 @@ const std::map<std::string, id (*)()> kMakers{
     {"NSSEARCHFIELD", [] { return VELT_NSSEARCHFIELD_INIT(nil, ""); }},
     {"NSTEXT", [] { return VELT_NSTEXTVIEW_INIT(nil, ""); }},
     {"NSTEXTVIEW", [] { return VELT_NSTEXTVIEW_INIT(nil, ""); }},
+    {"NSPOPUPBUTTON", popUpWithItems},
+    {"NSPOPUPBUTTONCELL", [] { return velt::send(popUpWithItems(), "cell"); }},
     {"NSMENU", menuWithItems},
     {"NSMENUITEM", [] { return VELT_NSMENUITEM_INIT(nil, ""); }},
     {"NSAPPLICATION", [] { return id(static_cast<NSObject*>(&NSApplication::sharedApplication())); }},

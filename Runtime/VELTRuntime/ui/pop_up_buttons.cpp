@@ -29,6 +29,7 @@ id VELT_NSPOPUPBUTTONCELL_INIT(const id& owner, const char* action) {
 }
 
 id VELT_NSPOPUPBUTTON_APPENDWITHIMAGE(const id& button, const id& image, const id& title) {
+    requireMainThread("VELT_NSPOPUPBUTTON_APPENDWITHIMAGE");
     const id text = VELT_CSTRING(title), picture = VELT_CNSIMAGE(image);
     VELT_NSPOPUPBUTTON_APPEND(button, text);
     send(send(button, VELT_SELECTOR("lastItem")), VELT_SELECTOR("setImage:"), picture);
@@ -53,4 +54,7 @@ id VELT_NSPOPUPBUTTON_INDEX(const id& button, const id& item) {
     return ui::pass(button, VELT_WRAPPER(NSPOPUPBUTTON_INDEX, "indexOfItem:"), item);
 }
 
-id VELT_NSPOPUPBUTTON_UNSELECTALL(const id& button) { return VELT_NSPOPUPBUTTON_SELECT(button, VELT_ID(-1L)); }
+id VELT_NSPOPUPBUTTON_UNSELECTALL(const id& button) {
+    requireMainThread("VELT_NSPOPUPBUTTON_UNSELECTALL");
+    return VELT_NSPOPUPBUTTON_SELECT(button, VELT_ID(-1L));
+}

@@ -71,6 +71,7 @@ id VELT_NSWINDOW_MINFRAMEWIDTHWITHTITLE(const id& window, const id& title) {
 }
 
 id VELT_NSWINDOW_CENTERANDSHOW(const id& window) {
+    requireMainThread("VELT_NSWINDOW_CENTERANDSHOW");
     VELT_NSWINDOW_CENTER(window);
     return VELT_NSWINDOW_SHOW(window);
 }
@@ -79,6 +80,7 @@ id VELT_NSWINDOW_VISIBLE(const id& window) {
     return ui::get(window, VELT_WRAPPER(NSWINDOW_VISIBLE, "isVisible"), ValueKind::Boolean);
 }
 id VELT_NSWINDOW_VISIBLE(const id& window, const id& flag) {
+    requireMainThread("VELT_NSWINDOW_VISIBLE");
     return VELT_CBOOL(flag) ? VELT_NSWINDOW_SHOW(window) : VELT_NSWINDOW_HIDE(window);
 }
 
@@ -104,10 +106,11 @@ id VELT_NSWINDOW_DOCUMENTICON(const id& window, const id& image) {
 }
 
 id VELT_FIRSTRESPONDER_SENDACTION(const id& ignored, const id& name) {
+    requireMainThread("VELT_FIRSTRESPONDER_SENDACTION");
     return VELT_FIRSTRESPONDER_SENDACTION2(ignored, name, nil);
 }
 id VELT_FIRSTRESPONDER_SENDACTION2(const id&, const id& name, const id& sender) {
-    requireMainThread("VELT_FIRSTRESPONDER_SENDACTION");
+    requireMainThread("VELT_FIRSTRESPONDER_SENDACTION2");
     if (!isString(name)) raiseCast("'String' expected");
     std::string action = utf8(name);
     if (action.find(':') == action.npos) action += ':';

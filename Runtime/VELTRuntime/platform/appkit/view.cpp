@@ -1,5 +1,7 @@
 #include "VELTRuntime/platform/appkit/view.h"
 
+#include "VELTRuntime/platform/appkit/accessibility/names.h"
+#include "VELTRuntime/platform/appkit/accessibility/view_roles.h"
 #include "VELTRuntime/platform/appkit/application_object.h"
 #include "VELTRuntime/platform/appkit/containers/scroll_view.h"
 #include "VELTRuntime/platform/appkit/containers/scrolling.h"
@@ -58,6 +60,7 @@ void NSView::setFrame(NSRect frame) {
     if (superview_) superview_->placeSubview(*this);
     if (resized) sizeChanged(before);
     if (superview_) superview_->subviewMoved(*this);
+    velt::namesMayHaveChanged();
 }
 
 void NSView::setBounds(NSRect bounds) {
@@ -172,6 +175,7 @@ void NSView::adopt(NSView& view, std::size_t place) {
     view.moveToWindow(window_);
     placeSubview(view);
     subviewsChanged();
+    velt::namesMayHaveChanged();
 }
 
 void NSView::addSubview(NSView* view) {
@@ -297,7 +301,10 @@ QWidget& NSView::widget() {
     return *widget_;
 }
 
-std::unique_ptr<QWidget> NSView::makeWidget() { return std::make_unique<velt::ViewWidget>(); }
+std::unique_ptr<QWidget> NSView::makeWidget() {
+    velt::installViewRoles();
+    return std::make_unique<velt::ViewWidget>();
+}
 
 void NSView::syncWidget(QWidget& widget) {
     widget.setToolTip(velt::qtText(toolTip_));
@@ -309,7 +316,9 @@ void NSView::syncWidget(QWidget& widget) {
 }
 
 void NSView::changed() {
-    if (widget_) syncWidget(*widget_);
+    if (!widget_) return;
+    syncWidget(*widget_);
+    velt::namesMayHaveChanged();
 }
 
 void NSView::placeSubviews() {

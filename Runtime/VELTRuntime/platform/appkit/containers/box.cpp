@@ -1,5 +1,6 @@
 #include "VELTRuntime/platform/appkit/containers/box.h"
 
+#include "VELTRuntime/platform/appkit/accessibility/names.h"
 #include "VELTRuntime/platform/appkit/containers/frame_drawing.h"
 #include "VELTRuntime/platform/appkit/containers/scroll_view.h"
 #include "VELTRuntime/platform/appkit/font.h"
@@ -184,7 +185,7 @@ void NSBox::sizeToFit() {
 
 void NSBox::syncWidget(QWidget& widget) {
     NSView::syncWidget(widget);
-    widget.setAccessibleName(hasTitle() ? velt::qtText(title_) : QString());
+    velt::setOwnName(widget, hasTitle() ? velt::qtText(title_) : QString());
 }
 
 QRectF NSBox::inWidget(NSRect rect) const {

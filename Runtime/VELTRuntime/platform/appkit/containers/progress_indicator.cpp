@@ -97,7 +97,6 @@ void NSProgressIndicator::syncWidget(QWidget& widget) {
     spinner.setGeometry(whole);
     bar.setVisible(!spins && isShown());
     spinner.setVisible(spins && isShown());
-    spinner.setAccessibleName(widget.accessibleName());
 }
 
 void NSProgressIndicator::sizeChanged(NSSize before) {

@@ -68,6 +68,7 @@ void NSScroller::syncWidget(QWidget& widget) {
     bar.setValue(static_cast<int>(std::lround(value_ * last)));
     bar.setEnabled(enabled_);
     bar.setToolTip({});
+    bar.setAccessibleName(stands() ? QObject::tr("Vertical") : QObject::tr("Horizontal"));
 }
 
 void NSScroller::moved(int position) {

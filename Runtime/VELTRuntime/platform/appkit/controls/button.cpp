@@ -1,5 +1,6 @@
 #include "VELTRuntime/platform/appkit/controls/button.h"
 
+#include "VELTRuntime/platform/appkit/accessibility/names.h"
 #include "VELTRuntime/platform/appkit/controls/button_widget.h"
 #include "VELTRuntime/platform/appkit/event.h"
 #include "VELTRuntime/platform/appkit/event_delivery.h"
@@ -28,7 +29,7 @@ void NSButton::syncWidget(QWidget& widget) {
     const auto bezel = static_cast<velt::BezelStyle>(buttonCell().bezelStyle());
     if (buttonCell().isBordered() && bezel == velt::BezelStyle::Help) name = QStringLiteral("Help");
     if (name.isEmpty()) name = velt::qtText(toolTip());
-    if (widget.accessibleName() != name) widget.setAccessibleName(name);
+    velt::setOwnName(widget, name);
     if (auto* shown = dynamic_cast<velt::ButtonWidget*>(&widget)) shown->stateShown(cellObject().state());
 }
 

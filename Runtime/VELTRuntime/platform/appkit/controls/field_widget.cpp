@@ -1,5 +1,6 @@
 #include "VELTRuntime/platform/appkit/controls/field_widget.h"
 
+#include "VELTRuntime/platform/appkit/accessibility/said_text.h"
 #include "VELTRuntime/platform/appkit/controls/text_field.h"
 #include "VELTRuntime/platform/appkit/qt_values.h"
 #include "VELTRuntime/platform/appkit/text/fitting_line.h"
@@ -24,16 +25,23 @@ using Bezel = NSTextFieldCell::Bezel;
 using LineBreak = NSTextFieldCell::LineBreak;
 
 /// What a field is to those who cannot see it.
-class FieldAccessible final : public QAccessibleWidget {
+class FieldAccessible final : public QAccessibleWidget, public SaidText {
 public:
     explicit FieldAccessible(FieldWidget& widget) : QAccessibleWidget(&widget, widget.accessibleRole()) {}
     QAccessible::Role role() const override { return field().accessibleRole(); }
     QString text(QAccessible::Text kind) const override {
-        const QString said =
+        const QString shown =
             kind == QAccessible::Name || kind == QAccessible::Value ? field().accessibleText() : QString();
         if (kind == QAccessible::Name && (role() != QAccessible::StaticText || !widget()->accessibleName().isEmpty()))
             return QAccessibleWidget::text(kind);
-        return said.isEmpty() ? QAccessibleWidget::text(kind) : said;
+        return shown.isEmpty() ? QAccessibleWidget::text(kind) : shown;
+    }
+    using SaidText::text;
+    QString said() const override { return field().accessibleText(); }
+    void* interface_cast(QAccessible::InterfaceType type) override {
+        // A label says its text as its name, and where there is an editor it says its own.
+        const bool shows = type == QAccessible::TextInterface && field().saysText();
+        return shows ? static_cast<QAccessibleTextInterface*>(this) : QAccessibleWidget::interface_cast(type);
     }
 
 private:

@@ -32,6 +32,8 @@ public:
     /// What it is to those who cannot see it, and what it says to them.
     virtual QAccessible::Role accessibleRole() const;
     virtual QString accessibleText() const;
+    /// It shows a value besides its editor.
+    virtual bool saysText() const { return false; }
 
 protected:
     /// A subclass brings its own parts up to date.

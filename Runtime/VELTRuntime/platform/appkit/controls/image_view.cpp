@@ -1,5 +1,6 @@
 #include "VELTRuntime/platform/appkit/controls/image_view.h"
 
+#include "VELTRuntime/platform/appkit/accessibility/names.h"
 #include "VELTRuntime/platform/appkit/controls/image_widget.h"
 #include "VELTRuntime/platform/appkit/image.h"
 #include "VELTRuntime/platform/appkit/qt_values.h"
@@ -22,7 +23,7 @@ void NSImageView::syncWidget(QWidget& widget) {
     NSControl::syncWidget(widget);
     widget.setAcceptDrops(isEditable() && isEnabled());
     const QString name = velt::qtText(toolTip());
-    if (widget.accessibleName() != name) widget.setAccessibleName(name);
+    velt::setOwnName(widget, name);
 }
 
 void NSImageView::replace(const id& image) {

@@ -1,5 +1,6 @@
 #include "VELTRuntime/platform/appkit/controls/pressed_widget.h"
 
+#include "VELTRuntime/platform/appkit/accessibility/said_text.h"
 #include "VELTRuntime/platform/appkit/controls/control.h"
 
 #include <QAccessibleWidget>
@@ -10,15 +11,21 @@ namespace velt {
 
 namespace {
 
-class PressedAccessible final : public QAccessibleWidget {
+class PressedAccessible final : public QAccessibleWidget, public SaidText {
 public:
     explicit PressedAccessible(PressedWidget* widget) : QAccessibleWidget(widget, widget->role()) {}
 
     QAccessible::Role role() const override { return shown().role(); }
     QString text(QAccessible::Text kind) const override {
-        if (kind == QAccessible::Value) return shown().valueText();
+        if (kind == QAccessible::Value) return said();
         const QString text = QAccessibleWidget::text(kind);
         return text.isEmpty() && kind == QAccessible::Name ? widget()->toolTip() : text;
+    }
+    using SaidText::text;
+    QString said() const override { return shown().valueText(); }
+    void* interface_cast(QAccessible::InterfaceType type) override {
+        if (type == QAccessible::TextInterface) return static_cast<QAccessibleTextInterface*>(this);
+        return QAccessibleWidget::interface_cast(type);
     }
     QStringList actionNames() const override {
         QStringList names = QAccessibleWidget::actionNames();

@@ -31,7 +31,8 @@ void SearchWidget::startPause() { pause_.start(); }
 
 bool SearchWidget::openRecents() {
     NSSearchField* shown = searchField();
-    const NSArray* recents = shown ? arrayOf(shown->recentSearches()) : nullptr;
+    const id searches = shown ? shown->recentSearches() : nil;
+    const NSArray* recents = arrayOf(searches);
     if (!recents || recents->count() == 0 || !isEnabled()) return false;
     auto* menu = new QMenu(this);
     menu->setAttribute(Qt::WA_DeleteOnClose);

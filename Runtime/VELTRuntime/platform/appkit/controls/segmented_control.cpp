@@ -1,5 +1,6 @@
 #include "VELTRuntime/platform/appkit/controls/segmented_control.h"
 
+#include "VELTRuntime/platform/appkit/accessibility/names.h"
 #include "VELTRuntime/platform/appkit/controls/segmented_widget.h"
 #include "VELTRuntime/platform/appkit/event_delivery.h"
 #include "VELTRuntime/platform/appkit/qt_values.h"
@@ -15,7 +16,7 @@ std::unique_ptr<QWidget> NSSegmentedControl::makeWidget() {
 void NSSegmentedControl::syncWidget(QWidget& widget) {
     NSControl::syncWidget(widget);
     const QString name = velt::qtText(toolTip());
-    if (widget.accessibleName() != name) widget.setAccessibleName(name);
+    velt::setOwnName(widget, name);
     static_cast<velt::SegmentedWidget&>(widget).sync();
 }
 

@@ -120,11 +120,14 @@ QSize segmentsSize(const NSSegmentedCell& cell, const QStyle& style) {
     return size + QSize(0, 2 * kTopMargin);
 }
 
-SegmentButton::SegmentButton(SegmentedWidget& row, long place) : QAbstractButton(&row), row_(row), place_(place) {
+SegmentedWidget::SegmentedWidget() {
     [[maybe_unused]] static const bool installed = [] {
         QAccessible::installFactory(accessibleOf);
         return true;
     }();
+}
+
+SegmentButton::SegmentButton(SegmentedWidget& row, long place) : QAbstractButton(&row), row_(row), place_(place) {
     setAttribute(Qt::WA_Hover);
     setFocusPolicy(Qt::NoFocus);  // the row has the keyboard, and hands it to the current segment
     QObject::connect(this, &QAbstractButton::clicked, this, [this] {
@@ -197,7 +200,9 @@ void SegmentedWidget::sync() {
         button->setChecked(segment.isSelected && button->isCheckable());
         button->setEnabled(segment.isEnabled);
         button->setToolTip(qtText(segment.toolTip));
-        button->setAccessibleName(qtText(segment.label).isEmpty() ? button->toolTip() : qtText(segment.label));
+        QString name = qtText(segment.label).isEmpty() ? button->toolTip() : qtText(segment.label);
+        if (name.isEmpty()) name = QObject::tr("Segment %1").arg(button->place() + 1);
+        button->setAccessibleName(name);
         button->update();
     }
     setCurrent(cell.selectedSegment() >= 0 ? cell.selectedSegment() : current_);

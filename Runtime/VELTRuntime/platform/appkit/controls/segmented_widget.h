@@ -32,7 +32,7 @@ private:
 
 class SegmentedWidget final : public QWidget {
 public:
-    SegmentedWidget() = default;
+    SegmentedWidget();
 
     NSSegmentedControl* control() const;
     /// Takes number, contents and states of the segments from the cell.

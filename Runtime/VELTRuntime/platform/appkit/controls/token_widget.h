@@ -18,6 +18,7 @@ public:
     /// Shows the completions of what is typed after some seconds, if there are any.
     void offerCompletions(double seconds);
     QString accessibleText() const override;
+    bool saysText() const override { return true; }
 
 protected:
     void syncParts(NSTextField& field) override;

@@ -1,5 +1,6 @@
 #include "VELTRuntime/platform/appkit/menus/pop_up_widget.h"
 
+#include "VELTRuntime/platform/appkit/accessibility/said_text.h"
 #include "VELTRuntime/platform/appkit/event_delivery.h"
 #include "VELTRuntime/platform/appkit/menus/pop_up_button.h"
 #include "VELTRuntime/platform/appkit/menus/pop_up_look.h"
@@ -17,7 +18,7 @@ namespace velt {
 namespace {
 
 /// A pop-up button as those hear of it who cannot see it.
-class PopUpAccessible final : public QAccessibleWidget {
+class PopUpAccessible final : public QAccessibleWidget, public SaidText {
 public:
     explicit PopUpAccessible(PopUpWidget* widget) : QAccessibleWidget(widget, QAccessible::ComboBox) {}
 
@@ -26,9 +27,16 @@ public:
         return button && button->pullsDown() ? QAccessible::ButtonMenu : QAccessible::ComboBox;
     }
     QString text(QAccessible::Text what) const override {
+        return what == QAccessible::Value ? said() : QAccessibleWidget::text(what);
+    }
+    using SaidText::text;
+    QString said() const override {
         const NSPopUpButton* button = own()->button();
-        if (what == QAccessible::Value && button) return qtText(button->popUpCell().title());
-        return QAccessibleWidget::text(what);
+        return button ? qtText(button->popUpCell().title()) : QString();
+    }
+    void* interface_cast(QAccessible::InterfaceType type) override {
+        if (type == QAccessible::TextInterface) return static_cast<QAccessibleTextInterface*>(this);
+        return QAccessibleWidget::interface_cast(type);
     }
     QAccessible::State state() const override {
         QAccessible::State state = QAccessibleWidget::state();

@@ -157,7 +157,7 @@ int BrowserColumn::selectedRow() const {
 void BrowserColumn::showTitle(bool shown, const QString& title) {
     title_->setVisible(shown);
     title_->setText(fittingLine(title, title_->font(), Qt::ElideRight, width()));
-    list_->setAccessibleName(title);
+    list_->setAccessibleName(title.isEmpty() ? QObject::tr("Column %1").arg(place_ + 1) : title);
 }
 
 }  // namespace velt
