@@ -68,7 +68,7 @@ std::unique_ptr<QMainWindow> makeForm(int rows) {
     return window;
 }
 
-void bigForm() {
+void bigForm(int resizes) {
     const long before = form::residentKilobytes();
     form::Steps steps;
     std::unique_ptr<QMainWindow> window = makeForm(form::kRows);
@@ -76,7 +76,7 @@ void bigForm() {
     window->show();
     settle();
     steps.end("shown");
-    for (int i = 0; i < form::kResizes; ++i) {
+    for (int i = 0; i < resizes; ++i) {
         window->resize(600 + 10 * i, form::kRows * form::kRowHeight);
         settle();
     }
@@ -111,7 +111,7 @@ void smallWindow() {
 int main(int count, char** arguments) {
     const std::string work = count > 1 ? arguments[1] : "form";
     const QApplication application(count, arguments);
-    if (work == "form") bigForm();
+    if (work == "form") bigForm(count > 2 ? std::atoi(arguments[2]) : form::kResizes);
     if (work == "getter") getter();
     if (work == "small") smallWindow();
     return 0;

@@ -9,7 +9,6 @@
 
 namespace {
 
-id truth() { return VELT_ID(BOOL{1}); }
 id frame(double x, double y, double width, double height) { return VELT_ID(NSRect{{x, y}, {width, height}}); }
 
 /// Lets the window system draw what there is to be drawn.
@@ -55,7 +54,7 @@ public:
     }
 };
 
-void bigForm() {
+void bigForm(int resizes) {
     velt::Ref<Form> form = velt::make<Form>();
     NSApplication::sharedApplication();
     const long before = form::residentKilobytes();
@@ -65,7 +64,7 @@ void bigForm() {
     VELT_NSWINDOW_SHOW(form->window);
     settle();
     steps.end("shown");
-    for (int i = 0; i < form::kResizes; ++i) {
+    for (int i = 0; i < resizes; ++i) {
         VELT_NSWINDOW_CONTENTSIZE(form->window,
                                   VELT_ID(NSSize{600.0 + 10 * i, static_cast<double>(form::kRows * form::kRowHeight)}));
         settle();
@@ -115,7 +114,7 @@ void smallWindow() {
 
 int main(int count, char** arguments) {
     const std::string work = count > 1 ? arguments[1] : "form";
-    if (work == "form") bigForm();
+    if (work == "form") bigForm(count > 2 ? std::atoi(arguments[2]) : form::kResizes);
     if (work == "forms") manyForms(10'000);
     if (work == "getter") getter();
     if (work == "small") smallWindow();

@@ -26,12 +26,22 @@ id zero(ValueKind kind) {
     return nil;
 }
 
+/// Sends a wrapper's message. A row has as many arguments as its selector.
+id sendFrom(const Wrapper& wrapper, const id& receiver, std::span<const id> arguments) {
+    assert(Selector(wrapper.site).argumentCount() == arguments.size());
+    if (const NSObject* object = receiver.object(); VELT_LIKELY(object) && VELT_LIKELY(!object->isAttached())) {
+        const Method* method = wrapper.site.knownMethod(*object);
+        if (VELT_LIKELY(method)) return method->call(*method, receiver, arguments.data());
+    }
+    return wrapper.site.sendAnew(receiver, arguments);
+}
+
 }  // namespace
 
 id get(const id& receiver, const Wrapper& wrapper, ValueKind kind) {
     requireMainThread(wrapper.name);
     if (receiver.isNil()) return zero(kind);
-    id value = sendMessage(receiver, wrapper.selector, {});
+    id value = sendFrom(wrapper, receiver, {});
     const bool isText = kind == ValueKind::Text || kind == ValueKind::MutableText;
     return isText && isString(value) ? freshCopy(asString(value)) : value;
 }
@@ -56,7 +66,7 @@ id converted(const id& value, ValueKind kind) {
 
 id pass(const id& receiver, const Wrapper& wrapper, const id& argument) {
     requireMainThread(wrapper.name);
-    return sendMessage(receiver, wrapper.selector, std::span<const id>(&argument, 1));
+    return sendFrom(wrapper, receiver, std::span<const id>(&argument, 1));
 }
 
 id set(const id& receiver, const Wrapper& wrapper, ValueKind kind, const id& value) {
@@ -66,7 +76,7 @@ id set(const id& receiver, const Wrapper& wrapper, ValueKind kind, const id& val
 
 id command(const id& receiver, const Wrapper& wrapper) {
     requireMainThread(wrapper.name);
-    sendMessage(receiver, wrapper.selector, {});
+    sendFrom(wrapper, receiver, {});
     return nil;
 }
 

@@ -23,12 +23,11 @@ NSView::NSView(NSRect frame) : NSView() { frame_ = frame; }
 NSView::~NSView() {
     NSView::dissolve();
     if (!widget_) return;
-    if (velt::isMainThread()) {
-        velt::setViewOf(*widget_, nullptr);
-        widget_->hide();
-        widget_->setParent(nullptr);
+    if (!velt::isMainThread()) {
+        QMetaObject::invokeMethod(widget_, [widget = widget_] { velt::letGo(*widget); }, Qt::QueuedConnection);
+        return;
     }
-    widget_->deleteLater();  // one of its events may be on its way back through the toolkit
+    velt::letGo(*widget_);
 }
 
 void NSView::dissolve() {
@@ -292,6 +291,8 @@ QWidget& NSView::widget() {
     if (widget_) return *widget_;
     widget_ = makeWidget().release();
     velt::setViewOf(*widget_, this);
+    // Within its place from the start: a widget without one is a window, and moving it tells it everything anew.
+    if (superview_ && superview_->widget_) widget_->setParent(&superview_->container());
     syncWidget(*widget_);
     for (const Ref<NSView>& view : subviews_) placeSubview(*view);
     return *widget_;
@@ -332,7 +333,8 @@ void NSView::placeSubview(NSView& view) {
     const auto edge = [](double value) { return static_cast<int>(std::lround(std::clamp(value, -1e6, 1e6))); };
     const int x = edge(left), y = edge(top);
     shown.setGeometry(x, y, edge(left + width) - x, edge(top + height) - y);
-    shown.setVisible(!view.hidden_);
+    // Within a parent that is not shown yet it waits for that, as all of the toolkit's widgets do.
+    if (shown.isHidden() != view.hidden_) shown.setVisible(!view.hidden_);
 }
 
 void NSView::visitOwned(velt::OwnedVisitor& visitor) {

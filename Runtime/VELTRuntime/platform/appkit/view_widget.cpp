@@ -1,5 +1,6 @@
 #include "VELTRuntime/platform/appkit/view_widget.h"
 
+#include "VELTRuntime/platform/appkit/application_object.h"
 #include "VELTRuntime/platform/appkit/event_delivery.h"
 #include "VELTRuntime/platform/appkit/menus/context_menu.h"
 #include "VELTRuntime/platform/appkit/view_events.h"
@@ -7,24 +8,43 @@
 
 #include <QKeyEvent>
 #include <QPainter>
-#include <QVariant>
 #include <QWheelEvent>
+#include <unordered_map>
 
 namespace velt {
 
 namespace {
 
-constexpr const char* kViewProperty = "veltView";
+/// Which view each widget shows. Every event of the toolkit asks it, which a property of the widget is too slow for.
+using Views = std::unordered_map<const QWidget*, NSView*>;
+
+Views& views() {
+    static Views& shared = *new Views;  // widgets may go after static objects
+    return shared;
+}
 
 }  // namespace
 
 NSView* viewOf(const QWidget* widget) {
-    if (!widget) return nullptr;
-    return static_cast<NSView*>(widget->property(kViewProperty).value<void*>());
+    const auto found = views().find(widget);
+    return found == views().end() ? nullptr : found->second;
 }
 
 void setViewOf(QWidget& widget, NSView* view) {
-    widget.setProperty(kViewProperty, QVariant::fromValue(static_cast<void*>(view)));
+    if (view) {
+        views()[&widget] = view;
+    } else if (isMainThread()) {
+        views().erase(&widget);
+    } else {
+        QMetaObject::invokeMethod(&widget, [&widget] { setViewOf(widget, nullptr); }, Qt::QueuedConnection);
+    }
+}
+
+void letGo(QWidget& widget) {
+    setViewOf(widget, nullptr);
+    widget.hide();
+    widget.setParent(nullptr);
+    widget.deleteLater();  // one of its events may be on its way back through the toolkit
 }
 
 void ViewWidget::paintEvent(QPaintEvent* event) {

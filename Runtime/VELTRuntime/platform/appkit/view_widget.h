@@ -10,6 +10,9 @@ namespace velt {
 /// Ties a widget to its view and back; null unties it.
 void setViewOf(QWidget& widget, NSView* view);
 
+/// Ends a widget whose view has gone, as soon as none of its events is under way.
+void letGo(QWidget& widget);
+
 class ViewWidget final : public QWidget {
 public:
     ViewWidget() = default;
