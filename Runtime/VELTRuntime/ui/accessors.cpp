@@ -1,6 +1,7 @@
 #include "VELTRuntime/ui/accessors.h"
 
 #include "VELTRuntime/platform/appkit/application_object.h"
+#include "VELTRuntime/platform/appkit/main_thread.h"
 #include "VELTRuntime/values/boxing.h"
 #include "VELTRuntime/values/string.h"
 
@@ -26,8 +27,14 @@ id zero(ValueKind kind) {
     return nil;
 }
 
+/// Every wrapper's first step; without a call on the main thread.
+void begin(const Wrapper& wrapper) {
+    if (threadPlace != ThreadPlace::Main) [[unlikely]]
+        requireMainThread(wrapper.name);
+}
+
 /// Sends a wrapper's message. A row has as many arguments as its selector.
-id sendFrom(const Wrapper& wrapper, const id& receiver, std::span<const id> arguments) {
+VELT_ALWAYS_INLINE inline id sendFrom(const Wrapper& wrapper, const id& receiver, std::span<const id> arguments) {
     assert(Selector(wrapper.site).argumentCount() == arguments.size());
     if (const NSObject* object = receiver.object(); VELT_LIKELY(object) && VELT_LIKELY(!object->isAttached())) {
         const Method* method = wrapper.site.knownMethod(*object);
@@ -39,11 +46,11 @@ id sendFrom(const Wrapper& wrapper, const id& receiver, std::span<const id> argu
 }  // namespace
 
 id get(const id& receiver, const Wrapper& wrapper, ValueKind kind) {
-    requireMainThread(wrapper.name);
+    begin(wrapper);
     if (receiver.isNil()) return zero(kind);
-    id value = sendFrom(wrapper, receiver, {});
-    const bool isText = kind == ValueKind::Text || kind == ValueKind::MutableText;
-    return isText && isString(value) ? freshCopy(asString(value)) : value;
+    if (kind != ValueKind::Text && kind != ValueKind::MutableText) return sendFrom(wrapper, receiver, {});
+    id text = sendFrom(wrapper, receiver, {});
+    return isString(text) ? freshCopy(asString(text)) : text;
 }
 
 id converted(const id& value, ValueKind kind) {
@@ -65,7 +72,7 @@ id converted(const id& value, ValueKind kind) {
 }
 
 id pass(const id& receiver, const Wrapper& wrapper, const id& argument) {
-    requireMainThread(wrapper.name);
+    begin(wrapper);
     return sendFrom(wrapper, receiver, std::span<const id>(&argument, 1));
 }
 
@@ -75,7 +82,7 @@ id set(const id& receiver, const Wrapper& wrapper, ValueKind kind, const id& val
 }
 
 id command(const id& receiver, const Wrapper& wrapper) {
-    requireMainThread(wrapper.name);
+    begin(wrapper);
     sendFrom(wrapper, receiver, {});
     return nil;
 }

@@ -1,6 +1,7 @@
 #include "VELTRuntime/platform/appkit/application_object.h"
 
 #include "VELTRuntime/platform/appkit/main_loop.h"
+#include "VELTRuntime/platform/appkit/main_thread.h"
 #include "VELTRuntime/platform/foundation/bundle.h"
 #include "VELTRuntime/platform/foundation/run_loop.h"
 #include "VELTRuntime/platform/object/exception.h"
@@ -62,19 +63,12 @@ void makeApplicationObject() {
 
 }  // namespace
 
-namespace {
-
-enum class Place : signed char { Unknown, Main, Other };
-
-/// Asked by every call of a wrapper: beside the thread's own data, without a call to find it.
-[[gnu::tls_model("initial-exec")]] constinit thread_local Place place = Place::Unknown;
-
-}  // namespace
+constinit thread_local ThreadPlace threadPlace = ThreadPlace::Unknown;
 
 bool isMainThread() {
-    if (place == Place::Unknown) [[unlikely]]
-        place = getpid() == static_cast<pid_t>(syscall(SYS_gettid)) ? Place::Main : Place::Other;
-    return place == Place::Main;
+    if (threadPlace == ThreadPlace::Unknown) [[unlikely]]
+        threadPlace = getpid() == static_cast<pid_t>(syscall(SYS_gettid)) ? ThreadPlace::Main : ThreadPlace::Other;
+    return threadPlace == ThreadPlace::Main;
 }
 
 void requireMainThread(const char* call) {

@@ -31,8 +31,12 @@ NSView::~NSView() {
 }
 
 void NSView::dissolve() {
+    // The subviews' widgets are left in this one's, which is about to end: most of them end with it.
+    if (widget_) velt::willGo(*widget_);
     for (const Ref<NSView>& view : subviews_) {
-        if (view) detach(*view);
+        if (!view) continue;
+        view->superview_ = nullptr;
+        view->moveToWindow(nullptr);
     }
     subviews_.clear();
     if (velt::is<NSView>(nextKeyView_)) velt::as<NSView>(nextKeyView_)->previousKeyView_ = nullptr;
