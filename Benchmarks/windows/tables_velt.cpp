@@ -80,6 +80,7 @@ void table(int count) {
         settle();
     }
     steps.end("scrolled");
+    std::printf("frames %d\n", rows::kFrames);
     std::printf("memory %ld\n", form::residentKilobytes() - before);
 }
 

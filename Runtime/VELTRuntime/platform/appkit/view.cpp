@@ -32,7 +32,7 @@ NSView::~NSView() {
 
 void NSView::dissolve() {
     // The subviews' widgets are left in this one's, which is about to end: most of them end with it.
-    if (widget_) velt::willGo(*widget_);
+    if (widget_ && !subviews_.empty()) velt::willGo(*widget_);
     for (const Ref<NSView>& view : subviews_) {
         if (!view) continue;
         view->superview_ = nullptr;
