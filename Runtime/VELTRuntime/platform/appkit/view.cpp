@@ -24,7 +24,8 @@ NSView::~NSView() {
     NSView::dissolve();
     if (!widget_) return;
     if (!velt::isMainThread()) {
-        QMetaObject::invokeMethod(widget_, [widget = widget_] { velt::letGo(*widget); }, Qt::QueuedConnection);
+        QMetaObject::invokeMethod(
+            widget_, [widget = widget_] { velt::letGo(*widget); }, Qt::QueuedConnection);
         return;
     }
     velt::letGo(*widget_);

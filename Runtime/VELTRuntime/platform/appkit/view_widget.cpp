@@ -37,7 +37,8 @@ void setViewOf(QWidget& widget, NSView* view) {
     } else if (isMainThread()) {
         views().erase(&widget);
     } else {
-        QMetaObject::invokeMethod(&widget, [&widget] { setViewOf(widget, nullptr); }, Qt::QueuedConnection);
+        QMetaObject::invokeMethod(
+            &widget, [&widget] { setViewOf(widget, nullptr); }, Qt::QueuedConnection);
     }
 }
 
