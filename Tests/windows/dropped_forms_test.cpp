@@ -83,7 +83,7 @@ public:
     void use() {
         QTest::mouseClick(&button->widget(), Qt::LeftButton);
         window->makeFirstResponder(field);
-        QTest::keyClicks(QApplication::focusWidget(), QStringLiteral("abc"));
+        QTest::keyClicks(field->widget().focusProxy(), QStringLiteral("abc"));
     }
 };
 
