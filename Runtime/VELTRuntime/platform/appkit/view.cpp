@@ -8,6 +8,7 @@
 #include "VELTRuntime/platform/appkit/view_widget.h"
 #include "VELTRuntime/platform/appkit/window.h"
 #include "VELTRuntime/platform/foundation/array.h"
+#include "VELTRuntime/platform/foundation/run_loop.h"
 #include "VELTRuntime/platform/object/exception.h"
 
 #include <QPainter>
@@ -24,8 +25,7 @@ NSView::~NSView() {
     NSView::dissolve();
     if (!widget_) return;
     if (!velt::isMainThread()) {
-        QMetaObject::invokeMethod(
-            widget_, [widget = widget_] { velt::letGo(*widget); }, Qt::QueuedConnection);
+        velt::RunLoop::main().perform([widget = widget_] { velt::letGo(*widget); });
         return;
     }
     velt::letGo(*widget_);

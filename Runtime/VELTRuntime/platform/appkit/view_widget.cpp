@@ -5,6 +5,7 @@
 #include "VELTRuntime/platform/appkit/menus/context_menu.h"
 #include "VELTRuntime/platform/appkit/view_events.h"
 #include "VELTRuntime/platform/appkit/window.h"
+#include "VELTRuntime/platform/foundation/run_loop.h"
 
 #include <QKeyEvent>
 #include <QPainter>
@@ -37,8 +38,7 @@ void setViewOf(QWidget& widget, NSView* view) {
     } else if (isMainThread()) {
         views().erase(&widget);
     } else {
-        QMetaObject::invokeMethod(
-            &widget, [&widget] { setViewOf(widget, nullptr); }, Qt::QueuedConnection);
+        RunLoop::main().perform([&widget] { setViewOf(widget, nullptr); });
     }
 }
 
@@ -46,8 +46,10 @@ namespace {
 
 /// Takes the outermost widgets that show views out of one that ends.
 void rescueViews(const QWidget& ending) {
-    const QObjectList children = ending.children();
-    for (QObject* child : children) {
+    const QObjectList& children = ending.children();
+    // From the end: what is taken out shortens the list.
+    for (qsizetype i = children.size() - 1; i >= 0; --i) {
+        QObject* child = children[i];
         if (!child->isWidgetType()) continue;
         auto& widget = *static_cast<QWidget*>(child);
         if (!viewOf(&widget)) {
