@@ -3,14 +3,14 @@
 
 compare_windows.py BUILD_FOLDER [ROUNDS]
 """
-import importlib.util
 import os
 import statistics
 import subprocess
 import sys
-import time
 
 HERE = os.path.dirname(os.path.abspath(__file__))
+PYTHON = "/usr/bin/python3"  # the one that the system's packages belong to
+STEPS = ("made", "shown", "resized", "closed", "memory")
 
 
 def output(command):
@@ -21,47 +21,85 @@ def output(command):
     return {line.split()[0]: [float(x) for x in line.split()[1:]] for line in result.stdout.splitlines()}
 
 
+def has_pyqt():
+    asked = subprocess.run([PYTHON, "-c", "import PyQt6.QtWidgets"], stderr=subprocess.DEVNULL, check=False)
+    return asked.returncode == 0
+
+
+def report(what, value, most, unit=""):
+    print(f"{'holds' if value <= most else 'FAILS'}  {what}: {value:.2f}{unit}, at most {most}{unit}")
+
+
+class Figures:
+    """What each program printed in all rounds, by program and name."""
+
+    def __init__(self):
+        self.found = {}
+
+    def run(self, program, command, prefix=""):
+        for name, values in output(command).items():
+            self.found.setdefault((program, prefix + name), []).append(values[0])
+
+    def median(self, program, name):
+        return statistics.median(self.found[program, name])
+
+    def ratio(self, name):
+        return self.median("VELTRuntime", name) / self.median("Qt", name)
+
+
 def main():
     folder = f"{sys.argv[1]}/Benchmarks/windows"
     rounds = int(sys.argv[2]) if len(sys.argv) > 2 else 7
-    programs = {"VELTRuntime": [f"{folder}/form_velt"], "Qt": [f"{folder}/form_qt"]}
-    if importlib.util.find_spec("PyQt6"):
-        programs["PyQt"] = [sys.executable, f"{HERE}/windows/form_pyqt.py"]
-    else:
+    programs = {"VELTRuntime": "velt", "Qt": "qt"}
+    with_python = has_pyqt()
+    if not with_python:
         print("PyQt is not there and is left out")
-    steps = ("made", "shown", "resized", "closed", "memory")
-    found = {}
+    figures = Figures()
     for turn in range(rounds):
-        for name, command in programs.items():
-            print(f"round {turn + 1}: {name}", file=sys.stderr)
-            values = output(command + ["form"] if name != "PyQt" else command)
-            for step in steps:
-                found.setdefault((name, step), []).append(values[step][0])
-            if name == "PyQt":
-                continue
-            begin = time.monotonic()
-            found.setdefault((name, "first window"), []).append(output(command + ["small"])["painted"][0] - begin)
-            found.setdefault((name, "getter"), []).append(output(command + ["getter"])["getter"][0])
-    medians = {key: statistics.median(values) for key, values in found.items()}
+        print(f"round {turn + 1}", file=sys.stderr)
+        for program, suffix in programs.items():
+            for work in ("form", "small", "getter"):
+                figures.run(program, [f"{folder}/form_{suffix}", work])
+            for work in ("many", "few", "sort", "menu"):
+                figures.run(program, [f"{folder}/tables_{suffix}", work], f"{work} ")
+        if with_python:
+            figures.run("PyQt", [PYTHON, f"{HERE}/windows/form_pyqt.py"])
 
     print(f"A form of 1,000 controls; medians of {rounds} alternating rounds, in brackets how many times ours.\n")
     print("| with | made | shown | 20 resizes | closed | memory |\n| --- | ---: | ---: | ---: | ---: | ---: |")
-    for name in programs:
+    for program in [*programs, *(["PyQt"] if with_python else [])]:
         cells = []
-        for step in steps:
-            value, own = medians[(name, step)], medians[("VELTRuntime", step)]
+        for step in STEPS:
+            value, own = figures.median(program, step), figures.median("VELTRuntime", step)
             shown = f"{value / 1024:.1f} MB" if step == "memory" else f"{value * 1000:.1f} ms"
             cells.append(f"{shown} ({value / own:.2f})")
-        print(f"| {name} | {' | '.join(cells)} |")
-    total = lambda name: sum(medians[(name, step)] for step in steps[:-1])
-    report = lambda what, value, most: print(f"{'holds' if value <= most else 'FAILS'}  {what}: {value:.2f}, at most {most}")
+        print(f"| {program} | {' | '.join(cells)} |")
+
+    print("\n| with | first window | getter | million rows shown | a frame | memory | sorted | 10,000 items |")
+    print("| --- | ---: | ---: | ---: | ---: | ---: | ---: | ---: |")
+    frames = figures.median("Qt", "many frames")
+    for program in programs:
+        value = lambda name: figures.median(program, name)
+        print(f"| {program} | {value('painted') * 1000:.1f} ms | {value('getter'):.1f} ns "
+              f"| {value('many shown') * 1000:.1f} ms | {value('many scrolled') / frames * 1000:.2f} ms "
+              f"| {value('many memory') / 1024:.1f} MB | {value('sort sorted') * 1000:.0f} ms "
+              f"| {value('menu menu') * 1000:.1f} ms |")
+
     print()
+    total = lambda program: sum(figures.median(program, step) for step in STEPS[:-1])
+    own = lambda name: figures.median("VELTRuntime", name)
     report("time of the form against Qt", total("VELTRuntime") / total("Qt"), 1.5)
-    report("memory of the form against Qt", medians[("VELTRuntime", "memory")] / medians[("Qt", "memory")], 1.5)
-    report("first painted window against Qt", medians[("VELTRuntime", "first window")] / medians[("Qt", "first window")], 1.3)
-    report("a getter over Qt's, in ns", medians[("VELTRuntime", "getter")] - medians[("Qt", "getter")], 20)
-    early, late = output([f"{folder}/form_velt", "forms"])["forms"]
-    report("memory after 10,000 forms against 1,000", late / early, 1.02)
+    report("memory of the form against Qt", figures.ratio("memory"), 1.5)
+    report("first painted window against Qt", figures.ratio("painted"), 1.3)
+    report("a getter over Qt's", own("getter") - figures.median("Qt", "getter"), 20, " ns")
+    half, whole = output([f"{folder}/form_velt", "forms"])["forms"]
+    report("memory after 10,000 forms against 5,000", whole / half, 1.01)
+    report("a million rows shown", own("many shown") * 1000, 50, " ms")
+    report("a frame of scrolling them", own("many scrolled") / frames * 1000, 1000 / 60, " ms")
+    report("memory of a million rows over that of a thousand", (own("many memory") - own("few memory")) / 1024, 1,
+           " MB")
+    report("a million rows sorted by a column", own("sort sorted"), 2, " s")
+    report("a menu of 10,000 items built", own("menu menu") * 1000, 200, " ms")
 
 
 main()

@@ -35,6 +35,8 @@ function(velt_library target)
     CXX_VISIBILITY_PRESET hidden VISIBILITY_INLINES_HIDDEN ON
     EXPORT_NAME ${ARGV1})
   target_compile_options(${target} PRIVATE -fno-plt)
+  # Calls within the library go straight to their function: quicker, and less to look up at the start.
+  target_link_options(${target} PRIVATE -Wl,-Bsymbolic-functions)
   target_include_directories(${target} PUBLIC
     $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}/Runtime> $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}>)
   target_compile_features(${target} PUBLIC cxx_std_20)

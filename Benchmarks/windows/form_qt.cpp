@@ -68,7 +68,7 @@ std::unique_ptr<QMainWindow> makeForm(int rows) {
     return window;
 }
 
-void bigForm() {
+void bigForm(int resizes) {
     const long before = form::residentKilobytes();
     form::Steps steps;
     std::unique_ptr<QMainWindow> window = makeForm(form::kRows);
@@ -76,7 +76,7 @@ void bigForm() {
     window->show();
     settle();
     steps.end("shown");
-    for (int i = 0; i < form::kResizes; ++i) {
+    for (int i = 0; i < resizes; ++i) {
         window->resize(600 + 10 * i, form::kRows * form::kRowHeight);
         settle();
     }
@@ -89,14 +89,12 @@ void bigForm() {
 
 void getter() {
     const QPushButton button;
-    constexpr int kCalls = 5'000'000;
-    const double begin = form::now();
     long sum = 0;
-    for (int i = 0; i < kCalls; ++i) {
+    const double time = form::nanosecondsOf([&] {
         sum += button.isEnabled();
         asm volatile("" : : "r"(&button) : "memory");
-    }
-    std::printf("getter %.3f %ld\n", (form::now() - begin) / kCalls * 1e9, sum);
+    });
+    std::printf("getter %.3f %ld\n", time, sum);
 }
 
 void smallWindow() {
@@ -111,7 +109,7 @@ void smallWindow() {
 int main(int count, char** arguments) {
     const std::string work = count > 1 ? arguments[1] : "form";
     const QApplication application(count, arguments);
-    if (work == "form") bigForm();
+    if (work == "form") bigForm(count > 2 ? std::atoi(arguments[2]) : form::kResizes);
     if (work == "getter") getter();
     if (work == "small") smallWindow();
     return 0;

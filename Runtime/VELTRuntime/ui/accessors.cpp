@@ -1,6 +1,7 @@
 #include "VELTRuntime/ui/accessors.h"
 
 #include "VELTRuntime/platform/appkit/application_object.h"
+#include "VELTRuntime/platform/appkit/main_thread.h"
 #include "VELTRuntime/values/boxing.h"
 #include "VELTRuntime/values/string.h"
 
@@ -26,14 +27,30 @@ id zero(ValueKind kind) {
     return nil;
 }
 
+/// Every wrapper's first step; without a call on the main thread.
+void begin(const Wrapper& wrapper) {
+    if (threadPlace != ThreadPlace::Main) [[unlikely]]
+        requireMainThread(wrapper.name);
+}
+
+/// Sends a wrapper's message. A row has as many arguments as its selector.
+VELT_ALWAYS_INLINE inline id sendFrom(const Wrapper& wrapper, const id& receiver, std::span<const id> arguments) {
+    assert(Selector(wrapper.site).argumentCount() == arguments.size());
+    if (const NSObject* object = receiver.object(); VELT_LIKELY(object) && VELT_LIKELY(!object->isAttached())) {
+        const Method* method = wrapper.site.knownMethod(*object);
+        if (VELT_LIKELY(method)) return method->call(*method, receiver, arguments.data());
+    }
+    return wrapper.site.sendAnew(receiver, arguments);
+}
+
 }  // namespace
 
 id get(const id& receiver, const Wrapper& wrapper, ValueKind kind) {
-    requireMainThread(wrapper.name);
+    begin(wrapper);
     if (receiver.isNil()) return zero(kind);
-    id value = sendMessage(receiver, wrapper.selector, {});
-    const bool isText = kind == ValueKind::Text || kind == ValueKind::MutableText;
-    return isText && isString(value) ? freshCopy(asString(value)) : value;
+    if (kind != ValueKind::Text && kind != ValueKind::MutableText) return sendFrom(wrapper, receiver, {});
+    id text = sendFrom(wrapper, receiver, {});
+    return isString(text) ? freshCopy(asString(text)) : text;
 }
 
 id converted(const id& value, ValueKind kind) {
@@ -55,8 +72,8 @@ id converted(const id& value, ValueKind kind) {
 }
 
 id pass(const id& receiver, const Wrapper& wrapper, const id& argument) {
-    requireMainThread(wrapper.name);
-    return sendMessage(receiver, wrapper.selector, std::span<const id>(&argument, 1));
+    begin(wrapper);
+    return sendFrom(wrapper, receiver, std::span<const id>(&argument, 1));
 }
 
 id set(const id& receiver, const Wrapper& wrapper, ValueKind kind, const id& value) {
@@ -65,8 +82,8 @@ id set(const id& receiver, const Wrapper& wrapper, ValueKind kind, const id& val
 }
 
 id command(const id& receiver, const Wrapper& wrapper) {
-    requireMainThread(wrapper.name);
-    sendMessage(receiver, wrapper.selector, {});
+    begin(wrapper);
+    sendFrom(wrapper, receiver, {});
     return nil;
 }
 

@@ -44,10 +44,10 @@ enum class ValueKind {
     Object,
 };
 
-/// One wrapper, for messages and errors: its name and selector.
+/// One wrapper, for messages and errors: its name, and the place from which it sends its message.
 struct Wrapper {
     const char* name;
-    Selector selector;
+    const MessageSite& site;
 };
 
 /// Sends a getter's message; the zero of the kind for nil. Raises as the convention says.

@@ -1,6 +1,7 @@
 #include "VELTRuntime/platform/appkit/application_object.h"
 
 #include "VELTRuntime/platform/appkit/main_loop.h"
+#include "VELTRuntime/platform/appkit/main_thread.h"
 #include "VELTRuntime/platform/foundation/bundle.h"
 #include "VELTRuntime/platform/foundation/run_loop.h"
 #include "VELTRuntime/platform/object/exception.h"
@@ -62,11 +63,16 @@ void makeApplicationObject() {
 
 }  // namespace
 
-bool isMainThread() { return getpid() == static_cast<pid_t>(syscall(SYS_gettid)); }
+constinit thread_local ThreadPlace threadPlace = ThreadPlace::Unknown;
+
+bool isMainThread() {
+    if (threadPlace == ThreadPlace::Unknown) [[unlikely]]
+        threadPlace = getpid() == static_cast<pid_t>(syscall(SYS_gettid)) ? ThreadPlace::Main : ThreadPlace::Other;
+    return threadPlace == ThreadPlace::Main;
+}
 
 void requireMainThread(const char* call) {
-    static thread_local const bool isMain = isMainThread();
-    if (isMain) [[likely]]
+    if (isMainThread()) [[likely]]
         return;
     raise(kInternalInconsistencyException,
           std::string(call) + " was called on another thread than the main one, to which windows and views belong");

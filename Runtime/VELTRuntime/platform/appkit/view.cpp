@@ -10,6 +10,7 @@
 #include "VELTRuntime/platform/appkit/view_widget.h"
 #include "VELTRuntime/platform/appkit/window.h"
 #include "VELTRuntime/platform/foundation/array.h"
+#include "VELTRuntime/platform/foundation/run_loop.h"
 #include "VELTRuntime/platform/object/exception.h"
 
 #include <QPainter>
@@ -25,17 +26,20 @@ NSView::NSView(NSRect frame) : NSView() { frame_ = frame; }
 NSView::~NSView() {
     NSView::dissolve();
     if (!widget_) return;
-    if (velt::isMainThread()) {
-        velt::setViewOf(*widget_, nullptr);
-        widget_->hide();
-        widget_->setParent(nullptr);
+    if (!velt::isMainThread()) {
+        velt::RunLoop::main().perform([widget = widget_] { velt::letGo(*widget); });
+        return;
     }
-    widget_->deleteLater();  // one of its events may be on its way back through the toolkit
+    velt::letGo(*widget_);
 }
 
 void NSView::dissolve() {
+    // The subviews' widgets are left in this one's, which is about to end: most of them end with it.
+    if (widget_ && !subviews_.empty()) velt::willGo(*widget_);
     for (const Ref<NSView>& view : subviews_) {
-        if (view) detach(*view);
+        if (!view) continue;
+        view->superview_ = nullptr;
+        view->moveToWindow(nullptr);
     }
     subviews_.clear();
     if (velt::is<NSView>(nextKeyView_)) velt::as<NSView>(nextKeyView_)->previousKeyView_ = nullptr;
@@ -296,6 +300,8 @@ QWidget& NSView::widget() {
     if (widget_) return *widget_;
     widget_ = makeWidget().release();
     velt::setViewOf(*widget_, this);
+    // Within its place from the start: a widget without one is a window, and moving it tells it everything anew.
+    if (superview_ && superview_->widget_) widget_->setParent(&superview_->container());
     syncWidget(*widget_);
     for (const Ref<NSView>& view : subviews_) placeSubview(*view);
     return *widget_;
@@ -341,7 +347,8 @@ void NSView::placeSubview(NSView& view) {
     const auto edge = [](double value) { return static_cast<int>(std::lround(std::clamp(value, -1e6, 1e6))); };
     const int x = edge(left), y = edge(top);
     shown.setGeometry(x, y, edge(left + width) - x, edge(top + height) - y);
-    shown.setVisible(!view.hidden_);
+    // Within a parent that is not shown yet it waits for that, as all of the toolkit's widgets do.
+    if (shown.isHidden() != view.hidden_) shown.setVisible(!view.hidden_);
 }
 
 void NSView::visitOwned(velt::OwnedVisitor& visitor) {

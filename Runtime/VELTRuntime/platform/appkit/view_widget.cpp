@@ -1,30 +1,120 @@
 #include "VELTRuntime/platform/appkit/view_widget.h"
 
+#include "VELTRuntime/platform/appkit/application_object.h"
 #include "VELTRuntime/platform/appkit/event_delivery.h"
 #include "VELTRuntime/platform/appkit/menus/context_menu.h"
 #include "VELTRuntime/platform/appkit/view_events.h"
 #include "VELTRuntime/platform/appkit/window.h"
+#include "VELTRuntime/platform/foundation/run_loop.h"
 
 #include <QKeyEvent>
 #include <QPainter>
-#include <QVariant>
 #include <QWheelEvent>
+#include <unordered_map>
+#include <unordered_set>
 
 namespace velt {
 
 namespace {
 
-constexpr const char* kViewProperty = "veltView";
+/// Which view each widget shows. Every event of the toolkit asks it, which a property of the widget is too slow for.
+using Views = std::unordered_map<const QWidget*, NSView*>;
+
+Views& views() {
+    static Views& shared = *new Views;  // widgets may go after static objects
+    return shared;
+}
 
 }  // namespace
 
 NSView* viewOf(const QWidget* widget) {
-    if (!widget) return nullptr;
-    return static_cast<NSView*>(widget->property(kViewProperty).value<void*>());
+    const auto found = views().find(widget);
+    return found == views().end() ? nullptr : found->second;
 }
 
 void setViewOf(QWidget& widget, NSView* view) {
-    widget.setProperty(kViewProperty, QVariant::fromValue(static_cast<void*>(view)));
+    if (view) {
+        views()[&widget] = view;
+    } else if (isMainThread()) {
+        views().erase(&widget);
+    } else {
+        RunLoop::main().perform([&widget] { setViewOf(widget, nullptr); });
+    }
+}
+
+namespace {
+
+/// Takes the outermost widgets that show views out of one that ends.
+void rescueViews(const QWidget& ending) {
+    const QObjectList& children = ending.children();
+    // From the end: what is taken out shortens the list.
+    for (qsizetype i = children.size() - 1; i >= 0; --i) {
+        QObject* child = children[i];
+        if (!child->isWidgetType()) continue;
+        auto& widget = *static_cast<QWidget*>(child);
+        if (!viewOf(&widget)) {
+            rescueViews(widget);
+            continue;
+        }
+        widget.hide();
+        widget.setParent(nullptr);
+    }
+}
+
+/// Widgets whose views have gone or are about to. A window of a thousand controls is closed by ending one widget.
+class Ending final : public QObject {
+public:
+    static Ending& shared() {
+        static Ending& ending = *new Ending;  // widgets may go after static objects
+        return ending;
+    }
+    void add(QWidget& widget) {
+        if (!widgets_.insert(&widget).second) return;
+        widget.installEventFilter(this);
+    }
+    bool isWithin(const QWidget& widget) const {
+        for (const QWidget* at = widget.parentWidget(); at; at = at->parentWidget()) {
+            if (widgets_.contains(at)) return true;
+            if (viewOf(at)) return false;  // that one stays, and would keep what is left in it
+        }
+        return false;
+    }
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        if (event->type() != QEvent::DeferredDelete) return false;
+        const auto* widget = static_cast<QWidget*>(watched);
+        rescueViews(*widget);
+        forget(*widget);
+        return false;
+    }
+
+private:
+    /// The widget ends now, with all that is left in it.
+    void forget(const QWidget& widget) {
+        widgets_.erase(&widget);
+        for (const QObject* child : widget.children()) {
+            if (child->isWidgetType()) forget(*static_cast<const QWidget*>(child));
+        }
+    }
+
+    std::unordered_set<const QWidget*> widgets_;
+};
+
+}  // namespace
+
+void willGo(QWidget& widget) {
+    if (isMainThread()) Ending::shared().add(widget);
+}
+
+void letGo(QWidget& widget) {
+    setViewOf(widget, nullptr);
+    Ending& ending = Ending::shared();
+    if (ending.isWithin(widget)) return;
+    ending.add(widget);
+    widget.hide();
+    widget.setParent(nullptr);
+    widget.deleteLater();  // one of its events may be on its way back through the toolkit
 }
 
 void ViewWidget::paintEvent(QPaintEvent* event) {

@@ -10,6 +10,12 @@ namespace velt {
 /// Ties a widget to its view and back; null unties it.
 void setViewOf(QWidget& widget, NSView* view);
 
+/// The widget's view is about to go, and the widget with it.
+void willGo(QWidget& widget);
+/// Ends a widget whose view has gone, as soon as none of its events is under way. The widgets within it that still
+/// show views are taken out of it before; those whose views have gone too end with it.
+void letGo(QWidget& widget);
+
 class ViewWidget final : public QWidget {
 public:
     ViewWidget() = default;

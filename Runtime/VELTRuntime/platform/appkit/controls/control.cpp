@@ -19,11 +19,6 @@ void NSControl::dissolve() {
     NSView::dissolve();
 }
 
-NSCell& NSControl::cellObject() const {
-    if (!cell_) adopt(makeCell());
-    return *cell_;
-}
-
 void NSControl::adopt(Ref<NSCell> cell) const {
     if (cell_) cell_->control_ = nullptr;
     cell_ = std::move(cell);

@@ -15,7 +15,11 @@ public:
     id cell() const { return velt::Ref<NSCell>(&cellObject()); }
     /// Shows another cell. Raises "NSInvalidArgumentException" when it is not of the kind that this control shows.
     void setCell(const id& cell);
-    NSCell& cellObject() const;
+    NSCell& cellObject() const {
+        if (!cell_) [[unlikely]]
+            adopt(makeCell());
+        return *cell_;
+    }
     id selectedCell() const { return cell(); }
 
     // The cell's properties.
