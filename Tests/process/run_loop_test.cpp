@@ -77,7 +77,9 @@ TEST(DoRunLoop, DeliversTimersDelayedMessagesAndOutputTogether) {
     diary->say("a", 0);
     const id task = diary->launched({"bytes", "300000", "pause", "20", "out", "end"});
     EXPECT_TRUE(waited([&] { return diary->said == "ab" && diary->ticks > 0 && diary->bytes.size() == 300003; }));
-    EXPECT_TRUE(diary->bytes == generatedBytes(300000, 300000) + "end");
+    std::string expected = generatedBytes(300000, 300000);
+    expected += "end";
+    EXPECT_TRUE(diary->bytes == expected);
     EXPECT_TRUE(waited([&] { return diary->stops == 1; }));
     EXPECT_TRUE(diary->thread == std::this_thread::get_id());
     send(timer, "invalidate");

@@ -11,6 +11,7 @@
 #include <QApplication>
 #include <QFontMetricsF>
 #include <QPainter>
+#include <QWidget>
 #include <algorithm>
 #include <cmath>
 

@@ -7,6 +7,7 @@
 #include "VELTRuntime/platform/appkit/text/fitting_line.h"
 #include "VELTRuntime/platform/foundation/array.h"
 
+#include <QApplication>
 #include <QDropEvent>
 #include <QFileDialog>
 #include <QFileInfo>

@@ -5,6 +5,7 @@
 #include "VELTRuntime/values/structures.h"
 #include "VELTRuntime/values/value.h"
 
+#include <Qt>
 #include <QtGlobal>
 #include <functional>
 
