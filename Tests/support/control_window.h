@@ -86,7 +86,7 @@ public:
         VELT_NSWINDOW_APPEND(window_, control);
         VELT_NSWINDOW_SHOW(window_);
         qtWindow().activateWindow();
-        EXPECT_TRUE(windowBecomesActive(&qtWindow()));
+        EXPECT_TRUE(windowBecomesActive(qtWindow()));
     }
     ~ShownControl() { VELT_NSWINDOW_CLOSE(window_); }
     ShownControl(const ShownControl&) = delete;
