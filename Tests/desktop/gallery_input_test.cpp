@@ -49,7 +49,8 @@ TEST_F(GalleryInput, ButtonsAreClicked) {
     const struct {
         const char *role, *name, *tells;
     } buttons[] = {
-        {"push button", "Save", "Push: 0\n"},
+        {"push button", "Save", "Default: 0\n"},
+        {"push button", "Cancel", "Push: 0\n"},
         {"push button", "Bevel", "Bevel: 0\n"},
         {"push button", "Square", "Square: 0\n"},
         {"push button", "Textured", "Textured: 0\n"},
@@ -62,9 +63,9 @@ TEST_F(GalleryInput, ButtonsAreClicked) {
         {"push button", "Triangle", "Triangle: 1\n"},
         {"push button", "Disclosure", "Disclosure: 1\n"},
         {"check box", "Wrap lines", "Check box: 1\n"},
-        {"check box", "Some", "Mixed: 1\n"},
+        {"check box", "Some of them", "Mixed: 1\n"},
         {"radio button", "Right", "Radio: 1\n"},
-        {"radio button", "Segment 3", "Segments: 2\n"},
+        {"radio button", "Month", "Segments: 2\n"},
     };
     for (const auto& button : buttons) {
         SCOPED_TRACE(button.name);
@@ -87,9 +88,9 @@ TEST_F(GalleryInput, ButtonsAreWorkedWithTheKeyboard) {
     ASSERT_TRUE(control("check box", "Wrap lines").act("SetFocus"));
     Person::press("space");
     EXPECT_EQ("Check box: 0\n", told());
-    // The way goes through the window as it is read: the path stands in the same line.
+    // The way goes through the window as it is read: the slider stands in the same line.
     Person::press("Tab");
-    EXPECT_TRUE(waitFor([&] { return control("list", "Path").isFocused(); }));
+    EXPECT_TRUE(waitFor([&] { return control("slider", "Slider").isFocused(); }));
     Person::press("shift+Tab");
     EXPECT_TRUE(waitFor([&] { return control("check box", "Wrap lines").isFocused(); }));
 }
