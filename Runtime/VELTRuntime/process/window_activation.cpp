@@ -123,8 +123,9 @@ struct WindowActivation::Connection {
         void* reply = xcb.getPropertyReply(server, asked, nullptr);
         std::vector<std::uint32_t> result;
         if (reply) {
-            result.resize(static_cast<std::size_t>(xcb.getPropertyValueLength(reply)) / sizeof(std::uint32_t));
-            std::memcpy(result.data(), xcb.getPropertyValue(reply), result.size() * sizeof(std::uint32_t));
+            const auto* values = static_cast<const std::uint32_t*>(xcb.getPropertyValue(reply));
+            const auto count = static_cast<std::size_t>(xcb.getPropertyValueLength(reply)) / sizeof(std::uint32_t);
+            result.assign(values, values + count);
         }
         std::free(reply);
         return result;
