@@ -1,5 +1,5 @@
-#include "support/direction.h"
 #include "support/control_window.h"
+#include "support/direction.h"
 
 #include "VELTRuntime/platform/appkit/controls/level_indicator.h"
 #include "VELTRuntime/platform/appkit/controls/slider.h"
