@@ -95,7 +95,8 @@ void removeLeftovers(const std::string& folder) {
     for (const std::string& name : names.value_or(std::vector<std::string>())) {
         const auto writer = writerOf(name);
         if (!writer || ::kill(*writer, 0) == 0 || errno != ESRCH) continue;
-        const std::string path = folder + "/" + name;
+        std::string path = folder;
+        path.append("/").append(name);
         struct stat status {};
         constexpr time_t kLongAgo = 60;
         if (::lstat(path.c_str(), &status) != 0 || !S_ISREG(status.st_mode) || status.st_uid != ::geteuid()) continue;

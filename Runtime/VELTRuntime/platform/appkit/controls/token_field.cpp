@@ -38,6 +38,7 @@ void NSTokenField::tokensChanged() {
 bool NSTokenField::addTokens(const std::vector<id>& texts) {
     NSTokenFieldCell& cell = tokenCell();
     std::vector<id> made;
+    made.reserve(texts.size());
     for (const id& text : texts) made.push_back(cell.tokenFor(text));
     const auto at = selected_ >= 0 ? static_cast<std::size_t>(selected_) : cell.tokens().size();
     const velt::Selector asks = VELT_SELECTOR("tokenField:shouldAddObjects:atIndex:");

@@ -14,7 +14,7 @@ std::unique_ptr<QWidget> NSPopUpButton::makeWidget() {
 }
 
 void NSPopUpButton::syncWidget(QWidget& widget) {
-    NSControl::syncWidget(widget);
+    NSControl::syncWidget(widget);  // NOLINT(bugprone-parent-virtual-call): a button's own look is not a pop-up's
     const QString title = velt::qtText(popUpCell().title());
     // The choice is the value of a pop-up button, not its name.
     widget.setAccessibleName(pullsDown() ? title : velt::qtText(toolTip()));
