@@ -58,10 +58,10 @@ struct Grid {
         return all;
     }
 
+    ControlWindow& window_;
     id matrix = VELT_NSMATRIX_INIT(window_.listener, "click:");
 
 private:
-    ControlWindow& window_;
     void make(const id& prototype, unsigned long mode) {
         velt::send(matrix, "setPrototype:", prototype);
         VELT_NSMATRIX_MODE(matrix, VELT_ID(mode));
