@@ -69,6 +69,7 @@ void MatrixWidget::paintCell(QPainter& painter, NSMatrix& matrix, MatrixPlace pl
     option.state.setFlag(QStyle::State_Enabled, enabled);
     option.state.setFlag(QStyle::State_Active, isActiveWindow());
     option.state.setFlag(QStyle::State_HasFocus, false);
+    if (!enabled) option.palette.setCurrentColorGroup(QPalette::Disabled);
     if (matrix.drawsCellBackground()) {
         const id color = matrix.cellBackgroundColor();
         painter.fillRect(option.rect,
