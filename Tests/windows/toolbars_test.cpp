@@ -249,7 +249,6 @@ TEST(Toolbars, ChooseOneOfTheItemsThatCanBeChosen) {
     EXPECT_TRUE(bar.button("new")->isChecked());
     QTest::mouseClick(bar.button("new"), Qt::LeftButton);
     EXPECT_TRUE(bar.button("new")->isChecked());
-    EXPECT_CAST_FAILURE("'String' expected", VELT_NSTOOLBAR_SETSELECTEDITEMIDENTIFIER(bar.toolbar, array()));
 }
 
 TEST(Toolbars, InsertAndRemoveItems) {
@@ -444,9 +443,10 @@ TEST(Toolbars, SurviveTheirWindowAndGoWithIt) {
         VELT_NSWINDOW_SETTOOLBAR(window, toolbar);
         view = VELT_NSTOOLBARITEM_VIEW(velt::arrayOf(velt::send(toolbar, "items"))->at(3));
         EXPECT_FALSE(velt::send(view, "window").isNil());
+        VELT_NSWINDOW_DELEGATE(window, nil);  // else it keeps itself
     }
     EXPECT_TRUE(velt::send(view, "window").isNil());
-    EXPECT_VALUE("q 4", velt::send(velt::send(toolbar, "items"), "count"));
+    EXPECT_VALUE("Q 4", velt::send(velt::send(toolbar, "items"), "count"));
     VELT_NSTOOLBAR_HIDE(toolbar);
     VELT_NSTOOLBAR_RUNCUSTOMIZATIONPALETTE(toolbar);
     EXPECT_VALUE("c 0", velt::send(toolbar, "customizationPaletteIsRunning"));

@@ -265,11 +265,11 @@ void NSMatrix::setDrawsCellBackground(bool flag) {
     changed();
 }
 void NSMatrix::setBackgroundColor(const id& color) {
-    backgroundColor_ = VELT_CNSCOLOR(color);
+    backgroundColor_ = color.isNil() ? color : VELT_CNSCOLOR(color);
     changed();
 }
 void NSMatrix::setCellBackgroundColor(const id& color) {
-    cellBackgroundColor_ = VELT_CNSCOLOR(color);
+    cellBackgroundColor_ = color.isNil() ? color : VELT_CNSCOLOR(color);
     changed();
 }
 

@@ -118,7 +118,7 @@ void NSToolbarItem::setToolTip(const id& text) {
     changed();
 }
 void NSToolbarItem::setImage(const id& image) {
-    image_ = VELT_CNSIMAGE(image);
+    image_ = image.isNil() ? image : VELT_CNSIMAGE(image);
     changed();
 }
 

@@ -9,6 +9,7 @@
 #include <QActionGroup>
 #include <QApplication>
 #include <QContextMenuEvent>
+#include <QLayout>
 #include <QMainWindow>
 #include <QMenu>
 #include <QPainter>
@@ -48,6 +49,10 @@ void ToolbarWidget::forget() {
 
 void ToolbarWidget::toolbarChanged() {
     strip_->rebuild();
+    // The window is asked for room at once.
+    layout()->invalidate();
+    layout()->activate();
+    updateGeometry();
     validateSoon();
 }
 
