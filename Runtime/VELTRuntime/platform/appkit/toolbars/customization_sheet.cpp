@@ -28,7 +28,11 @@ constexpr int kTileWidth = 96, kPicture = 32;
 /// What an item looks like in the palette.
 QPixmap pictureOf(const NSToolbarItem& item, const QWidget& widget) {
     if (NSView* view = item.viewPointer()) {
-        if (view->frame().size.width > 0 && view->frame().size.height > 0) return view->widget().grab();
+        const QSize size(static_cast<int>(view->frame().size.width), static_cast<int>(view->frame().size.height));
+        if (!size.isEmpty()) {
+            view->widget().resize(size);
+            return view->widget().grab();
+        }
     }
     const QIcon icon = toolbarIcon(item);
     const double ratio = widget.devicePixelRatioF();

@@ -22,12 +22,25 @@ constexpr int kGap = 4;        // between items
 constexpr int kMargin = 4;     // at both ends and above
 constexpr int kSpace = 24;     // width of a space
 constexpr int kSeparator = 9;  // width of a separator
+constexpr int kLabelRise = 3;  // the labels of buttons stand that much above their edge
 constexpr int kRegularIcon = 32, kSmallIcon = 22;
 constexpr int kMost = 16777215;
 
+/// Its sign says already that there is a menu.
+class OverflowButton final : public QToolButton {
+public:
+    using QToolButton::QToolButton;
+
+protected:
+    void initStyleOption(QStyleOptionToolButton* option) const override {
+        QToolButton::initStyleOption(option);
+        option->features &= ~QStyleOptionToolButton::ToolButtonFeatures(QStyleOptionToolButton::HasMenu);
+    }
+};
+
 }  // namespace
 
-ToolbarStrip::ToolbarStrip(NSToolbar& toolbar) : toolbar_(&toolbar), overflow_(new QToolButton(this)) {
+ToolbarStrip::ToolbarStrip(NSToolbar& toolbar) : toolbar_(&toolbar), overflow_(new OverflowButton(this)) {
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     overflow_->setAutoRaise(true);
     overflow_->setText(QStringLiteral("»"));
@@ -35,7 +48,6 @@ ToolbarStrip::ToolbarStrip(NSToolbar& toolbar) : toolbar_(&toolbar), overflow_(n
     overflow_->setAccessibleName(QStringLiteral("More items"));
     overflow_->setToolTip(QStringLiteral("More items"));
     overflow_->setMenu(new QMenu(overflow_));
-    overflow_->setStyleSheet(QStringLiteral("QToolButton::menu-indicator { image: none; }"));
     overflow_->hide();
     connect(overflow_->menu(), &QMenu::aboutToShow, this, [this] { fillOverflow(); });
 }
@@ -234,7 +246,7 @@ void ToolbarStrip::arrange() {
                           static_cast<int>(high));
         runReported([&] { view.setFrame({{0, 0}, {double(place.width()), double(place.height())}}); });
         view.widget().setGeometry(place);
-        if (label) label->setGeometry(0, room_up, slot.rect.width(), below);
+        if (label) label->setGeometry(0, room_up - kLabelRise, slot.rect.width(), below);
     }
     overflow_->setVisible(overflows);
     const QSize size = overflow_->sizeHint();
