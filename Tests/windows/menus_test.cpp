@@ -159,6 +159,10 @@ TEST(MenuItems, BindAnActionByNameWithAColonFirst) {
     VELT_NSMENUITEM_ACTIONNAME(item, str("unknown"));
     EXPECT_VALUE("'quit'", velt::send(item, "action"));
     EXPECT_VALUE("''", VELT_NSMENUITEM_ACTIONNAME(item));
+    const id alone = VELT_NSMENUITEM_INIT(nil, "save:");
+    VELT_NSMENUITEM_ACTIONNAME(alone, str("save"));
+    EXPECT_TRUE(velt::send(alone, "action").isNil());
+    EXPECT_TRUE(VELT_NSMENUITEM_ACTIONNAME(nil, str("save")).isNil());
 }
 
 TEST(MenuItems, KeepTheirProperties) {
