@@ -10,6 +10,7 @@
 #include "VELTRuntime/values/class_casts.h"
 #include "VELTRuntime/values/string.h"
 
+#include <QApplication>
 #include <algorithm>
 
 using velt::MatrixMode;

@@ -242,7 +242,7 @@ QWidget* CustomizationSheet::makeChoices() {
     connect(modes, &QComboBox::activated, this, [this](int index) {
         if (!toolbar_ || !toolbar_->toolbar()) return;
         const Ref<NSToolbar> kept(toolbar_->toolbar());
-        runReported([&] { kept->setDisplayMode(static_cast<unsigned long>(index + 1)); });
+        runReported([&] { kept->setDisplayMode(static_cast<unsigned long>(index) + 1); });
     });
     connect(small, &QCheckBox::toggled, this, [this](bool on) {
         if (!toolbar_ || !toolbar_->toolbar()) return;
