@@ -9,6 +9,7 @@
 #include "VELTRuntime/platform/appkit/panel.h"
 #include "VELTRuntime/platform/appkit/qt_values.h"
 #include "VELTRuntime/platform/appkit/screen.h"
+#include "VELTRuntime/platform/appkit/toolbars/toolbar.h"
 #include "VELTRuntime/platform/appkit/view_widget.h"
 #include "VELTRuntime/platform/appkit/window_widget.h"
 #include "VELTRuntime/platform/foundation/notification_center.h"
@@ -18,6 +19,7 @@
 #include <QLayout>
 #include <QScreen>
 #include <QStyle>
+#include <QToolBar>
 #include <algorithm>
 #include <cmath>
 
@@ -39,6 +41,15 @@ double mainScreenHeight() {
 /// The toolkit's display in memory, which has no order of windows and says so at every attempt.
 bool isInMemory() { return QGuiApplication::platformName() == QLatin1String("offscreen"); }
 
+/// What stands above the content of a window that is not shown yet.
+int heightOfBars(const QMainWindow& window) {
+    int height = window.menuWidget() ? window.menuWidget()->sizeHint().height() : 0;
+    for (const QToolBar* bar : window.findChildren<QToolBar*>(Qt::FindDirectChildrenOnly)) {
+        if (!bar->isHidden()) height += bar->sizeHint().height();
+    }
+    return height;
+}
+
 QSize limit(NSSize content) {
     const auto extent = [](double value) { return static_cast<int>(std::clamp(std::round(value), 0.0, 16777215.0)); };
     return {extent(content.width), extent(content.height)};
@@ -59,6 +70,9 @@ NSWindow::NSWindow(NSRect contentRect, unsigned long styleMask)
 NSWindow::~NSWindow() { NSWindow::dissolve(); }
 
 void NSWindow::dissolve() {
+    if (velt::is<NSToolbar>(toolbar_) && velt::as<NSToolbar>(toolbar_)->windowPointer() == this) {
+        velt::as<NSToolbar>(toolbar_)->windowGone();
+    }
     if (contentView_) contentView_->moveToWindow(nullptr);
     if (widget_) {
         auto* widget = static_cast<WindowWidget*>(std::exchange(widget_, nullptr));
@@ -363,10 +377,8 @@ void NSWindow::placeWidget() {
     syncLimits();
     const NSRect content = velt::contentRectForFrame(frame_, styleMask_);
     // A menu bar and toolbars are above the content, outside of the frame's arithmetic.
-    const QWidget* bar = widget_->menuWidget();
     const int extra = widget_->isVisible() ? std::max(0, widget_->height() - widget_->centralWidget()->height())
-                      : bar                ? bar->sizeHint().height()
-                                           : 0;
+                                           : heightOfBars(*widget_);
     const int height = static_cast<int>(std::lround(content.size.height)) + extra;
     const int top = static_cast<int>(std::lround(mainScreenHeight() - content.origin.y)) - height;
     // The toolkit never shows what has no size; a window without content is its title bar.
@@ -512,6 +524,14 @@ void NSWindow::describe(velt::ClassBuilder<NSWindow>& c) {
                     const id bar = velt::as<NSWindow>(self)->toolbar();
                     const velt::Selector asked = velt::Selector::named("runCustomizationPalette:");
                     if (velt::respondsTo(bar, asked)) velt::send(bar, asked, sender[0]);
+                    return id();
+                })
+        .method("toggleToolbarShown:",
+                [](const id& self, const id*) {
+                    const id bar = velt::as<NSWindow>(self)->toolbar();
+                    if (velt::is<NSToolbar>(bar)) {
+                        velt::as<NSToolbar>(bar)->setVisible(!velt::as<NSToolbar>(bar)->isVisible());
+                    }
                     return id();
                 })
         .method("setFrame:display:",
