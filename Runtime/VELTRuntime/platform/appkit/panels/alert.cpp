@@ -15,6 +15,7 @@
 using velt::AlertPanel;
 using velt::Ref;
 
+NSAlert::NSAlert() = default;
 NSAlert::~NSAlert() { NSAlert::dissolve(); }
 
 void NSAlert::dissolve() {

@@ -21,7 +21,7 @@ class VELT_EXPORT NSAlert : public NSObject {
 public:
     enum Style : long { Warning = 0, Informational = 1, Critical = 2 };
 
-    NSAlert() = default;
+    NSAlert();
     ~NSAlert() override;
     /// An alert with up to three buttons, whose codes are 1, 0 and -1; a nil title leaves a button out. Without any it
     /// has the platform's single button.

@@ -6,6 +6,7 @@
 #include "VELTRuntime/platform/appkit/panels/frame_animation.h"
 #include "VELTRuntime/platform/appkit/screen.h"
 #include "VELTRuntime/platform/foundation/notification_center.h"
+#include "VELTRuntime/values/string.h"
 
 #include <QFrame>
 #include <QMainWindow>

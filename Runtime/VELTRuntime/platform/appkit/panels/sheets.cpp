@@ -2,6 +2,7 @@
 
 #include "VELTRuntime/platform/appkit/application.h"
 #include "VELTRuntime/platform/appkit/panels/modal_session.h"
+#include "VELTRuntime/values/string.h"
 
 #include <QMainWindow>
 #include <QPainter>
