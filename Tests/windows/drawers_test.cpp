@@ -44,22 +44,22 @@ struct DrawerWindow : ControlWindow {
     bool reaches(long state) const {
         return QTest::qWaitFor([&] { return object().state() == state; }, kWait);
     }
-    NSWindow& drawerWindow() const {
-        return *velt::as<NSWindow>(velt::as<NSView>(object().contentView())->window());
-    }
-    id drawerFrame() const { return VELT_ID(drawerWindow().frame()); }
+    NSWindow& drawerWindow() const { return *velt::as<NSWindow>(velt::as<NSView>(object().contentView())->window()); }
+    std::string drawerFrame() const { return velt::test::show(VELT_ID(drawerWindow().frame())); }
 
     id drawer = VELT_NSDRAWER_INIT(nil, "ignored");
 };
 
-id frameOf(const id& window) { return VELT_NSWINDOW_FRAME(window); }
+/// Rectangles as a test shows them.
+std::string box(double x, double y, double width, double height) { return show(rect(x, y, width, height)); }
+std::string frameOf(const id& window) { return show(VELT_NSWINDOW_FRAME(window)); }
 
 }  // namespace
 
 TEST(Drawers, AreMadeAHundredByAHundredAtTheRightEdge) {
     const id drawer = VELT_NSDRAWER_INIT(nil, "ignored");
     EXPECT_VALUE("q 2", velt::send(drawer, "preferredEdge"));
-    EXPECT_EQ(size(100, 100), velt::send(drawer, "contentSize"));
+    EXPECT_EQ(show(size(100, 100)), show(velt::send(drawer, "contentSize")));
     EXPECT_VALUE("q 0", velt::send(drawer, "state"));
     EXPECT_TRUE(VELT_NSDRAWER_PARENTWINDOW(drawer).isNil());
     EXPECT_EQ(drawer, VELT_CNSDRAWER(drawer));
@@ -82,7 +82,7 @@ TEST(Drawers, SlideOutAndBack) {
     EXPECT_TRUE(VELT_BEGINDRAWER(window.drawer).isNil());
     ASSERT_TRUE(window.reaches(NSDrawer::Open));
     EXPECT_TRUE(window.drawerWindow().isVisible());
-    EXPECT_EQ(rect(490, 250, 100, 160), window.drawerFrame());
+    EXPECT_EQ(box(490, 250, 100, 160), window.drawerFrame());
     keepPicture(window.drawerWindow().widget(), "drawer");
     EXPECT_TRUE(VELT_ENDDRAWER(window.drawer).isNil());
     ASSERT_TRUE(window.reaches(NSDrawer::Closed));
@@ -121,10 +121,10 @@ TEST(Drawers, AskTheirDelegate) {
 
 TEST(Drawers, LieAtTheEdgeTheyAreOpenedOn) {
     const DrawerWindow window;
-    const std::pair<long, id> places[] = {{0, rect(150, 250, 100, 160)},
-                                          {1, rect(250, 150, 240, 100)},
-                                          {2, rect(490, 250, 100, 160)},
-                                          {3, rect(250, 432, 240, 100)}};
+    const std::pair<long, std::string> places[] = {{0, box(150, 250, 100, 160)},
+                                                   {1, box(250, 150, 240, 100)},
+                                                   {2, box(490, 250, 100, 160)},
+                                                   {3, box(250, 432, 240, 100)}};
     for (const auto& [edge, place] : places) {
         velt::send(window.drawer, "openOnEdge:", integer(edge));
         ASSERT_TRUE(window.reaches(NSDrawer::Open));
@@ -139,7 +139,7 @@ TEST(Drawers, LieAtTheEdgeTheyAreOpenedOn) {
 
 TEST(Drawers, OpenAcrossWhereTheScreenEnds) {
     const DrawerWindow window;
-    const NSRect screen = velt::visibleScreenFrame();
+    const NSRect screen = VELT_CNSRECT(VELT_SCREENRECT());
     const auto right = screen.origin.x + screen.size.width, top = screen.origin.y + screen.size.height;
     const std::tuple<long, NSPoint, long> cases[] = {{0, {screen.origin.x, 250}, 2},
                                                      {1, {250, screen.origin.y}, 3},
@@ -162,18 +162,18 @@ TEST(Drawers, FollowTheirWindow) {
     VELT_BEGINDRAWER(window.drawer);
     ASSERT_TRUE(window.reaches(NSDrawer::Open));
     VELT_NSWINDOW_MOVE(window.window, point(200, 220));
-    EXPECT_EQ(rect(440, 220, 100, 160), window.drawerFrame());
+    EXPECT_EQ(box(440, 220, 100, 160), window.drawerFrame());
     VELT_NSWINDOW_FRAME(window.window, rect(200, 220, 300, 222));
-    EXPECT_EQ(rect(500, 220, 100, 200), window.drawerFrame());
+    EXPECT_EQ(box(500, 220, 100, 200), window.drawerFrame());
     VELT_NSWINDOW_HIDE(window.window);
     EXPECT_FALSE(window.drawerWindow().isVisible());
     VELT_NSWINDOW_SHOW(window.window);
     EXPECT_TRUE(window.drawerWindow().isVisible());
     window.object().setContentSize({140, 50});
-    EXPECT_EQ(rect(500, 220, 140, 200), window.drawerFrame());
+    EXPECT_EQ(box(500, 220, 140, 200), window.drawerFrame());
     window.object().setLeadingOffset(30);
     window.object().setTrailingOffset(20);
-    EXPECT_EQ(rect(500, 240, 140, 150), window.drawerFrame());
+    EXPECT_EQ(box(500, 240, 140, 150), window.drawerFrame());
 }
 
 TEST(Drawers, ShowTheirViewInItsFullSize) {
@@ -183,7 +183,7 @@ TEST(Drawers, ShowTheirViewInItsFullSize) {
     EXPECT_EQ(id(view), window.object().contentView());
     VELT_BEGINDRAWER(window.drawer);
     ASSERT_TRUE(window.reaches(NSDrawer::Open));
-    EXPECT_EQ(rect(0, 0, 100, 160), VELT_NSVIEW_FRAME(view));
+    EXPECT_EQ(box(0, 0, 100, 160), show(VELT_NSVIEW_FRAME(view)));
     EXPECT_EQ(&window.drawerWindow(), velt::as<NSWindow>(view->window()));
 }
 
@@ -222,21 +222,21 @@ TEST(DrawersThatResizeTheirWindow, OpenOnTheRightWhereThereIsRoom) {
     EXPECT_TRUE(VELT_NSDRAWER_TOGGLERIGHTRESIZINGWINDOW(window.drawer).isNil());
     ASSERT_TRUE(window.reaches(NSDrawer::Open));
     EXPECT_EQ(2, window.object().edge());
-    EXPECT_EQ(rect(250, 250, 240, 182), frameOf(window.window));
+    EXPECT_EQ(box(250, 250, 240, 182), frameOf(window.window));
     VELT_NSDRAWER_TOGGLERIGHTRESIZINGWINDOW(window.drawer);
     ASSERT_TRUE(window.reaches(NSDrawer::Closed));
 }
 
 TEST(DrawersThatResizeTheirWindow, TakeTheExcessFromItsWidth) {
     const DrawerWindow window;
-    const NSRect screen = velt::visibleScreenFrame();
+    const NSRect screen = VELT_CNSRECT(VELT_SCREENRECT());
     const double x = screen.size.width - 300;
     VELT_NSWINDOW_FRAME(window.window, rect(x, 250, 240, 182));
     QApplication::processEvents();
     VELT_NSDRAWER_TOGGLERIGHTRESIZINGWINDOW(window.drawer);
     ASSERT_TRUE(window.reaches(NSDrawer::Open));
-    EXPECT_EQ(rect(x, 250, 200, 182), frameOf(window.window));
-    EXPECT_EQ(rect(x + 200, 250, 100, 160), window.drawerFrame());
+    EXPECT_EQ(box(x, 250, 200, 182), frameOf(window.window));
+    EXPECT_EQ(box(x + 200, 250, 100, 160), window.drawerFrame());
 }
 
 TEST(ExpandingWindows, GrowDownwardByTheViewsHeight) {
@@ -245,29 +245,29 @@ TEST(ExpandingWindows, GrowDownwardByTheViewsHeight) {
     const id view = VELT_PUSHBUTTON_INIT(nil, "");
     VELT_NSVIEW_FRAME(view, rect(30, 40, 200, 60));
     EXPECT_TRUE(VELT_BEGINEXPANDING(view, window.window).isNil());
-    EXPECT_EQ(rect(200, 240, 240, 240), frameOf(window.window));
-    EXPECT_EQ(rect(0, 0, 200, 60), VELT_NSVIEW_FRAME(view));
-    EXPECT_EQ(VELT_NSWINDOW_CONTENTVIEW(window.window), VELT_NSVIEW_SUPERVIEW(view));
-    EXPECT_VALUE("c 0", VELT_NSVIEW_HIDDEN(view));
+    EXPECT_EQ(box(200, 240, 240, 240), frameOf(window.window));
+    EXPECT_EQ(box(0, 0, 200, 60), show(VELT_NSVIEW_FRAME(view)));
+    EXPECT_EQ(VELT_NSWINDOW_CONTENTVIEW(window.window), velt::send(view, "superview"));
+    EXPECT_VALUE("c 0", velt::send(view, "isHidden"));
     EXPECT_TRUE(VELT_ENDEXPANDING(view, window.window).isNil());
-    EXPECT_EQ(rect(200, 300, 240, 180), frameOf(window.window));
-    EXPECT_TRUE(VELT_NSVIEW_SUPERVIEW(view).isNil());
+    EXPECT_EQ(box(200, 300, 240, 180), frameOf(window.window));
+    EXPECT_TRUE(velt::send(view, "superview").isNil());
 }
 
 TEST(ExpandingWindows, StayAsTheyAreWithoutAView) {
     const ControlWindow window({{200, 300}, {240, 180}});
     window.show();
     VELT_BEGINEXPANDING(nil, window.window);
-    EXPECT_EQ(rect(200, 300, 240, 180), frameOf(window.window));
+    EXPECT_EQ(box(200, 300, 240, 180), frameOf(window.window));
     VELT_ENDEXPANDING(nil, window.window);
-    EXPECT_EQ(rect(200, 300, 240, 180), frameOf(window.window));
+    EXPECT_EQ(box(200, 300, 240, 180), frameOf(window.window));
 }
 
 TEST(ExpandingWindows, MayBeNil) {
     const id view = VELT_PUSHBUTTON_INIT(nil, "");
     VELT_NSVIEW_FRAME(view, rect(30, 40, 200, 60));
     EXPECT_TRUE(VELT_BEGINEXPANDING(view, nil).isNil());
-    EXPECT_EQ(rect(0, 0, 200, 60), VELT_NSVIEW_FRAME(view));
+    EXPECT_EQ(box(0, 0, 200, 60), show(VELT_NSVIEW_FRAME(view)));
     EXPECT_TRUE(VELT_ENDEXPANDING(view, nil).isNil());
     EXPECT_TRUE(VELT_ENDEXPANDING(nil, nil).isNil());
 }

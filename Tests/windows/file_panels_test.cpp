@@ -88,9 +88,9 @@ TEST_F(FilePanels, OpenAPathThatIsTyped) {
     EXPECT_VALUE("c 1", VELT_NSOPENPANEL_RUN(nil));
     EXPECT_VALUE("'" + text + "'", VELT_NSOPENPANEL_FILENAME(nil));
     const id list = VELT_NSOPENPANEL_FILENAMES(nil);
-    EXPECT_VALUE("q 1", VELT_NSMUTABLEARRAY_COUNT(list));
+    EXPECT_VALUE("Q 1", VELT_NSMUTABLEARRAY_COUNT(list));
     VELT_NSMUTABLEARRAY_APPEND(list, "mine"_v);
-    EXPECT_VALUE("q 1", VELT_NSMUTABLEARRAY_COUNT(VELT_NSOPENPANEL_FILENAMES(nil)));
+    EXPECT_VALUE("Q 1", VELT_NSMUTABLEARRAY_COUNT(VELT_NSOPENPANEL_FILENAMES(nil)));
     EXPECT_VALUE("'file://" + root + "/a%20b.txt'", VELT_NSOPENPANEL_URL(nil));
     EXPECT_EQ("NSURL", velt::classOf(VELT_NSMUTABLEARRAY_OBJECT(VELT_NSOPENPANEL_URLS(nil), integer(0)))->name());
 }
@@ -139,8 +139,8 @@ TEST_F(FilePanels, ChooseSeveralFilesWhenTheyMay) {
     VELT_NSOPENPANEL_ALLOWSMULTIPLESELECTION(nil, boolean(true));
     type("\"a b.txt\" \"other.txt\"");
     EXPECT_VALUE("c 1", VELT_NSOPENPANEL_RUN(nil));
-    EXPECT_VALUE("q 2", VELT_NSMUTABLEARRAY_COUNT(VELT_NSOPENPANEL_FILENAMES(nil)));
-    EXPECT_VALUE("q 2", VELT_NSMUTABLEARRAY_COUNT(VELT_NSOPENPANEL_URLS(nil)));
+    EXPECT_VALUE("Q 2", VELT_NSMUTABLEARRAY_COUNT(VELT_NSOPENPANEL_FILENAMES(nil)));
+    EXPECT_VALUE("Q 2", VELT_NSMUTABLEARRAY_COUNT(VELT_NSOPENPANEL_URLS(nil)));
     EXPECT_VALUE("'" + text + "'", VELT_NSOPENPANEL_FILENAME(nil));
 }
 
@@ -177,14 +177,15 @@ TEST_F(FilePanels, RefuseFilesOfOtherTypes) {
     VELT_NSOPENPANEL_TYPES(nil, array("txt"_v, ".bas"_v));
     type(picture);
     // The refusal is a box of its own; then the panel is still there.
-    onceThat([] { return QApplication::activeModalWidget() && QApplication::activeModalWidget()->inherits("QMessageBox"); },
-             [&] {
-                 auto* box = QApplication::activeModalWidget();
-                 const QString said = box->property("text").toString();
-                 EXPECT_EQ("\"picture.png\" cannot be chosen here.", said.toStdString());
-                 type(text);
-                 QTest::keyClick(box, Qt::Key_Return);
-             });
+    onceThat(
+        [] { return QApplication::activeModalWidget() && QApplication::activeModalWidget()->inherits("QMessageBox"); },
+        [&] {
+            auto* box = QApplication::activeModalWidget();
+            const QString said = box->property("text").toString();
+            EXPECT_EQ("\"picture.png\" cannot be chosen here.", said.toStdString());
+            type(text);
+            QTest::keyClick(box, Qt::Key_Return);
+        });
     EXPECT_VALUE("c 1", VELT_NSOPENPANEL_RUN(nil));
     EXPECT_VALUE("'" + text + "'", VELT_NSOPENPANEL_FILENAME(nil));
 }

@@ -94,8 +94,8 @@ TEST(MessageBoxes, NameTheirWindowByTheTitle) {
     std::string title, role;
     onceAsked([&](NSWindow& panel) {
         title = velt::utf8(panel.title());
-        role = panel.widget().accessibleName().toStdString() + "/" +
-               panel.widget().accessibleDescription().toStdString();
+        role =
+            panel.widget().accessibleName().toStdString() + "/" + panel.widget().accessibleDescription().toStdString();
         pressKey(panel, Qt::Key_Return);
     });
     VELT_MSGBOX("Name"_v, "Text"_v);

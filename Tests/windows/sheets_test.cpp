@@ -215,16 +215,17 @@ TEST(Sheets, AndSessionsNestInEveryOrder) {
     // A sheet on the window of a session, an alert above the sheet.
     onceAsked([&](NSWindow& shown) {
         VELT_BEGINSHEET(delegate, sheet.window, "on a session"_v);
-        onceThat([&] { return velt::as<NSWindow>(sheet.window)->isKeyWindow(); }, [&] {
-            onceAsked([&](NSWindow& panel) {
-                order += readAlert(panel) + " ";
-                pressKey(panel, Qt::Key_Return);
-            });
-            order += show(VELT_MSGBOX("above"_v, nil)) + " ";
-            EXPECT_EQ(&shown, modalWindow());
-            VELT_ENDSHEET(sheet.window, integer(8));
-            VELT_ENDMODAL(integer(9));
-        });
+        onceThat([&] { return velt::as<NSWindow>(sheet.window)->isKeyWindow(); },
+                 [&] {
+                     onceAsked([&](NSWindow& panel) {
+                         order += readAlert(panel) + " ";
+                         pressKey(panel, Qt::Key_Return);
+                     });
+                     order += show(VELT_MSGBOX("above"_v, nil)) + " ";
+                     EXPECT_EQ(&shown, modalWindow());
+                     VELT_ENDSHEET(sheet.window, integer(8));
+                     VELT_ENDMODAL(integer(9));
+                 });
     });
     order += show(VELT_BEGINMODAL(window.window));
     EXPECT_EQ("-|above|[OK] q 1 q 9", order);

@@ -38,6 +38,12 @@ id formatted(const id& format) {
 
 NSApplication& application() { return NSApplication::sharedApplication(); }
 
+/// The key window. While the desktop is passing the keyboard on nobody has it: then the window in front.
+id windowForSheet() {
+    const id key = application().keyWindow();
+    return key.isNil() ? application().mainWindow() : key;
+}
+
 NSRect frameOf(const id& object) { return object.isNil() ? NSRect{} : VELT_CNSRECT(send(object, "frame")); }
 
 void setFrameAnimated(const id& window, const NSRect& frame) {
@@ -109,7 +115,7 @@ id VELT_BEGINALERTSHEET(const id& delegate, const id& message, const id& informa
     alert->setMessageText(VELT_CSTRING(message));
     alert->setInformativeText(VELT_CSTRING(informative));
     alert->setAlertStyle(NSAlert::Warning);
-    const id key = application().keyWindow();
+    const id key = windowForSheet();
     alert->beginSheet(to<NSWindow>(key), delegate, "alertSheetDidEnd:returnCode:contextInfo:"_v, p);
     return nil;
 }
@@ -125,9 +131,9 @@ id VELT_BEGINSHEET(const id& delegate, const id& sheet, const id& context) {
             if (respondsTo(toolbar, VELT_SELECTOR("Show"))) send(toolbar, VELT_SELECTOR("Show"));
         });
     }
-    const id key = application().keyWindow();
-    send(id(&application()), "beginSheet:modalForWindow:modalDelegate:didEndSelector:contextInfo:", sheet, key, delegate,
-         "sheetDidEnd:returnCode:contextInfo:"_v, p);
+    const id key = windowForSheet();
+    send(id(&application()), "beginSheet:modalForWindow:modalDelegate:didEndSelector:contextInfo:", sheet, key,
+         delegate, "sheetDidEnd:returnCode:contextInfo:"_v, p);
     return nil;
 }
 
@@ -136,7 +142,8 @@ id VELT_ENDSHEET(const id& sheet, const id& code) {
     if (code.isNil()) {
         send(id(&application()), VELT_SELECTOR("endSheet:"), sheet);
     } else {
-        send(id(&application()), VELT_SELECTOR("endSheet:returnCode:"), sheet, VELT_ID(static_cast<long>(VELT_CBYTE(code))));
+        send(id(&application()), VELT_SELECTOR("endSheet:returnCode:"), sheet,
+             VELT_ID(static_cast<long>(VELT_CBYTE(code))));
     }
     return nil;
 }
@@ -193,7 +200,8 @@ id VELT_NSDRAWER_TOGGLERIGHTRESIZINGWINDOW(const id& drawer) {
     const double rightEnd = frame.origin.x + frame.size.width + drawerFrame.size.width;
     // The width, not the right edge; programs rely on it.
     if (rightEnd > screen.size.width) {
-        setFrameAnimated(window, {frame.origin, {frame.size.width - (rightEnd - screen.size.width), frame.size.height}});
+        setFrameAnimated(window,
+                         {frame.origin, {frame.size.width - (rightEnd - screen.size.width), frame.size.height}});
     }
     send(drawer, VELT_SELECTOR("openOnEdge:"), VELT_ID(static_cast<long>(Edge::Right)));
     return nil;
@@ -205,7 +213,8 @@ namespace {
 
 double windowHeightOf(const id& view) {
     if (view.isNil()) return 0;
-    const NSSize size = VELT_CNSSIZE(send(view, VELT_SELECTOR("convertSize:toView:"), VELT_ID(frameOf(view).size), nil));
+    const NSSize size =
+        VELT_CNSSIZE(send(view, VELT_SELECTOR("convertSize:toView:"), VELT_ID(frameOf(view).size), nil));
     return size.height;
 }
 

@@ -233,6 +233,9 @@ void NSWindow::orderOut(const id&) {
 void NSWindow::makeKeyWindow() {
     if (!widget_ || !widget_->isVisible()) return;
     widget_->activateWindow();
+    // The display in memory does not tell again of a window that was hidden and shown within one event.
+    const bool isSilent = isInMemory() && QGuiApplication::focusWindow() == widget_->windowHandle();
+    if (isSilent && !widget_->isActiveWindow()) QApplication::setActiveWindow(widget_);
 }
 
 void NSWindow::center() {
@@ -386,6 +389,9 @@ void NSWindow::placeWidget() {
         widget_->resize(rect.size());
     }
     placing_ = false;
+    // The holder may have been laid out at once, while its reports were not wanted.
+    QWidget* shown = contentView_->existingWidget();
+    if (shown && widget_->isVisible()) shown->setGeometry(widget_->centralWidget()->rect());
 }
 
 void NSWindow::changeBar(const std::function<void(QMainWindow&)>& change) {

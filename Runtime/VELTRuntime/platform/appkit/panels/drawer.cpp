@@ -66,7 +66,9 @@ void NSDrawer::dissolve() {
     NSResponder::dissolve();
 }
 
-NSWindow* NSDrawer::parent() const { return velt::is<NSWindow>(parentWindow_) ? velt::as<NSWindow>(parentWindow_) : nullptr; }
+NSWindow* NSDrawer::parent() const {
+    return velt::is<NSWindow>(parentWindow_) ? velt::as<NSWindow>(parentWindow_) : nullptr;
+}
 
 void NSDrawer::setParentWindow(NSWindow* window) {
     if (window == parent()) return;
@@ -170,8 +172,7 @@ bool NSDrawer::allowed(std::string_view selector) {
 }
 
 void NSDrawer::tell(std::string_view selector, std::string_view notification) {
-    const Ref<NSNotification> told =
-        velt::make<NSNotification>(velt::string(notification), velt::boxResult(this), nil);
+    const Ref<NSNotification> told = velt::make<NSNotification>(velt::string(notification), velt::boxResult(this), nil);
     const velt::Selector named = velt::Selector::named(selector);
     if (velt::respondsTo(delegate_, named)) velt::send(delegate_, named, told);
     NSNotificationCenter::defaultCenter().post(*told);
@@ -231,9 +232,8 @@ void NSDrawer::slide(double target) {
                 place();
             });
         });
-        QObject::connect(animation_, &QVariantAnimation::finished, animation_, [this] {
-            velt::runReported([this] { arrive(); });
-        });
+        QObject::connect(animation_, &QVariantAnimation::finished, animation_,
+                         [this] { velt::runReported([this] { arrive(); }); });
     }
     animation_->setStartValue(part_);
     animation_->setEndValue(target);

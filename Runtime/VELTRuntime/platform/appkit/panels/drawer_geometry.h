@@ -28,8 +28,7 @@ constexpr NSRect drawerRect(Edge edge, NSRect frame, NSRect content, NSSize size
     const double height = isUpright(edge) ? size.height : size.height * part;
     switch (edge) {
     case Edge::Left: return {{frame.origin.x - width, content.origin.y + trailing}, {width, height}};
-    case Edge::Right:
-        return {{frame.origin.x + frame.size.width, content.origin.y + trailing}, {width, height}};
+    case Edge::Right: return {{frame.origin.x + frame.size.width, content.origin.y + trailing}, {width, height}};
     case Edge::Bottom: return {{frame.origin.x + leading, frame.origin.y - height}, {width, height}};
     case Edge::Top: return {{frame.origin.x + leading, frame.origin.y + frame.size.height}, {width, height}};
     }

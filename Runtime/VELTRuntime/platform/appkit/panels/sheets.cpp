@@ -46,8 +46,7 @@ std::vector<std::unique_ptr<Sheet>>& sheets() {
 /// One sheet, from its beginning to its end.
 class Sheet final : private WindowFollower {
 public:
-    Sheet(NSWindow& sheet, NSWindow* window, SheetEnd end)
-        : window_(window), sheet_(&sheet), end_(std::move(end)) {}
+    Sheet(NSWindow& sheet, NSWindow* window, SheetEnd end) : window_(window), sheet_(&sheet), end_(std::move(end)) {}
     ~Sheet() override = default;
 
     NSWindow& sheet() const { return *sheet_; }
@@ -119,9 +118,7 @@ void Sheet::leaderChanged(LeaderChange change) {
     case LeaderChange::Hidden:
         if (widget) widget->hide();
         return;
-    case LeaderChange::Closed:
-        end_.ordersOut = true;
-        return endSheet(*sheet_, kModalAborted);
+    case LeaderChange::Closed: end_.ordersOut = true; return endSheet(*sheet_, kModalAborted);
     case LeaderChange::Gone: return;
     }
 }

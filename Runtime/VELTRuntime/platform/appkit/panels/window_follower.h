@@ -8,11 +8,11 @@ class NSWindow;
 namespace velt {
 
 enum class LeaderChange {
-    Moved,   // or resized
+    Moved,  // or resized
     Shown,
     Hidden,  // ordered out or miniaturized
     Closed,
-    Gone,    // the window itself is going: nothing of it may be used
+    Gone,  // the window itself is going: nothing of it may be used
 };
 
 /// Hears of one window at a time. Neither keeps the other alive.
