@@ -14,7 +14,7 @@ namespace {
 QFileDialog* fileDialog() {
     for (QWidget* widget : QApplication::topLevelWidgets()) {
         auto* dialog = qobject_cast<QFileDialog*>(widget);
-        if (dialog && dialog->isVisible() && dialog->isActiveWindow()) return dialog;
+        if (dialog && dialog->isVisible()) return dialog;
     }
     return nullptr;
 }
