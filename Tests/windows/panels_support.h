@@ -20,6 +20,7 @@ inline NSWindow* modalWindow() {
 
 /// Runs a function once a condition holds, from a timer, as somebody who watches the screen would.
 inline void onceThat(std::function<bool()> holds, std::function<void()> then) {
+    NSApplication::sharedApplication();  // timers need it
     auto* timer = new QTimer(qApp);
     QObject::connect(timer, &QTimer::timeout, timer, [timer, holds = std::move(holds), then = std::move(then)] {
         if (!holds()) return;
