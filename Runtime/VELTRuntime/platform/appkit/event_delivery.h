@@ -4,18 +4,16 @@
 
 #include "VELTRuntime/platform/appkit/event.h"
 #include "VELTRuntime/platform/appkit/view.h"
-#include "VELTRuntime/platform/object/callback_failure.h"
 #include "VELTRuntime/platform/object/exception.h"
 
 namespace velt {
 
-/// Runs what an event asks for. An exception that leaves it is reported as any uncaught one, and ends the process
-/// unless a dialog waits for its answer.
+/// Runs what an event asks for. An exception that leaves it is reported as any uncaught one, and ends the process.
 template <class Function> void runReported(Function&& function) noexcept {
     try {
         function();
     } catch (...) {
-        callbackRaised();
+        endWithCurrentException();
     }
 }
 

@@ -1,6 +1,5 @@
 #include "VELTRuntime/platform/object/exception.h"
 
-#include "VELTRuntime/platform/object/callback_failure.h"
 #include "VELTRuntime/values/position.h"
 
 #include <cstdio>
@@ -99,7 +98,7 @@ void endWithCurrentException() noexcept {
 
 int runProgram(int (*program)(int, char**), int argumentCount, char** arguments) {
     try {
-        return statusAfterCallbacks(program(argumentCount, arguments));
+        return program(argumentCount, arguments);
     } catch (...) {
         reportCurrentException();
         return EXIT_FAILURE;

@@ -2,7 +2,6 @@
 
 #include "VELTRuntime/platform/appkit/event.h"
 #include "VELTRuntime/platform/appkit/event_delivery.h"
-#include "VELTRuntime/platform/appkit/menus/help_search.h"
 #include "VELTRuntime/platform/appkit/menus/menu.h"
 
 #include <QApplication>
@@ -36,10 +35,7 @@ MenuWidget::MenuWidget(NSMenu& menu) : menu_(&menu) {
     connect(this, &QMenu::aboutToShow, this, [this] {
         if (!menu_) return;
         const Ref<NSMenu> kept(menu_);
-        runReported([&] {
-            kept->willOpen();
-            showHelpSearch(*this, *kept);
-        });
+        runReported([&] { kept->willOpen(); });
         showAlternates(QApplication::keyboardModifiers());
     });
     connect(this, &QMenu::aboutToHide, this, [this] {
