@@ -3,6 +3,7 @@
 
 #include "VELTRuntime/platform/foundation/process/child_process.h"
 #include "support/generated_bytes.h"
+#include "support/streams.h"
 #include "support/values.h"
 
 #include <cstdio>
@@ -33,15 +34,6 @@ public:
 private:
     int stream_, saved_;
 };
-
-/// What a call writes to standard output and standard error, "output|errors".
-template <class Call> std::string written(Call&& call) {
-    testing::internal::CaptureStdout();
-    testing::internal::CaptureStderr();
-    call();
-    const std::string errors = testing::internal::GetCapturedStderr();
-    return testing::internal::GetCapturedStdout() + "|" + errors;
-}
 
 std::string contentOfDescriptor(int descriptor) {
     std::string text;

@@ -4,6 +4,7 @@
 #include "VELTRuntime/platform/foundation/process/descriptor_io.h"
 #include "support/child_tasks.h"
 #include "support/processes.h"
+#include "support/streams.h"
 #include "support/values.h"
 
 #include <csignal>
@@ -53,15 +54,6 @@ id taskWithOutput(const id& owner, const std::vector<std::string>& arguments = {
 pid_t processOf(const id& task) { return static_cast<pid_t>(VELT_CINTEGER(VELT_VLTASK_PID(task))); }
 bool isGone(pid_t process) {
     return runLoopUntil([&] { return ::kill(process, 0) != 0; });
-}
-
-/// What a call writes to standard output and standard error, "output|errors".
-template <class Call> std::string written(Call&& call) {
-    testing::internal::CaptureStdout();
-    testing::internal::CaptureStderr();
-    call();
-    const std::string errors = testing::internal::GetCapturedStderr();
-    return testing::internal::GetCapturedStdout() + "|" + errors;
 }
 
 }  // namespace
