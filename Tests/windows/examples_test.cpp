@@ -96,3 +96,17 @@ TEST(ControlsExample, WearsDarkColoursWhenAsked) {
     }
     EXPECT_LT(bright, all / 12);
 }
+
+TEST(DialogsExample, AnswersItsDialogsAndShowsTheCodes) {
+    const TemporaryFolder folder;
+    const std::string path = folder.file("picture.png");
+    setenv("VELT_SCREENSHOT", path.c_str(), 1);
+    setenv("QT_QPA_PLATFORM", "offscreen", 1);
+    const ProgramResult result = runExample("dialogs", {});
+    unsetenv("VELT_SCREENSHOT");
+    EXPECT_EQ("The picture is in " + path + ".\n", result.output);
+    EXPECT_EQ(0, result.status);
+    // The window has grown by the view that it was expanded by.
+    const QImage picture(QString::fromStdString(path));
+    EXPECT_EQ(QSize(520, 480), picture.deviceIndependentSize().toSize());
+}

@@ -5,6 +5,7 @@
 #include "VELTRuntime/platform/foundation/attributed_string.h"
 
 #include <QContextMenuEvent>
+#include <QLineEdit>
 #include <QMenu>
 #include <QMenuBar>
 #include <QTimer>
@@ -158,6 +159,10 @@ TEST(MenuItems, BindAnActionByNameWithAColonFirst) {
     VELT_NSMENUITEM_ACTIONNAME(item, str("unknown"));
     EXPECT_VALUE("'quit'", velt::send(item, "action"));
     EXPECT_VALUE("''", VELT_NSMENUITEM_ACTIONNAME(item));
+    const id alone = VELT_NSMENUITEM_INIT(nil, "save:");
+    VELT_NSMENUITEM_ACTIONNAME(alone, str("save"));
+    EXPECT_TRUE(velt::send(alone, "action").isNil());
+    EXPECT_TRUE(VELT_NSMENUITEM_ACTIONNAME(nil, str("save")).isNil());
 }
 
 TEST(MenuItems, KeepTheirProperties) {
@@ -346,4 +351,46 @@ TEST(ContextMenus, PopUpUntilAPersonChooses) {
     QTimer::singleShot(0, [&] { velt::send(menu, "cancelTracking"); });
     EXPECT_VALUE("c 0", velt::send(menu, "popUpMenuPositioningItem:atLocation:inView:", nil, point(10, 10), nil));
     EXPECT_EQ("", listener->told());
+}
+
+TEST(HelpMenus, SearchTheTitlesOfTheMainMenuUnlessTheProgramWantsNone) {
+    const Ref<MenuListener> listener = velt::make<MenuListener>();
+    const id main = VELT_NSMENU_INIT(nil, "Main"), file = VELT_NSMENU_INIT(nil, "File");
+    const id help = VELT_NSMENU_INIT(nil, "Help");
+    VELT_NSMENU_APPEND(file, VELT_NSMENUITEM_INIT(listener, "save:", str("Save")));
+    const id refused = VELT_NSMENUITEM_INIT(listener, "save:", str("Save As"));
+    VELT_NSMENUITEM_ENABLED(refused, VELT_ID(BOOL{0}));
+    VELT_NSMENU_APPEND(file, refused);
+    VELT_NSMENU_APPEND(help, str("Manual"));
+    VELT_NSMENU_APPEND(main, file);
+    VELT_NSMENU_APPEND(main, help);
+    const MainMenu scope(main);
+    NSApplication& application = NSApplication::sharedApplication();
+    const id before = application.helpMenu();
+    application.setHelpMenu(nil);
+    QMenu& widget = opened(help);
+    auto* field = widget.findChild<QLineEdit*>();
+    ASSERT_TRUE(field);
+    QTest::keyClicks(field, "sav");
+    ASSERT_EQ(4, widget.actions().size());  // the field, the one item found, a line, the menu's own item
+    EXPECT_EQ(QStringLiteral("File ▸ Save"), widget.actions()[1]->text());
+    QTest::mouseClick(&widget, Qt::LeftButton, {}, widget.actionGeometry(widget.actions()[1]).center());
+    EXPECT_EQ("save:Save ", listener->told());
+    opened(help);
+    EXPECT_EQ(2, widget.actions().size());
+    widget.close();
+    opened(file);
+    EXPECT_FALSE(menuOf(file).widget().findChild<QLineEdit*>());
+    menuOf(file).widget().close();
+    VELT_NSAPPLICATION_HIDESPOTLIGHTFORHELP(id(static_cast<NSObject*>(&application)));
+    EXPECT_EQ(VELT_mSuppressSpotlightForHelp, application.helpMenu());
+    opened(help);
+    EXPECT_EQ(1, widget.actions().size());
+    EXPECT_FALSE(widget.findChild<QLineEdit*>());
+    widget.close();
+    application.setHelpMenu(file);
+    opened(file);
+    EXPECT_TRUE(menuOf(file).widget().findChild<QLineEdit*>());
+    menuOf(file).widget().close();
+    application.setHelpMenu(before);
 }

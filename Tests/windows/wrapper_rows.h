@@ -58,6 +58,8 @@ inline std::vector<WrapperRow> wrapperRows() {
 #include "VELTRuntime/ui/buttons.def"
 #include "VELTRuntime/ui/text_fields.def"
 #include "VELTRuntime/ui/text_views.def"
+#include "VELTRuntime/ui/matrices.def"
+#include "VELTRuntime/ui/toolbars.def"
 #include "VELTRuntime/ui/menus.def"
 #include "VELTRuntime/ui/pop_up_buttons.def"
 #include "VELTRuntime/ui/applications.def"

@@ -126,6 +126,7 @@ void NSApplication::windowOpens(NSWindow& window) {
 
 void NSApplication::windowCloses(NSWindow& window) {
     std::erase_if(open_, [&](const Ref<NSWindow>& open) { return open.get() == &window; });
+    if (!window.endsProgramWhenLast()) return;
     const bool anyLeft = std::any_of(open_.begin(), open_.end(), [](const Ref<NSWindow>& open) {
         return open->isVisible() || open->isMiniaturized();
     });
@@ -170,6 +171,14 @@ void NSApplication::describe(velt::ClassBuilder<NSApplication>& c) {
         .method("activateIgnoringOtherApps:", &NSApplication::activateIgnoringOtherApps)
         .method("hideOtherApplications:", &NSApplication::hideOtherApplications)
         .method("unhideAllApplications:", &NSApplication::unhideAllApplications)
+        .property("modalWindow", &NSApplication::modalWindow)
+        .method("runModalForWindow:", &NSApplication::runModalForWindow)
+        .method("stopModal", &NSApplication::stopModal)
+        .method("stopModalWithCode:", &NSApplication::stopModalWithCode)
+        .method("abortModal", &NSApplication::abortModal)
+        .method("beginSheet:modalForWindow:modalDelegate:didEndSelector:contextInfo:", &NSApplication::beginSheet)
+        .method("endSheet:", &NSApplication::endSheet)
+        .method("endSheet:returnCode:", &NSApplication::endSheetReturningCode)
         .method("sendAction:to:from:",
                 [](const id& self, const id* a) {
                     const Selector action = Selector::named(velt::utf8(VELT_CSTRING(a[0])));

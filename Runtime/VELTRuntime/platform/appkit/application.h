@@ -54,6 +54,24 @@ public:
     void hideOtherApplications(const id&) {}
     void unhideAllApplications(const id&) {}
 
+    // Dialogs. Their codes are the program's own, or those of panels/modal_session.h.
+    /// Shows a window, and delivers events to it alone until the session is stopped; returns the code. Sessions nest:
+    /// a callback may run another one, and stopping ends the innermost. A window that is closed aborts its session.
+    /// null is answered at once, as if aborted.
+    long runModalForWindow(NSWindow* window);
+    void stopModal();
+    void stopModalWithCode(long code);
+    void abortModal();
+    /// The window of the innermost session; nil without one.
+    id modalWindow() const;
+    /// Attaches a window to another one as its sheet, and returns. The sheet keeps a person from that other window until
+    /// it is ended; then the delegate is sent the message with the sheet, the code and the context. A window with a
+    /// sheet shows a further one when the first has ended. Without another window the sheet stands alone before all.
+    void beginSheet(NSWindow* sheet, NSWindow* window, const id& delegate, const id& didEnd, const id& context);
+    void endSheet(NSWindow* sheet);
+    /// The sheet stays on the screen unless the delegate orders it out.
+    void endSheetReturningCode(NSWindow* sheet, long code);
+
     // The windows' reports.
     void windowOpens(NSWindow& window);
     void windowCloses(NSWindow& window);

@@ -1,9 +1,11 @@
 // The life of a program with windows: its launch, the files that it is given, becoming active, and its end.
 #include "VELTRuntime/platform/appkit/application.h"
 #include "VELTRuntime/platform/appkit/event_delivery.h"
+#include "VELTRuntime/platform/appkit/panels/modal_session.h"
 #include "VELTRuntime/platform/foundation/array.h"
 #include "VELTRuntime/platform/foundation/process_info.h"
 #include "VELTRuntime/platform/foundation/run_loop.h"
+#include "VELTRuntime/platform/object/callback_failure.h"
 #include "VELTRuntime/platform/object/exception.h"
 #include "VELTRuntime/values/boxing.h"
 #include "VELTRuntime/values/conversions.h"
@@ -101,6 +103,8 @@ void NSApplication::run() {
 }
 
 void NSApplication::stop(const id&) {
+    // The innermost loop is the one that is meant.
+    if (velt::ModalSession::innermost()) return stopModal();
     running_ = false;
     RunLoop::main().stop();
 }
@@ -153,7 +157,7 @@ void NSApplication::replyToApplicationShouldTerminate(bool flag) {
 void NSApplication::end() {
     terminating_ = true;
     tell("applicationWillTerminate:", "NSApplicationWillTerminateNotification");
-    std::exit(0);
+    std::exit(velt::statusAfterCallbacks(EXIT_SUCCESS));
 }
 
 bool NSApplication::agreesToEnd() {

@@ -4,16 +4,18 @@
 
 #include "VELTRuntime/platform/appkit/event.h"
 #include "VELTRuntime/platform/appkit/view.h"
+#include "VELTRuntime/platform/object/callback_failure.h"
 #include "VELTRuntime/platform/object/exception.h"
 
 namespace velt {
 
-/// Runs what an event asks for. An exception that leaves it is reported as any uncaught one, and ends the process.
+/// Runs what an event asks for. An exception that leaves it is reported as any uncaught one, and ends the process
+/// unless a dialog waits for its answer.
 template <class Function> void runReported(Function&& function) noexcept {
     try {
         function();
     } catch (...) {
-        endWithCurrentException();
+        callbackRaised();
     }
 }
 

@@ -7,8 +7,10 @@
 #include "VELTRuntime/platform/appkit/image.h"
 #include "VELTRuntime/platform/appkit/menus/menu_bar.h"
 #include "VELTRuntime/platform/appkit/panel.h"
+#include "VELTRuntime/platform/appkit/panels/window_follower.h"
 #include "VELTRuntime/platform/appkit/qt_values.h"
 #include "VELTRuntime/platform/appkit/screen.h"
+#include "VELTRuntime/platform/appkit/toolbars/toolbar.h"
 #include "VELTRuntime/platform/appkit/view_widget.h"
 #include "VELTRuntime/platform/appkit/window_widget.h"
 #include "VELTRuntime/platform/foundation/notification_center.h"
@@ -18,6 +20,7 @@
 #include <QLayout>
 #include <QScreen>
 #include <QStyle>
+#include <QToolBar>
 #include <algorithm>
 #include <cmath>
 
@@ -39,6 +42,15 @@ double mainScreenHeight() {
 /// The toolkit's display in memory, which has no order of windows and says so at every attempt.
 bool isInMemory() { return QGuiApplication::platformName() == QLatin1String("offscreen"); }
 
+/// What stands above the content of a window that is not shown yet.
+int heightOfBars(const QMainWindow& window) {
+    int height = window.menuWidget() ? window.menuWidget()->sizeHint().height() : 0;
+    for (const QToolBar* bar : window.findChildren<QToolBar*>(Qt::FindDirectChildrenOnly)) {
+        if (!bar->isHidden()) height += bar->sizeHint().height();
+    }
+    return height;
+}
+
 QSize limit(NSSize content) {
     const auto extent = [](double value) { return static_cast<int>(std::clamp(std::round(value), 0.0, 16777215.0)); };
     return {extent(content.width), extent(content.height)};
@@ -59,6 +71,10 @@ NSWindow::NSWindow(NSRect contentRect, unsigned long styleMask)
 NSWindow::~NSWindow() { NSWindow::dissolve(); }
 
 void NSWindow::dissolve() {
+    if (velt::is<NSToolbar>(toolbar_) && velt::as<NSToolbar>(toolbar_)->windowPointer() == this) {
+        velt::as<NSToolbar>(toolbar_)->windowGone();
+    }
+    velt::tellFollowers(*this, velt::LeaderChange::Gone);
     if (contentView_) contentView_->moveToWindow(nullptr);
     if (widget_) {
         auto* widget = static_cast<WindowWidget*>(std::exchange(widget_, nullptr));
@@ -84,6 +100,7 @@ void NSWindow::setFrame(NSRect frame) {
     placed_ = true;
     contentView_->setFrame({{0, 0}, velt::contentRectForFrame(frame_, styleMask_).size});
     placeWidget();
+    velt::tellFollowers(*this, velt::LeaderChange::Moved);
     if (before.size.width != frame.size.width || before.size.height != frame.size.height) {
         tell("windowDidResize:", "NSWindowDidResizeNotification");
     }
@@ -203,6 +220,7 @@ void NSWindow::show(bool activate) {
         velt::showMainMenu(*this);
         shown.show();
         NSApplication::sharedApplication().windowOpens(*this);
+        velt::tellFollowers(*this, velt::LeaderChange::Shown);
         if (firstResponder() == object(this)) makeFirstResponder(initialFirstResponder_);
     } else if (shown.isMinimized()) {
         shown.showNormal();
@@ -222,12 +240,16 @@ void NSWindow::orderOut(const id&) {
     if (!widget_ || !widget_->isVisible()) return;
     const Ref<NSWindow> kept(this);
     widget_->hide();
+    velt::tellFollowers(*this, velt::LeaderChange::Hidden);
     NSApplication::sharedApplication().windowCloses(*this);
 }
 
 void NSWindow::makeKeyWindow() {
     if (!widget_ || !widget_->isVisible()) return;
     widget_->activateWindow();
+    // The display in memory does not tell again of a window that was hidden and shown within one event.
+    const bool isSilent = isInMemory() && QGuiApplication::focusWindow() == widget_->windowHandle();
+    if (isSilent && !widget_->isActiveWindow()) QApplication::setActiveWindow(widget_);
 }
 
 void NSWindow::center() {
@@ -267,6 +289,7 @@ void NSWindow::close() {
     tell("windowWillClose:", "NSWindowWillCloseNotification");
     if (!wasOpen) return;
     widget_->hide();
+    velt::tellFollowers(*this, velt::LeaderChange::Closed);
     NSApplication::sharedApplication().windowCloses(*this);
 }
 
@@ -307,7 +330,9 @@ QMainWindow& NSWindow::widget() {
 
 void NSWindow::syncFlags() {
     Qt::WindowFlags flags = isPanel() ? Qt::Tool : Qt::Window;
-    if (styleMask_ & velt::kTitledWindow) {
+    if (isSheet()) {
+        flags = Qt::Dialog | Qt::FramelessWindowHint;
+    } else if (styleMask_ & velt::kTitledWindow) {
         flags |= Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowSystemMenuHint;
         if (styleMask_ & velt::kClosableWindow) flags |= Qt::WindowCloseButtonHint;
         if (styleMask_ & velt::kMiniaturizableWindow) flags |= Qt::WindowMinimizeButtonHint;
@@ -363,10 +388,8 @@ void NSWindow::placeWidget() {
     syncLimits();
     const NSRect content = velt::contentRectForFrame(frame_, styleMask_);
     // A menu bar and toolbars are above the content, outside of the frame's arithmetic.
-    const QWidget* bar = widget_->menuWidget();
     const int extra = widget_->isVisible() ? std::max(0, widget_->height() - widget_->centralWidget()->height())
-                      : bar                ? bar->sizeHint().height()
-                                           : 0;
+                                           : heightOfBars(*widget_);
     const int height = static_cast<int>(std::lround(content.size.height)) + extra;
     const int top = static_cast<int>(std::lround(mainScreenHeight() - content.origin.y)) - height;
     // The toolkit never shows what has no size; a window without content is its title bar.
@@ -378,6 +401,9 @@ void NSWindow::placeWidget() {
         widget_->resize(rect.size());
     }
     placing_ = false;
+    // The holder may have been laid out at once, while its reports were not wanted.
+    QWidget* shown = contentView_->existingWidget();
+    if (shown && widget_->isVisible()) shown->setGeometry(widget_->centralWidget()->rect());
 }
 
 void NSWindow::changeBar(const std::function<void(QMainWindow&)>& change) {
@@ -403,6 +429,7 @@ void NSWindow::geometryChanged() {
     const NSRect before = std::exchange(frame_, next);
     placed_ = true;
     if (QWidget* widget = contentView_->existingWidget()) widget->setGeometry(widget_->centralWidget()->rect());
+    velt::tellFollowers(*this, velt::LeaderChange::Moved);
     const bool resized = before.size.width != next.size.width || before.size.height != next.size.height;
     if (resized) {
         contentView_->setFrame({{0, 0}, velt::contentRectForFrame(frame_, styleMask_).size});
@@ -428,6 +455,7 @@ void NSWindow::activationChanged(bool active) {
 void NSWindow::stateChanged() {
     const bool miniaturized = isMiniaturized();
     if (std::exchange(wasMiniaturized_, miniaturized) == miniaturized) return;
+    velt::tellFollowers(*this, miniaturized ? velt::LeaderChange::Hidden : velt::LeaderChange::Shown);
     if (miniaturized) {
         tell("windowDidMiniaturize:", "NSWindowDidMiniaturizeNotification");
     } else {
@@ -514,11 +542,32 @@ void NSWindow::describe(velt::ClassBuilder<NSWindow>& c) {
                     if (velt::respondsTo(bar, asked)) velt::send(bar, asked, sender[0]);
                     return id();
                 })
+        .method("toggleToolbarShown:",
+                [](const id& self, const id*) {
+                    const id bar = velt::as<NSWindow>(self)->toolbar();
+                    if (velt::is<NSToolbar>(bar)) {
+                        velt::as<NSToolbar>(bar)->setVisible(!velt::as<NSToolbar>(bar)->isVisible());
+                    }
+                    return id();
+                })
         .method("setFrame:display:",
                 [](const id& self, const id* a) {
                     velt::as<NSWindow>(self)->setFrame(VELT_CNSRECT(a[0]));
                     return id();
                 })
+        .method("setFrame:display:animate:",
+                [](const id& self, const id* a) {
+                    NSWindow& window = *velt::as<NSWindow>(self);
+                    const NSRect frame = VELT_CNSRECT(a[0]);
+                    if (VELT_CBOOL(a[2])) {
+                        window.setFrameAnimated(frame);
+                    } else {
+                        window.setFrame(frame);
+                    }
+                    return id();
+                })
+        .method("isSheet", &NSWindow::isSheet)
+        .method("attachedSheet", &NSWindow::attachedSheet)
         .method("contentRectForFrameRect:styleMask:",
                 [](const id&, const id* a) {
                     const auto mask = static_cast<unsigned long>(VELT_CINTEGER(a[1]));

@@ -22,6 +22,8 @@ public:
     // Rectangles, in screen coordinates: from the main screen's lower left corner, y up.
     NSRect frame() const { return frame_; }
     void setFrame(NSRect frame);
+    /// The same in steps that a person can follow, when the window is seen and the desktop animates; returns when done.
+    void setFrameAnimated(NSRect frame);
     void setFrameOrigin(NSPoint origin) { setFrame({origin, frame_.size}); }
     void setContentSize(NSSize size);
     NSSize minSize() const { return minSize_; }
@@ -123,6 +125,11 @@ public:
     /// Moves the keyboard from a view to the next one that takes it, or back; false when there is none.
     bool moveKeyView(NSView& from, bool next);
 
+    /// The window is attached to another one and keeps a person from it.
+    bool isSheet() const;
+    /// The sheet that this window shows; nil without one.
+    id attachedSheet() const;
+
     id delegate() const { return delegate_; }
     void setDelegate(const id& delegate) { delegate_ = delegate; }
     id toolbar() const { return toolbar_; }
@@ -140,7 +147,11 @@ public:
     /// Adds or takes away a bar above the content, which keeps its size.
     void changeBar(const std::function<void(QMainWindow&)>& change);
     /// The close button was pressed; false when the delegate refuses.
-    bool mayClose();
+    virtual bool mayClose();
+    /// A program ends when the last such window has been closed.
+    virtual bool endsProgramWhenLast() const { return true; }
+    /// Tells the toolkit what kind of window it is and what its title bar has.
+    void syncFlags();
     /// Offers a key that nobody took: key equivalents, Return for the default button, Tab. True when it was taken.
     bool performKeyEquivalent(NSEvent& event);
 
@@ -151,8 +162,6 @@ protected:
     /// The toolkit's kind of window.
     virtual bool isPanel() const { return false; }
     id ownNextResponder() const override;
-    /// Tells the toolkit what kind of window it is and what its title bar has.
-    void syncFlags();
 
 private:
     void syncWidget();

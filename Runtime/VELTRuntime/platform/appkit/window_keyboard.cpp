@@ -1,6 +1,7 @@
 // The keyboard in a window: who has it, where Tab takes it, which keys press a button.
 #include "VELTRuntime/platform/appkit/application.h"
 #include "VELTRuntime/platform/appkit/event.h"
+#include "VELTRuntime/platform/appkit/toolbars/toolbar.h"
 #include "VELTRuntime/platform/appkit/window.h"
 #include "VELTRuntime/values/string.h"
 
@@ -152,7 +153,16 @@ void NSWindow::setDefaultButtonCell(const id& cell) {
     }
 }
 
-void NSWindow::setToolbar(const id& toolbar) { toolbar_ = toolbar; }
+void NSWindow::setToolbar(const id& toolbar) {
+    if (toolbar == toolbar_) return;
+    const id before = std::exchange(toolbar_, toolbar);
+    if (velt::is<NSToolbar>(before)) velt::as<NSToolbar>(before)->moveToWindow(nullptr);
+    if (!velt::is<NSToolbar>(toolbar)) return;
+    auto& bar = *velt::as<NSToolbar>(toolbar);
+    // A toolbar is in one window at most.
+    if (NSWindow* other = bar.windowPointer(); other && other != this) other->setToolbar(nil);
+    bar.moveToWindow(this);
+}
 
 bool NSWindow::performKeyEquivalent(NSEvent& event) {
     const id told = object(&event);

@@ -1,8 +1,8 @@
 #include "VELTRuntime/platform/foundation/run_loop.h"
 
 #include "VELTRuntime/platform/foundation/loop_driver.h"
+#include "VELTRuntime/platform/object/callback_failure.h"
 #include "VELTRuntime/platform/object/cycles.h"
-#include "VELTRuntime/platform/object/exception.h"
 #include "VELTRuntime/platform/object/providers.h"
 
 #include <cassert>
@@ -29,7 +29,7 @@ void runReported(const RunLoop::Function& function) noexcept {
     try {
         function();
     } catch (...) {
-        endWithCurrentException();
+        callbackRaised();
     }
 }
 

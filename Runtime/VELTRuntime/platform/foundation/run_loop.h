@@ -5,7 +5,8 @@
 // `after` whose time has come, earliest deadline first. What a delivered function hands in waits for the next pass, so
 // a chain of them does not keep a loop from anything else.
 //
-// An exception that leaves a delivered function is reported as any uncaught one, and ends the process.
+// An exception that leaves a delivered function is reported as any uncaught one, and ends the process unless a dialog
+// waits for its answer (callback_failure.h).
 #pragma once
 
 #include "VELTRuntime/export.h"

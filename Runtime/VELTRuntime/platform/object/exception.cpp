@@ -1,5 +1,6 @@
 #include "VELTRuntime/platform/object/exception.h"
 
+#include "VELTRuntime/platform/object/callback_failure.h"
 #include "VELTRuntime/values/position.h"
 
 #include <cstdio>
@@ -98,7 +99,7 @@ void endWithCurrentException() noexcept {
 
 int runProgram(int (*program)(int, char**), int argumentCount, char** arguments) {
     try {
-        return program(argumentCount, arguments);
+        return statusAfterCallbacks(program(argumentCount, arguments));
     } catch (...) {
         reportCurrentException();
         return EXIT_FAILURE;

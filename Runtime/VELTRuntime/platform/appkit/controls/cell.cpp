@@ -5,6 +5,7 @@
 #include "VELTRuntime/platform/appkit/font.h"
 #include "VELTRuntime/platform/appkit/image.h"
 #include "VELTRuntime/platform/appkit/qt_values.h"
+#include "VELTRuntime/platform/appkit/tables/matrix.h"
 #include "VELTRuntime/platform/foundation/attributed_string.h"
 #include "VELTRuntime/platform/object/exception.h"
 #include "VELTRuntime/platform/object/observing.h"
@@ -232,7 +233,11 @@ void NSCell::setActionName(const id& name) {
 void NSCell::performClick(const id& sender) {
     if (!enabled_) return;
     if (control_) {
-        control_->performClick(sender);
+        if (auto* matrix = dynamic_cast<NSMatrix*>(control_)) {
+            matrix->clickCell(*this);
+        } else {
+            control_->performClick(sender);
+        }
         return;
     }
     NSApplication::sharedApplication().sendAction(action_, target_, id(static_cast<NSObject*>(this)));

@@ -22,6 +22,8 @@ public:
     NSCell();
     /// A cell that shows that text (a string) or that image.
     explicit NSCell(const id& content);
+    /// A new cell of the same class and properties, in no control.
+    id copy() const override;
 
     // The value. Every form of it is a view of the one object.
     virtual id objectValue() const { return value_; }
@@ -126,6 +128,7 @@ protected:
 
 private:
     friend class NSControl;
+    friend class NSMatrix;
     Type type_ = Type::Text;
     long state_ = kOff, alignment_ = 4, tag_ = 0;
     unsigned long controlSize_ = 0, focusRingType_ = 0;

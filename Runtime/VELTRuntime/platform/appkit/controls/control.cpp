@@ -4,6 +4,7 @@
 #include "VELTRuntime/platform/appkit/event_delivery.h"
 #include "VELTRuntime/platform/appkit/font.h"
 #include "VELTRuntime/platform/appkit/qt_values.h"
+#include "VELTRuntime/platform/appkit/tables/matrix.h"
 #include "VELTRuntime/platform/appkit/view_events.h"
 #include "VELTRuntime/platform/object/exception.h"
 #include "VELTRuntime/values/class_casts.h"
@@ -33,7 +34,11 @@ void NSControl::setCell(const id& value) {
     }
     auto* cell = velt::as<NSCell>(value);
     if (cell == cell_.get()) return;
-    if (cell->control_) cell->control_->adopt(cell->control_->makeCell());
+    if (auto* matrix = dynamic_cast<NSMatrix*>(cell->control_)) {
+        matrix->cellTaken(*cell);
+    } else if (cell->control_) {
+        cell->control_->adopt(cell->control_->makeCell());
+    }
     adopt(Ref<NSCell>(cell));
     cellChanged(*cell);
 }

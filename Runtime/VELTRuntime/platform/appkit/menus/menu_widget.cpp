@@ -2,6 +2,7 @@
 
 #include "VELTRuntime/platform/appkit/event.h"
 #include "VELTRuntime/platform/appkit/event_delivery.h"
+#include "VELTRuntime/platform/appkit/menus/help_search.h"
 #include "VELTRuntime/platform/appkit/menus/menu.h"
 
 #include <QApplication>
@@ -35,7 +36,10 @@ MenuWidget::MenuWidget(NSMenu& menu) : menu_(&menu) {
     connect(this, &QMenu::aboutToShow, this, [this] {
         if (!menu_) return;
         const Ref<NSMenu> kept(menu_);
-        runReported([&] { kept->willOpen(); });
+        runReported([&] {
+            kept->willOpen();
+            showHelpSearch(*this, *kept);
+        });
         showAlternates(QApplication::keyboardModifiers());
     });
     connect(this, &QMenu::aboutToHide, this, [this] {

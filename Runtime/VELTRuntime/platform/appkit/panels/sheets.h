@@ -1,0 +1,25 @@
+// Sheets: windows that lie on another one, at the top of its content, and keep a person from it until they are ended.
+#pragma once
+
+#include "VELTRuntime/platform/appkit/window.h"
+
+namespace velt {
+
+/// Who is told of a sheet's end: the delegate is sent the message with the subject, the code and the context. Without a
+/// delegate, or when it lacks the message, nobody is.
+struct SheetEnd {
+    id delegate;
+    id selector;
+    id subject;
+    id context;
+    /// The sheet is taken off the screen when the delegate has been told.
+    bool ordersOut = false;
+};
+
+/// Attaches a sheet to a window (null: it stands alone), now or when the window's other sheets have ended. Nothing
+/// happens when it is a sheet already.
+void beginSheet(NSWindow& sheet, NSWindow* window, const SheetEnd& end);
+/// Ends a sheet with a code; nothing happens when it is none.
+void endSheet(NSWindow& sheet, long code);
+
+}  // namespace velt

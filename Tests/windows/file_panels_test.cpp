@@ -1,0 +1,276 @@
+// The open and the save panel, driven through the toolkit's dialog as a person does: by typing a path.
+#include "panels_support.h"
+
+#include "support/processes.h"
+
+#include <QFileDialog>
+#include <filesystem>
+
+using namespace velt::test;
+using velt::Ref;
+
+namespace {
+
+QFileDialog* fileDialog() {
+    for (QWidget* widget : QApplication::topLevelWidgets()) {
+        auto* dialog = qobject_cast<QFileDialog*>(widget);
+        if (dialog && dialog->isVisible() && dialog->isActiveWindow()) return dialog;
+    }
+    return nullptr;
+}
+
+QLineEdit& nameField(QFileDialog& dialog) { return *dialog.findChild<QLineEdit*>(QStringLiteral("fileNameEdit")); }
+
+/// Runs a function once a file dialog is seen.
+void onceShown(std::function<void(QFileDialog&)> then) {
+    onceThat([] { return fileDialog() != nullptr; }, [then = std::move(then)] { then(*fileDialog()); });
+}
+
+/// Types a path into the next file dialog, over what stands there, and presses Return.
+void type(const std::string& path) {
+    onceShown([path](QFileDialog& dialog) {
+        QLineEdit& field = nameField(dialog);
+        field.selectAll();
+        QTest::keyClicks(&field, QString::fromStdString(path));
+        QTest::keyClick(&field, Qt::Key_Return);
+    });
+}
+
+void cancel() {
+    onceShown([](QFileDialog& dialog) { QTest::keyClick(&dialog, Qt::Key_Escape); });
+}
+
+/// A folder with some files in it, and the program's options of the panel as they are at its start.
+struct FilePanels : testing::Test {
+    FilePanels() {
+        VELT_OPENPANEL_Init();
+        for (id* option : {&VELT_idOPENPANEL_DIRECTORY, &VELT_idOPENPANEL_FILE, &VELT_idOPENPANEL_TYPES,
+                           &VELT_idOPENPANEL_FILENAMES, &VELT_idOPENPANEL_URLS}) {
+            *option = nil;
+        }
+        std::filesystem::create_directory(folder.file("inner"));
+        VELT_NSOPENPANEL_DIRECTORY(nil, str(root));
+    }
+    const TemporaryFolder folder;
+    const std::string text = folder.write("a b.txt", "text"), other = folder.write("other.txt", "text"),
+                      picture = folder.write("picture.png", "");
+    const std::string root = std::filesystem::path(text).parent_path();
+};
+
+}  // namespace
+
+TEST_F(FilePanels, StartWithTheOptionsOfTheProgram) {
+    EXPECT_VALUE("c 1", VELT_NSOPENPANEL_CANCHOOSEFILES(nil));
+    EXPECT_VALUE("c 0", VELT_NSOPENPANEL_CANCHOOSEDIRECTORIES(nil));
+    EXPECT_VALUE("c 0", VELT_NSOPENPANEL_RESOLVESALIASES(nil));
+    EXPECT_VALUE("c 0", VELT_NSOPENPANEL_ALLOWSMULTIPLESELECTION(nil));
+    EXPECT_TRUE(VELT_NSOPENPANEL_FILE(nil).isNil());
+    EXPECT_TRUE(VELT_NSOPENPANEL_TYPES(nil).isNil());
+    EXPECT_VALUE("''", VELT_NSOPENPANEL_FILENAME(nil));
+    EXPECT_VALUE("''", VELT_NSOPENPANEL_URL(nil));
+    EXPECT_VALUE("NSMutableArray ()", VELT_NSOPENPANEL_FILENAMES(nil));
+    EXPECT_VALUE("NSMutableArray ()", VELT_NSOPENPANEL_URLS(nil));
+}
+
+TEST_F(FilePanels, ConvertTheirOptions) {
+    VELT_NSOPENPANEL_CANCHOOSEFILES("ignored"_v, integer(0));
+    EXPECT_VALUE("c 0", VELT_NSOPENPANEL_CANCHOOSEFILES(nil));
+    EXPECT_CAST_FAILURE("'Boolean' expected", VELT_NSOPENPANEL_RESOLVESALIASES(nil, array()));
+    VELT_NSOPENPANEL_FILE(nil, integer(12));
+    EXPECT_VALUE("'12'", VELT_NSOPENPANEL_FILE(nil));
+    EXPECT_EQ(raised([] { VELT_CARRAY("no array"_v); }), raised([] { VELT_NSOPENPANEL_TYPES(nil, "no array"_v); }));
+    // What is stored is given as it is.
+    EXPECT_EQ(VELT_idOPENPANEL_FILE, VELT_NSOPENPANEL_FILE(nil));
+}
+
+TEST_F(FilePanels, OpenAPathThatIsTyped) {
+    type(text);
+    EXPECT_VALUE("c 1", VELT_NSOPENPANEL_RUN(nil));
+    EXPECT_VALUE("'" + text + "'", VELT_NSOPENPANEL_FILENAME(nil));
+    const id list = VELT_NSOPENPANEL_FILENAMES(nil);
+    EXPECT_VALUE("Q 1", VELT_NSMUTABLEARRAY_COUNT(list));
+    VELT_NSMUTABLEARRAY_APPEND(list, "mine"_v);
+    EXPECT_VALUE("Q 1", VELT_NSMUTABLEARRAY_COUNT(VELT_NSOPENPANEL_FILENAMES(nil)));
+    EXPECT_VALUE("'file://" + root + "/a%20b.txt'", VELT_NSOPENPANEL_URL(nil));
+    EXPECT_EQ("NSURL", velt::classOf(VELT_NSMUTABLEARRAY_OBJECT(VELT_NSOPENPANEL_URLS(nil), integer(0)))->name());
+}
+
+TEST_F(FilePanels, ForgetTheTruthValuesAfterARunAndKeepTheRest) {
+    VELT_NSOPENPANEL_ALLOWSMULTIPLESELECTION(nil, boolean(true));
+    VELT_NSOPENPANEL_CANCHOOSEDIRECTORIES(nil, boolean(true));
+    VELT_NSOPENPANEL_RESOLVESALIASES(nil, boolean(true));
+    VELT_NSOPENPANEL_CANCHOOSEFILES(nil, boolean(false));
+    cancel();
+    EXPECT_VALUE("c 0", VELT_NSOPENPANEL_RUN(nil));
+    EXPECT_VALUE("c 1", VELT_NSOPENPANEL_CANCHOOSEFILES(nil));
+    EXPECT_VALUE("c 0", VELT_NSOPENPANEL_CANCHOOSEDIRECTORIES(nil));
+    EXPECT_VALUE("c 0", VELT_NSOPENPANEL_RESOLVESALIASES(nil));
+    EXPECT_VALUE("c 0", VELT_NSOPENPANEL_ALLOWSMULTIPLESELECTION(nil));
+    EXPECT_VALUE("'" + root + "'", VELT_NSOPENPANEL_DIRECTORY(nil));
+}
+
+TEST_F(FilePanels, HaveChosenNothingWhenCancelled) {
+    type(text);
+    VELT_NSOPENPANEL_RUN(nil);
+    cancel();
+    EXPECT_VALUE("c 0", VELT_NSOPENPANEL_RUN(nil));
+    EXPECT_VALUE("''", VELT_NSOPENPANEL_FILENAME(nil));
+    EXPECT_VALUE("''", VELT_NSOPENPANEL_URL(nil));
+    EXPECT_VALUE("NSMutableArray ()", VELT_NSOPENPANEL_FILENAMES(nil));
+    EXPECT_FALSE(velt::asString(VELT_NSOPENPANEL_FILENAME(nil)).isFrozen());
+}
+
+TEST_F(FilePanels, ShowTheFolderAndTheFileTheyAreGiven) {
+    VELT_NSOPENPANEL_FILE(nil, "other.txt"_v);
+    std::string shown, title;
+    onceShown([&](QFileDialog& dialog) {
+        shown = dialog.directory().absolutePath().toStdString();
+        title = dialog.windowTitle().toStdString();
+        keepPicture(dialog, "open-panel");
+        QTest::keyClick(&nameField(dialog), Qt::Key_Return);
+    });
+    EXPECT_VALUE("c 1", VELT_NSOPENPANEL_RUN(nil));
+    EXPECT_EQ(root, shown);
+    EXPECT_EQ("Open", title);
+    EXPECT_VALUE("'" + other + "'", VELT_NSOPENPANEL_FILENAME(nil));
+}
+
+TEST_F(FilePanels, ChooseSeveralFilesWhenTheyMay) {
+    VELT_NSOPENPANEL_ALLOWSMULTIPLESELECTION(nil, boolean(true));
+    type("\"a b.txt\" \"other.txt\"");
+    EXPECT_VALUE("c 1", VELT_NSOPENPANEL_RUN(nil));
+    EXPECT_VALUE("Q 2", VELT_NSMUTABLEARRAY_COUNT(VELT_NSOPENPANEL_FILENAMES(nil)));
+    EXPECT_VALUE("Q 2", VELT_NSMUTABLEARRAY_COUNT(VELT_NSOPENPANEL_URLS(nil)));
+    EXPECT_VALUE("'" + text + "'", VELT_NSOPENPANEL_FILENAME(nil));
+}
+
+TEST_F(FilePanels, EnterAFolderThatCannotBeChosen) {
+    type(folder.file("inner"));
+    std::string entered;
+    onceThat([&] { return fileDialog() && fileDialog()->directory().dirName() == QLatin1String("inner"); },
+             [&] {
+                 entered = fileDialog()->directory().absolutePath().toStdString();
+                 QTest::keyClick(fileDialog(), Qt::Key_Escape);
+             });
+    EXPECT_VALUE("c 0", VELT_NSOPENPANEL_RUN(nil));
+    EXPECT_EQ(folder.file("inner"), entered);
+}
+
+TEST_F(FilePanels, ChooseFoldersWhenTheyMay) {
+    for (const bool files : {false, true}) {
+        for (const bool several : {false, true}) {
+            VELT_NSOPENPANEL_CANCHOOSEDIRECTORIES(nil, boolean(true));
+            VELT_NSOPENPANEL_CANCHOOSEFILES(nil, boolean(files));
+            VELT_NSOPENPANEL_ALLOWSMULTIPLESELECTION(nil, boolean(several));
+            type(folder.file("inner"));
+            EXPECT_VALUE("c 1", VELT_NSOPENPANEL_RUN(nil)) << files << several;
+            EXPECT_VALUE("'" + folder.file("inner") + "'", VELT_NSOPENPANEL_FILENAME(nil));
+        }
+    }
+    VELT_NSOPENPANEL_CANCHOOSEDIRECTORIES(nil, boolean(true));
+    type(text);
+    EXPECT_VALUE("c 1", VELT_NSOPENPANEL_RUN(nil));
+    EXPECT_VALUE("'" + text + "'", VELT_NSOPENPANEL_FILENAME(nil));
+}
+
+TEST_F(FilePanels, RefuseFilesOfOtherTypes) {
+    VELT_NSOPENPANEL_TYPES(nil, array("txt"_v, ".bas"_v));
+    type(picture);
+    std::string said;
+    bool stays = false;
+    const auto box = [] {
+        QWidget* shown = QApplication::activeModalWidget();
+        return shown && shown->inherits("QMessageBox") ? shown : nullptr;
+    };
+    onceThat([box] { return box() != nullptr; },
+             [&, box] {
+                 said = box()->property("text").toString().toStdString();
+                 QWidget* panel = box()->parentWidget();
+                 QTimer::singleShot(50, panel, [&stays, panel] {
+                     stays = panel->isVisible();
+                     QTest::keyClick(panel, Qt::Key_Escape);
+                 });
+                 QTest::keyClick(box(), Qt::Key_Return);
+             });
+    EXPECT_VALUE("c 0", VELT_NSOPENPANEL_RUN(nil));
+    EXPECT_EQ("\"picture.png\" cannot be chosen here.", said);
+    EXPECT_TRUE(stays);
+}
+
+TEST_F(FilePanels, ResolveAliasesWhenTheyShall) {
+    const std::string link = folder.file("link.txt");
+    std::filesystem::create_symlink(text, link);
+    type(link);
+    VELT_NSOPENPANEL_RUN(nil);
+    EXPECT_VALUE("'" + link + "'", VELT_NSOPENPANEL_FILENAME(nil));
+    VELT_NSOPENPANEL_RESOLVESALIASES(nil, boolean(true));
+    type(link);
+    VELT_NSOPENPANEL_RUN(nil);
+    EXPECT_VALUE("'" + std::filesystem::canonical(text).string() + "'", VELT_NSOPENPANEL_FILENAME(nil));
+}
+
+TEST_F(FilePanels, AreEndedByTheProgramToo) {
+    onceShown([](QFileDialog&) { velt::send(id(&NSOpenPanel::openPanel()), "cancel:", nil); });
+    EXPECT_VALUE("c 0", VELT_NSOPENPANEL_RUN(nil));
+    onceShown([](QFileDialog&) { VELT_ENDMODAL(integer(5)); });
+    EXPECT_VALUE("c 0", VELT_NSOPENPANEL_RUN(nil));
+    EXPECT_EQ(nullptr, fileDialog());
+}
+
+TEST_F(FilePanels, NestWithSessionsAndAlerts) {
+    const ControlWindow window;
+    std::string order;
+    onceAsked([&](NSWindow& shown) {
+        onceShown([&](QFileDialog& dialog) {
+            onceAsked([&](NSWindow& panel) {
+                order += readAlert(panel) + " ";
+                pressKey(panel, Qt::Key_Return);
+            });
+            VELT_MSGBOX("above the panel"_v, nil);
+            QTest::keyClick(&dialog, Qt::Key_Escape);
+        });
+        order += show(VELT_NSOPENPANEL_RUN(nil)) + " ";
+        EXPECT_EQ(&shown, modalWindow());
+        VELT_ENDMODAL(integer(3));
+    });
+    order += show(VELT_BEGINMODAL(window.window));
+    EXPECT_EQ("-|above the panel|[OK] c 0 q 3", order);
+}
+
+TEST_F(FilePanels, SaveUnderTheNameThatIsTyped) {
+    NSSavePanel& panel = NSSavePanel::savePanel();
+    const id value = velt::boxResult(&panel);
+    EXPECT_VALUE("'Save'", VELT_NSSAVEPANEL_TITLE(value));
+    VELT_NSSAVEPANEL_TITLE(value, integer(3));
+    EXPECT_VALUE("'3'", VELT_NSSAVEPANEL_TITLE(value));
+    EXPECT_TRUE(VELT_NSSAVEPANEL_TITLE(nil).isNil());
+    velt::send(value, "setRequiredFileType:", "txt"_v);
+    std::string title;
+    onceShown([&](QFileDialog& dialog) {
+        title = dialog.windowTitle().toStdString();
+        type("new");
+    });
+    EXPECT_VALUE("q 1", velt::send(value, "runModalForDirectory:file:", str(root), "draft"_v));
+    EXPECT_EQ("3", title);
+    EXPECT_VALUE("'" + root + "/new.txt'", velt::send(value, "filename"));
+    EXPECT_FALSE(std::filesystem::exists(folder.file("new.txt")));
+    cancel();
+    EXPECT_VALUE("q 0", velt::send(value, "runModal"));
+    EXPECT_TRUE(velt::send(value, "filename").isNil());
+    velt::send(value, "setRequiredFileType:", nil);
+    VELT_NSSAVEPANEL_TITLE(value, "Save"_v);
+}
+
+TEST_F(FilePanels, MayBeSheets) {
+    const ControlWindow window({{50, 60}, {480, 300}});
+    window.show();
+    const Ref<SheetListener> delegate = velt::make<SheetListener>();
+    delegate->ordersOut = false;
+    type(text);
+    velt::send(id(&NSOpenPanel::openPanel()),
+               "beginSheetForDirectory:file:types:modalForWindow:modalDelegate:didEndSelector:contextInfo:", str(root),
+               id(), id(), window.window, delegate, "sheetDidEnd:returnCode:contextInfo:"_v, "c"_v);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !delegate->heard.empty(); }, 3000));
+    EXPECT_EQ("NSOpenPanel q 1 'c' ", delegate->heard);
+    EXPECT_VALUE("'" + text + "'", velt::send(id(&NSOpenPanel::openPanel()), "filename"));
+}
