@@ -100,6 +100,8 @@ def main():
            " MB")
     report("a million rows sorted by a column", own("sort sorted"), 2, " s")
     report("a menu of 10,000 items built", own("menu menu") * 1000, 200, " ms")
+    half, whole = output([f"{folder}/alerts_velt"])["resident"]
+    report("memory after 1,000 alerts against 500", whole / half, 1.01)
 
 
 main()
