@@ -72,8 +72,6 @@ std::u16string formatted(u16string_view line, const Recasing& words, const Blank
     return parts.whole();
 }
 
-constexpr std::size_t kShortestLine = 2;
-
 }  // namespace
 
 std::size_t leadingBlanks(u16string_view line) {

@@ -12,6 +12,9 @@ namespace velt {
 /// The unit of indentation.
 inline constexpr std::u16string_view kIndentationUnit = u"  ";
 
+/// Lines of less units, their line end among them, are not formatted.
+inline constexpr std::size_t kShortestLine = 2;
+
 /// Number of spaces and tabs at the begin of a line.
 VELT_EXPORT std::size_t leadingBlanks(std::u16string_view line);
 

@@ -100,11 +100,18 @@ bool isCalledAt(u16string_view code, std::size_t end, const Recasing& words) {
     return found && found->begin == 0 && !words.isKeyword(word);
 }
 
-void joinCalls(std::u16string& code, const Recasing& words) {
+void joinCalls(std::u16string& code, const Recasing& words, std::u16string& scratch) {
     constexpr u16string_view kOpening = u" ( ";
+    scratch.clear();
+    std::size_t from = 0;
     for (std::size_t at = code.find(kOpening); at != code.npos; at = code.find(kOpening, at + 1)) {
-        if (isCalledAt(code, at, words)) code.erase(at, 1);
+        if (!isCalledAt(code, at, words)) continue;
+        scratch.append(code, from, at - from);
+        from = at + 1;
     }
+    if (from == 0) return;
+    scratch.append(code, from);
+    code.swap(scratch);
 }
 
 }  // namespace
@@ -124,7 +131,7 @@ void spaceOperators(std::u16string& code, const Recasing& words) {
     };
     const auto calls = std::begin(kRules) + kRulesBeforeCalls;
     std::for_each(std::begin(kRules), calls, apply);
-    joinCalls(code, words);
+    joinCalls(code, words, scratch);
     std::for_each(calls, std::end(kRules), apply);
 }
 
