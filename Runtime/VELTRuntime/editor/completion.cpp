@@ -19,6 +19,19 @@ bool isBehindAs(const EditTarget& target, std::size_t position) {
     return text::lowered(text.view({position - 1 - kAs.size(), kAs.size()})) == kAs;
 }
 
+/// The popup that is shown while it lives, however its window is left.
+class ShownPopup {
+public:
+    ShownPopup(CompletionPopup*& shown, CompletionPopup* popup) : shown_(shown), below_(std::exchange(shown, popup)) {}
+    ~ShownPopup() { shown_ = below_; }
+    ShownPopup(const ShownPopup&) = delete;
+    ShownPopup& operator=(const ShownPopup&) = delete;
+
+private:
+    CompletionPopup*& shown_;
+    CompletionPopup* below_;
+};
+
 }  // namespace
 
 void Completion::textTyped(std::size_t position, std::u16string_view typed) {
@@ -84,9 +97,10 @@ void Completion::open(std::vector<std::u16string> candidates, std::size_t locati
     running_.push_back({modes_, location, length, candidates});
     const CompletionModes modes = std::exchange(modes_, {});
     CompletionPopup popup(target_, window_, *this, std::move(candidates), location, length, modes);
-    CompletionPopup* const below = std::exchange(popup_, &popup);
-    window_.run(popup);
-    popup_ = below;
+    {
+        const ShownPopup shown(popup_, &popup);
+        window_.run(popup);
+    }
     popupEnded(popup.result().value_or(PopupResult::Cancelled));
 }
 

@@ -2,7 +2,6 @@
 #include "VELTRuntime/editor/completion_popup.h"
 
 #include "VELTRuntime/editor/argument_help.h"
-#include "VELTRuntime/editor/word_characters.h"
 #include "VELTRuntime/values/text/casing.h"
 
 #include <algorithm>
@@ -31,9 +30,8 @@ bool holds(When when, CompletionModes modes, bool withCommand) {
 }
 
 bool isTypable(char32_t codePoint) {
-    const CharacterClass kind = characterClass(codePoint);
-    return kind == CharacterClass::Letter || kind == CharacterClass::Symbol ||
-           (U_GET_GC_MASK(static_cast<UChar32>(codePoint)) & (U_GC_ND_MASK | U_GC_M_MASK)) != 0;
+    constexpr auto kTypable = U_GC_L_MASK | U_GC_M_MASK | U_GC_ND_MASK | U_GC_P_MASK | U_GC_S_MASK;
+    return (U_GET_GC_MASK(static_cast<UChar32>(codePoint)) & kTypable) != 0;
 }
 
 void append(std::u16string& text, char32_t codePoint) {

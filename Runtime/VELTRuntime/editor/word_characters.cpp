@@ -1,8 +1,6 @@
-// Which characters make the words of a source text.
 #include "VELTRuntime/editor/word_characters.h"
 
 #include "VELTRuntime/values/text/casing.h"
-#include "VELTRuntime/values/text/reading.h"
 
 #include <array>
 #include <unicode/uchar.h>
@@ -11,40 +9,45 @@ namespace velt {
 
 namespace {
 
-CharacterClass classify(char32_t codePoint) {
-    if (codePoint == U'_') return CharacterClass::Letter;
-    if (codePoint <= 0xFFFF && text::isWhiteSpace(static_cast<char16_t>(codePoint))) return CharacterClass::Space;
+enum Place : unsigned char { Within = 0, Start = 1, End = 2 };
+
+Place placeOf(char32_t codePoint) {
+    if (codePoint == U'_') return Start;
     const auto mask = U_GET_GC_MASK(static_cast<UChar32>(codePoint));
-    if (mask & U_GC_L_MASK) return CharacterClass::Letter;
-    return mask & (U_GC_P_MASK | U_GC_S_MASK) ? CharacterClass::Symbol : CharacterClass::Continuing;
+    if (mask & (U_GC_L_MASK | U_GC_M_MASK)) return Start;
+    const bool isControl = (codePoint >= 0x09 && codePoint <= 0x0D) || codePoint == 0x85;
+    return isControl || (mask & (U_GC_Z_MASK | U_GC_S_MASK | U_GC_P_MASK)) ? End : Within;
 }
 
-constexpr char32_t kAsciiEnd = 0x80;
+/// The characters of nearly all sources, looked up at once.
+constexpr std::size_t kFew = 0x600;
+Place place(char32_t codePoint) {
+    static const std::array<Place, kFew> table = [] {
+        std::array<Place, kFew> places{};
+        for (char32_t each = 0; each < kFew; ++each) places[each] = placeOf(each);
+        return places;
+    }();
+    return codePoint < kFew ? table[codePoint] : placeOf(codePoint);
+}
+
+std::size_t skipTo(Place wanted, std::u16string_view text, std::size_t at) {
+    while (at < text.size()) {
+        const auto [value, length] = text::codePointAt(text, at);
+        if (place(value) == wanted) break;
+        at += length;
+    }
+    return at;
+}
 
 }  // namespace
 
-CharacterClass characterClass(char32_t codePoint) {
-    static const auto ascii = [] {
-        std::array<CharacterClass, kAsciiEnd> classes{};
-        for (char32_t c = 0; c < kAsciiEnd; ++c) classes[c] = classify(c);
-        return classes;
-    }();
-    return codePoint < kAsciiEnd ? ascii[codePoint] : classify(codePoint);
-}
+bool startsWord(char32_t codePoint) { return place(codePoint) == Start; }
+bool endsWord(char32_t codePoint) { return place(codePoint) == End; }
 
 std::optional<Word> nextWord(std::u16string_view text, std::size_t from) {
-    std::size_t at = from;
-    for (text::CodePoint c{}; at < text.size(); at += c.length) {
-        c = text::codePointAt(text, at);
-        if (beginsWord(c.value)) break;
-    }
-    if (at >= text.size()) return std::nullopt;
-    const std::size_t begin = at;
-    for (text::CodePoint c{}; at < text.size(); at += c.length) {
-        c = text::codePointAt(text, at);
-        if (endsWord(c.value)) break;
-    }
-    return Word{begin, at};
+    const std::size_t begin = skipTo(Start, text, from);
+    if (begin == text.size()) return std::nullopt;
+    return Word{begin, skipTo(End, text, begin + 1)};
 }
 
 }  // namespace velt
