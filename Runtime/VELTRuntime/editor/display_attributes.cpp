@@ -96,7 +96,7 @@ void InkLayer::textChanged(NSRange replaced, std::size_t inserted) {
     borders_.replace(first, 0, added);
 }
 
-DisplayAttributes::DisplayAttributes(TextBuffer& buffer) : buffer_(buffer) {
+DisplayAttributes::DisplayAttributes(SourceBuffer& buffer) : buffer_(buffer) {
     textChanged({}, buffer.length());
     buffer.addListener(*this);
 }

@@ -46,7 +46,7 @@ private:
 };
 
 /// The foreground and the background of a text, which move with its edits.
-class VELT_EXPORT DisplayAttributes final : private TextListener {
+class VELT_EXPORT DisplayAttributes final : private SourceListener {
 public:
     struct Inks {
         Ink foreground = Ink::None, background = Ink::None;
@@ -54,7 +54,7 @@ public:
     };
 
     /// The buffer must outlive it.
-    explicit DisplayAttributes(TextBuffer& buffer);
+    explicit DisplayAttributes(SourceBuffer& buffer);
     ~DisplayAttributes() { buffer_.removeListener(*this); }
     DisplayAttributes(const DisplayAttributes&) = delete;
     DisplayAttributes& operator=(const DisplayAttributes&) = delete;
@@ -85,7 +85,7 @@ private:
         background_.textChanged(replaced, inserted);
     }
 
-    TextBuffer& buffer_;
+    SourceBuffer& buffer_;
     InkLayer foreground_, background_;
     std::uint64_t version_ = 0;
 };

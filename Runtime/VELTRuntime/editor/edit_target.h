@@ -13,7 +13,7 @@ public:
     EditTarget(const EditTarget&) = delete;
     EditTarget& operator=(const EditTarget&) = delete;
 
-    virtual const TextBuffer& buffer() const = 0;
+    virtual const SourceBuffer& buffer() const = 0;
     /// At least one; the first is the primary one, and all lie within the text.
     virtual std::vector<NSRange> selectedRanges() const = 0;
     virtual void setSelectedRanges(std::vector<NSRange> ranges) = 0;

@@ -15,8 +15,8 @@ public:
     /// Asked before each change, if there is one.
     std::function<bool(NSRange range, std::u16string_view with)> allows;
 
-    TextBuffer& buffer() { return buffer_; }
-    const TextBuffer& buffer() const override { return buffer_; }
+    SourceBuffer& buffer() { return buffer_; }
+    const SourceBuffer& buffer() const override { return buffer_; }
     /// As they were set, shortened to the text where it got shorter.
     std::vector<NSRange> selectedRanges() const override;
     void setSelectedRanges(std::vector<NSRange> ranges) override;
@@ -44,7 +44,7 @@ private:
         std::vector<NSRange> selectedBefore, selectedBehind;
     };
 
-    TextBuffer buffer_;
+    SourceBuffer buffer_;
     std::vector<NSRange> selected_{NSRange{}};
     Command running_;
     std::size_t depth_ = 0;

@@ -2,7 +2,7 @@
 
 namespace velt {
 
-StringPairs::StringPairs(TextBuffer& buffer) : buffer_(buffer) {
+StringPairs::StringPairs(SourceBuffer& buffer) : buffer_(buffer) {
     textChanged({}, buffer.length());
     buffer.addListener(*this);
 }

@@ -8,10 +8,10 @@ namespace velt {
 /// Outside a string a quote opens one; inside it closes it, unless it is escaped: behind one backslash that does not
 /// itself stand behind a backslash, and not within the first three units of the text. A string without its closing
 /// quote is none.
-class VELT_EXPORT StringPairs final : private TextListener {
+class VELT_EXPORT StringPairs final : private SourceListener {
 public:
     /// The buffer must outlive it.
-    explicit StringPairs(TextBuffer& buffer);
+    explicit StringPairs(SourceBuffer& buffer);
     ~StringPairs() { buffer_.removeListener(*this); }
     StringPairs(const StringPairs&) = delete;
     StringPairs& operator=(const StringPairs&) = delete;
@@ -20,22 +20,11 @@ public:
     /// time, or nothing.
     std::optional<NSRange> update();
 
-    /// Calls a function with each string that touches a range, in order; update() was called since the last edit.
+    /// Calls a function with each string that overlaps a range or begins at its end, in order; update() was called
+    /// since the last edit.
     template <class Function> void each(NSRange range, Function&& function) const {
         std::size_t i = quotes_.firstFrom(range.location);
         while (i > 0 && quotes_[i - 1].role != Role::Closes) --i;
-        if (i > 0 && endOf(range) >= range.location && quotes_.position(i - 1) + 1 == range.location) --i;
-        eachFrom(i, range, function);
-    }
-
-private:
-    enum class Role : std::uint32_t { Opens, Closes, Escaped };
-    struct Quote {
-        std::uint32_t position;
-        Role role;
-    };
-
-    template <class Function> void eachFrom(std::size_t i, NSRange range, Function&& function) const {
         std::optional<std::size_t> begin;
         for (; i < quotes_.size(); ++i) {
             const Quote quote = quotes_[i];
@@ -46,10 +35,18 @@ private:
             begin.reset();
         }
     }
+
+private:
+    enum class Role : std::uint32_t { Opens, Closes, Escaped };
+    struct Quote {
+        std::uint32_t position;
+        Role role;
+    };
+
     void textChanged(NSRange replaced, std::size_t inserted) override;
     bool isEscaped(std::size_t position) const;
 
-    TextBuffer& buffer_;
+    SourceBuffer& buffer_;
     MovingList<Quote> quotes_;
     ChangedRange stale_;  // roles from here on hold only from the first one behind it that comes out as it was
 };

@@ -16,12 +16,12 @@ bool endsLine(char16_t unit) {
 
 }  // namespace
 
-TextBuffer::TextBuffer(std::u16string_view text) {
+SourceBuffer::SourceBuffer(std::u16string_view text) {
     if (!text.empty()) replace({}, text);
     version_ = 0;
 }
 
-std::u16string TextBuffer::substring(NSRange range) const {
+std::u16string SourceBuffer::substring(NSRange range) const {
     assert(endOf(range) <= length());
     const std::size_t before = std::min(std::max(range.location, gap_), endOf(range)) - range.location;
     std::u16string result;
@@ -31,7 +31,7 @@ std::u16string TextBuffer::substring(NSRange range) const {
     return result;
 }
 
-std::u16string_view TextBuffer::view(NSRange range) const {
+std::u16string_view SourceBuffer::view(NSRange range) const {
     assert(endOf(range) <= length());
     if (range.location < gap_ && gap_ < endOf(range)) {
         moveGap(gap_ - range.location < endOf(range) - gap_ ? range.location : endOf(range));
@@ -39,12 +39,12 @@ std::u16string_view TextBuffer::view(NSRange range) const {
     return {units_.get() + (range.location < gap_ ? range.location : range.location + gapLength_), range.length};
 }
 
-std::array<std::u16string_view, 2> TextBuffer::pieces() const {
+std::array<std::u16string_view, 2> SourceBuffer::pieces() const {
     return {std::u16string_view{units_.get(), gap_},
             std::u16string_view{units_.get() + gap_ + gapLength_, length() - gap_}};
 }
 
-void TextBuffer::moveGap(std::size_t to) const {
+void SourceBuffer::moveGap(std::size_t to) const {
     char16_t* units = units_.get();
     if (to < gap_) {
         std::char_traits<char16_t>::move(units + to + gapLength_, units + to, gap_ - to);
@@ -54,7 +54,7 @@ void TextBuffer::moveGap(std::size_t to) const {
     gap_ = to;
 }
 
-void TextBuffer::reserveGap(std::size_t wanted) {
+void SourceBuffer::reserveGap(std::size_t wanted) {
     if (wanted <= gapLength_) return;
     constexpr std::size_t kSmallest = 256;
     const std::size_t newLength = length() + wanted;
@@ -68,7 +68,7 @@ void TextBuffer::reserveGap(std::size_t wanted) {
     units_ = std::move(grown);
 }
 
-void TextBuffer::replace(NSRange range, std::u16string_view with) {
+void SourceBuffer::replace(NSRange range, std::u16string_view with) {
     assert(endOf(range) <= length());
     const std::size_t newLength = length() - range.length + with.size();
     if (newLength > kLongest) {
@@ -91,18 +91,18 @@ void TextBuffer::replace(NSRange range, std::u16string_view with) {
     lineStarts_.replace(first, 0, added);
 
     ++version_;
-    const std::vector<TextListener*> listeners = listeners_;
-    for (TextListener* listener : listeners) listener->textChanged(range, with.size());
+    const std::vector<SourceListener*> listeners = listeners_;
+    for (SourceListener* listener : listeners) listener->textChanged(range, with.size());
 }
 
-bool TextBuffer::isLineStart(std::size_t position) const {
+bool SourceBuffer::isLineStart(std::size_t position) const {
     if (position == 0) return false;
     const char16_t before = at(position - 1);
     return endsLine(before) && !(before == u'\r' && position < length() && at(position) == u'\n');
 }
 
 /// The starts of lines from a range's begin to its end, both included.
-void TextBuffer::appendLineStarts(NSRange range, std::vector<LineStart>& to) const {
+void SourceBuffer::appendLineStarts(NSRange range, std::vector<LineStart>& to) const {
     const auto take = [&](std::size_t position) {
         if (isLineStart(position)) to.push_back({static_cast<std::uint32_t>(position)});
     };
@@ -113,18 +113,18 @@ void TextBuffer::appendLineStarts(NSRange range, std::vector<LineStart>& to) con
     }
 }
 
-NSRange TextBuffer::line(std::size_t index) const {
+NSRange SourceBuffer::line(std::size_t index) const {
     assert(index < lineCount());
     return rangeBetween(lineStart(index), index + 1 < lineCount() ? lineStart(index + 1) : length());
 }
 
-NSRange TextBuffer::lineRange(NSRange range) const {
+NSRange SourceBuffer::lineRange(NSRange range) const {
     assert(endOf(range) <= length());
     const std::size_t last = range.length > 0 ? endOf(range) - 1 : range.location;
     return rangeBetween(lineStart(lineAt(range.location)), endOf(lineRangeAt(last)));
 }
 
-std::optional<std::size_t> TextBuffer::find(char16_t unit, NSRange within) const {
+std::optional<std::size_t> SourceBuffer::find(char16_t unit, NSRange within) const {
     assert(endOf(within) <= length());
     std::size_t begin = 0;
     for (const std::u16string_view piece : pieces()) {
@@ -136,7 +136,7 @@ std::optional<std::size_t> TextBuffer::find(char16_t unit, NSRange within) const
     return std::nullopt;
 }
 
-std::optional<std::size_t> TextBuffer::findLast(char16_t unit, NSRange within) const {
+std::optional<std::size_t> SourceBuffer::findLast(char16_t unit, NSRange within) const {
     assert(endOf(within) <= length());
     for (std::size_t at = endOf(within); at-- > within.location;) {
         if (this->at(at) == unit) return at;

@@ -25,22 +25,22 @@ inline NSRange rangeBetween(std::size_t begin, std::size_t end) {
 }
 
 /// Hears of the changes of a text.
-class TextListener {
+class SourceListener {
 public:
     /// A range of the text as it was before has been replaced by so many units.
     virtual void textChanged(NSRange replaced, std::size_t inserted) = 0;
 
 protected:
-    ~TextListener() = default;
+    ~SourceListener() = default;
 };
 
 /// Belongs to one thread; even asking moves what it holds inside.
-class VELT_EXPORT TextBuffer {
+class VELT_EXPORT SourceBuffer {
 public:
-    TextBuffer() : TextBuffer(std::u16string_view()) {}
-    explicit TextBuffer(std::u16string_view text);
-    TextBuffer(const TextBuffer&) = delete;
-    TextBuffer& operator=(const TextBuffer&) = delete;
+    SourceBuffer() : SourceBuffer(std::u16string_view()) {}
+    explicit SourceBuffer(std::u16string_view text);
+    SourceBuffer(const SourceBuffer&) = delete;
+    SourceBuffer& operator=(const SourceBuffer&) = delete;
 
     std::size_t length() const { return capacity_ - gapLength_; }
     bool isEmpty() const { return length() == 0; }
@@ -64,8 +64,8 @@ public:
     std::uint64_t version() const { return version_; }
 
     /// Listeners are told in the order in which they came; each must be removed before it ends.
-    void addListener(TextListener& listener) { listeners_.push_back(&listener); }
-    void removeListener(TextListener& listener) { std::erase(listeners_, &listener); }
+    void addListener(SourceListener& listener) { listeners_.push_back(&listener); }
+    void removeListener(SourceListener& listener) { std::erase(listeners_, &listener); }
 
     /// The number of lines, at least 1. Lines are numbered from 0 here.
     std::size_t lineCount() const { return lineStarts_.size() + 1; }
@@ -99,7 +99,7 @@ private:
     std::size_t gapLength_ = 0, capacity_ = 0;
     MovingList<LineStart> lineStarts_;  // without the first line's
     std::uint64_t version_ = 0;
-    std::vector<TextListener*> listeners_;
+    std::vector<SourceListener*> listeners_;
 };
 
 }  // namespace velt

@@ -44,10 +44,10 @@ std::size_t skipTo(Place wanted, std::u16string_view text, std::size_t at) {
 bool startsWord(char32_t codePoint) { return place(codePoint) == Start; }
 bool endsWord(char32_t codePoint) { return place(codePoint) == End; }
 
-std::optional<Word> nextWord(std::u16string_view text, std::size_t from) {
+std::optional<SourceWord> nextWord(std::u16string_view text, std::size_t from) {
     const std::size_t begin = skipTo(Start, text, from);
     if (begin == text.size()) return std::nullopt;
-    return Word{begin, skipTo(End, text, begin + 1)};
+    return SourceWord{begin, skipTo(End, text, begin + 1)};
 }
 
 }  // namespace velt

@@ -16,9 +16,9 @@ VELT_EXPORT bool startsWord(char32_t codePoint);
 VELT_EXPORT bool endsWord(char32_t codePoint);
 
 /// The next word of a text, or nothing when there is none.
-struct Word {
+struct SourceWord {
     std::size_t begin, end;
 };
-VELT_EXPORT std::optional<Word> nextWord(std::u16string_view text, std::size_t from);
+VELT_EXPORT std::optional<SourceWord> nextWord(std::u16string_view text, std::size_t from);
 
 }  // namespace velt
