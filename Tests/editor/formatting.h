@@ -13,6 +13,21 @@ namespace velt::test {
 
 inline std::string shown(std::u16string_view text) { return text::toUtf8(text); }
 
+/// The lists of a language, as tests write them.
+struct LanguageWords {
+    std::vector<std::u16string> keywords, builtins, types;
+
+    WordLists lists() const { return {arrayOfTexts(keywords), arrayOfTexts(builtins), arrayOfTexts(types)}; }
+    Recasing recasing() const { return Recasing(lists()); }
+
+private:
+    static id arrayOfTexts(const std::vector<std::u16string>& texts) {
+        Ref<NSMutableArray> result = make<NSMutableArray>();
+        for (const std::u16string& text : texts) result->append(velt::string(text));
+        return result;
+    }
+};
+
 inline LanguageWords smallLanguage() {
     return {.keywords = {u"If",     u"Then",     u"Else",     u"End",  u"For", u"To",  u"Next",
                          u"Do",     u"Loop",     u"While",    u"Dim",  u"As",  u"Sub", u"Function",
@@ -24,14 +39,14 @@ inline LanguageWords smallLanguage() {
 
 /// An editor without a window: what is typed goes into a document and is formatted.
 struct FormattedDocument : FormatterHost {
-    explicit FormattedDocument(std::u16string_view text = {}, LanguageWords words = smallLanguage())
-        : document(text), words(std::move(words)) {
+    explicit FormattedDocument(std::u16string_view text = {}, LanguageWords language = smallLanguage())
+        : document(text), words(std::move(language)) {
         formatter.turnOn();
     }
 
-    LanguageWords languageWords() override {
+    WordLists wordLists() override {
         ++timesAsked;
-        return words;
+        return words.lists();
     }
     void lineEndTyped(std::size_t selectionLocation) override { lineEnds.push_back(selectionLocation); }
     void changeHandled(std::size_t position, std::u16string_view typed) override {

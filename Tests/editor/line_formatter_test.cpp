@@ -8,8 +8,7 @@ namespace velt::test {
 namespace {
 
 const Recasing& words() {
-    static const LanguageWords lists = smallLanguage();
-    static const Recasing recasing(lists.keywords, lists.builtins, lists.types);
+    static const Recasing recasing = smallLanguage().recasing();
     return recasing;
 }
 

@@ -10,8 +10,7 @@ namespace velt::test {
 namespace {
 
 std::string spaced(std::u16string code) {
-    static const LanguageWords words = smallLanguage();
-    static const Recasing recasing(words.keywords, words.builtins, words.types);
+    static const Recasing recasing = smallLanguage().recasing();
     spaceOperators(code, recasing);
     return shown(code);
 }
@@ -99,7 +98,9 @@ TEST(OperatorSpacing, HasARowForEachReplacementInItsOrder) {
     for (const SpacingRule& rule : rules) {
         EXPECT_TRUE(from.insert(rule.from).second) << shown(rule.from);
         // What is repeated gets shorter, so that it ends.
-        if (rule.repeats) EXPECT_LT(rule.to.size(), rule.from.size()) << shown(rule.from);
+        if (rule.repeats) {
+            EXPECT_LT(rule.to.size(), rule.from.size()) << shown(rule.from);
+        }
     }
     EXPECT_EQ(u"\r", rules.front().from);
     EXPECT_EQ(u" < / string > ", rules.back().from);

@@ -2,10 +2,11 @@
 // one is compared with.
 #pragma once
 
-#include "VELTRuntime/editor/source_formatter.h"
 #include "VELTRuntime/editor/word_characters.h"
 #include "VELTRuntime/values/text/casing.h"
 #include "VELTRuntime/values/text/reading.h"
+
+#include "formatting.h"
 
 #include <map>
 #include <string>

@@ -7,7 +7,7 @@ namespace velt::test {
 namespace {
 
 std::string recased(std::u16string line, const LanguageWords& words) {
-    Recasing(words.keywords, words.builtins, words.types).recase(line);
+    words.recasing().recase(line);
     return shown(line);
 }
 std::string recased(std::u16string line) { return recased(std::move(line), smallLanguage()); }
@@ -55,9 +55,17 @@ TEST(Recasing, GoesOnBehindASpellingOfAnotherLength) {
     EXPECT_EQ("a İ If", recased(u"a i\u0307 if", {.keywords = {u"İ", u"If"}, .builtins = {}, .types = {}}));
 }
 
+TEST(Recasing, LeavesOutWhatIsNoStringOrNoList) {
+    const Ref<NSMutableArray> keywords = make<NSMutableArray>();
+    keywords->append(VELT_ID(7L));
+    keywords->append(velt::string("If"));
+    std::u16string line = u"if len";
+    Recasing({.keywords = keywords, .builtins = velt::string("Len"), .types = nil}).recase(line);
+    EXPECT_EQ("If len", shown(line));
+}
+
 TEST(Recasing, KnowsItsKeywordsInAnyCase) {
-    const LanguageWords words = smallLanguage();
-    const Recasing recasing(words.keywords, words.builtins, words.types);
+    const Recasing recasing = smallLanguage().recasing();
     EXPECT_TRUE(recasing.isKeyword(u"IF"));
     EXPECT_FALSE(recasing.isKeyword(u"len"));
     EXPECT_FALSE(recasing.isKeyword(u"nothing"));

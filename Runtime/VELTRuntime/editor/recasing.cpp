@@ -2,6 +2,8 @@
 #include "VELTRuntime/editor/recasing.h"
 
 #include "VELTRuntime/editor/word_characters.h"
+#include "VELTRuntime/platform/foundation/array.h"
+#include "VELTRuntime/values/string.h"
 #include "VELTRuntime/values/text/casing.h"
 
 #include <algorithm>
@@ -9,24 +11,23 @@
 
 namespace velt {
 
-namespace {
-
-constexpr int kKeywords = 0, kBuiltins = 1, kTypes = 2;
-
-}  // namespace
-
-Recasing::Recasing(Words keywords, Words builtins, Words types) : hasKeywords_(!keywords.empty()) {
-    add(keywords, kKeywords);
-    add(builtins, kBuiltins);
-    add(types, kTypes);
+Recasing::Recasing(const WordLists& lists) {
+    add(lists.keywords, Ink::Keyword);
+    hasKeywords_ = !entries_.empty();
+    add(lists.builtins, Ink::Builtin);
+    add(lists.types, Ink::Type);
 }
 
-void Recasing::add(Words words, int list) {
-    for (const std::u16string& word : words) {
-        std::u16string key = text::lowered(word);
+void Recasing::add(const id& words, Ink list) {
+    const NSArray* array = arrayOf(words);
+    if (!array) return;
+    for (const id& word : array->items()) {
+        if (!isString(word)) continue;
+        const std::u16string_view spelling = textOf(word);
+        std::u16string key = text::lowered(spelling);
         longest_ = std::max(longest_, key.size());
-        const auto [entry, isNew] = entries_.try_emplace(std::move(key), word, list);
-        if (!isNew && entry->second.list == list) entry->second.spelling = word;
+        const auto [entry, isNew] = entries_.try_emplace(std::move(key), std::u16string(spelling), list);
+        if (!isNew && entry->second.list == list) entry->second.spelling = spelling;
     }
 }
 
@@ -48,7 +49,7 @@ const Recasing::Entry* Recasing::find(std::u16string_view word) const {
 
 bool Recasing::isKeyword(std::u16string_view word) const {
     const Entry* entry = find(word);
-    return entry && entry->list == kKeywords;
+    return entry && entry->list == Ink::Keyword;
 }
 
 void Recasing::recase(std::u16string& line) const {

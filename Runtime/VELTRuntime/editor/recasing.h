@@ -1,14 +1,7 @@
 // The spelling in which the language's own words are written.
 #pragma once
 
-#include "VELTRuntime/export.h"
-
-#include <cstddef>
-#include <functional>
-#include <span>
-#include <string>
-#include <string_view>
-#include <unordered_map>
+#include "VELTRuntime/editor/vocabulary.h"
 
 namespace velt {
 
@@ -16,10 +9,9 @@ namespace velt {
 /// that before the type; of several spellings in one list the last.
 class VELT_EXPORT Recasing {
 public:
-    using Words = std::span<const std::u16string>;
-
     Recasing() = default;
-    Recasing(Words keywords, Words builtins, Words types);
+    /// What in the lists is no string is left out.
+    explicit Recasing(const WordLists& lists);
 
     bool isKeyword(std::u16string_view word) const;
 
@@ -30,12 +22,13 @@ public:
 private:
     struct Entry {
         std::u16string spelling;
-        int list;
+        Ink list;
     };
-    struct Hash : std::hash<std::u16string_view> {
+    struct Hash {
         using is_transparent = void;
+        std::size_t operator()(std::u16string_view word) const { return text::hashOf(word); }
     };
-    void add(Words words, int list);
+    void add(const id& words, Ink list);
     const Entry* find(std::u16string_view word) const;
 
     std::unordered_map<std::u16string, Entry, Hash, std::equal_to<>> entries_;

@@ -16,10 +16,7 @@ FormatterState& FormatterState::ofProcess() {
 }
 
 const Recasing& SourceFormatter::words() {
-    if (!shared_.words) {
-        const LanguageWords lists = host_.languageWords();
-        shared_.words.emplace(lists.keywords, lists.builtins, lists.types);
-    }
+    if (!shared_.words) shared_.words.emplace(host_.wordLists());
     return *shared_.words;
 }
 

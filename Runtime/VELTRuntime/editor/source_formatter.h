@@ -6,11 +6,6 @@
 
 namespace velt {
 
-/// The lists of an editor by which words are recased, and type names are completed.
-struct LanguageWords {
-    std::vector<std::u16string> keywords, builtins, types;
-};
-
 /// What all editors of a process share.
 struct VELT_EXPORT FormatterState {
     /// Made from the lists of the editor that formats first, and never again. Programs rely on it.
@@ -24,7 +19,8 @@ struct VELT_EXPORT FormatterState {
 /// What the formatter asks of the editor around it.
 class VELT_EXPORT FormatterHost {
 public:
-    virtual LanguageWords languageWords() = 0;
+    /// The view's lists.
+    virtual WordLists wordLists() = 0;
     /// A line end was typed while the selection began there: stored positions from there on move by one.
     virtual void lineEndTyped(std::size_t selectionLocation) = 0;
     /// A change has been dealt with; the text at the position may have changed meanwhile.
