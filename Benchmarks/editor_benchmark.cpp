@@ -3,6 +3,7 @@
 #include "VELTRuntime/editor/highlighter.h"
 #include "VELTRuntime/editor/search_commands.h"
 #include "VELTRuntime/editor/source_document.h"
+#include "VELTRuntime/values/text/utf.h"
 
 #include <VELTRuntime/VELTRuntime.h>
 
@@ -15,7 +16,7 @@ std::u16string source(std::int64_t lines) {
     constexpr std::u16string_view kLines[] = {
         u"  if counter > 10 then ' more than \"enough\" of them\n",
         u"    dim total as integer : counter = counter_of(x)\n",
-        u"    msgbox \"it's \" & counter & \" of \\\"them\\\"\", 3\n",
+        u"    msgbox \"it's \" & counter & \" of these\", 3\n",
         u"    total = total + first(counter, 1) * 2 - offset\n",
         u"  end if : counter := another_name.with_members(3)\n",
     };
