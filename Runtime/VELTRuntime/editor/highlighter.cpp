@@ -68,10 +68,10 @@ void Highlighter::highlight(const Vocabulary& vocabulary, std::span<const std::i
 std::vector<InkRun> Highlighter::wordRuns(const Vocabulary& vocabulary, NSRange range) const {
     std::vector<InkRun> runs;
     const std::u16string_view text = buffer_.view(range);
-    for (std::size_t at = 0; const auto word = nextWord(text, at); at = word->end) {
-        const Ink ink = vocabulary.inkOf(text.substr(word->begin, word->end - word->begin));
-        if (ink == Ink::None) continue;
-        runs.push_back(runOf({range.location + word->begin, word->end - word->begin}, ink));
+    for (SourceWord word = nextWord(text, 0); !word.isEmpty(); word = nextWord(text, word.end)) {
+        const std::size_t length = word.end - word.begin;
+        const Ink ink = vocabulary.inkOf(text.substr(word.begin, length));
+        if (ink != Ink::None) runs.push_back(runOf({range.location + word.begin, length}, ink));
     }
     return runs;
 }

@@ -30,10 +30,7 @@ public:
     std::size_t firstFrom(std::size_t wanted) const {
         std::size_t low = 0, high = size();
         // Most questions are asked near the last change.
-        if (gap_ > 0 && position(gap_ - 1) < wanted)
-            low = gap_;
-        else
-            high = gap_;
+        if (gap_ > 0) (position(gap_ - 1) < wanted ? low : high) = gap_;
         while (low < high) {
             const std::size_t middle = low + (high - low) / 2;
             if (position(middle) < wanted)

@@ -26,8 +26,8 @@ VELT_EXPORT bool replaceSelection(EditTarget& target, std::u16string_view with);
 /// The same, then finds the next match; false when nothing was replaced.
 VELT_EXPORT std::optional<bool> replaceAndFind(EditTarget& target, std::u16string_view needle, std::u16string_view with,
                                                const FindOptions& options);
-/// Replaces what findNext finds from the text's start on, again and again, but never within what was put in: in one
-/// step for the undo history. Colours the whole text. The number of replacements.
+/// Replaces what findNext finds from the text's start on, again and again, in one step for the undo history; but no
+/// match reaches into or over what was put in. Colours the whole text then. The number of replacements.
 VELT_EXPORT std::size_t replaceAll(EditTarget& target, std::u16string_view needle, std::u16string_view with,
                                    const FindOptions& options);
 /// Selects and shows a line, counted from 1; one behind the last line is the text's empty end, and everything below 1

@@ -44,10 +44,9 @@ std::size_t skipTo(Place wanted, std::u16string_view text, std::size_t at) {
 bool startsWord(char32_t codePoint) { return place(codePoint) == Start; }
 bool endsWord(char32_t codePoint) { return place(codePoint) == End; }
 
-std::optional<SourceWord> nextWord(std::u16string_view text, std::size_t from) {
+SourceWord nextWord(std::u16string_view text, std::size_t from) {
     const std::size_t begin = skipTo(Start, text, from);
-    if (begin == text.size()) return std::nullopt;
-    return SourceWord{begin, skipTo(End, text, begin + 1)};
+    return {begin, begin == text.size() ? begin : skipTo(End, text, begin + 1)};
 }
 
 }  // namespace velt

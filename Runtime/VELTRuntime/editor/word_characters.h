@@ -4,7 +4,6 @@
 #include "VELTRuntime/export.h"
 
 #include <cstddef>
-#include <optional>
 #include <string_view>
 
 namespace velt {
@@ -15,10 +14,12 @@ VELT_EXPORT bool startsWord(char32_t codePoint);
 /// digit, may go on with a word, but not begin one.
 VELT_EXPORT bool endsWord(char32_t codePoint);
 
-/// The next word of a text, or nothing when there is none.
+/// A word by its place in a text.
 struct SourceWord {
     std::size_t begin, end;
+    bool isEmpty() const { return begin == end; }
 };
-VELT_EXPORT std::optional<SourceWord> nextWord(std::u16string_view text, std::size_t from);
+/// The next word of a text, or an empty one at its end when there is none.
+VELT_EXPORT SourceWord nextWord(std::u16string_view text, std::size_t from);
 
 }  // namespace velt
