@@ -2,6 +2,7 @@
 #include "VELTRuntime/editor/operator_spacing.h"
 
 #include "VELTRuntime/editor/word_characters.h"
+#include "VELTRuntime/values/text/casing.h"
 
 #include <algorithm>
 #include <array>
@@ -96,8 +97,7 @@ bool isCalledAt(u16string_view code, std::size_t end, const Recasing& words) {
     // A unit of a pair is looked at by itself: it neither ends a word nor begins one.
     while (begin > 0 && !endsWord(code[begin - 1])) --begin;
     const u16string_view word = code.substr(begin, end - begin);
-    const auto found = nextWord(word, 0);
-    return found && found->begin == 0 && !words.isKeyword(word);
+    return !word.empty() && startsWord(text::codePointAt(word, 0).value) && !words.isKeyword(word);
 }
 
 void joinCalls(std::u16string& code, const Recasing& words, std::u16string& scratch) {

@@ -54,11 +54,11 @@ bool Recasing::isKeyword(std::u16string_view word) const {
 
 void Recasing::recase(std::u16string& line) const {
     if (!hasKeywords_) return;
-    for (auto word = nextWord(line, 0); word; word = nextWord(line, word->end)) {
-        const Entry* entry = find(std::u16string_view(line).substr(word->begin, word->end - word->begin));
+    for (SourceWord word = nextWord(line, 0); !word.isEmpty(); word = nextWord(line, word.end)) {
+        const Entry* entry = find(std::u16string_view(line).substr(word.begin, word.end - word.begin));
         if (!entry) continue;
-        line.replace(word->begin, word->end - word->begin, entry->spelling);
-        word->end = word->begin + entry->spelling.size();
+        line.replace(word.begin, word.end - word.begin, entry->spelling);
+        word.end = word.begin + entry->spelling.size();
     }
 }
 
