@@ -69,6 +69,7 @@ TEST(OperatorSpacing, JoinsACallToTheParenthesisBehindIt) {
     EXPECT_EQ("foo(a, b)", spaced(u"foo ( a , b )"));
     EXPECT_EQ("foo()", spaced(u"foo ( )"));
     EXPECT_EQ("a.foo_2(b(c))", spaced(u"a . foo_2 ( b ( c ) )"));
+    EXPECT_EQ("foo(a) + foo((b))", spaced(u"foo  \t(\ta )+foo ( ( b ) )"));
 }
 
 TEST(OperatorSpacing, KeepsTheBlankBehindAKeywordOrAnOperator) {
@@ -77,6 +78,7 @@ TEST(OperatorSpacing, KeepsTheBlankBehindAKeywordOrAnOperator) {
     EXPECT_EQ("foo (a)", spaced(u"foo (a)"));
     EXPECT_EQ("a(1) (2)", spaced(u"a(1) ( 2 )"));
     EXPECT_EQ("1 (2)", spaced(u"1 ( 2 )"));
+    EXPECT_EQ("foo (- a)", spaced(u"foo (-a)"));
 }
 
 TEST(OperatorSpacing, ReadsAnExclamationMarkWithABlankAsADot) {

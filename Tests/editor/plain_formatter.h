@@ -157,28 +157,32 @@ private:
         while (line.find(from) != Text::npos) replaceOnce(line, from, to);
     }
 
-    /// A blank between a called word and the parenthesis that has blanks on both sides.
+    /// The blanks between a called word and the parenthesis that has blanks on both sides.
     void joinCalls(Text& line) const {
         for (std::size_t at = line.find(u" ( "); at != Text::npos; at = line.find(u" ( ", at + 1)) {
-            std::size_t begin = at;
+            std::size_t end = at;
+            while (end > 0 && line[end - 1] == u' ') --end;
+            std::size_t begin = end;
             while (begin > 0 && !endsWord(line[begin - 1])) --begin;
-            const Text word = line.substr(begin, at - begin);
+            const Text word = line.substr(begin, end - begin);
             if (word.empty() || !startsWord(text::codePointAt(word, 0).value)) continue;
             bool isKeyword = false;
             for (const Text& keyword : keywords_) isKeyword = isKeyword || keyword == text::lowered(word);
-            if (!isKeyword) line.erase(at, 1);
+            if (isKeyword) continue;
+            line.erase(end, at + 1 - end);
+            at = end;
         }
     }
 
     void space(Text& line) const {
         replaceOnce(line, u"\r", u"");
         replaceOnce(line, u"\t", u" ");
+        joinCalls(line);
         for (const char16_t* sign :
              {u"+", u"-", u"/", u"\\", u"*", u"&", u",", u":=", u"<>", u">=", u"<=", u"=", u">", u"<"}) {
             replaceOnce(line, sign, Text(u" ").append(sign).append(u" "));
         }
         replaceAll(line, u"  ", u" ");
-        joinCalls(line);
         const char16_t* pairs[][2] = {
             {u" .", u"."},       {u". ", u"."},       {u" !", u"."},       {u"! ", u"."},       {u" ,", u","},
             {u"( ", u"("},       {u" )", u")"},       {u" - - ", u" - -"}, {u" + + ", u" + +"}, {u" + - ", u" + -"},

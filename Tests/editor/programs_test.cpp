@@ -1,4 +1,5 @@
 // The sources that come with the editor's example.
+#include "VELTRuntime/values/text/casing.h"
 #include "formatting.h"
 
 #include <algorithm>
@@ -68,6 +69,30 @@ TEST(EditorPrograms, AreNotChangedByFormatting) {
         const auto first = std::mismatch(source.begin(), source.end(), formatted.begin(), formatted.end()).first;
         EXPECT_TRUE(source == formatted) << path << ":" << 1 + std::count(source.begin(), first, u'\n');
         EXPECT_EQ(0, editor.formatter.level()) << path;
+    }
+}
+
+TEST(EditorPrograms, AreRestoredFromAnUntidyForm) {
+    // Every word of the language in capitals, and one blank for each indentation.
+    LanguageWords capitals = language();
+    for (auto* list : {&capitals.keywords, &capitals.builtins, &capitals.types}) {
+        for (std::u16string& word : *list) word = text::uppered(word);
+    }
+    const Recasing shouting = capitals.recasing();
+    for (const auto& path : programs()) {
+        const std::u16string source = contents(path);
+        std::u16string untidy;
+        for (std::size_t from = 0, end; (end = source.find(u'\n', from)) != source.npos; from = end + 1) {
+            const std::u16string line = source.substr(from, end + 1 - from);
+            const std::size_t blanks = leadingBlanks(line);
+            Indentation left;
+            untidy.append(blanks > 0 && line.size() > 1 ? u" " : u"");
+            untidy += formatPassLine(std::u16string_view(line).substr(blanks), u"", left, shouting);
+        }
+        EXPECT_FALSE(source == untidy);
+        FormattedDocument editor(untidy, language());
+        editor.formatter.formatText();
+        EXPECT_TRUE(source == editor.document.buffer().text()) << path;
     }
 }
 

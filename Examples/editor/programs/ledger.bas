@@ -124,12 +124,12 @@ End Sub
 ' The whole part of an amount with a comma before every three digits.
 Function Grouped(digits As String) As String
   Dim result As String = ""
-  Dim left As Integer = Len(digits)
-  Do While left > 3
-    result = "," & Mid(digits, left - 3, 3) & result
-    left = left - 3
-  Loop ' the digits before the first comma are left
-  Return Left(digits, left) & result
+  Dim remaining As Integer = Len(digits)
+  Do While remaining > 3
+    result = "," & Mid(digits, remaining - 3, 3) & result
+    remaining = remaining - 3
+  Loop ' what remains comes before the first comma
+  Return Left(digits, remaining) & result
 End Function
 
 ' Cents as people write them: 1,234.50
@@ -862,7 +862,7 @@ Sub ReportPayees()
     End If
   Next i
   Dim notes As NSMutableArray = counts.Keys
-  For round = 1 To Min(10, notes.Count)
+  For place = 1 To Min(10, notes.Count)
     Dim best As Integer = 0
     For i = 1 To notes.Count - 1
       If counts(notes(i)) > counts(notes(best)) Then
@@ -871,7 +871,7 @@ Sub ReportPayees()
     Next i
     Print PadLeft(CString(counts(notes(best))), 5) & "  " & notes(best)
     notes.Remove(best)
-  Next round
+  Next place
 End Sub
 
 ' Things that are no mistakes, but look like some.

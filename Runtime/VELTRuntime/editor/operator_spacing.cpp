@@ -57,9 +57,9 @@ constexpr SpacingRule kRules[] = {
     {u" < string > ", u"<string>", kOnce},
     {u" < / string > ", u"</string>", kOnce},
 };
-/// Calls are joined when blanks stand alone, before dots, commas and parentheses take theirs.
-constexpr std::size_t kRulesBeforeCalls = 17;
-static_assert(kRules[kRulesBeforeCalls - 1].from == u"  ");
+/// Calls are joined when only blanks are left, but before operators get theirs: those do not count.
+constexpr std::size_t kRulesBeforeCalls = 2;
+static_assert(kRules[kRulesBeforeCalls - 1].from == u"\t");
 
 /// Which characters a text has: most rules look for one that a line has not.
 class Characters {
@@ -101,13 +101,14 @@ bool isCalledAt(u16string_view code, std::size_t end, const Recasing& words) {
 }
 
 void joinCalls(std::u16string& code, const Recasing& words, std::u16string& scratch) {
-    constexpr u16string_view kOpening = u" ( ";
     scratch.clear();
     std::size_t from = 0;
-    for (std::size_t at = code.find(kOpening); at != code.npos; at = code.find(kOpening, at + 1)) {
-        if (!isCalledAt(code, at, words)) continue;
-        scratch.append(code, from, at - from);
-        from = at + 1;
+    for (std::size_t at = code.find(u"( "); at != code.npos; at = code.find(u"( ", at + 1)) {
+        std::size_t begin = at;
+        while (begin > from && code[begin - 1] == u' ') --begin;
+        if (begin == at || !isCalledAt(code, begin, words)) continue;
+        scratch.append(code, from, begin - from);
+        from = at;
     }
     if (from == 0) return;
     scratch.append(code, from);
