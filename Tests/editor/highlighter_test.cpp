@@ -142,14 +142,17 @@ TEST(Highlighting, DoesNothingInAnEmptyRange) {
 TEST(Highlighting, KeepsToTheWordsOfTheFirstPass) {
     Coloured text(u"velt_first velt_second ");
     const id keywords = array(str("velt_first"));
-    const id first = keywords;
-    text.highlighter.highlight(WordLists{first, nil, nil}, {});
+    text.highlighter.highlight(WordLists{keywords, nil, nil}, {});
     const std::string before = text.inks();
+    const Vocabulary& shared = Vocabulary::shared(WordLists{keywords, nil, nil});
+    EXPECT_EQ(shared.inkOf(u"velt_first") == Ink::Keyword ? "kkkkkkkkkk............." : ".......................",
+              before);
     velt::mutableArrayOf(keywords)->append(str("velt_second"));
     text.highlighter.highlight(WordLists{keywords, nil, nil}, {});
     EXPECT_EQ(before, text.inks());
     text.highlighter.highlight(WordLists{array(str("velt_second")), nil, nil}, {});
     EXPECT_EQ(before, text.inks());
+    EXPECT_EQ(&shared, &Vocabulary::shared(someLists()));
 }
 
 TEST(Highlighting, MarksTheLinesOfBreakpoints) {

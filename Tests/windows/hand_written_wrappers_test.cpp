@@ -33,6 +33,9 @@ id item() { return VELT_NSMENUITEM_INIT(nil, ""); }
 id menu() { return VELT_NSMENU_INIT(nil, "menu"); }
 id event() { return VELT_NSEVENT_INIT(nil, ""); }
 id application() { return id(static_cast<NSObject*>(&NSApplication::sharedApplication())); }
+id matrix() { return VELT_NSMATRIX_INIT(nil, ""); }
+id toolbar() { return VELT_NSTOOLBAR_INIT(nil, "bar"); }
+id drawer() { return VELT_NSDRAWER_INIT(nil, ""); }
 id popUp() {
     const id made = VELT_NSPOPUPBUTTON_INIT(nil, "");
     VELT_NSPOPUPBUTTON_APPEND(made, str("One"));
@@ -49,6 +52,12 @@ id popUp() {
             [](const id& receiver) { return VELT_##function(receiver __VA_OPT__(, ) __VA_ARGS__); }                    \
     }
 
+/// A call of a function that waits for a person, or that has no receiver.
+#define FUNCTION(function, ...)                                                                                        \
+    {                                                                                                                  \
+        "VELT_" #function, nullptr, [](const id&) { return VELT_##function(__VA_ARGS__); }                             \
+    }
+
 // Objects that arguments name are made on the main thread, before any of the calls.
 const id& someView() {
     static const id made = view();
@@ -60,6 +69,10 @@ const id& someMenu() {
 }
 const id& someItem() {
     static const id made = item();
+    return made;
+}
+const id& someWindow() {
+    static const id made = window();
     return made;
 }
 const id& someImage() {
@@ -188,6 +201,30 @@ const std::vector<Call>& calls() {
         CALL(NSWINDOW_MAKEFIRSTRESPONDER, window, someView()),
         CALL(NSWINDOW_DOCUMENTICON, window),
         CALL(NSWINDOW_DOCUMENTICON, window, someImage()),
+        CONSTRUCTOR(NSMATRIX_INIT),
+        CALL(NSMATRIX_ADDROW, matrix, array()),
+        CONSTRUCTOR(NSTOOLBAR_INIT),
+        CONSTRUCTOR(NSTOOLBARITEM_INIT),
+        CALL(NSTOOLBAR_SHOW, toolbar),
+        CALL(NSTOOLBAR_HIDE, toolbar),
+        FUNCTION(MSGBOX, str("title"), str("message")),
+        FUNCTION(_MSGBOX, str("message")),
+        FUNCTION(ALERTPANEL, nil, nil, nil, nil, nil),
+        FUNCTION(INFORMATIONALALERTPANEL, nil, nil, nil, nil, nil),
+        FUNCTION(CRITICALALERTPANEL, str("title"), str("message"), nil, nil, nil),
+        FUNCTION(INPUTPANEL, str("message"), str("more"), str("text")),
+        FUNCTION(BEGINALERTSHEET, nil, str("message"), str("more"), nil, nil, nil, nil),
+        FUNCTION(BEGINSHEET, nil, someWindow(), nil),
+        FUNCTION(ENDSHEET, someWindow(), nil),
+        FUNCTION(BEGINMODAL, someWindow()),
+        FUNCTION(ENDMODAL, nil),
+        CONSTRUCTOR(NSDRAWER_INIT),
+        CALL(BEGINDRAWER, drawer),
+        CALL(ENDDRAWER, drawer),
+        CALL(NSDRAWER_TOGGLERIGHTRESIZINGWINDOW, drawer),
+        CALL(BEGINEXPANDING, view, someWindow()),
+        CALL(ENDEXPANDING, view, someWindow()),
+        FUNCTION(NSOPENPANEL_RUN, nil),
         CALL(FIRSTRESPONDER_SENDACTION, nullptr, str("nobodyAnswersThis:")),
         CALL(FIRSTRESPONDER_SENDACTION2, nullptr, str("nobodyAnswersThis:"), nil),
     };
@@ -202,12 +239,24 @@ const std::map<std::string, const char*> kOfEveryThread{
     {"VELT_NSVIEW_TAG", "the setter refuses everything"},
     {"VELT_NSVIEW_WINDOW", "the setter refuses everything"},
     {"VELT_NSWINDOW_CONTENTSIZE", "the getter always gives 0"},
+    {"VELT_NSTOOLBARITEM_ITEMIDENTIFIER", "the setter does nothing"},
+    {"VELT_NSOPENPANEL_CANCHOOSEFILES", "a value of the program's"},
+    {"VELT_NSOPENPANEL_CANCHOOSEDIRECTORIES", "a value of the program's"},
+    {"VELT_NSOPENPANEL_RESOLVESALIASES", "a value of the program's"},
+    {"VELT_NSOPENPANEL_ALLOWSMULTIPLESELECTION", "a value of the program's"},
+    {"VELT_NSOPENPANEL_DIRECTORY", "a value of the program's"},
+    {"VELT_NSOPENPANEL_FILE", "a value of the program's"},
+    {"VELT_NSOPENPANEL_TYPES", "a value of the program's"},
+    {"VELT_NSOPENPANEL_FILENAMES", "a value of the program's"},
+    {"VELT_NSOPENPANEL_FILENAME", "a value of the program's"},
+    {"VELT_NSOPENPANEL_URLS", "a value of the program's"},
+    {"VELT_NSOPENPANEL_URL", "a value of the program's"},
 };
 
 }  // namespace
 
 TEST(HandWrittenWrappers, BelongToTheMainThread) {
-    for (const id& made : {someView(), someMenu(), someItem(), someImage()}) EXPECT_FALSE(made.isNil());
+    for (const id& made : {someView(), someMenu(), someItem(), someImage(), someWindow()}) EXPECT_FALSE(made.isNil());
     for (const Call& one : calls()) {
         SCOPED_TRACE(one.name);
         const id receiver = one.make ? one.make() : nil;
@@ -254,7 +303,7 @@ TEST(HandWrittenWrappers, AreAllHere) {
             EXPECT_TRUE(name == "button_kinds.def" || walked.find("ui/" + name) != std::string::npos) << name;
         }
         if (file.path().extension() != ".h") continue;
-        const std::regex declaration("VELT_EXPORT id (VELT_[A-Z0-9]+_[A-Z0-9]+)\\(");
+        const std::regex declaration("VELT_EXPORT id (VELT_[A-Z0-9_]+)\\(");
         for (std::sregex_iterator at(text.begin(), text.end(), declaration), end; at != end; ++at) {
             ++found;
             const std::string name = (*at)[1];

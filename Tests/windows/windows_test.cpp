@@ -28,12 +28,14 @@ public:
     void windowWillClose(const id&) { heard += "will "; }
     void windowDidResize(const id&) { heard += "resize "; }
     void windowDidMove(const id&) { heard += "move "; }
+    void clearMore(const id&, const id&) { heard += "more "; }
     void clear(const id& sender) { heard += sender.isNil() ? "clear " : "clear-from "; }
     static void describe(velt::ClassBuilder<WindowListener>& c) {
         c.method("windowShouldClose:", &WindowListener::windowShouldClose)
             .method("windowWillClose:", &WindowListener::windowWillClose)
             .method("windowDidResize:", &WindowListener::windowDidResize)
             .method("windowDidMove:", &WindowListener::windowDidMove)
+            .method("clear:more:", &WindowListener::clearMore)
             .method("clear:", &WindowListener::clear);
     }
     std::string heard;
@@ -189,7 +191,10 @@ TEST(FirstResponderActions, GoToWhoeverAnswersThem) {
     NSApplication::sharedApplication().setDelegate(listener);
     EXPECT_VALUE("c 1", VELT_FIRSTRESPONDER_SENDACTION(nil, str("clear")));
     EXPECT_VALUE("c 1", VELT_FIRSTRESPONDER_SENDACTION2(nil, str("clear:"), str("me")));
-    EXPECT_EQ("clear clear-from ", listener->heard);
+    EXPECT_EQ("clear clear-from ", std::exchange(listener->heard, ""));
+    // A colon anywhere makes it a whole name.
+    EXPECT_VALUE("c 0", VELT_FIRSTRESPONDER_SENDACTION(nil, str("clear:more")));
+    EXPECT_EQ("", listener->heard);
     NSApplication::sharedApplication().setDelegate(nil);
 }
 

@@ -61,6 +61,7 @@ inline std::vector<WrapperRow> wrapperRows() {
 #include "VELTRuntime/ui/matrices.def"
 #include "VELTRuntime/ui/toolbars.def"
 #include "VELTRuntime/ui/menus.def"
+#include "VELTRuntime/ui/panels.def"
 #include "VELTRuntime/ui/pop_up_buttons.def"
 #include "VELTRuntime/ui/applications.def"
 // clang-format on

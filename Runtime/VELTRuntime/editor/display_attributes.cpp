@@ -1,5 +1,7 @@
 #include "VELTRuntime/editor/display_attributes.h"
 
+#include <limits>
+
 namespace velt {
 
 namespace {

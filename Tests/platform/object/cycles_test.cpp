@@ -47,6 +47,28 @@ TEST_F(DroppedCycles, OfTwoObjectsAreReclaimed) {
     EXPECT_EQ(0u, velt::collectCycles());
 }
 
+TEST_F(DroppedCycles, WaitForTheEndOfAPause) {
+    const auto drop = [] {
+        const velt::Ref<Node> a = velt::make<Node>();
+        a->next = a;
+    };
+    constexpr int kMany = 50'000;
+    {
+        const velt::CollectionPause pause;
+        for (int i = 0; i < kMany; ++i) drop();
+        EXPECT_EQ(kMany, living);
+        {
+            const velt::CollectionPause ended(false);
+            drop();
+            EXPECT_EQ(0, living);
+        }
+        for (int i = 0; i < kMany; ++i) drop();
+        EXPECT_EQ(kMany, living);
+    }
+    drop();
+    EXPECT_EQ(0, living);
+}
+
 TEST_F(DroppedCycles, OfAnObjectWithItselfAreReclaimed) {
     {
         velt::Ref<Node> a = velt::make<Node>();

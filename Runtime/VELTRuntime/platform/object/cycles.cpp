@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <mutex>
+#include <utility>
 #include <vector>
 
 namespace velt {
@@ -32,6 +33,7 @@ Collector& collector() {
 }
 
 constinit thread_local unsigned attachments = 0;
+constinit thread_local bool isPaused = false;
 
 void attach() {
     if (attachments++ > 0) return;
@@ -246,7 +248,7 @@ void releaseCycleCandidate(NSObject* object) noexcept {
         if (!noted && all.candidates.size() < kMostCandidates) {
             all.candidates.push_back(object);
             setPlace(object, all.candidates.size());
-            due = !all.collecting && (all.stress || all.candidates.size() >= all.threshold);
+            due = !all.collecting && (all.stress || (!isPaused && all.candidates.size() >= all.threshold));
         }
     }
     if (dropOwner(object)) destroyObject(object);
@@ -274,6 +276,9 @@ void setCycleStress(bool on) {
     const std::lock_guard lock(collector().mutex);
     collector().stress = on;
 }
+
+CollectionPause::CollectionPause(bool paused) : before_(std::exchange(isPaused, paused)) {}
+CollectionPause::~CollectionPause() { isPaused = before_; }
 
 ThreadScope::ThreadScope() { attach(); }
 ThreadScope::~ThreadScope() { detach(); }

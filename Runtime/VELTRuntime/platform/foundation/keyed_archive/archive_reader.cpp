@@ -7,6 +7,7 @@
 #include "VELTRuntime/platform/foundation/keyed_archive/archive_keys.h"
 #include "VELTRuntime/platform/foundation/keyed_archive/number_types.h"
 #include "VELTRuntime/platform/foundation/property_list/property_list.h"
+#include "VELTRuntime/platform/object/cycles.h"
 #include "VELTRuntime/platform/object/message.h"
 
 #include <pthread.h>
@@ -31,6 +32,22 @@ Selector initSelector() {
     static const Selector selector = Selector::named("initWithCoder:");
     return selector;
 }
+
+/// A value that the property list goes on owning. One owner more or less on each reference in an archive would make all
+/// of them candidates for the collector of cycles.
+class Borrowed {
+public:
+    explicit Borrowed(Word word) : value_(id::adopt(word)) {}
+    ~Borrowed() {}  // NOLINT(modernize-use-equals-default): the value is not ended
+    Borrowed(const Borrowed&) = delete;
+    Borrowed& operator=(const Borrowed&) = delete;
+    operator const id&() const { return value_; }
+
+private:
+    union {
+        id value_;
+    };
+};
 
 std::string numbered(std::uint32_t place) { return "object " + std::to_string(place); }
 
@@ -190,6 +207,7 @@ void ArchiveReader::makeOwn(std::uint32_t place, const Class& cls, const NSDicti
     const id object = cls.newObject();
     places_[place].object = object;
     places_[place].weight = 1;
+    const CollectionPause ended(false);  // what the object does is its own affair
     // The object may put another one in its place.
     id made = send(object, initSelector(), coder);
     if (!made.isNil()) places_[place].object = std::move(made);
@@ -215,7 +233,7 @@ void ArchiveReader::step(const id& coder, std::size_t outermost) {
         finish(outermost);
         return;
     }
-    const id value = parts_[frames_[at].nextPart++];
+    const Borrowed value(parts_[frames_[at].nextPart++]);
     if (auto made = part(value, coder)) addValue(std::move(made->object), made->weight);
 }
 
@@ -242,7 +260,7 @@ void ArchiveReader::finish(std::size_t outermost) {
     if (frames_.size() > outermost) addValue(place.object, place.weight);
 }
 
-void ArchiveReader::addPart(const id& key) { parts_.push_back(content_->objectForKey(key)); }
+void ArchiveReader::addPart(const id& key) { parts_.push_back(content_->wordForText(asString(key))); }
 
 const NSArray* ArchiveReader::listUnder(const id& key) const {
     const id value = content_->objectForKey(key);
@@ -252,7 +270,7 @@ const NSArray* ArchiveReader::listUnder(const id& key) const {
 }
 
 ArchiveReader::ClassReading ArchiveReader::classReading(const NSDictionary& content) {
-    const id reference = content.objectForKey(classKey());
+    const Borrowed reference(content.wordForText(asString(classKey())));
     const auto place = placeOf(reference);
     if (!place) throw ArchiveDamage("an object has no class");
     const auto known = classes_.find(*place);

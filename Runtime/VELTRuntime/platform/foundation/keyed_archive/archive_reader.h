@@ -34,8 +34,8 @@ public:
     // For the codings of the library's own classes, while they add parts or finish.
     /// What is written under a key of the object: adds the object that it stands for, nil when there is none.
     void addPart(const id& key);
-    /// Adds one part by the value that stands for it.
-    void addPartValue(const id& value) { parts_.push_back(value); }
+    /// Adds one part by the value of the property list that stands for it.
+    void addPartValue(const id& value) { parts_.push_back(value.word()); }
     /// The array under a key, which must be one; null when there is nothing.
     const NSArray* listUnder(const id& key) const;
     /// Counts bytes that are copied or made beyond those of the archive. Throws when a small archive asks for too many.
@@ -87,8 +87,8 @@ private:
     const NSDictionary* content_;
     std::vector<Place> places_;
     std::vector<Frame> frames_;
-    std::vector<id> parts_;   // of all frames, as the property list holds them
-    std::vector<id> values_;  // the objects made of them
+    std::vector<Word> parts_;  // of all frames, as the property list holds them: it stays as it is
+    std::vector<id> values_;   // the objects made of them
     std::unordered_map<std::uint32_t, ClassReading> classes_;
     std::size_t allowance_;
     unsigned nesting_ = 0;         // of the program's objects that are being read

@@ -6,6 +6,7 @@
 #include "VELTRuntime/platform/foundation/keyed_archive/archive_keys.h"
 #include "VELTRuntime/platform/foundation/keyed_archive/archive_reader.h"
 #include "VELTRuntime/platform/foundation/property_list/property_list.h"
+#include "VELTRuntime/platform/object/cycles.h"
 
 using namespace velt;
 
@@ -26,6 +27,7 @@ NSKeyedUnarchiver::NSKeyedUnarchiver(std::string_view archive)
 NSKeyedUnarchiver::~NSKeyedUnarchiver() = default;
 
 id NSKeyedUnarchiver::unarchive(std::string_view archive, std::string* failure) {
+    const CollectionPause pause;  // nothing of what is made is dropped before the end
     try {
         return make<NSKeyedUnarchiver>(archive)->decodeRoot();
     } catch (const ArchiveDamage& damage) {
