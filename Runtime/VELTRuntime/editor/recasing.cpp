@@ -26,7 +26,7 @@ void Recasing::add(const id& words, Ink list) {
         const std::u16string_view spelling = textOf(word);
         std::u16string key = text::lowered(spelling);
         longest_ = std::max(longest_, key.size());
-        const auto [entry, isNew] = entries_.try_emplace(std::move(key), std::u16string(spelling), list);
+        const auto [entry, isNew] = entries_.try_emplace(std::move(key), Entry{std::u16string(spelling), list});
         if (!isNew && entry->second.list == list) entry->second.spelling = spelling;
     }
 }
