@@ -386,7 +386,7 @@ TEST(ModalSessions, GoOnWhenACallbackRaises) {
                 "callback.bas:12: in Form.Click: VLException: in the callback\nsession in order\n");
 }
 
-TEST(Applications, AnswerForTheirSessionsByName) {
+TEST(ModalSessions, AreTheApplicationsByName) {
     const id application(&NSApplication::sharedApplication());
     const ControlWindow window;
     onceAsked([&](NSWindow& shown) {
