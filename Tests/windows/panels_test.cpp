@@ -382,6 +382,7 @@ TEST(ModalSessions, OfOneWindowNestToo) {
 }
 
 TEST(ModalSessions, GoOnWhenACallbackRaises) {
+    GTEST_FLAG_SET(death_test_style, "threadsafe");  // a forked process has no display of its own
     EXPECT_EXIT(raiseInASession(), testing::ExitedWithCode(1),
                 "callback.bas:12: in Form.Click: VLException: in the callback\nsession in order\n");
 }
