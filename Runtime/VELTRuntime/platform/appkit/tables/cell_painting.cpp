@@ -196,6 +196,7 @@ bool CellDelegate::editorEvent(QEvent* event, QAbstractItemModel*, const QStyleO
                     });
                 },
                 Qt::ConnectionType(Qt::QueuedConnection | Qt::SingleShotConnection));
+            kept->endSelecting();  // the menu takes the mouse's going up
             cell->popUp(*view->viewport(), option.rect);
             return;
         }

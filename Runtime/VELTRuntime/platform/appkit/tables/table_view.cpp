@@ -50,6 +50,7 @@ void NSTableView::setDataSource(const id& source) {
     dataSource_ = source;
     loaded_ = false;
     QAbstractItemView* view = existingItemView();
+    if (view) syncDragging(*view);
     if (!view || !view->isVisible()) return;
     // The program may still be at work on the source.
     QMetaObject::invokeMethod(
@@ -187,7 +188,29 @@ bool NSTableView::tellDelegate(const char* selector, const char* notification, c
 }
 
 void NSTableView::selectionChanged() {
-    if (!reloading_) tellDelegate("tableViewSelectionDidChange:", "NSTableViewSelectionDidChangeNotification");
+    if (reloading_) return;
+    selectedMeanwhile_ = selecting_;
+    tellSelection(selecting_);
+}
+
+void NSTableView::tellSelection(bool changing) {
+    if (changing) {
+        tellDelegate("tableViewSelectionIsChanging:", "NSTableViewSelectionIsChangingNotification");
+    } else {
+        tellDelegate("tableViewSelectionDidChange:", "NSTableViewSelectionDidChangeNotification");
+    }
+}
+
+void NSTableView::beginSelecting() {
+    selecting_ = true;
+    selectedMeanwhile_ = false;
+}
+
+void NSTableView::endSelecting() {
+    selecting_ = false;
+    if (!std::exchange(selectedMeanwhile_, false)) return;
+    const Ref<NSTableView> kept(this);
+    velt::runReported([&] { kept->tellSelection(false); });
 }
 
 void NSTableView::clicked(const QModelIndex& index) {
@@ -271,13 +294,19 @@ void NSTableView::describe(velt::ClassBuilder<NSTableView>& c) {
         .property("headerView", &Table::headerView, &Table::setHeaderView)
         .property("allowsColumnReordering", &Table::allowsColumnReordering, &Table::setAllowsColumnReordering)
         .property("allowsColumnResizing", &Table::allowsColumnResizing, &Table::setAllowsColumnResizing)
+        .method("registerForDraggedTypes:", &Table::registerForDraggedTypes)
+        .method("unregisterDraggedTypes", &Table::unregisterDraggedTypes)
+        .property("registeredDraggedTypes", &Table::registeredDraggedTypes)
+        .method("setDropRow:dropOperation:", &Table::setDropRow)
+        .method("setDraggingSourceOperationMask:forLocal:", &Table::setDraggingSourceOperationMask)
         .method("rectOfRow:", &Table::rectOfRow)
         .method("rowAtPoint:", &Table::rowAtPoint)
         .method("columnAtPoint:", &Table::columnAtPoint)
         .owns(&Table::dataSource_)
         .owns(&Table::headerView_)
         .owns(&Table::sortDescriptors_)
-        .owns(&Table::gridColor_);
+        .owns(&Table::gridColor_)
+        .owns(&Table::draggedTypes_);
 }
 
 void NSTableView::visitOwned(velt::OwnedVisitor& visitor) {
