@@ -1,109 +1,18 @@
 #include <VELTRuntime/VELTRuntimeUI.h>
 
-#include "support/control_window.h"
+#include "windows/tables_support.h"
 
 #include "VELTRuntime/platform/object/cycles.h"
 
 #include <QAbstractItemView>
-#include <QHeaderView>
 #include <QLineEdit>
 #include <QListView>
-#include <QTableView>
 #include <QTreeView>
 #include <algorithm>
 #include <map>
-#include <set>
 
 using namespace velt::test;
 using velt::Ref;
-
-namespace {
-
-/// Gives the rows of a table and notes what it is asked and told.
-class RowSource : public NSObject {
-    VELT_OBJECT(RowSource, NSObject)
-public:
-    long count(const id&) { return rows; }
-    id value(const id&, const id& column, long row) {
-        asked.insert(row);
-        if (velt::utf8(velt::send(column, "identifier")) == "done") return VELT_ID(states[row]);
-        const auto found = texts.find(row);
-        return str(found == texts.end() ? "row " + std::to_string(row) : found->second);
-    }
-    void setValue(const id&, const id& value, const id& column, long row) {
-        if (velt::utf8(velt::send(column, "identifier")) == "done") {
-            states[row] = VELT_CINTEGER(value);
-        } else {
-            texts[row] = velt::utf8(value);
-        }
-        heard += "set " + std::to_string(row) + "=" + show(value) + " ";
-    }
-    void sorted(const id& table, const id&) { heard += "sort " + show(velt::send(table, "sortDescriptors")) + " "; }
-    void selected(const id& note) {
-        heard += "selected " + show(velt::send(velt::send(note, "object"), "selectedRow")) + " ";
-    }
-    bool mayEdit(const id&, const id&, long row) { return row != 3; }
-    bool maySelect(const id&, long row) { return row != 2; }
-    void clicked(const id& table) { heard += "click " + show(velt::send(table, "clickedRow")) + " "; }
-    void opened(const id& table) { heard += "open " + show(velt::send(table, "clickedRow")) + " "; }
-    static void describe(velt::ClassBuilder<RowSource>& c) {
-        c.method("numberOfRowsInTableView:", &RowSource::count)
-            .method("tableView:objectValueForTableColumn:row:", &RowSource::value)
-            .method("tableView:setObjectValue:forTableColumn:row:", &RowSource::setValue)
-            .method("tableView:sortDescriptorsDidChange:", &RowSource::sorted)
-            .method("tableViewSelectionDidChange:", &RowSource::selected)
-            .method("tableView:shouldEditTableColumn:row:", &RowSource::mayEdit)
-            .method("tableView:shouldSelectRow:", &RowSource::maySelect)
-            .method("clicked:", &RowSource::clicked)
-            .method("opened:", &RowSource::opened);
-    }
-    std::string told() { return std::exchange(heard, ""); }
-
-    long rows = 8;
-    std::map<long, std::string> texts;
-    std::map<long, long> states;
-    std::set<long> asked;
-    std::string heard;
-};
-
-struct Table {
-    explicit Table(long rows = 8) {
-        source->rows = rows;
-        table->setFrame({{10, 10}, {300, 200}});
-        name->setTitle(str("Name"));
-        name->setWidth(140);
-        done->setTitle(str("Done"));
-        const id box = VELT_NSBUTTONCELL_INIT(nil, "");
-        velt::send(box, "setTitle:", str(""));
-        done->setDataCell(box);
-        table->addTableColumn(name.get());
-        table->addTableColumn(done.get());
-        table->setDataSource(source);
-        table->setDelegate(source);
-        table->setTarget(source);
-        table->setActionName(str("clicked:"));
-        table->setDoubleActionName(str("opened:"));
-        VELT_NSWINDOW_APPEND(window.window, table);
-        window.show();
-    }
-    ~Table() { table->setDelegate(nil); }
-    QTableView& view() const { return dynamic_cast<QTableView&>(table->widget()); }
-    QPoint at(int row, int column) const { return view().visualRect(view().model()->index(row, column)).center(); }
-    void click(int row, int column = 0, Qt::KeyboardModifiers held = {}) const {
-        QTest::mouseClick(view().viewport(), Qt::LeftButton, held, at(row, column));
-    }
-    void doubleClick(int row, int column = 0) const {
-        click(row, column);
-        QTest::mouseDClick(view().viewport(), Qt::LeftButton, {}, at(row, column));
-    }
-
-    ControlWindow window{{{50, 60}, {340, 260}}};
-    Ref<RowSource> source = velt::make<RowSource>();
-    Ref<NSTableView> table = velt::make<NSTableView>();
-    Ref<NSTableColumn> name = velt::make<NSTableColumn>(str("name")), done = velt::make<NSTableColumn>(str("done"));
-};
-
-}  // namespace
 
 TEST(Tables, AskOnlyForWhatIsSeen) {
     const Table shown(1'000'000);

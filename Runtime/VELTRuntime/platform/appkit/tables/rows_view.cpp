@@ -2,6 +2,7 @@
 
 #include <QAbstractTableModel>
 #include <QHeaderView>
+#include <QMouseEvent>
 #include <QPaintEvent>
 #include <QPainter>
 #include <QScrollBar>
@@ -172,10 +173,25 @@ void RowsView::scrollContentsBy(int dx, int dy) {
 
 // Selection.
 
+void RowsView::mousePressEvent(QMouseEvent* event) {
+    if (!indexAt(event->position().toPoint()).isValid()) setAnchor(-1);
+    QTableView::mousePressEvent(event);
+}
+
 void RowsView::setSelection(const QRect& rect, QItemSelectionModel::SelectionFlags command) {
     const int columns = horizontalHeader()->count();
-    const long first = std::max(0L, rowAtHeight(std::min(rect.top(), rect.bottom())));
-    const long last = std::min(rowCount() - 1, rowAtHeight(std::max(rect.top(), rect.bottom())));
+    long first = std::max(0L, rowAtHeight(std::min(rect.top(), rect.bottom())));
+    long last = std::min(rowCount() - 1, rowAtHeight(std::max(rect.top(), rect.bottom())));
+    if (state() != DragSelectingState) {
+        // The toolkit knows no anchor where the program has selected, and takes the top in its place.
+        const long current = currentIndex().isValid() ? currentIndex().row() : first;
+        const bool extends = command & QItemSelectionModel::Current;
+        if (!extends || anchor_ < 0 || anchor_ >= rowCount()) anchor_ = extends ? current : first;
+        if (extends) {
+            first = std::min(anchor_, current);
+            last = std::max(anchor_, current);
+        }
+    }
     if (!selectionModel() || columns == 0 || last < first) return;
     const QItemSelection rows(model()->index(static_cast<int>(first), 0, rootIndex()),
                               model()->index(static_cast<int>(last), columns - 1, rootIndex()));

@@ -22,6 +22,8 @@ public:
     /// The height of every row, at least one dot.
     void setRowHeight(int height);
     int rowHeightOfAll() const { return rowHeight_; }
+    /// The row from which Shift selects; -1 for none.
+    void setAnchor(long row) { anchor_ = row; }
     void setDropMark(std::optional<DropMark> mark);
     /// The row at a height of the viewport; beyond the last one where none is.
     long rowAtHeight(int y) const;
@@ -44,6 +46,7 @@ protected:
     void updateGeometries() override;
     void scrollContentsBy(int dx, int dy) override;
     void paintEvent(QPaintEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
     void startDrag(Qt::DropActions actions) override;
     void dragEnterEvent(QDragEnterEvent* event) override;
     void dragMoveEvent(QDragMoveEvent* event) override;
@@ -59,6 +62,7 @@ private:
     int seenColumn(int from, int step) const;
 
     int rowHeight_ = 20;
+    long anchor_ = -1;
     long long scale_ = 1;  // dots that a step of the scroll bar stands for: it counts no further than an int
     bool arranging_ = false, outdated_ = false;
     std::optional<DropMark> dropMark_;
