@@ -108,6 +108,7 @@ TEST(Tables, SortByClicksOnTheHeader) {
     const Table shown;
     shown.name->setSortDescriptorPrototype(velt::make<NSSortDescriptor>(str("name"), true));
     QHeaderView& header = *shown.view().horizontalHeader();
+    EXPECT_EQ(header.viewport(), shown.view().childAt(header.geometry().topLeft() + QPoint(20, 8)));
     QTest::mouseClick(header.viewport(), Qt::LeftButton, {}, QPoint(20, 8));
     EXPECT_EQ("sort NSMutableArray (<NSSortDescriptor name ascending>) ", shown.source->told());
     EXPECT_EQ(Qt::AscendingOrder, header.sortIndicatorOrder());

@@ -1,5 +1,6 @@
 #include "VELTRuntime/platform/appkit/tables/rows_view.h"
 
+#include <QAbstractButton>
 #include <QAbstractTableModel>
 #include <QHeaderView>
 #include <QMouseEvent>
@@ -39,6 +40,8 @@ RowsView::RowsView(QWidget* parent) : QTableView(parent) {
     auto* header = new RowlessHeader(this);
     setVerticalHeader(header);
     header->hide();
+    // The button where both headers meet has no place here.
+    for (auto* corner : findChildren<QAbstractButton*>(QString(), Qt::FindDirectChildrenOnly)) corner->hide();
     setShowGrid(false);
     setVerticalScrollMode(ScrollPerPixel);
     setHorizontalScrollMode(ScrollPerPixel);

@@ -30,7 +30,6 @@ template <class Function> void withTable(QWidget* view, Function&& function) {
 std::unique_ptr<QAbstractItemView> NSTableView::makeItemView() {
     auto view = std::make_unique<velt::CellsView<velt::RowsView>>();
     view->setWordWrap(false);
-    view->setCornerButtonEnabled(false);
     return view;
 }
 
