@@ -19,7 +19,9 @@ public:
     id value(const id&, const id& column, long row) {
         asked.insert(row);
         if (onAsked) onAsked(row);
-        if (utf8(send(column, "identifier")) == "done") return VELT_ID(states[row]);
+        const std::string name = utf8(send(column, "identifier"));
+        if (name == "done") return VELT_ID(states[row]);
+        if (name == "picture") return pictures[row];
         const auto found = texts.find(row);
         return str(found == texts.end() ? "row " + std::to_string(row) : found->second);
     }
@@ -53,6 +55,7 @@ public:
     long rows = 8;
     std::map<long, std::string> texts;
     std::map<long, long> states;
+    std::map<long, id> pictures;
     std::set<long> asked;
     std::function<void(long)> onAsked;
     std::string heard;

@@ -7,6 +7,7 @@
 #include <QAbstractItemView>
 #include <QLineEdit>
 #include <QListView>
+#include <QMenu>
 #include <QTreeView>
 #include <algorithm>
 #include <map>
@@ -396,4 +397,144 @@ TEST(Browsers, AreWorkedByKeys) {
     EXPECT_EQ("open /2/0 ", shown.source->told());
     QTest::keyClick(&shown.list(1), Qt::Key_Left);
     EXPECT_TRUE(shown.list(0).hasFocus());
+}
+
+namespace {
+
+/// Says how its cells look, and what is told about them.
+class Dresser : public RowSource {
+    VELT_OBJECT(Dresser, RowSource)
+public:
+    void willDisplay(const id&, const id& cell, const id& column, long row) {
+        if (row == 1 && velt::is<NSButtonCell>(cell)) velt::send(cell, "setEnabled:", boolean(false));
+        if (row != 1 && velt::is<NSButtonCell>(cell)) velt::send(cell, "setEnabled:", boolean(true));
+        if (row == 2)
+            velt::send(cell, "setStringValue:", str("dressed " + velt::utf8(velt::send(column, "identifier"))));
+    }
+    id cellFor(const id&, const id& column, long row) { return row == 4 ? other : velt::send(column, "dataCell"); }
+    id tip(const id&, const id& column, long row) {
+        return row == 0 ? nil : str(velt::utf8(velt::send(column, "title")) + " of " + std::to_string(row));
+    }
+    static void describe(velt::ClassBuilder<Dresser>& c) {
+        c.method("tableView:willDisplayCell:forTableColumn:row:", &Dresser::willDisplay)
+            .method("tableView:dataCellForTableColumn:row:", &Dresser::cellFor)
+            .method("tableView:toolTipForTableColumn:row:", &Dresser::tip)
+            .owns(&Dresser::other);
+    }
+    id other = VELT_NSCELL_INIT(nil, "");
+};
+
+/// Tells about a cell by where it is.
+class Placer : public RowSource {
+    VELT_OBJECT(Placer, RowSource)
+public:
+    id tip(const id&, const id& cell, const id& place, const id&, long row, const id& mouse) {
+        return str(std::to_string(row) + " " + velt::utf8(velt::send(cell, "stringValue")) + " " + show(place) + " " +
+                   velt::typeCodeOrNull(mouse));
+    }
+    static void describe(velt::ClassBuilder<Placer>& c) {
+        c.method("tableView:toolTipForCell:rect:tableColumn:row:mouseLocation:", &Placer::tip);
+    }
+};
+
+}  // namespace
+
+TEST(Tables, LetTheirDelegateDressTheirCells) {
+    const Table shown(8, velt::make<Dresser>());
+    const auto text = [&](int row, int column) {
+        return shown.view().model()->index(row, column).data().toString().toStdString();
+    };
+    EXPECT_EQ("row 1", text(1, 0));
+    EXPECT_EQ("dressed name", text(2, 0));
+    EXPECT_EQ("1", [&] {
+        shown.source->states[4] = 1;
+        return text(4, 1);
+    }());  // another cell than the check box
+    shown.click(1, 1);
+    EXPECT_EQ(0, shown.source->states[1]);
+    shown.click(3, 1);
+    EXPECT_EQ(1, shown.source->states[3]);
+}
+
+TEST(Tables, TellAboutTheirCells) {
+    const Table shown(8, velt::make<Dresser>());
+    const auto tip = [](const Table& table, int row, int column) {
+        return table.view().model()->index(row, column).data(Qt::ToolTipRole).toString().toStdString();
+    };
+    EXPECT_EQ("Name of 3", tip(shown, 3, 0));
+    EXPECT_EQ("", tip(shown, 0, 0));
+    const Table placed(8, velt::make<Placer>());
+    const QRect cell = placed.view().visualRect(placed.view().model()->index(3, 0));
+    const QPoint corner = placed.view().viewport()->pos();
+    const NSRect expected{{double(corner.x() + cell.x()), double(corner.y() + cell.y())},
+                          {double(cell.width()), double(cell.height())}};
+    EXPECT_EQ("3 row 3 " + show(VELT_ID(expected)) + " {CGPoint=dd}", tip(placed, 3, 0));
+}
+
+TEST(Tables, ChooseInPopUpCells) {
+    const Table shown;
+    const Ref<NSTableColumn> choice = velt::make<NSTableColumn>(str("done"));
+    const id cell = VELT_NSPOPUPBUTTONCELL_INIT(nil, "");
+    for (const char* title : {"Low", "Normal", "High"}) velt::send(cell, "addItemWithTitle:", str(title));
+    choice->setDataCell(cell);
+    shown.table->addTableColumn(choice.get());
+    shown.done->setWidth(40);
+    shown.source->states[2] = 1;
+    shown.source->told();
+    const auto open = [&](int row) {
+        QTest::mousePress(shown.view().viewport(), Qt::LeftButton, {}, shown.at(row, 2));
+        return qobject_cast<QMenu*>(QApplication::activePopupWidget());  // which has the mouse from then on
+    };
+    const auto choose = [&](QMenu& menu, int item) {
+        QTest::mouseClick(&menu, Qt::LeftButton, {}, menu.actionGeometry(menu.actions()[item]).center());
+        EXPECT_TRUE(QTest::qWaitFor([&] { return !QApplication::activePopupWidget(); }));
+        QApplication::processEvents();
+        return shown.source->told();
+    };
+    QMenu* menu = open(2);
+    ASSERT_TRUE(menu);
+    EXPECT_EQ("set 2=q 2 ", choose(*menu, 2));
+    EXPECT_EQ(2, shown.source->states[2]);
+    EXPECT_EQ(0, shown.source->states[1]);
+    menu = open(2);
+    ASSERT_TRUE(menu);
+    EXPECT_EQ("", choose(*menu, 2));  // it was that already
+    menu = open(2);
+    ASSERT_TRUE(menu);
+    QTest::keyClick(menu, Qt::Key_Escape);
+    menu = open(5);
+    ASSERT_TRUE(menu);
+    EXPECT_EQ("set 5=q 1 ", choose(*menu, 1));
+}
+
+TEST(Tables, ShowImages) {
+    const Table shown;
+    QImage red(12, 12, QImage::Format_RGB32);
+    red.fill(Qt::red);
+    const id picture = velt::make<NSImage>(red);
+    const Ref<NSTableColumn> column = velt::make<NSTableColumn>(str("picture"));
+    column->setDataCell(VELT_NSIMAGECELL_INIT(nil, "", picture));
+    const auto isRed = [&] {
+        const QImage seen = shown.view().viewport()->grab().toImage();
+        return seen.pixelColor(shown.at(1, 2) * seen.devicePixelRatio()) == QColor(Qt::red);
+    };
+    shown.table->addTableColumn(column.get());
+    shown.source->pictures[1] = picture;
+    EXPECT_TRUE(isRed());
+    shown.source->pictures.clear();
+    EXPECT_FALSE(isRed());
+}
+
+TEST(Tables, FitAColumnToWhatIsSeenByADoubleClickOnItsEdge) {
+    const Table shown(1'000'000);
+    QHeaderView& header = *shown.view().horizontalHeader();
+    shown.source->texts[2] = "a text that needs a good deal of room";
+    shown.source->asked.clear();
+    const QPoint edge(header.sectionSize(0) - 1, header.height() / 2);
+    QTest::mouseDClick(header.viewport(), Qt::LeftButton, {}, edge);
+    EXPECT_LT(shown.source->asked.size(), 40U);
+    const int needed =
+        shown.view().fontMetrics().horizontalAdvance(QStringLiteral("a text that needs a good deal of room"));
+    EXPECT_LE(needed, shown.name->width());
+    EXPECT_GT(needed + 40, shown.name->width());
 }

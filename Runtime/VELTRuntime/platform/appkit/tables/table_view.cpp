@@ -9,11 +9,9 @@
 #include "VELTRuntime/platform/foundation/notification_center.h"
 #include "VELTRuntime/platform/object/exception.h"
 
-#include <QFontMetricsF>
+#include <QCursor>
 #include <QHeaderView>
 #include <QScrollBar>
-#include <QTableView>
-#include <QTreeView>
 #include <algorithm>
 #include <cmath>
 
@@ -158,6 +156,16 @@ id NSTableView::preparedCell(const QModelIndex& index) {
 }
 
 id NSTableView::toolTipAt(const QModelIndex& index) {
+    const Selector asksAtPlace = VELT_SELECTOR("tableView:toolTipForCell:rect:tableColumn:row:mouseLocation:");
+    if (velt::respondsTo(delegate(), asksAtPlace)) {
+        const QAbstractItemView& view = itemView();
+        const QPoint corner = view.viewport()->pos(), mouse = view.mapFromGlobal(QCursor::pos());
+        const QRect cell = view.visualRect(index).translated(corner);
+        const NSRect rect{{double(cell.x()), double(cell.y())}, {double(cell.width()), double(cell.height())}};
+        return velt::send(delegate(), asksAtPlace, object(this), preparedCell(index), VELT_ID(rect),
+                          object(columnAt(index)), VELT_ID(rowOf(index)),
+                          VELT_ID(NSPoint{double(mouse.x()), double(mouse.y())}));
+    }
     const Selector asks = VELT_SELECTOR("tableView:toolTipForTableColumn:row:");
     if (!velt::respondsTo(delegate(), asks)) return nil;
     return velt::send(delegate(), asks, object(this), object(columnAt(index)), VELT_ID(rowOf(index)));
