@@ -133,7 +133,8 @@ void RowsView::updateGeometries() {
     arranging_ = true;
     for (int i = 0; i < kMostRounds && std::exchange(outdated_, false); ++i) arrange();
     arranging_ = false;
-    QAbstractItemView::updateGeometries();
+    // The toolkit's table would reckon with its header of the rows.
+    QAbstractItemView::updateGeometries();  // NOLINT(bugprone-parent-virtual-call)
 }
 
 void RowsView::arrange() {
