@@ -36,6 +36,12 @@ id popUpWithItems() {
     return button;
 }
 
+id comboBoxWithItems() {
+    const id box = VELT_NSCOMBOBOX_INIT(nil, "");
+    for (const char* item : {"One", "Two", "Three"}) VELT_NSCOMBOBOX_APPEND(box, str(item));
+    return box;
+}
+
 const std::map<std::string, id (*)()> kMakers{
     {"NSWINDOW", [] { return VELT_NSWINDOW_INIT(nil, ""); }},
     {"NSPANEL", [] { return VELT_NSPANEL_INIT(nil, ""); }},
@@ -61,7 +67,15 @@ const std::map<std::string, id (*)()> kMakers{
     {"NSCURSOR", [] { return id(velt::make<NSCursor>()); }},
     {"NSBOX", [] { return VELT_NSBOX_INIT(nil, ""); }},
     {"NSTABVIEW", tabViewWithItems},
+    {"NSTABLEVIEW", [] { return VELT_NSTABLEVIEW_INIT(nil, ""); }},
+    {"NSTABLECOLUMN", [] { return VELT_NSTABLECOLUMN_INIT(nil, "column"); }},
+    {"NSCOMBOBOX", comboBoxWithItems},
     {"NSSCROLLVIEW", [] { return VELT_NSSCROLLVIEW_INIT(nil, ""); }},
+    {"NSMATRIX", [] { return VELT_NSMATRIX_INIT(nil, ""); }},
+    {"NSTOOLBAR", [] { return VELT_NSTOOLBAR_INIT(nil, "bar"); }},
+    {"NSTOOLBARITEM", [] { return VELT_NSTOOLBARITEM_INIT(nil, "item"); }},
+    {"NSDRAWER", [] { return VELT_NSDRAWER_INIT(nil, ""); }},
+    {"NSSAVEPANEL", [] { return id(static_cast<NSObject*>(&NSSavePanel::savePanel())); }},
     {"NSPROGRESSINDICATOR", [] { return VELT_NSPROGRESSINDICATOR_INIT(nil, ""); }},
 };
 
@@ -82,6 +96,7 @@ id someImage() {
 
 const std::map<std::string, id (*)()> kObjects{
     {"NSVIEW", [] { return id(velt::make<NSView>()); }},
+    {"NSWINDOW", [] { return VELT_NSWINDOW_INIT(nil, ""); }},
     {"NSCOLOR", [] { return id(NSColor::deviceRgb(1, 0.5, 0, 1)); }},
     {"NSIMAGE", someImage},
     {"NSFONT", [] { return id(velt::make<NSFont>()); }},
@@ -89,6 +104,7 @@ const std::map<std::string, id (*)()> kObjects{
     {"NSMENU", menuWithItems},
     {"NSMENUITEM", [] { return VELT_NSMENUITEM_INIT(nil, ""); }},
     {"NSCELL", [] { return id(velt::make<NSActionCell>()); }},
+    {"NSTABLECOLUMN", [] { return VELT_NSTABLECOLUMN_INIT(nil, "other"); }},
     {"ARRAY", [] { return array(str("one"), str("two")); }},
 };
 
@@ -117,6 +133,8 @@ id sampleFor(const WrapperRow& row) {
 const std::map<std::string, const char*> kLimited{
     {"NSBUTTON_STATE", "a state is on, off or mixed"},
     {"NSMENUITEM_STATE", "a state is on, off or mixed"},
+    {"NSTABLEVIEW_ROWHEIGHT", "a row has a dot at least"},
+    {"NSTABLECOLUMN_WIDTH", "a width stays within the column's limits"},
     {"NSSEARCHFIELD_RECENTSEARCHES", "the field keeps the texts among them, in an array of its own"}};
 
 /// Wrappers that end the process, whose message only a subclass answers, or that ask their argument for a tag.
