@@ -103,7 +103,9 @@ TEST(Breakpoints, BehindTheLastLineEndAreOnlyEverAdded) {
 }
 
 TEST(Breakpoints, BeyondSixteenBitsBecomeNegative) {
-    const SourceBuffer buffer(std::u16string(40000, u'x') + u"\ny\n");
+    std::u16string text(40000, u'x');
+    text.append(u"\ny\n");
+    const SourceBuffer buffer(text);
     const Entries entries;
     velt::toggleBreakpoint(buffer, 40001, *entries);
     EXPECT_EQ(Positions{40001 - 65536}, entries.positions());
