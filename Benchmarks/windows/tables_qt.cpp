@@ -93,8 +93,9 @@ void menu() {
     form::Steps steps;
     QMenu menu(QStringLiteral("Many"));
     for (int i = 0; i < rows::kMenuItems; ++i) menu.addAction(QStringLiteral("Item %1").arg(i));
+    steps.end("built");
     menu.sizeHint();
-    steps.end("menu");
+    steps.end("measured");
 }
 
 }  // namespace

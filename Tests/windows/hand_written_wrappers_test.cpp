@@ -29,6 +29,9 @@ id window() { return VELT_NSWINDOW_INIT(nil, ""); }
 id button() { return VELT_PUSHBUTTON_INIT(nil, ""); }
 id page() { return VELT_NSTEXTVIEW_INIT(nil, ""); }
 id search() { return VELT_NSSEARCHFIELD_INIT(nil, ""); }
+id table() { return VELT_NSTABLEVIEW_INIT(nil, ""); }
+id column() { return VELT_NSTABLECOLUMN_INIT(nil, "column"); }
+id combo() { return VELT_NSCOMBOBOX_INIT(nil, ""); }
 id item() { return VELT_NSMENUITEM_INIT(nil, ""); }
 id menu() { return VELT_NSMENU_INIT(nil, "menu"); }
 id event() { return VELT_NSEVENT_INIT(nil, ""); }
@@ -128,6 +131,9 @@ const std::vector<Call>& calls() {
         CONSTRUCTOR(NSPATHCONTROL_INIT),
         CONSTRUCTOR(NSBROWSER_INIT),
         CONSTRUCTOR(NSOUTLINEVIEW_INIT),
+        CONSTRUCTOR(NSTABLEVIEW_INIT),
+        CONSTRUCTOR(NSTABLECOLUMN_INIT),
+        CONSTRUCTOR(NSTABLECOLUMN_INIT, str("name"), str("title")),
         CONSTRUCTOR(NSVIEW_INIT),
         CONSTRUCTOR(CUSTOMVIEW_INIT),
         CONSTRUCTOR(NSWINDOW_INIT),
@@ -157,6 +163,14 @@ const std::vector<Call>& calls() {
         CALL(NSPOPUPBUTTON_UNSELECTALL, popUp),
         CALL(NSSEARCHFIELD_SENDSWHOLESEARCHSTRING, search),
         CALL(NSSEARCHFIELD_SENDSWHOLESEARCHSTRING, search, boolean(true)),
+        CALL(NSTABLEVIEW_DOUBLEACTIONNAME, table, str("nothing")),
+        CALL(NSTABLEVIEW_SELECTROW, table, integer(0)),
+        CALL(NSTABLECOLUMN_VISIBLE, column),
+        CALL(NSTABLECOLUMN_VISIBLE, column, boolean(false)),
+        CALL(NSCOMBOBOX_INSERT, combo, integer(0), str("item")),
+        CALL(NSCOMBOBOX_APPENDSEPARATOR, combo),
+        CALL(NSCOMBOBOX_INDEX, combo, str("item")),
+        CALL(NSCOMBOBOX_CONTAINS, combo, str("item")),
         CALL(NSTEXTVIEW_VALUE, page),
         CALL(NSTEXTVIEW_VALUE, page, str("text")),
         CALL(NSTEXTVIEW_APPEND, page, str("text")),

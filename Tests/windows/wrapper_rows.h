@@ -63,6 +63,8 @@ inline std::vector<WrapperRow> wrapperRows() {
 #include "VELTRuntime/ui/menus.def"
 #include "VELTRuntime/ui/panels.def"
 #include "VELTRuntime/ui/pop_up_buttons.def"
+#include "VELTRuntime/ui/tables.def"
+#include "VELTRuntime/ui/combo_boxes.def"
 #include "VELTRuntime/ui/applications.def"
 // clang-format on
 #include "VELTRuntime/ui/accessor_rows_end.h"

@@ -36,6 +36,12 @@ id popUpWithItems() {
     return button;
 }
 
+id comboBoxWithItems() {
+    const id box = VELT_NSCOMBOBOX_INIT(nil, "");
+    for (const char* item : {"One", "Two", "Three"}) VELT_NSCOMBOBOX_APPEND(box, str(item));
+    return box;
+}
+
 const std::map<std::string, id (*)()> kMakers{
     {"NSWINDOW", [] { return VELT_NSWINDOW_INIT(nil, ""); }},
     {"NSPANEL", [] { return VELT_NSPANEL_INIT(nil, ""); }},
@@ -61,6 +67,9 @@ const std::map<std::string, id (*)()> kMakers{
     {"NSCURSOR", [] { return id(velt::make<NSCursor>()); }},
     {"NSBOX", [] { return VELT_NSBOX_INIT(nil, ""); }},
     {"NSTABVIEW", tabViewWithItems},
+    {"NSTABLEVIEW", [] { return VELT_NSTABLEVIEW_INIT(nil, ""); }},
+    {"NSTABLECOLUMN", [] { return VELT_NSTABLECOLUMN_INIT(nil, "column"); }},
+    {"NSCOMBOBOX", comboBoxWithItems},
     {"NSSCROLLVIEW", [] { return VELT_NSSCROLLVIEW_INIT(nil, ""); }},
     {"NSPROGRESSINDICATOR", [] { return VELT_NSPROGRESSINDICATOR_INIT(nil, ""); }},
 };
@@ -89,6 +98,7 @@ const std::map<std::string, id (*)()> kObjects{
     {"NSMENU", menuWithItems},
     {"NSMENUITEM", [] { return VELT_NSMENUITEM_INIT(nil, ""); }},
     {"NSCELL", [] { return id(velt::make<NSActionCell>()); }},
+    {"NSTABLECOLUMN", [] { return VELT_NSTABLECOLUMN_INIT(nil, "other"); }},
     {"ARRAY", [] { return array(str("one"), str("two")); }},
 };
 
@@ -117,6 +127,8 @@ id sampleFor(const WrapperRow& row) {
 const std::map<std::string, const char*> kLimited{
     {"NSBUTTON_STATE", "a state is on, off or mixed"},
     {"NSMENUITEM_STATE", "a state is on, off or mixed"},
+    {"NSTABLEVIEW_ROWHEIGHT", "a row has a dot at least"},
+    {"NSTABLECOLUMN_WIDTH", "a width stays within the column's limits"},
     {"NSSEARCHFIELD_RECENTSEARCHES", "the field keeps the texts among them, in an array of its own"}};
 
 /// Wrappers that end the process, whose message only a subclass answers, or that ask their argument for a tag.
