@@ -33,8 +33,8 @@ void Note::write(id value) {
 
 void Note::touch() {
     VELTS("notebook.bas", "Note.Touch", "24", "");
-    changed = VELT__DOUBLE(VELT_PROPERTY(VELT_NSOBJECT_PERFORMSELECTOR0(ofClass<NSDate>(), "date"_v),
-                                         "timeIntervalSinceReferenceDate"_v));
+    changed = VELT__DOUBLE(
+        VELT_PROPERTY(VELT_NSOBJECT_PERFORMSELECTOR0(ofClass<NSDate>(), "date"_v), "timeIntervalSinceReferenceDate"_v));
 }
 
 id Note::date() {
@@ -44,7 +44,8 @@ id Note::date() {
 
 id Note::dateText() {
     VELTS("notebook.bas", "Note.DateText", "33", "");
-    return VELT__STRING(velt::send(date(), "descriptionWithCalendarFormat:timeZone:locale:", "%Y-%m-%d %H:%M"_v, nil, nil));
+    return VELT__STRING(
+        velt::send(date(), "descriptionWithCalendarFormat:timeZone:locale:", "%Y-%m-%d %H:%M"_v, nil, nil));
 }
 
 id Note::matches(id find) {
@@ -144,7 +145,7 @@ id Notebook::save(id destination) {
     const id last = VELT_SUB(VELT_NSMUTABLEARRAY_COUNT(notes), number(1));
     for (id i = number(0); VELT_CBOOL(VELT_SMALLEREQUAL(i, last)); i = VELT_ADD(i, number(1))) {
         VELTS("notebook.bas", "Notebook.Save", "100", "");
-        VELT_NSMUTABLEARRAY_APPEND(records, velt::to<Note>(VELT_NSMUTABLEARRAY_OBJECT(notes, i))->record());
+        VELT_NSMUTABLEARRAY_APPEND(records, toNote(VELT_NSMUTABLEARRAY_OBJECT(notes, i))->record());
     }
     VELTS("notebook.bas", "Notebook.Save", "102", "");
     id content = VELT__NSMUTABLEDICTIONARY(velt::make<NSMutableDictionary>());
@@ -167,10 +168,9 @@ id Notebook::matching(id find, id key, id ascending) {
     const id last = VELT_SUB(VELT_NSMUTABLEARRAY_COUNT(notes), number(1));
     for (id i = number(0); VELT_CBOOL(VELT_SMALLEREQUAL(i, last)); i = VELT_ADD(i, number(1))) {
         VELTS("notebook.bas", "Notebook.Matching", "114", "");
-        if (VELT_CBOOL(velt::to<Note>(VELT_NSMUTABLEARRAY_OBJECT(notes, i))->matches(VELT__STRING(find)))) {
-            VELT_NSMUTABLEARRAY_INSERT(
-                sorted, VELT_NSMUTABLEARRAY_OBJECT(notes, i),
-                place(velt::to<Note>(VELT_NSMUTABLEARRAY_OBJECT(notes, i)), sorted, key, ascending));
+        if (VELT_CBOOL(toNote(VELT_NSMUTABLEARRAY_OBJECT(notes, i))->matches(VELT__STRING(find)))) {
+            VELT_NSMUTABLEARRAY_INSERT(sorted, VELT_NSMUTABLEARRAY_OBJECT(notes, i),
+                                       place(toNote(VELT_NSMUTABLEARRAY_OBJECT(notes, i)), sorted, key, ascending));
         }
     }
     VELTS("notebook.bas", "Notebook.Matching", "116", "");
@@ -186,7 +186,7 @@ id Notebook::place(velt::Ref<Note> note, id sorted, id key, id ascending) {
         VELTS("notebook.bas", "Notebook.Place", "124", "");
         id middle = VELT__INTEGER(VELT_IDIV(VELT_ADD(low, high), number(2)));
         VELTS("notebook.bas", "Notebook.Place", "125", "");
-        id compared = order(note, velt::to<Note>(VELT_NSMUTABLEARRAY_OBJECT(sorted, middle)), key);
+        id compared = order(note, toNote(VELT_NSMUTABLEARRAY_OBJECT(sorted, middle)), key);
         VELTS("notebook.bas", "Notebook.Place", "126", "");
         if (VELT_CBOOL(VELT_NOT(ascending))) compared = VELT__INTEGER(VELT_MINUS(compared));
         VELTS("notebook.bas", "Notebook.Place", "127", "");

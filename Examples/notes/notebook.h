@@ -20,6 +20,9 @@ public:
     id record();
 };
 
+/// What a variable of the class takes: nil and notes.
+inline velt::Ref<Note> toNote(const id& value) { return velt::Ref<Note>(velt::to<Note>(value)); }
+
 class Notebook : public NSObject {
     VELT_OBJECT(Notebook, NSObject)
 

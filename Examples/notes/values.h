@@ -11,5 +11,7 @@ inline id newRect(id x, id y, id width, id height) { return VELT_RECT_INIT(nil, 
 inline id newSize(long width, long height) { return VELT_SIZE_INIT(nil, "", number(width), number(height)); }
 /// What a class answers.
 template <class T> id ofClass() { return T::entry().object(); }
+/// The application, as Application stands for it.
+inline id application() { return &NSApplication::sharedApplication(); }
 
 }  // namespace notes

@@ -21,7 +21,7 @@ Class NotesWindow
     text = New NSTextView(Me)
     text.RichText = False
     text.AllowsUndo = True
-    PerformSelector1(text, "setAccessibilityLabel:", "Text of the note")
+    text.ToolTip = "Text of the note"
     split = New VerticalSplitView
     split.Frame = Rect(0, 0, 780, 480)
     split.AutoresizingMask = 18
@@ -47,7 +47,7 @@ Class NotesWindow
     table.UsesAlternatingRowBackgroundColors = True
     table.RowHeight = 22
     table.DoubleActionName = "editNote"
-    PerformSelector1(table, "setAccessibilityLabel:", "Notes")
+    table.ToolTip = "Notes"
     AddColumn("title", "Title", 170, True)
     AddColumn("changed", "Changed", 130, False)
   End Sub
