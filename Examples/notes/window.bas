@@ -32,6 +32,7 @@ Class NotesWindow
     window.Append(split)
     search = New NSSearchField(Me, "searchNotes:")
     search.Frame = Rect(0, 0, 200, 26)
+    Property(search.Cell, "placeholderString", "Search")
     search.ToolTip = "Show the notes in which this occurs"
     bar = New NSToolbar(Me, "notes")
     bar.AllowsUserCustomization = True
@@ -95,7 +96,8 @@ Class NotesWindow
     item.Label = label
     item.PaletteLabel = label
     item.ToolTip = tip
-    item.Image = New NSImage(picture)
+    Dim image = New NSImage(picture)
+    If image <> Nil Then item.Image = image
     Return item
   End Function
 
@@ -174,6 +176,7 @@ Class NotesWindow
       text.Value = ""
     Else
       text.Value = note.text
+      text.GotoFirstCharacter()
     End If
     text.Font = PerformSelector1(NSFont, "systemFontOfSize:", fontSize)
     text.Editable = note <> Nil

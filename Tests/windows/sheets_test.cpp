@@ -6,18 +6,6 @@ using velt::Ref;
 
 namespace {
 
-/// The sheet that a window shows, once it is seen and has the keyboard; null when it is not within a second.
-NSWindow* waitForSheet(const id& window) {
-    NSWindow& shown = *velt::as<NSWindow>(window);
-    const auto seen = [&] {
-        const id sheet = shown.attachedSheet();
-        return !sheet.isNil() && velt::as<NSWindow>(sheet)->isKeyWindow();
-    };
-    const bool came = QTest::qWaitFor(seen, 2000);
-    EXPECT_TRUE(came);
-    return came ? velt::as<NSWindow>(shown.attachedSheet()) : nullptr;
-}
-
 NSRect frameOf(const id& window) { return VELT_CNSRECT(VELT_NSWINDOW_FRAME(window)); }
 
 struct ToolbarStandIn : public NSObject {

@@ -273,7 +273,8 @@ bool NSTextView::doCommand(const id& selectorName) {
 }
 
 bool NSTextView::validateMenuItem(const id& item) {
-    const id action = velt::respondsTo(item, VELT_SELECTOR("action")) ? velt::send(item, VELT_SELECTOR("action")) : id();
+    const id action =
+        velt::respondsTo(item, VELT_SELECTOR("action")) ? velt::send(item, VELT_SELECTOR("action")) : id();
     const std::string name = velt::isString(action) ? velt::utf8(action) : std::string();
     const auto undoManagerCan = [this](const char* asks) {
         return isEditable() && VELT_CBOOL(velt::send(undoManager(), velt::Selector::named(asks)));
