@@ -38,6 +38,28 @@ TEST(AlertSheets, TellTheirDelegateTheButtonAndTheContext) {
     }
 }
 
+TEST(AlertSheets, AreFollowedByWhatTheirDelegateBegins) {
+    const ControlWindow window({{50, 60}, {480, 300}});
+    window.show();
+    const Ref<SheetListener> delegate = velt::make<SheetListener>();
+    const auto begin = [&](const char* message) {
+        VELT_BEGINALERTSHEET(delegate, str(message), "I"_v, "c"_v, "Yes"_v, nil, nil);
+    };
+    begin("First");
+    delegate->then = [&] { begin("Second"); };
+    NSWindow* first = waitForSheet(window.window);
+    ASSERT_NE(nullptr, first);
+    const Ref<NSWindow> kept(first);
+    pressKey(*first, Qt::Key_Return);
+    NSWindow* second = waitForSheet(window.window);
+    ASSERT_NE(nullptr, second);
+    EXPECT_EQ("Second|I|[Yes]", readAlert(*second));
+    EXPECT_FALSE(first->isVisible());
+    pressKey(*second, Qt::Key_Return);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return VELT_CBOOL(VELT_NSWINDOW_ISKEYWINDOW(window.window)) != 0; }, 2000));
+    EXPECT_TRUE(velt::as<NSWindow>(window.window)->attachedSheet().isNil());
+}
+
 TEST(AlertSheets, HaveTheButtonsThatAreNotNilInTheirOrder) {
     const ControlWindow window;
     window.show();
