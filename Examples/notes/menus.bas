@@ -50,7 +50,7 @@ Function MainMenu(owner As NotesDocument) As NSMenu
   AddItem(menu, owner, "Search Notes", "findNotes", "F")
   menu = NewMenu(main, "Note")
   AddItem(menu, owner, "New Note", "newNote", "n")
-  AddItem(menu, owner, "Edit Note", "editNote", "e")
+  AddItem(menu, owner, "Edit Note", "editNote", "t")
   AddItem(menu, owner, "Show List", "showList", "l")
   menu.AppendSeparator()
   AddItem(menu, owner, "Delete Note…", "deleteNote", Character(127))

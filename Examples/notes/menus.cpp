@@ -98,7 +98,7 @@ id mainMenu(velt::Ref<NotesDocument> owner) {
     VELTS("menus.bas", "MainMenu", "52", "");
     addItem(menu, owner, VELT__STRING("New Note"_v), VELT__STRING("newNote"_v), VELT__STRING("n"_v));
     VELTS("menus.bas", "MainMenu", "53", "");
-    addItem(menu, owner, VELT__STRING("Edit Note"_v), VELT__STRING("editNote"_v), VELT__STRING("e"_v));
+    addItem(menu, owner, VELT__STRING("Edit Note"_v), VELT__STRING("editNote"_v), VELT__STRING("t"_v));
     VELTS("menus.bas", "MainMenu", "54", "");
     addItem(menu, owner, VELT__STRING("Show List"_v), VELT__STRING("showList"_v), VELT__STRING("l"_v));
     VELTS("menus.bas", "MainMenu", "55", "");

@@ -38,14 +38,21 @@ struct NotesProgram : testing::Test {
         }
         EXPECT_TRUE(VELT_CBOOL(book->save(str(path))));
         VELT_NSUSERDEFAULTS_SET(nil, "File"_v, str(path));
-        start();
     }
     ~NotesProgram() override {
         close();
         NSApplication::sharedApplication().setDelegate(nil);
         NSApplication::sharedApplication().setMainMenu(nil);
         NSApplication::sharedApplication().setHelpMenu(nil);
+        // There is one of each panel in the whole process.
+        NSSavePanel::savePanel().setPanelTitle("Save"_v);
+        NSSavePanel::savePanel().setRequiredFileType(nil);
+        VELT_idOPENPANEL_TYPES = VELT_idOPENPANEL_FILENAMES = VELT_idOPENPANEL_URLS = nil;
         forgetSettings();
+    }
+    void SetUp() override {
+        SKIP_UNLESS_WINDOWS_BECOME_ACTIVE();
+        start();
     }
     void start() {
         program = velt::make<NotesDocument>();
@@ -56,6 +63,7 @@ struct NotesProgram : testing::Test {
         ASSERT_TRUE(QTest::qWaitFor([this] { return window().isKeyWindow(); }, 2000));
     }
     void close() {
+        if (!program) return;
         program->book->edited = notes::boolean(false);
         VELT_NSWINDOW_CLOSE(program->window);
     }
@@ -215,7 +223,7 @@ TEST_F(NotesProgram, KeepsInSightWhatIsTypedIntoAFoundNote) {
     press(Qt::Key_F, kShifted);
     type("roses");
     ASSERT_TRUE(QTest::qWaitFor([this] { return list() == "[Garden] "; }, 3000)) << list();
-    press(Qt::Key_E, kCommand);
+    press(Qt::Key_T, kCommand);
     press(Qt::Key_A, kCommand);
     type("Tulips");
     EXPECT_EQ("[Tulips] ", list());

@@ -1,7 +1,7 @@
 // What programs do with text views.
 #include <VELTRuntime/VELTRuntimeUI.h>
 
-#include "support/values.h"
+#include "support/control_window.h"
 
 #include "VELTRuntime/platform/appkit/text/text_finder.h"
 #include "VELTRuntime/platform/object/cycles.h"
