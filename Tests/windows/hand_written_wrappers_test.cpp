@@ -38,7 +38,6 @@ id event() { return VELT_NSEVENT_INIT(nil, ""); }
 id application() { return id(static_cast<NSObject*>(&NSApplication::sharedApplication())); }
 id matrix() { return VELT_NSMATRIX_INIT(nil, ""); }
 id toolbar() { return VELT_NSTOOLBAR_INIT(nil, "bar"); }
-id toolbarItem() { return VELT_NSTOOLBARITEM_INIT(nil, "item"); }
 id drawer() { return VELT_NSDRAWER_INIT(nil, ""); }
 id popUp() {
     const id made = VELT_NSPOPUPBUTTON_INIT(nil, "");

@@ -382,11 +382,12 @@ TEST(ModalSessions, OfOneWindowNestToo) {
 }
 
 TEST(ModalSessions, GoOnWhenACallbackRaises) {
+    GTEST_FLAG_SET(death_test_style, "threadsafe");  // a forked process has no display of its own
     EXPECT_EXIT(raiseInASession(), testing::ExitedWithCode(1),
                 "callback.bas:12: in Form.Click: VLException: in the callback\nsession in order\n");
 }
 
-TEST(Applications, AnswerForTheirSessionsByName) {
+TEST(ModalSessions, AreTheApplicationsByName) {
     const id application(&NSApplication::sharedApplication());
     const ControlWindow window;
     onceAsked([&](NSWindow& shown) {

@@ -71,6 +71,11 @@ const std::map<std::string, id (*)()> kMakers{
     {"NSTABLECOLUMN", [] { return VELT_NSTABLECOLUMN_INIT(nil, "column"); }},
     {"NSCOMBOBOX", comboBoxWithItems},
     {"NSSCROLLVIEW", [] { return VELT_NSSCROLLVIEW_INIT(nil, ""); }},
+    {"NSMATRIX", [] { return VELT_NSMATRIX_INIT(nil, ""); }},
+    {"NSTOOLBAR", [] { return VELT_NSTOOLBAR_INIT(nil, "bar"); }},
+    {"NSTOOLBARITEM", [] { return VELT_NSTOOLBARITEM_INIT(nil, "item"); }},
+    {"NSDRAWER", [] { return VELT_NSDRAWER_INIT(nil, ""); }},
+    {"NSSAVEPANEL", [] { return id(static_cast<NSObject*>(&NSSavePanel::savePanel())); }},
     {"NSPROGRESSINDICATOR", [] { return VELT_NSPROGRESSINDICATOR_INIT(nil, ""); }},
 };
 
@@ -91,6 +96,7 @@ id someImage() {
 
 const std::map<std::string, id (*)()> kObjects{
     {"NSVIEW", [] { return id(velt::make<NSView>()); }},
+    {"NSWINDOW", [] { return VELT_NSWINDOW_INIT(nil, ""); }},
     {"NSCOLOR", [] { return id(NSColor::deviceRgb(1, 0.5, 0, 1)); }},
     {"NSIMAGE", someImage},
     {"NSFONT", [] { return id(velt::make<NSFont>()); }},

@@ -262,8 +262,8 @@ void NSWindow::orderOut(const id&) {
 void NSWindow::makeKeyWindow() {
     if (!widget_ || !widget_->isVisible()) return;
     widget_->activateWindow();
-    // The display in memory does not tell again of a window that was hidden and shown within one event.
-    const bool isSilent = isInMemory() && QGuiApplication::focusWindow() == widget_->windowHandle();
+    // Nobody tells again of a window that was hidden and shown within one event: it had the keyboard all the time.
+    const bool isSilent = QGuiApplication::focusWindow() == widget_->windowHandle();
     if (isSilent && !widget_->isActiveWindow()) QApplication::setActiveWindow(widget_);
 }
 

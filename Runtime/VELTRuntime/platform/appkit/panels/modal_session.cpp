@@ -4,7 +4,6 @@
 
 #include <QEventLoop>
 #include <QMainWindow>
-#include <QWindow>
 
 namespace velt {
 
@@ -12,51 +11,28 @@ namespace {
 
 ModalSession* innermostSession = nullptr;
 
-/// Asks for the keyboard once a window is on the screen: a window manager hears of a window that was hidden and shown
-/// within one event only later, and passes over a wish that comes before it.
-class KeyOnceExposed final : public QObject {
-public:
-    explicit KeyOnceExposed(QWindow& window) : QObject(&window) { window.installEventFilter(this); }
-
-    bool eventFilter(QObject* watched, QEvent* event) override {
-        auto* window = qobject_cast<QWindow*>(watched);
-        if (event->type() == QEvent::Expose && window && window->isExposed()) {
-            window->removeEventFilter(this);
-            window->requestActivate();
-            deleteLater();
-        }
-        return false;
-    }
-};
-
 /// While it exists, a window is modal for the whole program. The toolkit takes over a change when it shows a window.
 class ModalLook {
 public:
     explicit ModalLook(NSWindow& window) : window_(&window), before_(window.widget().windowModality()) {
-        QWidget& widget = window.widget();
-        const bool wasVisible = widget.isVisible();
-        if (before_ != Qt::ApplicationModal) change(widget, Qt::ApplicationModal);
+        if (before_ != Qt::ApplicationModal) {
+            window.widget().hide();
+            window.widget().setWindowModality(Qt::ApplicationModal);
+        }
         window.makeKeyAndOrderFront(nil);
-        if (wasVisible) new KeyOnceExposed(*widget.windowHandle());
     }
     ~ModalLook() {
         QWidget* widget = window_->existingWidget();
         if (!widget || before_ == Qt::ApplicationModal) return;
         const bool wasVisible = widget->isVisible();
-        change(*widget, before_);
-        if (!wasVisible) return;
-        widget->show();
-        new KeyOnceExposed(*widget->windowHandle());
+        widget->hide();
+        widget->setWindowModality(before_);
+        if (wasVisible) widget->show();
     }
     ModalLook(const ModalLook&) = delete;
     ModalLook& operator=(const ModalLook&) = delete;
 
 private:
-    static void change(QWidget& widget, Qt::WindowModality modality) {
-        widget.hide();
-        widget.setWindowModality(modality);
-    }
-
     const Ref<NSWindow> window_;
     const Qt::WindowModality before_;
 };

@@ -129,7 +129,7 @@ void NSMatrix::selectBetween(MatrixPlace from, MatrixPlace to) {
                    place.column >= std::min(from.column, to.column) && place.column <= std::max(from.column, to.column);
         }
         const long at = place.row * columns_ + place.column;
-        const auto [first, last] = std::minmax(from.row * columns_ + from.column, to.row * columns_ + to.column);
+        const auto [first, last] = std::minmax({from.row * columns_ + from.column, to.row * columns_ + to.column});
         return at >= first && at <= last;
     };
     for (long row = 0; row < rows_; ++row) {
