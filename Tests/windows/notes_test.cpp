@@ -203,6 +203,21 @@ TEST_F(NotesProgram, OffersTheCommandsThatAreOfUse) {
     EXPECT_FALSE(offered("Note", "Delete Note…"));
 }
 
+TEST_F(NotesProgram, OffersThemInTheMenuBarThatIsWorkedByKeysToo) {
+    press(Qt::Key_Return);
+    type("x");
+    QMenuBar* bar = window().widget().menuBar();
+    bar->setFocus(Qt::MenuBarFocusReason);
+    ASSERT_TRUE(bar->hasFocus());
+    EXPECT_EQ(program->text, window().firstResponder());
+    const id edit = velt::send(NSApplication::sharedApplication().mainMenu(), "itemWithTitle:", "Edit"_v);
+    const id menu = velt::send(edit, "submenu");
+    velt::send(menu, "update");
+    EXPECT_TRUE(VELT_CBOOL(VELT_NSMENUITEM_ENABLED(velt::send(menu, "itemWithTitle:", "Undo"_v))));
+    velt::send(menu, "performActionForItemAtIndex:", VELT_ID(0L));
+    EXPECT_EQ("Garden\nwater the roses", text());
+}
+
 TEST_F(NotesProgram, FiltersTheListWhileSomebodyTypes) {
     press(Qt::Key_F, kShifted);
     ASSERT_TRUE(hasKeyboard(program->search));

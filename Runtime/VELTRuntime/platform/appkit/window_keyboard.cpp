@@ -1,6 +1,7 @@
 // The keyboard in a window: who has it, where Tab takes it, which keys press a button.
 #include "VELTRuntime/platform/appkit/application.h"
 #include "VELTRuntime/platform/appkit/event.h"
+#include "VELTRuntime/platform/appkit/menus/menu_bar.h"
 #include "VELTRuntime/platform/appkit/toolbars/toolbar.h"
 #include "VELTRuntime/platform/appkit/window.h"
 #include "VELTRuntime/values/string.h"
@@ -72,7 +73,7 @@ bool isWithin(const id& cell, const NSWindow& window) {
 }  // namespace
 
 id NSWindow::firstResponder() const {
-    QWidget* focus = widget_ ? widget_->focusWidget() : nullptr;
+    QWidget* focus = velt::behindMenuBar(widget_ ? widget_->focusWidget() : nullptr);
     // A control's widget may hand the keyboard to a part of itself.
     for (; focus && focus != widget_; focus = focus->parentWidget()) {
         if (NSView* view = velt::viewOf(focus)) return object(view);
