@@ -97,6 +97,32 @@ TEST(ControlsExample, WearsDarkColoursWhenAsked) {
     EXPECT_LT(bright, all / 12);
 }
 
+TEST(TablesExample, SortsItsMillionRowsAndChangesSome) {
+    const TemporaryFolder folder;
+    const std::string path = folder.file("picture.png");
+    setenv("VELT_SCREENSHOT", path.c_str(), 1);
+    setenv("QT_QPA_PLATFORM", "offscreen", 1);
+    const ProgramResult result = runExample("tables", {});
+    unsetenv("VELT_SCREENSHOT");
+    EXPECT_EQ("The picture is in " + path + ".\n", result.output);
+    EXPECT_EQ(0, result.status) << result.errors;
+    const QImage picture(QString::fromStdString(path));
+    ASSERT_EQ(QSize(520, 420), picture.deviceIndependentSize().toSize());
+    // A checked box is darker than one that is not; the edited row is in the colour of what is selected.
+    const auto darkness = [&](QRect part) {
+        int sum = 0;
+        for (int y = part.top(); y <= part.bottom(); ++y) {
+            for (int x = part.left(); x <= part.right(); ++x) sum += 255 - qGray(picture.pixel(x, y));
+        }
+        return sum;
+    };
+    const auto cell = [](int row, int left, int width) { return QRect(left, 38 + row * 24, width, 22); };
+    constexpr int kDone = 294, kDoneWidth = 40;
+    EXPECT_LT(darkness(cell(2, kDone, kDoneWidth)), darkness(cell(4, kDone, kDoneWidth)));
+    EXPECT_LT(4 * darkness(cell(5, kDone, kDoneWidth)), darkness(cell(6, kDone, kDoneWidth)));
+    for (int row = 0; row < 14; ++row) EXPECT_LT(0, darkness(cell(row, 112, 60))) << row;
+}
+
 TEST(NotesExample, AddsANoteAndShowsAnother) {
     const TemporaryFolder folder;
     const std::string path = folder.file("picture.png");

@@ -1,109 +1,15 @@
 #include <VELTRuntime/VELTRuntimeUI.h>
 
-#include "support/control_window.h"
+#include "windows/tables_support.h"
 
 #include "VELTRuntime/platform/object/cycles.h"
 
 #include <QAbstractItemView>
-#include <QHeaderView>
 #include <QLineEdit>
-#include <QListView>
-#include <QTableView>
-#include <QTreeView>
-#include <algorithm>
-#include <map>
-#include <set>
+#include <QMenu>
 
 using namespace velt::test;
 using velt::Ref;
-
-namespace {
-
-/// Gives the rows of a table and notes what it is asked and told.
-class RowSource : public NSObject {
-    VELT_OBJECT(RowSource, NSObject)
-public:
-    long count(const id&) { return rows; }
-    id value(const id&, const id& column, long row) {
-        asked.insert(row);
-        if (velt::utf8(velt::send(column, "identifier")) == "done") return VELT_ID(states[row]);
-        const auto found = texts.find(row);
-        return str(found == texts.end() ? "row " + std::to_string(row) : found->second);
-    }
-    void setValue(const id&, const id& value, const id& column, long row) {
-        if (velt::utf8(velt::send(column, "identifier")) == "done") {
-            states[row] = VELT_CINTEGER(value);
-        } else {
-            texts[row] = velt::utf8(value);
-        }
-        heard += "set " + std::to_string(row) + "=" + show(value) + " ";
-    }
-    void sorted(const id& table, const id&) { heard += "sort " + show(velt::send(table, "sortDescriptors")) + " "; }
-    void selected(const id& note) {
-        heard += "selected " + show(velt::send(velt::send(note, "object"), "selectedRow")) + " ";
-    }
-    bool mayEdit(const id&, const id&, long row) { return row != 3; }
-    bool maySelect(const id&, long row) { return row != 2; }
-    void clicked(const id& table) { heard += "click " + show(velt::send(table, "clickedRow")) + " "; }
-    void opened(const id& table) { heard += "open " + show(velt::send(table, "clickedRow")) + " "; }
-    static void describe(velt::ClassBuilder<RowSource>& c) {
-        c.method("numberOfRowsInTableView:", &RowSource::count)
-            .method("tableView:objectValueForTableColumn:row:", &RowSource::value)
-            .method("tableView:setObjectValue:forTableColumn:row:", &RowSource::setValue)
-            .method("tableView:sortDescriptorsDidChange:", &RowSource::sorted)
-            .method("tableViewSelectionDidChange:", &RowSource::selected)
-            .method("tableView:shouldEditTableColumn:row:", &RowSource::mayEdit)
-            .method("tableView:shouldSelectRow:", &RowSource::maySelect)
-            .method("clicked:", &RowSource::clicked)
-            .method("opened:", &RowSource::opened);
-    }
-    std::string told() { return std::exchange(heard, ""); }
-
-    long rows = 8;
-    std::map<long, std::string> texts;
-    std::map<long, long> states;
-    std::set<long> asked;
-    std::string heard;
-};
-
-struct Table {
-    explicit Table(long rows = 8) {
-        source->rows = rows;
-        table->setFrame({{10, 10}, {300, 200}});
-        name->setTitle(str("Name"));
-        name->setWidth(140);
-        done->setTitle(str("Done"));
-        const id box = VELT_NSBUTTONCELL_INIT(nil, "");
-        velt::send(box, "setTitle:", str(""));
-        done->setDataCell(box);
-        table->addTableColumn(name.get());
-        table->addTableColumn(done.get());
-        table->setDataSource(source);
-        table->setDelegate(source);
-        table->setTarget(source);
-        table->setActionName(str("clicked:"));
-        table->setDoubleActionName(str("opened:"));
-        VELT_NSWINDOW_APPEND(window.window, table);
-        window.show();
-    }
-    ~Table() { table->setDelegate(nil); }
-    QTableView& view() const { return dynamic_cast<QTableView&>(table->widget()); }
-    QPoint at(int row, int column) const { return view().visualRect(view().model()->index(row, column)).center(); }
-    void click(int row, int column = 0, Qt::KeyboardModifiers held = {}) const {
-        QTest::mouseClick(view().viewport(), Qt::LeftButton, held, at(row, column));
-    }
-    void doubleClick(int row, int column = 0) const {
-        click(row, column);
-        QTest::mouseDClick(view().viewport(), Qt::LeftButton, {}, at(row, column));
-    }
-
-    ControlWindow window{{{50, 60}, {340, 260}}};
-    Ref<RowSource> source = velt::make<RowSource>();
-    Ref<NSTableView> table = velt::make<NSTableView>();
-    Ref<NSTableColumn> name = velt::make<NSTableColumn>(str("name")), done = velt::make<NSTableColumn>(str("done"));
-};
-
-}  // namespace
 
 TEST(Tables, AskOnlyForWhatIsSeen) {
     const Table shown(1'000'000);
@@ -199,6 +105,7 @@ TEST(Tables, SortByClicksOnTheHeader) {
     const Table shown;
     shown.name->setSortDescriptorPrototype(velt::make<NSSortDescriptor>(str("name"), true));
     QHeaderView& header = *shown.view().horizontalHeader();
+    EXPECT_EQ(header.viewport(), shown.view().childAt(header.geometry().topLeft() + QPoint(20, 8)));
     QTest::mouseClick(header.viewport(), Qt::LeftButton, {}, QPoint(20, 8));
     EXPECT_EQ("sort NSMutableArray (<NSSortDescriptor name ascending>) ", shown.source->told());
     EXPECT_EQ(Qt::AscendingOrder, header.sortIndicatorOrder());
@@ -272,218 +179,140 @@ TEST(IndexSets, JoinWhatTouches) {
 
 namespace {
 
-/// A tree whose items are texts: "a" has the children "a/0", "a/1" and so on, three levels deep.
-class TreeSource : public NSObject {
-    VELT_OBJECT(TreeSource, NSObject)
+/// Says how its cells look, and what is told about them.
+class Dresser : public RowSource {
+    VELT_OBJECT(Dresser, RowSource)
 public:
-    long count(const id&, const id& item) {
-        heard += "count " + show(item) + " ";
-        return level(item) < 3 ? 2 : 0;
+    void willDisplay(const id&, const id& cell, const id& column, long row) {
+        if (row == 1 && velt::is<NSButtonCell>(cell)) velt::send(cell, "setEnabled:", boolean(false));
+        if (row != 1 && velt::is<NSButtonCell>(cell)) velt::send(cell, "setEnabled:", boolean(true));
+        if (row == 2)
+            velt::send(cell, "setStringValue:", str("dressed " + velt::utf8(velt::send(column, "identifier"))));
     }
-    id child(const id&, long index, const id& item) {
-        const std::string name = (item.isNil() ? "" : velt::utf8(item) + "/") + std::to_string(index);
-        return items.try_emplace(name, str(name)).first->second;
+    id cellFor(const id&, const id& column, long row) { return row == 4 ? other : velt::send(column, "dataCell"); }
+    id tip(const id&, const id& column, long row) {
+        return row == 0 ? nil : str(velt::utf8(velt::send(column, "title")) + " of " + std::to_string(row));
     }
-    bool expandable(const id&, const id& item) { return level(item) < 3; }
-    id value(const id&, const id&, const id& item) { return item; }
-    bool mayExpand(const id&, const id& item) { return velt::utf8(item) != "1"; }
-    void expanded(const id& note) {
-        const id item = velt::send(velt::send(note, "userInfo"), "objectForKey:", str("NSObject"));
-        heard += "expanded " + show(item) + " ";
+    static void describe(velt::ClassBuilder<Dresser>& c) {
+        c.method("tableView:willDisplayCell:forTableColumn:row:", &Dresser::willDisplay)
+            .method("tableView:dataCellForTableColumn:row:", &Dresser::cellFor)
+            .method("tableView:toolTipForTableColumn:row:", &Dresser::tip)
+            .owns(&Dresser::other);
     }
-    void selected(const id&) { heard += "selected "; }
-    static void describe(velt::ClassBuilder<TreeSource>& c) {
-        c.method("outlineView:numberOfChildrenOfItem:", &TreeSource::count)
-            .method("outlineView:child:ofItem:", &TreeSource::child)
-            .method("outlineView:isItemExpandable:", &TreeSource::expandable)
-            .method("outlineView:objectValueForTableColumn:byItem:", &TreeSource::value)
-            .method("outlineView:shouldExpandItem:", &TreeSource::mayExpand)
-            .method("outlineViewItemDidExpand:", &TreeSource::expanded)
-            .method("outlineViewSelectionDidChange:", &TreeSource::selected);
-    }
-    static long level(const id& item) {
-        if (item.isNil()) return 0;
-        const std::string name = velt::utf8(item);
-        return 1 + std::count(name.begin(), name.end(), '/');
-    }
-    std::map<std::string, id> items;
-    std::string heard;
+    id other = VELT_NSCELL_INIT(nil, "");
 };
 
-struct Outline {
-    Outline() {
-        velt::send(outline, "setFrame:", rect(10, 10, 300, 200));
-        column->setTitle(str("Places"));
-        view().addTableColumn(column.get());
-        view().setDataSource(source);
-        view().setDelegate(source);
-        VELT_NSWINDOW_APPEND(window.window, outline);
-        window.show();
-        source->heard.clear();
+/// Tells about a cell by where it is.
+class Placer : public RowSource {
+    VELT_OBJECT(Placer, RowSource)
+public:
+    id tip(const id&, const id& cell, const id& place, const id&, long row, const id& mouse) {
+        return str(std::to_string(row) + " " + velt::utf8(velt::send(cell, "stringValue")) + " " + show(place) + " " +
+                   velt::typeCodeOrNull(mouse));
     }
-    ~Outline() { view().setDelegate(nil); }
-    NSOutlineView& view() const { return *velt::as<NSOutlineView>(outline); }
-    QTreeView& tree() const { return dynamic_cast<QTreeView&>(view().widget()); }
-    id item(const char* name) const { return source->items.at(name); }
-
-    ControlWindow window{{{50, 60}, {340, 260}}};
-    Ref<TreeSource> source = velt::make<TreeSource>();
-    id outline = VELT_NSOUTLINEVIEW_INIT(nil, "");
-    Ref<NSTableColumn> column = velt::make<NSTableColumn>(str("place"));
+    static void describe(velt::ClassBuilder<Placer>& c) {
+        c.method("tableView:toolTipForCell:rect:tableColumn:row:mouseLocation:", &Placer::tip);
+    }
 };
 
 }  // namespace
 
-TEST(OutlineViews, AskForChildrenWhenTheyAreOpened) {
-    const Outline shown;
-    EXPECT_EQ(2, shown.view().numberOfRows());
-    shown.view().expandItem(shown.item("0"));
-    EXPECT_EQ("count '0' expanded '0' ", shown.source->heard);
-    EXPECT_EQ(4, shown.view().numberOfRows());
-    EXPECT_EQ(2, shown.view().rowForItem(shown.item("0/1")));
-    EXPECT_VALUE("'0/1'", shown.view().itemAtRow(2));
-    EXPECT_EQ(1, shown.view().levelForRow(2));
-    EXPECT_EQ(shown.item("0"), shown.view().parentForItem(shown.item("0/1")));
-    EXPECT_EQ(-1, shown.view().rowForItem(str("elsewhere")));
-    shown.view().collapseItem(shown.item("0"));
-    EXPECT_EQ(2, shown.view().numberOfRows());
-    EXPECT_FALSE(shown.view().isItemExpanded(shown.item("0")));
+TEST(Tables, LetTheirDelegateDressTheirCells) {
+    const Table shown(8, velt::make<Dresser>());
+    const auto text = [&](int row, int column) {
+        return shown.view().model()->index(row, column).data().toString().toStdString();
+    };
+    EXPECT_EQ("row 1", text(1, 0));
+    EXPECT_EQ("dressed name", text(2, 0));
+    EXPECT_EQ("1", [&] {
+        shown.source->states[4] = 1;
+        return text(4, 1);
+    }());  // another cell than the check box
+    shown.click(1, 1);
+    EXPECT_EQ(0, shown.source->states[1]);
+    shown.click(3, 1);
+    EXPECT_EQ(1, shown.source->states[3]);
 }
 
-TEST(OutlineViews, StayClosedWhenTheDelegateRefuses) {
-    const Outline shown;
-    shown.view().expandItem(shown.item("1"));
-    EXPECT_FALSE(shown.view().isItemExpanded(shown.item("1")));
-    EXPECT_EQ(2, shown.view().numberOfRows());
-    shown.view().expandItemWithChildren(nil, true);
-    EXPECT_TRUE(shown.view().isItemExpanded(shown.item("0/0")));
-    EXPECT_EQ(8, shown.view().numberOfRows());
+TEST(Tables, TellAboutTheirCells) {
+    const Table shown(8, velt::make<Dresser>());
+    const auto tip = [](const Table& table, int row, int column) {
+        return table.view().model()->index(row, column).data(Qt::ToolTipRole).toString().toStdString();
+    };
+    EXPECT_EQ("Name of 3", tip(shown, 3, 0));
+    EXPECT_EQ("", tip(shown, 0, 0));
+    const Table placed(8, velt::make<Placer>());
+    const QRect cell = placed.view().visualRect(placed.view().model()->index(3, 0));
+    const QPoint corner = placed.view().viewport()->pos();
+    const NSRect expected{{double(corner.x() + cell.x()), double(corner.y() + cell.y())},
+                          {double(cell.width()), double(cell.height())}};
+    EXPECT_EQ("3 row 3 " + show(VELT_ID(expected)) + " {CGPoint=dd}", tip(placed, 3, 0));
 }
 
-TEST(OutlineViews, KeepWhatIsOpenAndSelectedWhenTheyAreLoadedAnew) {
-    const Outline shown;
-    shown.view().expandItem(shown.item("0"));
-    shown.view().selectRow(2, false);
-    EXPECT_EQ(2, shown.view().selectedRow());
-    shown.view().reloadData();
-    EXPECT_TRUE(shown.view().isItemExpanded(shown.item("0")));
-    EXPECT_EQ(2, shown.view().selectedRow());
-    shown.view().reloadItemWithChildren(shown.item("0"), true);
-    EXPECT_EQ(4, shown.view().numberOfRows());
-}
-
-TEST(OutlineViews, AreWorkedByKeys) {
-    const Outline shown;
-    shown.view().selectRow(0, false);
-    shown.tree().setFocus();
-    QTest::keyClick(&shown.tree(), Qt::Key_Right);
-    EXPECT_TRUE(shown.view().isItemExpanded(shown.item("0")));
-    QTest::keyClick(&shown.tree(), Qt::Key_Down);
-    EXPECT_EQ(1, shown.view().selectedRow());
-    QTest::keyClick(&shown.tree(), Qt::Key_Left);
-    QTest::keyClick(&shown.tree(), Qt::Key_Left);
-    EXPECT_FALSE(shown.view().isItemExpanded(shown.item("0")));
-}
-
-namespace {
-
-/// The numbers below 1000, digit by digit.
-class DigitSource : public NSObject {
-    VELT_OBJECT(DigitSource, NSObject)
-public:
-    long count(const id&, long column) { return column < 3 ? 10 : 0; }
-    void display(const id&, const id& cell, long row, long column) {
-        asked += 1;
-        velt::send(cell, "setStringValue:", str(std::to_string(row)));
-        velt::send(cell, "setLeaf:", VELT_ID(static_cast<BOOL>(column == 2)));
-    }
-    void chosen(const id& browser) { heard += velt::utf8(velt::send(browser, "path")) + " "; }
-    void opened(const id& browser) { heard += "open " + velt::utf8(velt::send(browser, "path")) + " "; }
-    static void describe(velt::ClassBuilder<DigitSource>& c) {
-        c.method("browser:numberOfRowsInColumn:", &DigitSource::count)
-            .method("browser:willDisplayCell:atRow:column:", &DigitSource::display)
-            .method("chosen:", &DigitSource::chosen)
-            .method("opened:", &DigitSource::opened);
-    }
-    int asked = 0;
-    std::string heard;
-    std::string told() { return std::exchange(heard, ""); }
-};
-
-struct Browser {
-    Browser() {
-        velt::send(value, "setFrame:", rect(10, 10, 380, 160));
-        velt::send(value, "setDelegate:", source);
-        velt::send(value, "setDoubleAction:", str("opened:"));
-        VELT_NSWINDOW_APPEND(window.window, value);
-        window.show();
-    }
-    ~Browser() { velt::send(value, "setDelegate:", nil); }
-    NSBrowser& browser() const { return *velt::as<NSBrowser>(value); }
-    QListView& list(int column) const {
-        QList<QListView*> all;
-        for (QListView* list : browser().widget().findChildren<QListView*>()) {
-            if (list->isVisible()) all.append(list);
-        }
-        return *all.at(column);
-    }
-    void click(int column, int row) const {
-        QListView& shown = list(column);
-        QTest::mouseClick(shown.viewport(), Qt::LeftButton, {},
-                          shown.visualRect(shown.model()->index(row, 0)).center());
-    }
-
-    ControlWindow window{{{50, 60}, {400, 220}}};
-    Ref<DigitSource> source = velt::make<DigitSource>();
-    id value = VELT_NSBROWSER_INIT(source, "chosen:");
-};
-
-}  // namespace
-
-TEST(Browsers, OpenAColumnForWhatIsChosen) {
-    const Browser shown;
-    EXPECT_EQ(0, shown.browser().lastColumn());
-    EXPECT_EQ(-1, shown.browser().selectedColumn());
-    EXPECT_VALUE("'/'", shown.browser().path());
-    shown.click(0, 4);
-    EXPECT_EQ("/4 ", shown.source->told());
-    EXPECT_EQ(1, shown.browser().lastColumn());
-    shown.click(1, 2);
-    EXPECT_EQ("/4/2 ", shown.source->told());
-    shown.click(2, 1);
-    EXPECT_EQ("/4/2/1 ", shown.source->told());
-    EXPECT_EQ(2, shown.browser().lastColumn());
-    EXPECT_VALUE("'1'", velt::send(velt::send(shown.value, "selectedCell"), "stringValue"));
-    shown.click(0, 3);
-    EXPECT_EQ("/3 ", shown.source->told());
-    EXPECT_EQ(1, shown.browser().lastColumn());
-}
-
-TEST(Browsers, FollowAPath) {
-    const Browser shown;
-    EXPECT_TRUE(shown.browser().setPath(str("/1/2/3")));
-    EXPECT_VALUE("'/1/2/3'", shown.browser().path());
-    EXPECT_EQ(3, shown.browser().selectedRowInColumn(2));
-    EXPECT_VALUE("'/1/2'", shown.browser().pathToColumn(2));
-    EXPECT_FALSE(shown.browser().setPath(str("/1/x")));
-    EXPECT_VALUE("'/1'", shown.browser().path());
-    EXPECT_EQ("", shown.source->told());
-}
-
-TEST(Browsers, AreWorkedByKeys) {
-    const Browser shown;
-    shown.list(0).setFocus();
-    QTest::keyClick(&shown.list(0), Qt::Key_Down);
+TEST(Tables, ChooseInPopUpCells) {
+    const Table shown;
+    const Ref<NSTableColumn> choice = velt::make<NSTableColumn>(str("done"));
+    const id cell = VELT_NSPOPUPBUTTONCELL_INIT(nil, "");
+    for (const char* title : {"Low", "Normal", "High"}) velt::send(cell, "addItemWithTitle:", str(title));
+    choice->setDataCell(cell);
+    shown.table->addTableColumn(choice.get());
+    shown.done->setWidth(40);
+    shown.source->states[2] = 1;
     shown.source->told();
-    QTest::keyClick(&shown.list(0), Qt::Key_Down);
-    EXPECT_VALUE("'/2'", shown.browser().path());
-    EXPECT_EQ("/2 ", shown.source->told());
-    QTest::keyClick(&shown.list(0), Qt::Key_Right);
-    EXPECT_VALUE("'/2/0'", shown.browser().path());
-    EXPECT_TRUE(shown.list(1).hasFocus());
-    shown.source->told();
-    QTest::keyClick(&shown.list(1), Qt::Key_Return);
-    EXPECT_EQ("open /2/0 ", shown.source->told());
-    QTest::keyClick(&shown.list(1), Qt::Key_Left);
-    EXPECT_TRUE(shown.list(0).hasFocus());
+    const auto open = [&](int row) {
+        QTest::mousePress(shown.view().viewport(), Qt::LeftButton, {}, shown.at(row, 2));
+        return qobject_cast<QMenu*>(QApplication::activePopupWidget());  // which has the mouse from then on
+    };
+    const auto choose = [&](QMenu& menu, int item) {
+        QTest::mouseClick(&menu, Qt::LeftButton, {}, menu.actionGeometry(menu.actions()[item]).center());
+        EXPECT_TRUE(QTest::qWaitFor([&] { return !QApplication::activePopupWidget(); }));
+        QApplication::processEvents();
+        return shown.source->told();
+    };
+    QMenu* menu = open(2);
+    ASSERT_TRUE(menu);
+    EXPECT_EQ("set 2=q 2 ", choose(*menu, 2));
+    EXPECT_EQ(2, shown.source->states[2]);
+    EXPECT_EQ(0, shown.source->states[1]);
+    menu = open(2);
+    ASSERT_TRUE(menu);
+    EXPECT_EQ("", choose(*menu, 2));  // it was that already
+    menu = open(2);
+    ASSERT_TRUE(menu);
+    QTest::keyClick(menu, Qt::Key_Escape);
+    menu = open(5);
+    ASSERT_TRUE(menu);
+    EXPECT_EQ("set 5=q 1 ", choose(*menu, 1));
+}
+
+TEST(Tables, ShowImages) {
+    const Table shown;
+    QImage red(12, 12, QImage::Format_RGB32);
+    red.fill(Qt::red);
+    const id picture = velt::make<NSImage>(red);
+    const Ref<NSTableColumn> column = velt::make<NSTableColumn>(str("picture"));
+    column->setDataCell(VELT_NSIMAGECELL_INIT(nil, "", picture));
+    const auto isRed = [&] {
+        const QImage seen = shown.view().viewport()->grab().toImage();
+        return seen.pixelColor(shown.at(1, 2) * seen.devicePixelRatio()) == QColor(Qt::red);
+    };
+    shown.table->addTableColumn(column.get());
+    shown.source->pictures[1] = picture;
+    EXPECT_TRUE(isRed());
+    shown.source->pictures.clear();
+    EXPECT_FALSE(isRed());
+}
+
+TEST(Tables, FitAColumnToWhatIsSeenByADoubleClickOnItsEdge) {
+    const Table shown(1'000'000);
+    QHeaderView& header = *shown.view().horizontalHeader();
+    shown.source->texts[2] = "a text that needs a good deal of room";
+    shown.source->asked.clear();
+    const QPoint edge(header.sectionSize(0) - 1, header.height() / 2);
+    QTest::mouseDClick(header.viewport(), Qt::LeftButton, {}, edge);
+    EXPECT_LT(shown.source->asked.size(), 40U);
+    const int needed =
+        shown.view().fontMetrics().horizontalAdvance(QStringLiteral("a text that needs a good deal of room"));
+    EXPECT_LE(needed, shown.name->width());
+    EXPECT_GT(needed + 40, shown.name->width());
 }

@@ -6,6 +6,7 @@
 #include "VELTRuntime/platform/appkit/window.h"
 #include "VELTRuntime/values/string.h"
 
+#include <QGuiApplication>
 #include <QMainWindow>
 #include <algorithm>
 #include <utility>
@@ -18,7 +19,7 @@ id object(const NSObject* pointer) { return id(const_cast<NSObject*>(pointer)); 
 
 constexpr int kMostSteps = 10'000;  // a loop of key views need not come back to where it began
 
-/// All views of a tree that may take part in the key loop, in reading order: from the top, then from the left.
+/// All views of a tree that may take part in the key loop, in reading order: from the top, then from where lines begin.
 void collectKeyViews(NSView& view, std::vector<NSView*>& found) {
     std::vector<NSView*> views;
     for (const Ref<NSView>& subview : view.subviewList()) views.push_back(subview.get());
@@ -30,6 +31,7 @@ void collectKeyViews(NSView& view, std::vector<NSView*>& found) {
         // Views of about one height stand in a row.
         constexpr double kRow = 4;
         if (topA + kRow < topB || topB + kRow < topA) return topA < topB;
+        if (QGuiApplication::isRightToLeft()) return fa.origin.x + fa.size.width > fb.origin.x + fb.size.width;
         return fa.origin.x < fb.origin.x;
     });
     for (NSView* subview : views) {

@@ -185,17 +185,19 @@ bool CellDelegate::editorEvent(QEvent* event, QAbstractItemModel*, const QStyleO
             const Ref<NSPopUpButtonCell> cell(as<NSPopUpButtonCell>(value));
             QMenu& menu = cell->menuObject().widget();
             const QPersistentModelIndex place(index);
-            // The cell shows other rows before the choice is made.
+            // The cell shows other rows before the choice is made and as soon as it is. Of a menu that was left without
+            // a choice nothing is heard any more.
             const long before = cell->indexOfSelectedItem();
-            QObject::connect(
+            QObject::disconnect(choice_);
+            choice_ = QObject::connect(
                 &menu, &QMenu::triggered, view,
                 [kept, cell, place, before](QAction*) {
-                    runReported([&] {
-                        const long chosen = cell->indexOfSelectedItem();
-                        if (chosen != before && place.isValid()) kept->setValueAt(place, VELT_ID(chosen));
-                    });
+                    const long chosen = cell->indexOfSelectedItem();
+                    if (chosen == before || !place.isValid()) return;
+                    runReported([&] { kept->setValueAt(place, VELT_ID(chosen)); });
                 },
-                Qt::ConnectionType(Qt::QueuedConnection | Qt::SingleShotConnection));
+                Qt::SingleShotConnection);
+            kept->endSelecting();  // the menu takes the mouse's going up
             cell->popUp(*view->viewport(), option.rect);
             return;
         }

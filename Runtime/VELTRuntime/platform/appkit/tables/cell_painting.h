@@ -20,12 +20,14 @@ public:
     void paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override;
     QWidget* createEditor(QWidget* parent, const QStyleOptionViewItem& option, const QModelIndex& index) const override;
     bool editorEvent(QEvent* event, QAbstractItemModel* model, const QStyleOptionViewItem& option,
-                     const QModelIndex& index) override;  /// The height of every row, where the view asks for it.
+                     const QModelIndex& index) override;
+    /// The height of every row, where the view asks for it.
     void setRowHeight(int height) { rowHeight_ = height; }
     QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override;
 
 private:
     int rowHeight_ = 0;
+    QMetaObject::Connection choice_;  // of the pop-up cell that is open
 };
 
 /// The table that a toolkit's view shows; null when it has gone.

@@ -2,6 +2,21 @@
 
 namespace velt {
 
+namespace {
+
+/// A person works on one cell of the rows that are meant.
+QItemSelection wholeRows(const QItemSelection& selection) {
+    QItemSelection rows;
+    for (const QItemSelectionRange& range : selection) {
+        const QAbstractItemModel& model = *range.model();
+        const int last = model.columnCount(range.parent()) - 1;
+        rows.select(model.index(range.top(), 0, range.parent()), model.index(range.bottom(), last, range.parent()));
+    }
+    return rows;
+}
+
+}  // namespace
+
 void RowSelection::select(const QItemSelection& selection, SelectionFlags command) {
     NSTableView* table = tableOf(view_);
     if (!table || !(command & (Select | Deselect | Toggle | Clear))) {
@@ -24,8 +39,11 @@ void RowSelection::select(const QItemSelection& selection, SelectionFlags comman
             // A click on a refused row leaves what is selected.
             if (taken.isEmpty() && !selection.isEmpty()) return;
         }
-        const bool empties = (command & Clear) && taken.isEmpty();
-        if (empties && !kept->allowsEmptySelection()) return;
+        if (!kept->allowsEmptySelection()) {
+            QItemSelection left = command & Clear ? QItemSelection() : this->selection();
+            left.merge(wholeRows(taken), command);
+            if (left.isEmpty()) return;
+        }
         QItemSelectionModel::select(taken, command);
     });
 }

@@ -54,14 +54,18 @@ protected:
     void mousePressEvent(QMouseEvent* event) override {
         NSTableView* table = tableOf(this);
         const bool beside = !Base::indexAt(event->position().toPoint()).isValid();
+        if (table && event->button() == Qt::LeftButton) table->beginSelecting();
         Base::mousePressEvent(event);
+        table = tableOf(this);
         if (beside && table && table->allowsEmptySelection()) Base::selectionModel()->clearSelection();
     }
 
     void mouseReleaseEvent(QMouseEvent* event) override {
         NSTableView* table = tableOf(this);
         const bool beside = !Base::indexAt(event->position().toPoint()).isValid();
+        if (table && event->button() == Qt::LeftButton) table->endSelecting();
         Base::mouseReleaseEvent(event);
+        table = tableOf(this);
         if (beside && table && event->button() == Qt::LeftButton) table->clicked(QModelIndex());
     }
 
@@ -82,6 +86,30 @@ protected:
     void showEvent(QShowEvent* event) override {
         load();
         Base::showEvent(event);
+    }
+
+    void hideEvent(QHideEvent* event) override {
+        Base::hideEvent(event);
+        if (NSTableView* table = tableOf(this)) table->endSelecting();
+    }
+
+    /// Tab goes on to the next place that a person may edit, not to the next one at all.
+    void closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditHint hint) override {
+        NSTableView* table = tableOf(this);
+        const bool forward = hint == QAbstractItemDelegate::EditNextItem;
+        if (!table || !(forward || hint == QAbstractItemDelegate::EditPreviousItem)) {
+            Base::closeEditor(editor, hint);
+            return;
+        }
+        const QPersistentModelIndex edited = Base::currentIndex();
+        Base::closeEditor(editor, QAbstractItemDelegate::NoHint);
+        const Ref<NSTableView> kept(table);
+        QPersistentModelIndex next;
+        runReported([&] { next = kept->editableAfter(edited, forward); });
+        if (!next.isValid() || tableOf(this) != table) return;
+        Base::setCurrentIndex(next);
+        // What is typed goes on where the last text was, selected whole.
+        Base::edit(next, QAbstractItemView::AllEditTriggers, nullptr);
     }
 
     void contextMenuEvent(QContextMenuEvent* event) override {

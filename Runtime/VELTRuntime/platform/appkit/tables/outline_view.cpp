@@ -116,8 +116,12 @@ bool NSOutlineView::maySelect(const QModelIndex& index) {
            VELT_CBOOL(velt::send(delegate(), asks, object(this), model().itemAt(index)));
 }
 
-void NSOutlineView::selectionChanged() {
-    if (!isReloading()) tellDelegate("outlineViewSelectionDidChange:", "NSOutlineViewSelectionDidChangeNotification");
+void NSOutlineView::tellSelection(bool changing) {
+    if (changing) {
+        tellDelegate("outlineViewSelectionIsChanging:", "NSOutlineViewSelectionIsChangingNotification");
+    } else {
+        tellDelegate("outlineViewSelectionDidChange:", "NSOutlineViewSelectionDidChangeNotification");
+    }
 }
 
 // Loading.

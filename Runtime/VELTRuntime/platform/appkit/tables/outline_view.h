@@ -45,7 +45,6 @@ public:
     bool maySelect(const QModelIndex& index) override;
     velt::Selector shouldSelectSelector() const override;
     long rowOf(const QModelIndex& index) const override;
-    void selectionChanged() override;
     // What the model and the toolkit's view ask.
     long askChildCount(const id& item);
     id askChild(long index, const id& item);
@@ -62,6 +61,7 @@ protected:
     QHeaderView& headerOf(QAbstractItemView& view) const override;
     QModelIndex indexOf(long row, int column) const override;
     void applyRowHeight(QAbstractItemView& view) override;
+    void tellSelection(bool changing) override;
     void tellWillDisplay(const id& cell, const QModelIndex& index) override;
     id dataCellAt(const QModelIndex& index) override;
     void syncWidget(QWidget& widget) override;

@@ -1,5 +1,6 @@
 // The selection of a table: its rows, and who may refuse a change.
 #include "VELTRuntime/platform/appkit/tables/cells_view.h"
+#include "VELTRuntime/platform/appkit/tables/rows_view.h"
 #include "VELTRuntime/platform/appkit/tables/table_view.h"
 #include "VELTRuntime/platform/object/exception.h"
 
@@ -71,6 +72,7 @@ void NSTableView::selectRowIndexes(const id& indexes, bool extending) {
     const auto command = extending && multiple_ ? QItemSelectionModel::Select : QItemSelectionModel::ClearAndSelect;
     selection.selectUnasked(taken, command | QItemSelectionModel::Rows);
     if (current.isValid()) selection.setCurrentIndex(current, QItemSelectionModel::NoUpdate);
+    if (auto* view = dynamic_cast<velt::RowsView*>(&itemView())) view->setAnchor(current.row());
 }
 
 void NSTableView::selectRow(long row, bool extending) { selectRowIndexes(velt::make<NSIndexSet>(row), extending); }

@@ -9,11 +9,9 @@
 #include "VELTRuntime/platform/foundation/notification_center.h"
 #include "VELTRuntime/platform/object/exception.h"
 
-#include <QFontMetricsF>
+#include <QCursor>
 #include <QHeaderView>
 #include <QScrollBar>
-#include <QTableView>
-#include <QTreeView>
 #include <algorithm>
 #include <cmath>
 
@@ -50,6 +48,7 @@ void NSTableView::setDataSource(const id& source) {
     dataSource_ = source;
     loaded_ = false;
     QAbstractItemView* view = existingItemView();
+    if (view) syncDragging(*view);
     if (!view || !view->isVisible()) return;
     // The program may still be at work on the source.
     QMetaObject::invokeMethod(
@@ -157,6 +156,16 @@ id NSTableView::preparedCell(const QModelIndex& index) {
 }
 
 id NSTableView::toolTipAt(const QModelIndex& index) {
+    const Selector asksAtPlace = VELT_SELECTOR("tableView:toolTipForCell:rect:tableColumn:row:mouseLocation:");
+    if (velt::respondsTo(delegate(), asksAtPlace)) {
+        const QAbstractItemView& view = itemView();
+        const QPoint corner = view.viewport()->pos(), mouse = view.mapFromGlobal(QCursor::pos());
+        const QRect cell = view.visualRect(index).translated(corner);
+        const NSRect rect{{double(cell.x()), double(cell.y())}, {double(cell.width()), double(cell.height())}};
+        return velt::send(delegate(), asksAtPlace, object(this), preparedCell(index), VELT_ID(rect),
+                          object(columnAt(index)), VELT_ID(rowOf(index)),
+                          VELT_ID(NSPoint{double(mouse.x()), double(mouse.y())}));
+    }
     const Selector asks = VELT_SELECTOR("tableView:toolTipForTableColumn:row:");
     if (!velt::respondsTo(delegate(), asks)) return nil;
     return velt::send(delegate(), asks, object(this), object(columnAt(index)), VELT_ID(rowOf(index)));
@@ -187,7 +196,29 @@ bool NSTableView::tellDelegate(const char* selector, const char* notification, c
 }
 
 void NSTableView::selectionChanged() {
-    if (!reloading_) tellDelegate("tableViewSelectionDidChange:", "NSTableViewSelectionDidChangeNotification");
+    if (reloading_) return;
+    selectedMeanwhile_ = selecting_;
+    tellSelection(selecting_);
+}
+
+void NSTableView::tellSelection(bool changing) {
+    if (changing) {
+        tellDelegate("tableViewSelectionIsChanging:", "NSTableViewSelectionIsChangingNotification");
+    } else {
+        tellDelegate("tableViewSelectionDidChange:", "NSTableViewSelectionDidChangeNotification");
+    }
+}
+
+void NSTableView::beginSelecting() {
+    selecting_ = true;
+    selectedMeanwhile_ = false;
+}
+
+void NSTableView::endSelecting() {
+    selecting_ = false;
+    if (!std::exchange(selectedMeanwhile_, false)) return;
+    const Ref<NSTableView> kept(this);
+    velt::runReported([&] { kept->tellSelection(false); });
 }
 
 void NSTableView::clicked(const QModelIndex& index) {
@@ -271,13 +302,19 @@ void NSTableView::describe(velt::ClassBuilder<NSTableView>& c) {
         .property("headerView", &Table::headerView, &Table::setHeaderView)
         .property("allowsColumnReordering", &Table::allowsColumnReordering, &Table::setAllowsColumnReordering)
         .property("allowsColumnResizing", &Table::allowsColumnResizing, &Table::setAllowsColumnResizing)
+        .method("registerForDraggedTypes:", &Table::registerForDraggedTypes)
+        .method("unregisterDraggedTypes", &Table::unregisterDraggedTypes)
+        .property("registeredDraggedTypes", &Table::registeredDraggedTypes)
+        .method("setDropRow:dropOperation:", &Table::setDropRow)
+        .method("setDraggingSourceOperationMask:forLocal:", &Table::setDraggingSourceOperationMask)
         .method("rectOfRow:", &Table::rectOfRow)
         .method("rowAtPoint:", &Table::rowAtPoint)
         .method("columnAtPoint:", &Table::columnAtPoint)
         .owns(&Table::dataSource_)
         .owns(&Table::headerView_)
         .owns(&Table::sortDescriptors_)
-        .owns(&Table::gridColor_);
+        .owns(&Table::gridColor_)
+        .owns(&Table::draggedTypes_);
 }
 
 void NSTableView::visitOwned(velt::OwnedVisitor& visitor) {

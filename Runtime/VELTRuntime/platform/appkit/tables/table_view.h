@@ -15,6 +15,17 @@ class QAbstractItemView;
 class QHeaderView;
 class QModelIndex;
 
+namespace velt {
+
+/// Where something would be dropped on a table.
+struct DropPlace {
+    enum Operation : unsigned long { kOn = 0, kAbove = 1 };
+    long row = -1;
+    unsigned long operation = kOn;
+};
+
+}  // namespace velt
+
 /// The header of a table; a table without one shows no titles.
 class VELT_EXPORT NSTableHeaderView : public NSView {
     VELT_OBJECT(NSTableHeaderView, NSView)
@@ -98,6 +109,31 @@ public:
     long rowAtPoint(NSPoint point);
     long columnAtPoint(NSPoint point);
 
+    // Dragging rows: those of this table by its data source's "tableView:writeRowsWithIndexes:toPasteboard:", what is
+    // dropped on it by "tableView:validateDrop:proposedRow:proposedDropOperation:" and
+    // "tableView:acceptDrop:row:dropOperation:".
+    /// The types of what may be dropped, an array of texts; nothing may until there are some.
+    void registerForDraggedTypes(const id& types);
+    id registeredDraggedTypes() const { return draggedTypes_; }
+    void unregisterDraggedTypes() { registerForDraggedTypes(nil); }
+    /// Another place for a drop than the proposed one: on (0) or above (1) a row; -1 is the whole table.
+    void setDropRow(long row, unsigned long operation);
+    /// What may be done with the rows within the program and elsewhere, a mask of drag operations.
+    void setDraggingSourceOperationMask(unsigned long mask, bool local);
+    unsigned long draggingSourceOperationMask(bool local) const { return local ? localDrags_ : foreignDrags_; }
+    bool mayDragRows() const;
+    /// Fills a pasteboard with rows that are about to be dragged; false when the data source refuses.
+    bool writeRows(const id& indexes, const id& pasteboard);
+    /// Asks what a drop would do, a mask of drag operations; the place is the data source's afterwards.
+    unsigned long validateDrop(const id& info, velt::DropPlace& place);
+    bool acceptDrop(const id& info, const velt::DropPlace& place);
+
+    // The keyboard.
+    /// The next row from one on, around the end, whose text begins with a text; -1 when none does.
+    long rowThatBegins(const id& text, long from);
+    /// The next place after one, or before it, that a person may edit; invalid when none is near.
+    QModelIndex editableAfter(const QModelIndex& index, bool forward);
+
     // What the toolkit's model, delegate and view ask; an outline view answers by its items.
     /// Loads the rows when that has not happened yet.
     void requireLoaded();
@@ -118,7 +154,10 @@ public:
     void doubleClicked(const QModelIndex& index);
     /// Return was pressed on a row.
     void openRow(const QModelIndex& index);
-    virtual void selectionChanged();
+    void selectionChanged();
+    /// The mouse goes down to select: until it comes up, the selection is changing.
+    void beginSelecting();
+    void endSelecting();
     void headerClicked(int column);
     void columnMoved(int from, int to);
     void columnResized(int column, int width);
@@ -142,6 +181,7 @@ protected:
     virtual id dataCellAt(const QModelIndex& index);
     QAbstractItemView& itemView();
     QAbstractItemView* existingItemView() const;
+    virtual void tellSelection(bool changing);
     bool tellDelegate(const char* selector, const char* notification, const id& userInfo = nil);
     void columnsChanged();
     virtual long shownRows();
@@ -155,14 +195,19 @@ private:
     void syncColumns(QAbstractItemView& view);
     void syncSortIndicator();
     std::vector<NSRange> selectedRanges();
+    void syncDragging(QAbstractItemView& view);
+    int searchedColumn();
 
-    id dataSource_, headerView_, sortDescriptors_, gridColor_;
+    id dataSource_, headerView_, sortDescriptors_, gridColor_, draggedTypes_;
     std::vector<velt::Ref<NSTableColumn>> columns_;  // in the order of the toolkit's model
     velt::Selector doubleAction_;
     double rowHeight_ = 17;
     NSSize spacing_{3, 2};
     unsigned long gridStyle_ = 0;
     long clickedRow_ = -1, clickedColumn_ = -1;
+    velt::DropPlace* validated_ = nullptr;  // while the data source is asked
+    unsigned long localDrags_ = ~0UL, foreignDrags_ = 0;
+    bool selecting_ = false, selectedMeanwhile_ = false;
     bool multiple_ = false, allowsEmpty_ = true, alternating_ = false, reordering_ = true, resizing_ = true;
     bool loaded_ = false, reloading_ = false, syncing_ = false;
 };

@@ -2,6 +2,7 @@
 #include "VELTRuntime/platform/appkit/event_delivery.h"
 #include "VELTRuntime/platform/appkit/qt_values.h"
 #include "VELTRuntime/platform/appkit/tables/cells_view.h"
+#include "VELTRuntime/platform/appkit/tables/rows_view.h"
 #include "VELTRuntime/platform/appkit/tables/table_model.h"
 #include "VELTRuntime/platform/appkit/tables/table_view.h"
 #include "VELTRuntime/platform/appkit/view_widget.h"
@@ -27,12 +28,8 @@ template <class Function> void withTable(QWidget* view, Function&& function) {
 }  // namespace
 
 std::unique_ptr<QAbstractItemView> NSTableView::makeItemView() {
-    auto view = std::make_unique<velt::CellsView<QTableView>>();
-    view->setShowGrid(false);
+    auto view = std::make_unique<velt::CellsView<velt::RowsView>>();
     view->setWordWrap(false);
-    view->setCornerButtonEnabled(false);
-    view->verticalHeader()->hide();
-    view->verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
     return view;
 }
 
@@ -43,10 +40,7 @@ QHeaderView& NSTableView::headerOf(QAbstractItemView& view) const {
 }
 
 void NSTableView::applyRowHeight(QAbstractItemView& view) {
-    QHeaderView& rows = *static_cast<QTableView&>(view).verticalHeader();
-    const int height = std::max(1, static_cast<int>(std::lround(rowHeight_ + spacing_.height)));
-    rows.setMinimumSectionSize(1);
-    if (rows.defaultSectionSize() != height) rows.setDefaultSectionSize(height);
+    static_cast<velt::RowsView&>(view).setRowHeight(static_cast<int>(std::lround(rowHeight_ + spacing_.height)));
 }
 
 std::unique_ptr<QWidget> NSTableView::makeWidget() {
@@ -103,6 +97,7 @@ void NSTableView::syncWidget(QWidget& widget) {
     view.setSelectionMode(multiple_ ? QAbstractItemView::ExtendedSelection : QAbstractItemView::SingleSelection);
     applyRowHeight(view);
     syncColumns(view);
+    syncDragging(view);
     view.viewport()->update();
 }
 
