@@ -123,6 +123,23 @@ TEST(TablesExample, SortsItsMillionRowsAndChangesSome) {
     for (int row = 0; row < 14; ++row) EXPECT_LT(0, darkness(cell(row, 112, 60))) << row;
 }
 
+TEST(NotesExample, AddsANoteAndShowsAnother) {
+    const TemporaryFolder folder;
+    const std::string path = folder.file("picture.png");
+    setenv("VELT_SCREENSHOT", path.c_str(), 1);
+    setenv("QT_QPA_PLATFORM", "offscreen", 1);
+    setenv("XDG_CONFIG_HOME", folder.file("config").c_str(), 1);
+    const ProgramResult result = runExample("notes", {});
+    unsetenv("XDG_CONFIG_HOME");
+    unsetenv("VELT_SCREENSHOT");
+    EXPECT_EQ("The picture is in " + path + ".\n", result.output);
+    EXPECT_EQ(0, result.status) << result.errors;
+    const QImage picture(QString::fromStdString(path));
+    // The menu bar and the toolbar are above the content.
+    EXPECT_NEAR(780.0 / 568.0, static_cast<double>(picture.width()) / picture.height(), 0.05);
+    EXPECT_TRUE(std::filesystem::exists(folder.file("config/notes.plist")));
+}
+
 TEST(DialogsExample, AnswersItsDialogsAndShowsTheCodes) {
     const TemporaryFolder folder;
     const std::string path = folder.file("picture.png");

@@ -1,44 +1,14 @@
 // The open and the save panel, driven through the toolkit's dialog as a person does: by typing a path.
-#include "panels_support.h"
+#include "file_dialog_support.h"
 
 #include "support/processes.h"
 
-#include <QFileDialog>
 #include <filesystem>
 
 using namespace velt::test;
 using velt::Ref;
 
 namespace {
-
-QFileDialog* fileDialog() {
-    for (QWidget* widget : QApplication::topLevelWidgets()) {
-        auto* dialog = qobject_cast<QFileDialog*>(widget);
-        if (dialog && dialog->isVisible() && dialog->isActiveWindow()) return dialog;
-    }
-    return nullptr;
-}
-
-QLineEdit& nameField(QFileDialog& dialog) { return *dialog.findChild<QLineEdit*>(QStringLiteral("fileNameEdit")); }
-
-/// Runs a function once a file dialog is seen.
-void onceShown(std::function<void(QFileDialog&)> then) {
-    onceThat([] { return fileDialog() != nullptr; }, [then = std::move(then)] { then(*fileDialog()); });
-}
-
-/// Types a path into the next file dialog, over what stands there, and presses Return.
-void type(const std::string& path) {
-    onceShown([path](QFileDialog& dialog) {
-        QLineEdit& field = nameField(dialog);
-        field.selectAll();
-        QTest::keyClicks(&field, QString::fromStdString(path));
-        QTest::keyClick(&field, Qt::Key_Return);
-    });
-}
-
-void cancel() {
-    onceShown([](QFileDialog& dialog) { QTest::keyClick(&dialog, Qt::Key_Escape); });
-}
 
 /// A folder with some files in it, and the program's options of the panel as they are at its start.
 struct FilePanels : testing::Test {

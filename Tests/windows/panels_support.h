@@ -62,6 +62,18 @@ inline void clickButton(NSWindow& window, std::string_view title) {
     ADD_FAILURE() << "no button " << title;
 }
 
+/// The sheet that a window shows, once it is seen and has the keyboard; null when it is not within a second.
+inline NSWindow* waitForSheet(const id& window) {
+    NSWindow& shown = *as<NSWindow>(window);
+    const auto seen = [&] {
+        const id sheet = shown.attachedSheet();
+        return !sheet.isNil() && as<NSWindow>(sheet)->isKeyWindow();
+    };
+    const bool came = QTest::qWaitFor(seen, 2000);
+    EXPECT_TRUE(came);
+    return came ? as<NSWindow>(shown.attachedSheet()) : nullptr;
+}
+
 /// What a person reads of an alert: "message|informative|[button][button]", with a dash for what is not there.
 inline std::string readAlert(NSWindow& window) {
     const auto text = [&](const char* name) -> std::string {

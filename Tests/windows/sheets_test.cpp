@@ -6,18 +6,6 @@ using velt::Ref;
 
 namespace {
 
-/// The sheet that a window shows, once it is seen and has the keyboard; null when it is not within a second.
-NSWindow* waitForSheet(const id& window) {
-    NSWindow& shown = *velt::as<NSWindow>(window);
-    const auto seen = [&] {
-        const id sheet = shown.attachedSheet();
-        return !sheet.isNil() && velt::as<NSWindow>(sheet)->isKeyWindow();
-    };
-    const bool came = QTest::qWaitFor(seen, 2000);
-    EXPECT_TRUE(came);
-    return came ? velt::as<NSWindow>(shown.attachedSheet()) : nullptr;
-}
-
 NSRect frameOf(const id& window) { return VELT_CNSRECT(VELT_NSWINDOW_FRAME(window)); }
 
 struct ToolbarStandIn : public NSObject {
@@ -48,6 +36,28 @@ TEST(AlertSheets, TellTheirDelegateTheButtonAndTheContext) {
         EXPECT_FALSE(sheet->isVisible());
         EXPECT_TRUE(velt::as<NSWindow>(window.window)->attachedSheet().isNil());
     }
+}
+
+TEST(AlertSheets, AreFollowedByWhatTheirDelegateBegins) {
+    const ControlWindow window({{50, 60}, {480, 300}});
+    window.show();
+    const Ref<SheetListener> delegate = velt::make<SheetListener>();
+    const auto begin = [&](const char* message) {
+        VELT_BEGINALERTSHEET(delegate, str(message), "I"_v, "c"_v, "Yes"_v, nil, nil);
+    };
+    begin("First");
+    delegate->then = [&] { begin("Second"); };
+    NSWindow* first = waitForSheet(window.window);
+    ASSERT_NE(nullptr, first);
+    const Ref<NSWindow> kept(first);
+    pressKey(*first, Qt::Key_Return);
+    NSWindow* second = waitForSheet(window.window);
+    ASSERT_NE(nullptr, second);
+    EXPECT_EQ("Second|I|[Yes]", readAlert(*second));
+    EXPECT_FALSE(first->isVisible());
+    pressKey(*second, Qt::Key_Return);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return VELT_CBOOL(VELT_NSWINDOW_ISKEYWINDOW(window.window)) != 0; }, 2000));
+    EXPECT_TRUE(velt::as<NSWindow>(window.window)->attachedSheet().isNil());
 }
 
 TEST(AlertSheets, HaveTheButtonsThatAreNotNilInTheirOrder) {

@@ -1,7 +1,7 @@
 // What programs do with text views.
 #include <VELTRuntime/VELTRuntimeUI.h>
 
-#include "support/values.h"
+#include "support/control_window.h"
 
 #include "VELTRuntime/platform/appkit/text/text_finder.h"
 #include "VELTRuntime/platform/object/cycles.h"
@@ -32,12 +32,18 @@ public:
         EXPECT_VALUE("'NSTextDidChangeNotification'", velt::send(notification, "name"));
     }
     void selectionChanged(const id&) { ++selections; }
+    bool doCommand(const id&, const id& command) {
+        if (velt::utf8(command) != takes) return false;
+        commands += velt::utf8(command) + " ";
+        return true;
+    }
     static void describe(velt::ClassBuilder<TextViewListener>& c) {
         c.method("textView:shouldChangeTextInRange:replacementString:", &TextViewListener::shouldChange)
             .method("textDidChange:", &TextViewListener::textDidChange)
-            .method("textViewDidChangeSelection:", &TextViewListener::selectionChanged);
+            .method("textViewDidChangeSelection:", &TextViewListener::selectionChanged)
+            .method("textView:doCommandBySelector:", &TextViewListener::doCommand);
     }
-    std::string asked, heard;
+    std::string asked, heard, takes, commands;
     int selections = 0;
     bool allowed = true;
 };
@@ -314,6 +320,55 @@ TEST(TextViews, AskTheirDelegateAndTellIt) {
     VELT_NSTEXTVIEW_CUT(view);
     EXPECT_EQ("aXc", value(view));
     EXPECT_EQ("", listener->heard);
+}
+
+TEST(TextViews, LeaveEscapeToTheirDelegateAndThenToTheWindow) {
+    const Ref<NSTextView> view = viewOf("abc");
+    const Ref<TextViewListener> listener = velt::make<TextViewListener>();
+    VELT_NSTEXTVIEW_DELEGATE(view, listener);
+    ShownControl shown(view, 200, 100);
+    const Ref<ActionListener> hears = velt::make<ActionListener>();
+    const id cancel = VELT_PUSHBUTTON_INIT(hears, "click:");
+    VELT_NSBUTTON_TITLE(cancel, "Cancel"_v);
+    velt::send(cancel, "setKeyEquivalent:", "\x1b"_v);
+    VELT_NSWINDOW_APPEND(shown.window(), cancel);
+    shown.focus();
+    shown.key(Qt::Key_Escape);
+    EXPECT_EQ("Cancel ", std::exchange(hears->heard, ""));
+    listener->takes = "cancelOperation:";
+    shown.key(Qt::Key_Escape);
+    EXPECT_EQ("cancelOperation: ", listener->commands);
+    EXPECT_EQ("", hears->heard);
+}
+
+TEST(TextViews, SayWhichCommandsOfAMenuAreOfUse) {
+    const Ref<NSTextView> view = viewOf("abc");
+    const auto answers = [&] {
+        std::string all;
+        for (const char* name : {"undo:", "redo:", "cut:", "copy:", "paste:", "delete:", "selectAll:", "other:"}) {
+            const id item = VELT_NSMENUITEM_INIT(nil, "", "Item"_v);
+            velt::send(item, "setAction:", str(name));
+            all += VELT_CBOOL(velt::send(view, "validateMenuItem:", item)) ? "1" : "0";
+        }
+        return all;
+    };
+    QApplication::clipboard()->clear();
+    EXPECT_EQ("00000011", answers());
+    velt::send(view, "setSelectedRange:", range(1, 1));
+    EXPECT_EQ("00110111", answers());
+    VELT_NSTEXTVIEW_COPY(view);
+    EXPECT_EQ("00111111", answers());
+    VELT_NSTEXTVIEW_CUT(view);
+    EXPECT_EQ("10001011", answers());
+    VELT_NSTEXTVIEW_UNDO(view);
+    velt::send(view, "setSelectedRange:", range(0, 0));
+    EXPECT_EQ("01001011", answers());
+    VELT_NSTEXT_EDITABLE(view, VELT_ID(BOOL{0}));
+    velt::send(view, "setSelectedRange:", range(0, 2));
+    EXPECT_EQ("00010011", answers());
+    VELT_NSTEXTVIEW_VALUE(view, ""_v);
+    EXPECT_EQ("00000001", answers());
+    EXPECT_VALUE("c 1", velt::send(view, "validateMenuItem:", nil));
 }
 
 TEST(TextViews, CutCopyAndPaste) {

@@ -451,3 +451,45 @@ TEST(Toolbars, SurviveTheirWindowAndGoWithIt) {
     VELT_NSTOOLBAR_RUNCUSTOMIZATIONPALETTE(toolbar);
     EXPECT_VALUE("c 0", velt::send(toolbar, "customizationPaletteIsRunning"));
 }
+
+TEST(Toolbars, KeepTheKeyboardOfAViewWhileTheirItemsChange) {
+    const ControlWindow window({{50, 60}, {480, 180}});
+    const Bar bar(window);
+    window.show();
+    const id items = velt::send(bar.toolbar, "items");
+    const id first = velt::arrayOf(items)->at(0), search = velt::arrayOf(items)->at(3);
+    const id field = VELT_NSTOOLBARITEM_VIEW(search);
+    ASSERT_TRUE(VELT_CBOOL(VELT_NSWINDOW_MAKEFIRSTRESPONDER(window.window, field)));
+    QTest::keyClicks(QApplication::focusWidget(), "ab");
+    QToolButton* button = bar.button("new");
+    VELT_NSTOOLBARITEM_ENABLED(first, VELT_ID(BOOL{0}));
+    EXPECT_EQ(button, bar.button("new"));
+    EXPECT_FALSE(button->isEnabled());
+    QTest::keyClicks(QApplication::focusWidget(), "c");
+    VELT_NSTOOLBARITEM_LABEL(first, "first"_v);
+    EXPECT_NE(nullptr, bar.button("first"));
+    VELT_NSTOOLBARITEM_LABEL(search, "Find"_v);
+    VELT_NSTOOLBAR_DISPLAYMODE(bar.toolbar, VELT_ID(2L));
+    VELT_NSTOOLBAR_DISPLAYMODE(bar.toolbar, VELT_ID(1L));
+    velt::send(bar.toolbar, "removeItemAtIndex:", VELT_ID(1L));
+    ASSERT_NE(nullptr, QApplication::focusWidget());
+    QTest::keyClicks(QApplication::focusWidget(), "d");
+    EXPECT_VALUE("'abcd'", VELT_NSCONTROL_STRINGVALUE(field));
+    EXPECT_EQ(field, VELT_NSWINDOW_FIRSTRESPONDER(window.window));
+}
+
+TEST(Toolbars, HaveTheirViewsInTheWindowsKeyLoop) {
+    const ControlWindow window({{50, 60}, {480, 180}});
+    const Bar bar(window);
+    const id below = VELT_NSTEXTFIELD_INIT(nil, "");
+    VELT_NSVIEW_FRAME(below, rect(10, 10, 80, 24));
+    VELT_NSWINDOW_APPEND(window.window, below);
+    window.show();
+    EXPECT_EQ(below, VELT_NSWINDOW_INITIALFIRSTRESPONDER(window.window));
+    const id items = velt::send(bar.toolbar, "items");
+    const id field = VELT_NSTOOLBARITEM_VIEW(velt::arrayOf(items)->at(3));
+    VELT_NSWINDOW_SELECTPREVIOUSKEYVIEW(window.window);
+    EXPECT_EQ(field, VELT_NSWINDOW_FIRSTRESPONDER(window.window));
+    VELT_NSWINDOW_SELECTNEXTKEYVIEW(window.window);
+    EXPECT_EQ(below, VELT_NSWINDOW_FIRSTRESPONDER(window.window));
+}

@@ -98,6 +98,31 @@ TEST(Windows, GiveTheirTitleAsACopyThatMayBeChanged) {
     EXPECT_VALUE("'Notes'", VELT_NSWINDOW_TITLE(window));
 }
 
+TEST(Windows, ShowThatTheirDocumentIsEdited) {
+    const id window = VELT_NSWINDOW_INIT(nil, "");
+    VELT_NSWINDOW_TITLE(window, "a[*]b"_v);
+    EXPECT_VALUE("c 0", VELT_PROPERTY(window, "documentEdited"_v));
+    QMainWindow& widget = velt::as<NSWindow>(window)->widget();
+    EXPECT_EQ("a[*][*]b", widget.windowTitle());  // the toolkit shows one of them
+    EXPECT_FALSE(widget.isWindowModified());
+    velt::send(window, "setDocumentEdited:", VELT_ID(BOOL{1}));
+    EXPECT_VALUE("c 1", velt::send(window, "isDocumentEdited"));
+    EXPECT_EQ("a[*][*]b[*]", widget.windowTitle());
+    EXPECT_TRUE(widget.isWindowModified());
+    EXPECT_VALUE("'a[*]b'", VELT_NSWINDOW_TITLE(window));
+    VELT_NSWINDOW_TITLE(window, "c"_v);
+    EXPECT_EQ("c[*]", widget.windowTitle());
+    velt::send(window, "setDocumentEdited:", VELT_ID(BOOL{0}));
+    EXPECT_EQ("c", widget.windowTitle());
+    EXPECT_FALSE(widget.isWindowModified());
+    // Before there is a widget.
+    const id other = VELT_NSWINDOW_INIT(nil, "");
+    velt::send(other, "setDocumentEdited:", VELT_ID(BOOL{1}));
+    EXPECT_TRUE(velt::as<NSWindow>(other)->widget().isWindowModified());
+    VELT_NSWINDOW_DELEGATE(window, nil);
+    VELT_NSWINDOW_DELEGATE(other, nil);
+}
+
 TEST(Windows, TakeViewsAndNothingElse) {
     const id window = VELT_NSWINDOW_INIT(nil, "");
     EXPECT_CAST_FAILURE("'NSView' expected", VELT_NSWINDOW_APPEND(window, str("no view")));

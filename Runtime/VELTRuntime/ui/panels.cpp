@@ -6,6 +6,7 @@
 #include "VELTRuntime/platform/appkit/panels/alert.h"
 #include "VELTRuntime/platform/appkit/panels/drawer.h"
 #include "VELTRuntime/platform/appkit/panels/save_panel.h"
+#include "VELTRuntime/platform/appkit/panels/sheets.h"
 #include "VELTRuntime/platform/appkit/screen.h"
 #include "VELTRuntime/platform/foundation/array.h"
 #include "VELTRuntime/platform/foundation/run_loop.h"
@@ -38,10 +39,12 @@ id formatted(const id& format) {
 
 NSApplication& application() { return NSApplication::sharedApplication(); }
 
-/// The key window. While the desktop is passing the keyboard on nobody has it: then the window in front.
+/// The key window. While the desktop is passing the keyboard on nobody has it: then the window in front. A sheet whose
+/// end is being told is about to go; what its delegate begins lies where it lay.
 id windowForSheet() {
     const id key = application().keyWindow();
-    return key.isNil() ? application().mainWindow() : key;
+    if (key.isNil()) return application().mainWindow();
+    return boxResult(&windowBehindEnded(*as<NSWindow>(key)));
 }
 
 NSRect frameOf(const id& object) { return object.isNil() ? NSRect{} : VELT_CNSRECT(send(object, "frame")); }

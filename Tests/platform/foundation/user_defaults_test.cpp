@@ -136,6 +136,12 @@ TEST_F(Settings, OfTwoProcessesDoNotOverwriteEachOther) {
     EXPECT_EQ(static_cast<std::size_t>(2 * each), settings.values()->count());
 }
 
+TEST_F(Settings, AreWrittenAtTheEndOfAProgramThatWroteOtherFiles) {
+    EXPECT_EQ(0, run({"defaults-and-file", folder.file("other.txt")}).status);
+    EXPECT_EQ("NSMutableDictionary {key = value}", kept());
+    EXPECT_EQ("text", contentOf(folder.file("other.txt")));
+}
+
 TEST_F(Settings, AreWrittenAtTheEndOfTheProgram) {
     EXPECT_EQ(0, run({"defaults-set", "colour", "green"}).status);
     EXPECT_EQ("NSMutableDictionary {colour = green}", kept());

@@ -67,6 +67,10 @@ void print(const id& value) {
 
 int settings(const std::string& way, const std::vector<std::string>& words) {
     if (way == "defaults-set") VELT_NSUSERDEFAULTS_SET(nil, text(words[0]), text(words[1]));
+    if (way == "defaults-and-file") {
+        VELT_NSUSERDEFAULTS_SET(nil, "key"_v, "value"_v);
+        return VELT_CBOOL(VELT_WRITEDATA(VELT_CDATA("text"_v), text(words[0]))) ? 0 : 1;
+    }
     if (way == "defaults-remove") VELT_NSUSERDEFAULTS_REMOVE(nil, text(words[0]));
     if (way == "defaults-get") print(VELT_NSUSERDEFAULTS_GET(nil, text(words[0])));
     if (way == "defaults-path") std::printf("%s", NSUserDefaults::standardUserDefaults().path().c_str());

@@ -165,7 +165,22 @@ NSPoint NSWindow::basePointOf(const QWidget& widget, NSPoint point) const {
 
 void NSWindow::setTitle(const id& title) {
     title_ = title;
-    if (widget_) widget_->setWindowTitle(velt::qtText(title));
+    syncTitle();
+}
+void NSWindow::setDocumentEdited(bool flag) {
+    documentEdited_ = flag;
+    syncTitle();
+}
+void NSWindow::syncTitle() {
+    if (!widget_) return;
+    // The toolkit puts the desktop's sign for changes in the place of "[*]", and halves what is there twice.
+    const QString place = QStringLiteral("[*]");
+    QString text = velt::qtText(title_).replace(place, place + place);
+    if (documentEdited_) text += place;
+    // A title without the place is not to be seen while there are changes.
+    if (!documentEdited_) widget_->setWindowModified(false);
+    widget_->setWindowTitle(text);
+    if (documentEdited_) widget_->setWindowModified(true);
 }
 void NSWindow::setAlphaValue(double alpha) {
     alpha_ = std::clamp(alpha, 0.0, 1.0);
@@ -363,7 +378,7 @@ void NSWindow::syncLimits() {
 
 void NSWindow::syncWidget() {
     if (!widget_) return;
-    widget_->setWindowTitle(velt::qtText(title_));
+    syncTitle();
     widget_->setWindowOpacity(alpha_);
     widget_->setAttribute(Qt::WA_TranslucentBackground, !opaque_);
     widget_->setAttribute(Qt::WA_AlwaysShowToolTips, toolTipsWhenInactive_);
@@ -490,6 +505,7 @@ void NSWindow::describe(velt::ClassBuilder<NSWindow>& c) {
         .property("delegate", &NSWindow::delegate, &NSWindow::setDelegate)
         .property("toolbar", &NSWindow::toolbar, &NSWindow::setToolbar)
         .property("documentIcon", &NSWindow::documentIcon, &NSWindow::setDocumentIcon)
+        .flag("documentEdited", &NSWindow::isDocumentEdited, &NSWindow::setDocumentEdited)
         .flag("releasedWhenClosed", &NSWindow::isReleasedWhenClosed, &NSWindow::setReleasedWhenClosed)
         .property("showsToolbarButton", &NSWindow::showsToolbarButton, &NSWindow::setShowsToolbarButton)
         .property("showsResizeIndicator", &NSWindow::showsResizeIndicator, &NSWindow::setShowsResizeIndicator)

@@ -66,6 +66,9 @@ public:
     /// Kept for programs; desktops' title bars have no such button.
     bool showsToolbarButton() const { return showsToolbarButton_; }
     void setShowsToolbarButton(bool flag) { showsToolbarButton_ = flag; }
+    /// The document that the window shows has changes which are in no file yet; the title says so.
+    bool isDocumentEdited() const { return documentEdited_; }
+    void setDocumentEdited(bool flag);
     /// The image of the document that the window shows; desktops show it as the window's icon.
     id documentIcon() const { return documentIcon_; }
     void setDocumentIcon(const id& image);
@@ -165,6 +168,7 @@ protected:
 
 private:
     void syncWidget();
+    void syncTitle();
     void syncLimits();
     void placeWidget();
     void tell(std::string_view delegateSelector, std::string_view notification);
@@ -177,7 +181,7 @@ private:
     bool opaque_ = true, hasShadow_ = true, showsResizeIndicator_ = true, showsToolbarButton_ = true;
     bool releasedWhenClosed_ = true, canHide_ = true, hidesOnDeactivate_ = false, movableByBackground_ = false;
     bool acceptsMouseMoved_ = false, toolTipsWhenInactive_ = false, defaultButtonWorks_ = true;
-    bool placing_ = false, placed_ = false, wasKey_ = false, wasMiniaturized_ = false;
+    bool documentEdited_ = false, placing_ = false, placed_ = false, wasKey_ = false, wasMiniaturized_ = false;
     id title_, backgroundColor_, documentIcon_, delegate_, toolbar_;
     velt::Ref<NSView> contentView_;
     id initialFirstResponder_, defaultButtonCell_;

@@ -1,6 +1,7 @@
 // The keyboard in a window: who has it, where Tab takes it, which keys press a button.
 #include "VELTRuntime/platform/appkit/application.h"
 #include "VELTRuntime/platform/appkit/event.h"
+#include "VELTRuntime/platform/appkit/menus/menu_bar.h"
 #include "VELTRuntime/platform/appkit/toolbars/toolbar.h"
 #include "VELTRuntime/platform/appkit/window.h"
 #include "VELTRuntime/values/string.h"
@@ -74,7 +75,7 @@ bool isWithin(const id& cell, const NSWindow& window) {
 }  // namespace
 
 id NSWindow::firstResponder() const {
-    QWidget* focus = widget_ ? widget_->focusWidget() : nullptr;
+    QWidget* focus = velt::behindMenuBar(widget_ ? widget_->focusWidget() : nullptr);
     // A control's widget may hand the keyboard to a part of itself.
     for (; focus && focus != widget_; focus = focus->parentWidget()) {
         if (NSView* view = velt::viewOf(focus)) return object(view);
@@ -110,9 +111,21 @@ void NSWindow::viewLeaves(NSView& view) {
 
 void NSWindow::recalculateKeyViewLoop() {
     std::vector<NSView*> views;
+    // The toolbar is above the content. What a program puts into it is reached by keys as well.
+    const NSToolbar* bar = velt::is<NSToolbar>(toolbar_) ? velt::as<NSToolbar>(toolbar_) : nullptr;
+    for (std::size_t i = 0; bar && i < bar->itemList().size(); ++i) {
+        NSView* view = bar->itemList()[i]->viewPointer();
+        if (!view) continue;
+        if (VELT_CBOOL(velt::send(object(view), VELT_SELECTOR("acceptsFirstResponder")))) views.push_back(view);
+        collectKeyViews(*view, views);
+    }
+    const std::size_t above = views.size();
     collectKeyViews(*contentView_, views);
     for (std::size_t i = 0; i < views.size(); ++i) views[i]->setNextKeyView(views[(i + 1) % views.size()]);
-    if (initialFirstResponder_.isNil() && !views.empty()) initialFirstResponder_ = object(views.front());
+    // A person begins in the content.
+    if (initialFirstResponder_.isNil() && !views.empty()) {
+        initialFirstResponder_ = object(above < views.size() ? views[above] : views.front());
+    }
 }
 
 void NSWindow::selectNextKeyView(const id&) {

@@ -1,12 +1,14 @@
 #include "VELTRuntime/platform/foundation/date.h"
 
 #include "VELTRuntime/platform/object/class.h"
+#include "VELTRuntime/values/conversions.h"
 #include "VELTRuntime/values/string.h"
 
 #include <charconv>
 #include <chrono>
 #include <cmath>
 #include <cstdio>
+#include <ctime>
 
 velt::Class& NSDate::entry() {
     static velt::Class& cls = velt::declareClass<NSDate>("NSDate", &NSObject::entry());
@@ -140,6 +142,18 @@ int NSDate::compare(const id& other) const {
     return seconds_ < seconds ? -1 : seconds_ > seconds ? 1 : 0;
 }
 
+id NSDate::descriptionWithCalendarFormat(const id& format) const {
+    if (format.isNil() || !velt::calendarMoment(seconds_)) return description();
+    const auto moment = static_cast<std::time_t>(std::floor(timeIntervalSince1970()));
+    std::tm parts{};
+    if (!localtime_r(&moment, &parts)) return description();
+    const std::string wanted = velt::utf8(VELT_CSTRING(format));
+    constexpr std::size_t kMostOfOne = 64;  // a name of a month, a whole date in some language
+    std::string text((wanted.size() + 1) * kMostOfOne, '\0');
+    text.resize(std::strftime(text.data(), text.size(), wanted.c_str(), &parts));
+    return velt::string(text);
+}
+
 void NSDate::describe(velt::ClassBuilder<NSDate>& c) {
     static constexpr auto dateAt = [](double seconds) { return id(velt::make<NSDate>(seconds)); };
     static constexpr auto dateOfText = [](std::string_view text) { return dateAt(*velt::secondsOfIsoText(text)); };
@@ -150,6 +164,9 @@ void NSDate::describe(velt::ClassBuilder<NSDate>& c) {
                     return velt::boxResult(velt::as<NSDate>(self)->timeIntervalSinceDate(velt::to<NSDate>(a[0])));
                 })
         .method("compare:", &NSDate::compare)
+        .method("descriptionWithCalendarFormat:timeZone:locale:",
+                // The user's own time zone and language are the only ones.
+                [](const id& self, const id* a) { return velt::as<NSDate>(self)->descriptionWithCalendarFormat(a[0]); })
         .classMethod("date", [](const id&, const id*) { return id(now()); })
         .classMethod("dateWithTimeIntervalSinceNow:",
                      [](const id&, const id* a) { return dateAt(now()->seconds_ + VELT_CDOUBLE(a[0])); })

@@ -18,6 +18,10 @@ public:
     velt::Class& isa() const override { return entry(); }
     /// "2026-11-21 07:31:51 +0000".
     id description() const override;
+    /// The moment in the user's time zone as a format says: "%Y" stands for the year, "%m", "%d", "%H", "%M", "%S"
+    /// for two digits each, "%B" and "%A" for the names of month and weekday, and so on as in the C library. nil gives
+    /// the usual description.
+    id descriptionWithCalendarFormat(const id& format) const;
     /// The other is a date of the same moment.
     bool isEqual(const id& other) const override;
     std::size_t hash() const override;

@@ -106,8 +106,9 @@ void removeLeftovers(const std::string& folder) {
 
 /// Once a folder and process: looking through a large folder takes longer than writing a small file.
 void removeLeftoversOnce(const std::string& folder) {
-    static std::mutex mutex;
-    static std::set<std::string> done;
+    // Settings are written at the program's end, when static objects have gone.
+    static auto& mutex = *new std::mutex;
+    static auto& done = *new std::set<std::string>;
     {
         const std::lock_guard lock(mutex);
         if (!done.insert(folder).second) return;

@@ -1,6 +1,7 @@
 #include "VELTRuntime/platform/appkit/controls/inner_editor.h"
 
 #include "VELTRuntime/platform/appkit/controls/text_field.h"
+#include "VELTRuntime/platform/appkit/menus/menu_bar.h"
 #include "VELTRuntime/platform/appkit/view_events.h"
 #include "VELTRuntime/platform/appkit/window.h"
 
@@ -14,7 +15,7 @@ namespace {
 
 /// The line with the keyboard, wherever it stands; null when nothing of the kind has it.
 QLineEdit* focusedLine() {
-    QWidget* focus = QApplication::focusWidget();
+    QWidget* focus = behindMenuBar(QApplication::focusWidget());
     // A field with arrows keeps the keyboard for the line within.
     if (auto* arrows = qobject_cast<QAbstractSpinBox*>(focus)) return arrows->findChild<QLineEdit*>();
     return qobject_cast<QLineEdit*>(focus);

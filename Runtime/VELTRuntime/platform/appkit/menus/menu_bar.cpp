@@ -5,10 +5,35 @@
 #include "VELTRuntime/platform/appkit/panel.h"
 #include "VELTRuntime/platform/appkit/window.h"
 
+#include <QApplication>
 #include <QMainWindow>
 #include <QMenuBar>
+#include <QPointer>
 
 namespace velt {
+
+namespace {
+
+/// A menu bar that knows from whom it took the keyboard.
+class MenuBar final : public QMenuBar {
+public:
+    explicit MenuBar(QWidget* parent) : QMenuBar(parent) {
+        connect(qApp, &QApplication::focusChanged, this, [this](QWidget* old, QWidget* now) {
+            if (now == this && old && old->window() == window()) before_ = old;
+        });
+    }
+    QWidget* before() const { return before_; }
+
+private:
+    QPointer<QWidget> before_;
+};
+
+}  // namespace
+
+QWidget* behindMenuBar(QWidget* focus) {
+    auto* bar = dynamic_cast<MenuBar*>(focus);
+    return bar ? bar->before() : focus;
+}
 
 void showMainMenu(NSWindow& window) {
     const id main = NSApplication::sharedApplication().mainMenu();
@@ -25,7 +50,7 @@ void showMainMenu(NSWindow& window) {
     }
     if (shown.menuWidget() && menu.isHostedBy(*shown.menuWidget())) return;
     window.changeBar([&](QMainWindow& widget) {
-        if (!widget.menuWidget()) widget.setMenuBar(new QMenuBar(&widget));
+        if (!widget.menuWidget()) widget.setMenuBar(new MenuBar(&widget));
         menu.addHost(*widget.menuWidget());
         widget.menuWidget()->setVisible(true);
     });

@@ -4,6 +4,7 @@
 #include "VELTRuntime/platform/appkit/event_delivery.h"
 #include "VELTRuntime/platform/appkit/panels/file_dialog.h"
 #include "VELTRuntime/platform/appkit/panels/modal_session.h"
+#include "VELTRuntime/platform/appkit/panels/sheets.h"
 #include "VELTRuntime/platform/appkit/qt_values.h"
 #include "VELTRuntime/platform/foundation/array.h"
 #include "VELTRuntime/platform/foundation/url.h"
@@ -145,16 +146,20 @@ void NSSavePanel::beginSheet(const id& directory, const id& file, NSWindow* wind
     auto* dialog = new FileDialog(question(directory, file), window ? &window->widget() : nullptr);
     dialog_ = dialog;
     const Ref<NSSavePanel> kept(this);
+    const Ref<NSWindow> leader(window);
     QObject::connect(dialog, &QDialog::finished, dialog, [=](int result) {
         velt::runReported([&] {
             const long code = result == QDialog::Accepted ? velt::kPanelConfirmed : velt::kPanelCancelled;
             kept->dialog_ = nullptr;
             kept->take(*dialog, code);
             dialog->deleteLater();
-            if (!velt::isString(didEnd)) return;
-            const velt::Selector selector = velt::Selector::named(velt::utf8(didEnd));
-            if (velt::respondsTo(delegate, selector)) velt::send(delegate, selector, kept, VELT_ID(code), context);
+            const velt::Selector selector =
+                velt::isString(didEnd) ? velt::Selector::named(velt::utf8(didEnd)) : velt::Selector();
+            if (selector && velt::respondsTo(delegate, selector)) {
+                velt::send(delegate, selector, kept, VELT_ID(code), context);
+            }
         });
+        if (leader && leader->isVisible()) velt::runReported([&] { velt::sheetHasLeft(*leader); });
     });
     QObject::connect(dialog, &QObject::destroyed, qApp, [kept, dialog] {
         if (kept->dialog_ == dialog) kept->dialog_ = nullptr;

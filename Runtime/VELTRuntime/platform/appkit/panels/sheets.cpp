@@ -4,6 +4,7 @@
 #include "VELTRuntime/platform/appkit/panels/modal_session.h"
 #include "VELTRuntime/values/string.h"
 
+#include <QDialog>
 #include <QMainWindow>
 #include <QPainter>
 #include <QPointer>
@@ -66,6 +67,12 @@ private:
     QPointer<SheetEdge> edge_;
 };
 
+/// Sheets whose delegates are being told of their end, the last one told last.
+std::vector<Sheet*>& ending() {
+    static auto& all = *new std::vector<Sheet*>;
+    return all;
+}
+
 Sheet* recordOf(const NSWindow& sheet) {
     const auto found = std::find_if(sheets().begin(), sheets().end(),
                                     [&](const std::unique_ptr<Sheet>& one) { return &one->sheet() == &sheet; });
@@ -77,6 +84,11 @@ Sheet* shownOn(const NSWindow& window) {
         return one->window() == &window && one->isShown();
     });
     return found == sheets().end() ? nullptr : found->get();
+}
+
+bool isAwaited(const NSWindow& window) {
+    return std::any_of(sheets().begin(), sheets().end(),
+                       [&](const std::unique_ptr<Sheet>& one) { return one->window() == &window; });
 }
 
 void Sheet::show() {
@@ -148,23 +160,17 @@ void Sheet::finish(long code) {
     const auto leave = [&] {
         if (end_.ordersOut && !recordOf(*sheet_)) sheet_->orderOut(nil);
         release();
-        if (!window_ || shownOn(*window_)) return;
-        // The next one that waits for this window.
-        const auto next = std::find_if(sheets().begin(), sheets().end(), [&](const std::unique_ptr<Sheet>& one) {
-            return one->window() == window_.get();
-        });
-        if (next != sheets().end()) {
-            (*next)->show();
-        } else if (!sheet_->isVisible()) {
-            window_->makeKeyWindow();
-        }
+        if (window_ && (!sheet_->isVisible() || isAwaited(*window_))) sheetHasLeft(*window_);
     };
+    ending().push_back(this);
     try {
         tell();
     } catch (...) {
+        std::erase(ending(), this);
         leave();
         throw;
     }
+    std::erase(ending(), this);
     leave();
 }
 
@@ -175,6 +181,27 @@ void beginSheet(NSWindow& sheet, NSWindow* window, const SheetEnd& end) {
     const bool waits = window && shownOn(*window);
     sheets().push_back(std::make_unique<Sheet>(sheet, window, end));
     if (!waits) sheets().back()->show();
+}
+
+NSWindow& windowBehindEnded(NSWindow& window) {
+    for (const Sheet* told : ending()) {
+        if (&told->sheet() == &window && told->window()) return *told->window();
+    }
+    return window;
+}
+
+void sheetHasLeft(NSWindow& window) {
+    if (shownOn(window)) return;
+    const auto next = std::find_if(sheets().begin(), sheets().end(),
+                                   [&](const std::unique_ptr<Sheet>& one) { return one->window() == &window; });
+    if (next != sheets().end()) return (*next)->show();
+    // A dialog of the toolkit's own may have come in the meantime.
+    const QMainWindow* shown = window.existingWidget();
+    if (!shown) return;
+    for (QDialog* dialog : shown->findChildren<QDialog*>(Qt::FindDirectChildrenOnly)) {
+        if (dialog->isVisible() && dialog->isModal()) return dialog->activateWindow();
+    }
+    window.makeKeyWindow();
 }
 
 void endSheet(NSWindow& sheet, long code) {

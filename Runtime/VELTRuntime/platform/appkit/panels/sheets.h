@@ -21,5 +21,9 @@ struct SheetEnd {
 void beginSheet(NSWindow& sheet, NSWindow* window, const SheetEnd& end);
 /// Ends a sheet with a code; nothing happens when it is none.
 void endSheet(NSWindow& sheet, long code);
+/// The window on which a sheet lay whose delegate is being told of its end; the window itself when it is no such sheet.
+NSWindow& windowBehindEnded(NSWindow& window);
+/// Something that kept a person from a window has left: the next sheet is shown, or the window gets the keyboard.
+void sheetHasLeft(NSWindow& window);
 
 }  // namespace velt

@@ -66,6 +66,8 @@ public:
     /// What the keys ask for by the name of a selector: the delegate's first, then the view's own. False when neither
     /// knows it.
     bool doCommand(const id& selectorName);
+    /// The delegate's part of that: it did what a command stands for.
+    bool delegateDoes(const id& selectorName) const;
     virtual void keyDown(const id& event);
     virtual void keyUp(const id& event);
 
@@ -73,6 +75,8 @@ public:
     /// replaces all, 5 the selected one, 6 that and finds the next, 7 takes the selection as what to find, 8 replaces
     /// all in the selection, 9 and 10 select all matches in the text and in the selection.
     virtual void performFindPanelAction(const id& sender);
+    /// Whether a person can do now what a menu item stands for: undo needs something to undo, cut a selection.
+    virtual bool validateMenuItem(const id& item);
     /// The same by the number, with what to find. False when there was nothing to do; the desktop's alert says so.
     bool find(long action);
     velt::FindRequest& findRequest() const;

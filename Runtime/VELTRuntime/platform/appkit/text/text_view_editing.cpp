@@ -255,16 +255,41 @@ void NSTextView::keyDown(const id& event) {
 
 void NSTextView::keyUp(const id&) {}
 
+bool NSTextView::delegateDoes(const id& selectorName) const {
+    static const velt::Selector asks = velt::Selector::named("textView:doCommandBySelector:");
+    const id asked = delegate();
+    return velt::respondsTo(asked, asks) && VELT_CBOOL(velt::send(asked, asks, object(this), selectorName));
+}
+
 bool NSTextView::doCommand(const id& selectorName) {
     const id name = VELT_CSTRING(selectorName);
-    static const velt::Selector asks = velt::Selector::named("textView:doCommandBySelector:");
-    if (velt::respondsTo(delegate(), asks) && VELT_CBOOL(velt::send(delegate(), asks, object(this), name))) return true;
+    if (delegateDoes(name)) return true;
     const velt::Selector selector = velt::Selector::named(velt::utf8(name));
     if (selector.argumentCount() == 1 && velt::respondsTo(object(this), selector)) {
         velt::send(object(this), selector, nil);
         return true;
     }
     return isSelectable() && static_cast<TextWidget&>(widget()).move(velt::qtText(name));
+}
+
+bool NSTextView::validateMenuItem(const id& item) {
+    const id action =
+        velt::respondsTo(item, VELT_SELECTOR("action")) ? velt::send(item, VELT_SELECTOR("action")) : id();
+    const std::string name = velt::isString(action) ? velt::utf8(action) : std::string();
+    const auto undoManagerCan = [this](const char* asks) {
+        return isEditable() && VELT_CBOOL(velt::send(undoManager(), velt::Selector::named(asks)));
+    };
+    const bool isSelected = selectedRange().length > 0;
+    if (name == "undo:") return undoManagerCan("canUndo");
+    if (name == "redo:") return undoManagerCan("canRedo");
+    if (name == "cut:" || name == "delete:") return isEditable() && isSelected;
+    if (name == "copy:") return isSelectable() && isSelected;
+    if (name == "selectAll:") return isSelectable() && textLength() > 0;
+    if (name == "paste:") {
+        const QMimeData* held = QGuiApplication::clipboard()->mimeData();
+        return isEditable() && held && (held->hasText() || held->hasHtml());
+    }
+    return true;
 }
 
 void NSTextView::describe(velt::ClassBuilder<NSTextView>& c) {
@@ -298,6 +323,7 @@ void NSTextView::describe(velt::ClassBuilder<NSTextView>& c) {
         .method("keyDown:", &NSTextView::keyDown)
         .method("keyUp:", &NSTextView::keyUp)
         .method("performFindPanelAction:", &NSTextView::performFindPanelAction)
+        .method("validateMenuItem:", &NSTextView::validateMenuItem)
         .method("cancelOperation:", &NSTextView::cancelOperation)
         .owns(&NSTextView::font_)
         .owns(&NSTextView::textColor_);

@@ -140,7 +140,10 @@ bool TextWidget::pressKey(QKeyEvent& event) {
     }
     const bool plain = !(event.modifiers() & kCommandModifiers);
     switch (event.key()) {
-    case Qt::Key_Escape: return isFindBarShown() && command("cancelOperation:");
+    case Qt::Key_Escape:
+        if (isFindBarShown()) return command("cancelOperation:");
+        // The text itself has no use for it; a button of the window may have one.
+        return plain && shown.delegateDoes(string(u"cancelOperation:"));
     case Qt::Key_Tab: return edits && plain && command("insertTab:");
     case Qt::Key_Backtab: return edits && plain && command("insertBacktab:");
     default: break;

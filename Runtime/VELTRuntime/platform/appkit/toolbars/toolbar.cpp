@@ -92,6 +92,9 @@ void NSToolbar::changed() {
     if (widget_ && !changing_) widget_->toolbarChanged();
 }
 void NSToolbar::itemChanged() { changed(); }
+void NSToolbar::itemEnabledChanged(const NSToolbarItem& item) {
+    if (widget_) widget_->strip().showEnabled(item);
+}
 
 void NSToolbar::setVisible(bool flag) {
     if (visible_ == flag) return;

@@ -89,6 +89,7 @@ public:
     /// The window goes, and its widgets with it.
     void windowGone();
     void itemChanged();
+    void itemEnabledChanged(const NSToolbarItem& item);
     /// A person clicked an item.
     void clicked(NSToolbarItem& item) noexcept;
 

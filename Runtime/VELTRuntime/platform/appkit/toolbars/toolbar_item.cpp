@@ -150,7 +150,7 @@ void NSToolbarItem::setEnabled(bool flag) {
     if (view_ && velt::respondsTo(view_, VELT_SELECTOR("setEnabled:"))) {
         velt::send(view_, VELT_SELECTOR("setEnabled:"), VELT_ID(static_cast<BOOL>(flag)));
     }
-    changed();
+    if (toolbar_) toolbar_->itemEnabledChanged(*this);
 }
 
 id NSToolbarItem::actionName() const { return action_ ? velt::string(action_.name()) : nil; }

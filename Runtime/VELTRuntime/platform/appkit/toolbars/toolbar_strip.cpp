@@ -61,19 +61,31 @@ void ToolbarStrip::forget() {
 
 QWidget* ToolbarStrip::viewHolder(NSToolbarItem& item, ToolbarSlot& slot) {
     NSView& view = *item.viewPointer();
-    auto* holder = new QWidget(this);
+    QWidget& shown = view.widget();
+    QWidget* holder = nullptr;
+    // A view that stays keeps its place in the window, and the keyboard with it.
+    for (ToolbarSlot& old : before_) {
+        if (old.item.get() == &item && old.widget && shown.parentWidget() == old.widget) {
+            holder = std::exchange(old.widget, nullptr);
+        }
+    }
+    if (holder) {
+        delete holder->findChild<QLabel*>(QStringLiteral("label"), Qt::FindDirectChildrenOnly);
+    } else {
+        holder = new QWidget(this);
+        shown.setParent(holder);
+        shown.show();
+    }
     const NSSize least = item.minSize(), most = item.maxSize(), own = view.frame().size;
     slot.least = static_cast<int>(std::ceil(least.width > 0 ? least.width : own.width));
     slot.most = std::max(slot.least, static_cast<int>(std::ceil(std::min(most.width, double{kMost}))));
-    QWidget& shown = view.widget();
-    shown.setParent(holder);
-    shown.show();
     const auto mode = static_cast<ToolbarDisplay>(toolbar_->displayMode());
     if (mode != ToolbarDisplay::IconOnly && !qtText(item.label()).isEmpty()) {
         auto* label = new QLabel(qtText(item.label()), holder);
         label->setObjectName(QStringLiteral("label"));
         label->setAlignment(Qt::AlignHCenter | Qt::AlignBottom);
         label->setEnabled(item.isEnabled());
+        label->show();
         slot.least = std::max(slot.least, label->sizeHint().width());
         slot.most = std::max(slot.least, slot.most);
     }
@@ -131,7 +143,11 @@ ToolbarSlot ToolbarStrip::slotFor(NSToolbarItem& item) {
 void ToolbarStrip::rebuild() {
     if (!toolbar_) return;
     const Ref<NSToolbar> kept(toolbar_);
-    for (const ToolbarSlot& slot : slots_) {
+    before_ = std::exchange(slots_, {});
+    runReported([&] {
+        for (const Ref<NSToolbarItem>& item : kept->itemList()) slots_.push_back(slotFor(*item));
+    });
+    for (const ToolbarSlot& slot : before_) {
         if (!slot.widget) continue;
         // The program's view outlives what held it.
         NSView* view = slot.item->viewPointer();
@@ -143,10 +159,7 @@ void ToolbarStrip::rebuild() {
         slot.widget->hide();
         slot.widget->deleteLater();  // it may be the one whose click this is
     }
-    slots_.clear();
-    runReported([&] {
-        for (const Ref<NSToolbarItem>& item : kept->itemList()) slots_.push_back(slotFor(*item));
-    });
+    before_.clear();
     height_ = overflow_->sizeHint().height();
     for (const ToolbarSlot& slot : slots_) {
         if (const auto* button = qobject_cast<QToolButton*>(slot.widget)) {
@@ -163,6 +176,16 @@ void ToolbarStrip::rebuild() {
     updateGeometry();
     arrange();
     if (cover_) cover_->raise();
+}
+
+void ToolbarStrip::showEnabled(const NSToolbarItem& item) {
+    for (const ToolbarSlot& slot : slots_) {
+        if (slot.item.get() != &item || !slot.widget) continue;
+        QWidget* label = slot.widget->findChild<QLabel*>(QStringLiteral("label"), Qt::FindDirectChildrenOnly);
+        if (label) label->setEnabled(item.isEnabled());
+        // The view itself was told by the item.
+        if (qobject_cast<QToolButton*>(slot.widget)) slot.widget->setEnabled(item.isEnabled());
+    }
 }
 
 // Layout.

@@ -28,6 +28,7 @@ public:
     explicit ToolbarStrip(NSToolbar& toolbar);
     void forget();
     void rebuild();
+    void showEnabled(const NSToolbarItem& item);
     const std::vector<ToolbarSlot>& places() const { return slots_; }
     QToolButton& overflow() const { return *overflow_; }
     QSize sizeHint() const override { return {0, height_}; }
@@ -53,6 +54,7 @@ private:
 
     NSToolbar* toolbar_;
     std::vector<ToolbarSlot> slots_;
+    std::vector<ToolbarSlot> before_;  // while the strip is rebuilt
     QToolButton* overflow_;
     QPointer<QWidget> cover_;
     int height_ = 0, insertion_ = -1;

@@ -1,0 +1,17 @@
+// Values that generated code makes again and again.
+#pragma once
+
+#include "VELTRuntime/VELTRuntimeUI.h"
+
+namespace notes {
+
+inline id number(long value) { return VELT_ID(value); }
+inline id boolean(bool value) { return VELT_ID(static_cast<BOOL>(value)); }
+inline id newRect(id x, id y, id width, id height) { return VELT_RECT_INIT(nil, "", x, y, width, height); }
+inline id newSize(long width, long height) { return VELT_SIZE_INIT(nil, "", number(width), number(height)); }
+/// What a class answers.
+template <class T> id ofClass() { return T::entry().object(); }
+/// The application, as Application stands for it.
+inline id application() { return &NSApplication::sharedApplication(); }
+
+}  // namespace notes
