@@ -1,6 +1,7 @@
 #include "VELTRuntime/editor/block_commands.h"
 
 #include "VELTRuntime/editor/source_document.h"
+#include "VELTRuntime/values/text/utf.h"
 
 #include "editor/generated_text.h"
 #include "support/values.h"
