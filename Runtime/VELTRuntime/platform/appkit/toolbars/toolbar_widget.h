@@ -23,7 +23,7 @@ struct ToolbarSlot {
 };
 
 /// The items side by side.
-class ToolbarStrip final : public QWidget {
+class VELT_EXPORT ToolbarStrip final : public QWidget {
 public:
     explicit ToolbarStrip(NSToolbar& toolbar);
     void forget();
@@ -60,7 +60,7 @@ private:
     int height_ = 0, insertion_ = -1;
 };
 
-class ToolbarWidget final : public QToolBar {
+class VELT_EXPORT ToolbarWidget final : public QToolBar {
 public:
     explicit ToolbarWidget(NSToolbar& toolbar);
     ~ToolbarWidget() override;
