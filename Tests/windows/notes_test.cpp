@@ -93,14 +93,13 @@ struct NotesProgram : testing::Test {
     /// Presses a key that asks, reads the question and answers it with another key.
     std::string ask(const std::function<void()>& asks, Qt::Key answer) const {
         asks();
-        NSWindow* sheet = waitForSheet(program->window);
+        Ref<NSWindow> sheet = waitForSheet(program->window);
         if (!sheet) return "no question";
         const std::string asked = readAlert(*sheet);
         keepPicture(window().widget(), "notes-asks");
-        const Ref<NSWindow> kept(sheet);
         pressKey(*sheet, answer);
         // Another one may follow.
-        EXPECT_TRUE(QTest::qWaitFor([&] { return window().attachedSheet() != id(kept); }, 2000));
+        EXPECT_TRUE(QTest::qWaitFor([&] { return window().attachedSheet() != id(sheet); }, 2000));
         return asked;
     }
     std::string contentsOf(const std::string& file) const {
@@ -347,8 +346,8 @@ TEST_F(NotesProgram, DropsChangesThatNobodyWants) {
     press(Qt::Key_Return);
     type("x");
     window().performClose(nil);
-    NSWindow* sheet = waitForSheet(program->window);
-    ASSERT_NE(nullptr, sheet);
+    Ref<NSWindow> sheet = waitForSheet(program->window);
+    ASSERT_TRUE(sheet);
     EXPECT_TRUE(window().isVisible());
     clickButton(*sheet, "Don’t Save");
     EXPECT_TRUE(QTest::qWaitFor([this] { return !window().isVisible(); }, 2000));
@@ -400,8 +399,8 @@ TEST_F(NotesProgram, AsksAboutChangesAtItsEnd) {
     // What cannot be saved keeps the program.
     program->book->path = str("/nowhere/my.notes");
     ask([this] { press(Qt::Key_Q, kCommand); }, Qt::Key_Return);
-    NSWindow* sheet = waitForSheet(program->window);
-    ASSERT_NE(nullptr, sheet);
+    Ref<NSWindow> sheet = waitForSheet(program->window);
+    ASSERT_TRUE(sheet);
     EXPECT_TRUE(readAlert(*sheet).starts_with("“my.notes” cannot be saved."));
     pressKey(*sheet, Qt::Key_Return);
     EXPECT_TRUE(window().isVisible());

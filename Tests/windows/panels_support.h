@@ -63,7 +63,7 @@ inline void clickButton(NSWindow& window, std::string_view title) {
 }
 
 /// The sheet that a window shows, once it is seen and has the keyboard; null when it is not within a second.
-inline NSWindow* waitForSheet(const id& window) {
+inline Ref<NSWindow> waitForSheet(const id& window) {
     NSWindow& shown = *as<NSWindow>(window);
     const auto seen = [&] {
         const id sheet = shown.attachedSheet();
@@ -71,7 +71,7 @@ inline NSWindow* waitForSheet(const id& window) {
     };
     const bool came = QTest::qWaitFor(seen, 2000);
     EXPECT_TRUE(came);
-    return came ? as<NSWindow>(shown.attachedSheet()) : nullptr;
+    return came ? Ref<NSWindow>(as<NSWindow>(shown.attachedSheet())) : Ref<NSWindow>();
 }
 
 /// What a person reads of an alert: "message|informative|[button][button]", with a dash for what is not there.

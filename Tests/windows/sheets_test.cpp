@@ -27,8 +27,8 @@ TEST(AlertSheets, TellTheirDelegateTheButtonAndTheContext) {
         EXPECT_TRUE(VELT_BEGINALERTSHEET(delegate, "Save?"_v, "It is lost otherwise."_v, integer(12), "Save"_v,
                                          "Cancel"_v, "Discard"_v)
                         .isNil());
-        NSWindow* sheet = waitForSheet(window.window);
-        ASSERT_NE(nullptr, sheet);
+        Ref<NSWindow> sheet = waitForSheet(window.window);
+        ASSERT_TRUE(sheet);
         EXPECT_EQ("Save?|It is lost otherwise.|[Save][Cancel][Discard]", readAlert(*sheet));
         keepPicture(sheet->widget(), "alert-sheet");
         clickButton(*sheet, title);
@@ -47,12 +47,11 @@ TEST(AlertSheets, AreFollowedByWhatTheirDelegateBegins) {
     };
     begin("First");
     delegate->then = [&] { begin("Second"); };
-    NSWindow* first = waitForSheet(window.window);
-    ASSERT_NE(nullptr, first);
-    const Ref<NSWindow> kept(first);
+    Ref<NSWindow> first = waitForSheet(window.window);
+    ASSERT_TRUE(first);
     pressKey(*first, Qt::Key_Return);
-    NSWindow* second = waitForSheet(window.window);
-    ASSERT_NE(nullptr, second);
+    Ref<NSWindow> second = waitForSheet(window.window);
+    ASSERT_TRUE(second);
     EXPECT_EQ("Second|I|[Yes]", readAlert(*second));
     EXPECT_FALSE(first->isVisible());
     pressKey(*second, Qt::Key_Return);
@@ -64,14 +63,14 @@ TEST(AlertSheets, HaveTheButtonsThatAreNotNilInTheirOrder) {
     const ControlWindow window;
     window.show();
     VELT_BEGINALERTSHEET(nil, "M"_v, "I"_v, "c"_v, nil, "Two"_v, integer(3));
-    NSWindow* sheet = waitForSheet(window.window);
-    ASSERT_NE(nullptr, sheet);
+    Ref<NSWindow> sheet = waitForSheet(window.window);
+    ASSERT_TRUE(sheet);
     EXPECT_EQ("M|I|[Two][3]", readAlert(*sheet));
     pressKey(*sheet, Qt::Key_Return);
     EXPECT_FALSE(sheet->isVisible());
     VELT_BEGINALERTSHEET(nil, "M"_v, "I"_v, "c"_v, nil, nil, nil);
     sheet = waitForSheet(window.window);
-    ASSERT_NE(nullptr, sheet);
+    ASSERT_TRUE(sheet);
     EXPECT_EQ("M|I|[OK]", readAlert(*sheet));
     pressKey(*sheet, Qt::Key_Return);
 }
@@ -93,14 +92,14 @@ TEST(Sheets, EndWithACodeOrWithoutOne) {
     VELT_NSWINDOW_CONTENTSIZE(sheet, size(200, 100));
     const Ref<SheetListener> delegate = velt::make<SheetListener>();
     VELT_BEGINSHEET(delegate, sheet, "context"_v);
-    ASSERT_EQ(velt::as<NSWindow>(sheet), waitForSheet(window.window));
+    ASSERT_EQ(velt::as<NSWindow>(sheet), waitForSheet(window.window).get());
     EXPECT_TRUE(velt::as<NSWindow>(sheet)->isSheet());
     EXPECT_TRUE(VELT_ENDSHEET(sheet, integer(7)).isNil());
     EXPECT_EQ("NSWindow q 7 'context' ", std::exchange(delegate->heard, ""));
     EXPECT_FALSE(velt::as<NSWindow>(sheet)->isSheet());
     EXPECT_VALUE("c 0", VELT_NSWINDOW_VISIBLE(sheet));
     VELT_BEGINSHEET(delegate, sheet, "again"_v);
-    ASSERT_NE(nullptr, waitForSheet(window.window));
+    ASSERT_TRUE(waitForSheet(window.window));
     VELT_ENDSHEET(sheet, nil);
     EXPECT_EQ("NSWindow q -1000 'again' ", delegate->heard);
     // It is no sheet any more: nothing happens.
@@ -118,7 +117,7 @@ TEST(Sheets, StayOnTheScreenUntilTheDelegateTakesThemAway) {
     const Ref<SheetListener> delegate = velt::make<SheetListener>();
     delegate->ordersOut = false;
     VELT_BEGINSHEET(delegate, sheet.window, ""_v);
-    ASSERT_NE(nullptr, waitForSheet(window.window));
+    ASSERT_TRUE(waitForSheet(window.window));
     VELT_ENDSHEET(sheet.window, nil);
     EXPECT_VALUE("c 1", VELT_NSWINDOW_VISIBLE(sheet.window));
     EXPECT_EQ(Qt::NonModal, sheet.widget().windowModality());
@@ -129,7 +128,7 @@ TEST(Sheets, LieAtTheTopOfTheirWindowAndFollowIt) {
     window.show();
     const ControlWindow sheet({{0, 0}, {200, 122}});
     VELT_BEGINSHEET(nil, sheet.window, ""_v);
-    ASSERT_NE(nullptr, waitForSheet(window.window));
+    ASSERT_TRUE(waitForSheet(window.window));
     const auto expectAtTheTop = [&] {
         const NSRect frame = frameOf(window.window), own = frameOf(sheet.window);
         EXPECT_EQ(frame.origin.x + (frame.size.width - own.size.width) / 2, own.origin.x);
@@ -156,7 +155,7 @@ TEST(Sheets, KeepAPersonFromTheirWindowAlone) {
     other.show();
     window.show();
     VELT_BEGINSHEET(nil, sheet.window, ""_v);
-    ASSERT_NE(nullptr, waitForSheet(window.window));
+    ASSERT_TRUE(waitForSheet(window.window));
     clickAt(velt::as<NSView>(first)->widget());
     EXPECT_EQ("", window.heard());
     clickAt(velt::as<NSView>(second)->widget());
@@ -191,10 +190,10 @@ TEST(Sheets, MayHaveSheetsOfTheirOwn) {
     window.show();
     const Ref<SheetListener> delegate = velt::make<SheetListener>();
     VELT_BEGINSHEET(delegate, first.window, "outer"_v);
-    ASSERT_NE(nullptr, waitForSheet(window.window));
+    ASSERT_TRUE(waitForSheet(window.window));
     VELT_BEGINALERTSHEET(delegate, "Sure?"_v, "I"_v, "inner"_v, "Yes"_v, nil, nil);
-    NSWindow* inner = waitForSheet(first.window);
-    ASSERT_NE(nullptr, inner);
+    Ref<NSWindow> inner = waitForSheet(first.window);
+    ASSERT_TRUE(inner);
     pressKey(*inner, Qt::Key_Return);
     VELT_ENDSHEET(first.window, integer(3));
     EXPECT_EQ("NSAlert q 1000 'inner' NSWindow q 3 'outer' ", delegate->heard);
@@ -210,10 +209,10 @@ TEST(Sheets, MayBeBegunByTheDelegateOfTheOneBefore) {
                                                       "sheetDidEnd:returnCode:contextInfo:"_v, "next"_v);
     };
     VELT_BEGINALERTSHEET(delegate, "M"_v, "I"_v, "first"_v, "OK"_v, nil, nil);
-    NSWindow* sheet = waitForSheet(window.window);
-    ASSERT_NE(nullptr, sheet);
+    Ref<NSWindow> sheet = waitForSheet(window.window);
+    ASSERT_TRUE(sheet);
     pressKey(*sheet, Qt::Key_Return);
-    EXPECT_EQ(velt::as<NSWindow>(next.window), waitForSheet(window.window));
+    EXPECT_EQ(velt::as<NSWindow>(next.window), waitForSheet(window.window).get());
     VELT_ENDSHEET(next.window, integer(4));
     EXPECT_EQ("NSAlert q 1000 'first' NSWindow q 4 'next' ", delegate->heard);
 }
@@ -250,7 +249,7 @@ TEST(Sheets, EndWithTheirWindow) {
         const ControlWindow window({{50, 60}, {480, 300}});
         window.show();
         VELT_BEGINSHEET(delegate, sheet.window, "c"_v);
-        ASSERT_NE(nullptr, waitForSheet(window.window));
+        ASSERT_TRUE(waitForSheet(window.window));
         VELT_NSWINDOW_HIDE(window.window);
         EXPECT_VALUE("c 0", VELT_NSWINDOW_VISIBLE(sheet.window));
         VELT_NSWINDOW_SHOW(window.window);

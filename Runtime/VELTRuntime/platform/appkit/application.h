@@ -64,9 +64,9 @@ public:
     void abortModal();
     /// The window of the innermost session; nil without one.
     id modalWindow() const;
-    /// Attaches a window to another one as its sheet, and returns. The sheet keeps a person from that other window until
-    /// it is ended; then the delegate is sent the message with the sheet, the code and the context. A window with a
-    /// sheet shows a further one when the first has ended. Without another window the sheet stands alone before all.
+    /// Attaches a window to another one as its sheet, and returns. The sheet keeps a person from that other window
+    /// until it is ended; then the delegate is sent the message with the sheet, the code and the context. A window with
+    /// a sheet shows a further one when the first has ended. Without another window the sheet stands alone before all.
     void beginSheet(NSWindow* sheet, NSWindow* window, const id& delegate, const id& didEnd, const id& context);
     void endSheet(NSWindow* sheet);
     /// The sheet stays on the screen unless the delegate orders it out.
