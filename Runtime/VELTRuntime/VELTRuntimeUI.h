@@ -2,6 +2,8 @@
 #pragma once
 
 #include "VELTRuntime/VELTRuntime.h"
+#include "VELTRuntime/editor/view/completion_list.h"
+#include "VELTRuntime/editor/view/running_completion.h"
 #include "VELTRuntime/editor/view/source_view.h"
 #include "VELTRuntime/editor/view/word_sets.h"
 #include "VELTRuntime/platform/appkit/application.h"

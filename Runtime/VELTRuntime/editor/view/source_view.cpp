@@ -2,10 +2,9 @@
 
 #include "VELTRuntime/editor/block_commands.h"
 #include "VELTRuntime/editor/breakpoints.h"
-#include "VELTRuntime/editor/source_formatter.h"
 #include "VELTRuntime/editor/view/editor_state.h"
 #include "VELTRuntime/editor/view/source_layer.h"
-#include "VELTRuntime/editor/view/view_target.h"
+#include "VELTRuntime/editor/view/source_view_parts.h"
 #include "VELTRuntime/platform/appkit/containers/scroll_view.h"
 #include "VELTRuntime/platform/appkit/containers/scrolling.h"
 #include "VELTRuntime/platform/appkit/event.h"
@@ -18,7 +17,7 @@ using velt::Ref;
 namespace {
 
 constexpr double kUnlimited = 1e7;
-constexpr char16_t kBackspace = 8, kDelete = 127;
+constexpr char16_t kBackspace = 8, kDelete = 127, kEscape = 27;
 constexpr long kBackspaceKeyCode = 51;
 
 NSMutableArray* mutableArrayOf(const id& value) {
@@ -39,19 +38,6 @@ id boxed(std::optional<bool> found) { return found ? VELT_ID(static_cast<BOOL>(*
 
 }  // namespace
 
-/// The parts of the editor that work on the view.
-struct VLTextView::Parts final : velt::FormatterHost {
-    explicit Parts(VLTextView& owner) : view(owner), target(owner), formatter(target, *this) {}
-
-    velt::WordLists wordLists() override { return view.wordLists(); }
-    void lineEndTyped(std::size_t selectionLocation) override { view.moveEntriesFrom(selectionLocation, 1); }
-    void changeHandled(std::size_t, std::u16string_view) override {}
-
-    VLTextView& view;
-    velt::ViewTarget target;
-    velt::SourceFormatter formatter;
-};
-
 VLTextView::VLTextView(NSRect frame) : NSTextView(frame) {
     const id storage = textStorage(), manager = layoutManager();
     auto layer = std::make_unique<velt::SourceLayer>(Ref<NSTextStorage>(velt::as<NSTextStorage>(storage)));
@@ -70,7 +56,8 @@ void VLTextView::resetFields() {
     types_ = velt::make<NSMutableArray>();
     filename_ = velt::string(u"");
     find_ = {};
-    parts_ = std::make_unique<Parts>(*this);
+    if (parts_) parts_->completion.stopTimer();
+    parts_ = std::make_shared<Parts>(*this);
 }
 
 id VLTextView::initialized() {
@@ -79,13 +66,17 @@ id VLTextView::initialized() {
 }
 
 void VLTextView::visitOwned(velt::OwnedVisitor& visitor) {
-    for (id* field : {&lineSeparators_, &breakpoints_, &keywords_, &builtins_, &types_, &filename_, &target_}) {
+    for (id* field :
+         {&lineSeparators_, &breakpoints_, &keywords_, &builtins_, &types_, &filename_, &target_, &completionTimer_}) {
         visitor.visit(*field);
     }
     NSTextView::visitOwned(visitor);
 }
 
-void VLTextView::dissolve() { NSTextView::dissolve(); }
+void VLTextView::dissolve() {
+    if (parts_) parts_->completion.stopTimer();
+    NSTextView::dissolve();
+}
 
 const velt::SourceBuffer& VLTextView::buffer() const { return layer_->buffer(); }
 
@@ -165,15 +156,16 @@ long VLTextView::indentationLevel() const { return parts_->formatter.level(); }
 void VLTextView::shouldChangeText(const id& change) {
     const id kept = change;
     const Ref<VLTextView> self(this);
+    const std::shared_ptr<Parts> parts = parts_;
     const NSArray* values = velt::to<NSArray>(kept);
     if (!values || values->count() == 0) return;
     const auto position = static_cast<std::size_t>(std::max(0L, static_cast<long>(VELT_CBYTE(values->at(0)))));
     const id typed = values->count() > 1 ? values->at(1) : id();
     const std::u16string text(velt::isString(typed) ? velt::textOf(typed) : std::u16string_view());
     if (values->count() > 2) {
-        parts_->formatter.passedLine(position, text, VELT_CBYTE(values->at(2)));
+        parts->formatter.passedLine(position, text, VELT_CBYTE(values->at(2)));
     } else {
-        parts_->formatter.textTyped(position, text);
+        parts->formatter.textTyped(position, text);
     }
 }
 
@@ -198,16 +190,17 @@ void VLTextView::turnOffWrapping() {
 /// One command is undone apart from what was done before and behind it.
 template <class Command> auto VLTextView::run(Command&& command) {
     const Ref<VLTextView> kept(this);
+    const std::shared_ptr<Parts> parts = parts_;
     struct Apart {
         explicit Apart(VLTextView& v) : view(v) { view.commandBegins(); }
         ~Apart() { view.typingBegins(); }
         VLTextView& view;
     } apart(*this);
-    if constexpr (std::is_void_v<decltype(command(parts_->target))>) {
-        command(parts_->target);
+    if constexpr (std::is_void_v<decltype(command(parts->target))>) {
+        command(parts->target);
         commandBegins();
     } else {
-        auto result = command(parts_->target);
+        auto result = command(parts->target);
         commandBegins();
         return result;
     }
@@ -259,7 +252,8 @@ long VLTextView::replaceAll(const id& needle, const id& with) {
 void VLTextView::insertTab(const id&) {
     if (!isEditable()) return;
     const Ref<VLTextView> kept(this);
-    velt::insertTab(parts_->target);
+    const std::shared_ptr<Parts> parts = parts_;
+    velt::insertTab(parts->target);
 }
 
 void VLTextView::insertNewline(const id& sender) {
@@ -268,7 +262,16 @@ void VLTextView::insertNewline(const id& sender) {
     NSTextView::insertNewline(sender);
 }
 
-void VLTextView::keyDown(const id& event) { NSTextView::keyDown(event); }
+void VLTextView::keyDown(const id& event) {
+    const Ref<VLTextView> kept(this);
+    const id characters = velt::is<NSEvent>(event) ? velt::as<NSEvent>(event)->characters() : id();
+    if (velt::isString(characters)) {
+        for (const char16_t unit : velt::textOf(characters)) {
+            if (unit == kEscape) parts_->completion.requestAll();
+        }
+    }
+    NSTextView::keyDown(event);
+}
 
 void VLTextView::keyUp(const id& event) {
     const Ref<VLTextView> kept(this);
@@ -285,6 +288,7 @@ void VLTextView::keyUp(const id& event) {
 }
 
 void VLTextView::describe(velt::ClassBuilder<VLTextView>& c) {
+    describeCompletion(c);
     c.method("init", &VLTextView::initialized)
         .method("initWithFrame:",
                 [](const id& self, const id* a) {

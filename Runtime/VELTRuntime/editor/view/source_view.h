@@ -93,6 +93,30 @@ public:
     /// The number of replacements.
     long replaceAll(const id& needle, const id& with);
 
+    // Completion.
+    /// Opens what was asked for when typing has rested for a while; asking again begins the while anew.
+    void startCompletionTimer();
+    void stopCompletionTimer();
+    /// The timer's action: asks the environment and shows what it offers, until that ends.
+    void doCompletion(const id& timer);
+    /// Works out the expression that ends at a place of a text.
+    void getCompletion(long end, const id& text);
+    void popupCompletionAtInsertion(const id& candidates, NSRange typed);
+    void setCompletionType(bool as, bool members, bool arguments);
+    /// Where the insertion point's foot is on the screen.
+    NSPoint insertionPointGlobalCoordinate() const;
+    id completionTimer() const { return completionTimer_; }
+    id completedExpression() const;
+    long completionsRunning() const;
+    bool completesTypes() const;
+    bool completesMembers() const;
+    bool completesArguments() const;
+    unsigned long lastInsertion() const;
+    unsigned long nextInsertion() const;
+    unsigned long beforeNextInsertion() const;
+    /// The completions that are open, the lowest first, in a new array.
+    id runningCompletions() const;
+
     // What the view adds to a text view's own ways.
     void insertTab(const id& sender) override;
     void insertNewline(const id& sender) override;
@@ -114,14 +138,15 @@ public:
 
 private:
     struct Parts;
+    static void describeCompletion(velt::ClassBuilder<VLTextView>& c);
     /// All fields as in a new view.
     void resetFields();
     id initialized();
     template <class Command> auto run(Command&& command);
 
-    velt::SourceLayer* layer_;  // the layout manager's
-    std::unique_ptr<Parts> parts_;
-    id lineSeparators_, breakpoints_, keywords_, builtins_, types_, filename_, action_, target_;
+    velt::SourceLayer* layer_;      // the layout manager's
+    std::shared_ptr<Parts> parts_;  // who works with them shares them, should the view be set up anew meanwhile
+    id lineSeparators_, breakpoints_, keywords_, builtins_, types_, filename_, action_, target_, completionTimer_;
     velt::FindOptions find_;
     bool wraps_ = true;
 };
