@@ -224,3 +224,10 @@ TEST_F(EditorCompletion, OfAProgramWorksByItsMessages) {
     EXPECT_EQ("abd", shown.text());
     EXPECT_VALUE("q 999", velt::send(made, "popupAssistantAt:forView:", point(0, 0), shown.view));
 }
+
+TEST(EditorCompletionNames, AreSortedAndDifferent) {
+    const id names = wordArray({"b", "a", "B", "a"});
+    EXPECT_EQ("(B, a, b)", velt::utf8(velt::description(velt::send(names, "sortedUniqueArray"))));
+    EXPECT_VALUE("q -1", velt::send(str("B"), "caseSensitiveCompare:", str("a")));
+    EXPECT_VALUE("q 0", velt::send(str("a"), "caseSensitiveCompare:", str("a")));
+}

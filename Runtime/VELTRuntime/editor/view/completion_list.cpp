@@ -207,6 +207,7 @@ long Autocompletion::popupAssistantAt(NSPoint point, const id&) {
     window_ = window;
     const id outer = std::exchange(myFloatingKeyWindow, window);
     const Ref<NSScrollView> around = velt::make<NSScrollView>();
+    around->setBorderType(velt::kLineBorder);
     around->setHasVerticalScroller(true);
     around->setAutohidesScrollers(true);
     place(point);
