@@ -3,6 +3,8 @@
 
 #include "VELTRuntime/platform/foundation/run_loop.h"
 
+#include <QClipboard>
+#include <QGuiApplication>
 #include <QTableView>
 #include <QTimer>
 
@@ -201,6 +203,30 @@ TEST_F(EditorCompletion, EndsWithACommandOfTheProgram) {
     shown.type("o.");
     whenOpen([&] { shown.key(Qt::Key_A, Qt::ControlModifier); });
     EXPECT_EQ("{0, 2}", shown.selected());
+}
+
+TEST_F(EditorCompletion, TakesWhatIsPasted) {
+    QGuiApplication::clipboard()->setText(QStringLiteral("pasted"));
+    shown.type("o.");
+    whenOpen([&] {
+        shown.key(Qt::Key_V, Qt::ControlModifier);
+        EXPECT_FALSE(myFloatingKeyWindow.isNil());
+        shown.key(Qt::Key_Escape);
+    });
+    EXPECT_EQ("o.pasted", shown.text());
+}
+
+TEST_F(EditorCompletion, EndsWithAClickBesideItsList) {
+    shown.type("o.");
+    whenOpen([&] { QTest::mouseClick(shown.widget->viewport(), Qt::LeftButton, {}, QPoint(200, 100)); });
+    EXPECT_EQ("o.", shown.text());
+    EXPECT_EQ(0, running());
+}
+
+TEST_F(EditorCompletion, EndsWithItsWindow) {
+    shown.type("o.");
+    whenOpen([&] { VELT_NSWINDOW_CLOSE(shown.window); });
+    EXPECT_EQ("o.", shown.text());
 }
 
 TEST_F(EditorCompletion, WorksOutExpressions) {

@@ -12,6 +12,19 @@
 
 namespace velt {
 
+namespace {
+
+/// A key of the text's or the program's own, other than the one that pastes. The third level of a keyboard may come
+/// with Control and Alt.
+bool isCommand(const QKeyEvent& event) {
+    const Qt::KeyboardModifiers held = event.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier);
+    if (!held || held == (Qt::ControlModifier | Qt::AltModifier)) return false;
+    const bool isModifier = event.key() >= Qt::Key_Shift && event.key() <= Qt::Key_ScrollLock;
+    return !isModifier && !(held == Qt::ControlModifier && event.key() == Qt::Key_V);
+}
+
+}  // namespace
+
 CompletionKeys::CompletionKeys(QWidget& page, QWidget& list, Autocompletion& completion)
     : page_(page), list_(list), completion_(completion) {
     QApplication::instance()->installEventFilter(this);
@@ -25,8 +38,9 @@ bool CompletionKeys::eventFilter(QObject* watched, QEvent* event) {
     const auto cancel = [this] { runReported([this] { completion_.cancelOperation(nil); }); };
     switch (event->type()) {
     case QEvent::ShortcutOverride:
-        if (isPage) event->accept();
-        return isPage;
+        if (!isPage || isCommand(static_cast<QKeyEvent&>(*event))) return false;
+        event->accept();
+        return true;
     case QEvent::KeyPress: return isPage && pressed(static_cast<QKeyEvent&>(*event));
     case QEvent::InputMethod: {
         const auto& input = static_cast<QInputMethodEvent&>(*event);
@@ -48,9 +62,7 @@ bool CompletionKeys::eventFilter(QObject* watched, QEvent* event) {
 }
 
 bool CompletionKeys::pressed(QKeyEvent& event) {
-    const bool withCommand = event.modifiers() & Qt::ControlModifier && !(event.modifiers() & Qt::AltModifier);
-    if (withCommand && event.key() != Qt::Key_V && event.key() != Qt::Key_Control) {
-        // A command of the program: it is for the text.
+    if (isCommand(event)) {
         runReported([&] { completion_.cancelOperation(nil); });
         return false;
     }

@@ -15,6 +15,7 @@
 #include <QApplication>
 #include <QEventLoop>
 #include <QMainWindow>
+#include <QWindow>
 
 using velt::CompletionPopup;
 using velt::Ref;
@@ -81,13 +82,12 @@ Autocompletion::~Autocompletion() = default;
 
 id Autocompletion::initWithCompletions(const id& candidates, const id& view, NSRange typed, bool as, bool dot,
                                        bool bracket) {
-    const id self(static_cast<NSObject*>(this));
+    id self(static_cast<NSObject*>(this));
     auto* editor = velt::to<VLTextView>(view);
     if (!editor) return nil;
     view_ = view;
-    const id kept = candidates;
     std::vector<std::u16string> names;
-    if (const NSArray* list = velt::arrayOf(kept)) {
+    if (const NSArray* list = velt::arrayOf(candidates)) {
         for (const id& name : list->items()) {
             if (velt::isString(name)) names.emplace_back(velt::textOf(name));
         }
@@ -221,6 +221,9 @@ long Autocompletion::popupAssistantAt(NSPoint point, const id&) {
     QMainWindow& shown = window->widget();
     shown.setWindowFlags(Qt::ToolTip | Qt::FramelessWindowHint | Qt::WindowDoesNotAcceptFocus);
     shown.setAttribute(Qt::WA_ShowWithoutActivating);
+    // Some desktops place such windows only beside another one.
+    shown.winId();
+    if (shown.windowHandle()) shown.windowHandle()->setTransientParent(page->window()->windowHandle());
     shown.setAccessibleName(QStringLiteral("Completions"));
     list.widget().setFocusPolicy(Qt::NoFocus);
     for (QWidget* part : list.widget().findChildren<QWidget*>()) part->setFocusPolicy(Qt::NoFocus);

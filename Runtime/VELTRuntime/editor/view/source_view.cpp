@@ -154,10 +154,9 @@ bool VLTextView::formatsWhileTyping() const { return parts_->formatter.isOn(); }
 long VLTextView::indentationLevel() const { return parts_->formatter.level(); }
 
 void VLTextView::shouldChangeText(const id& change) {
-    const id kept = change;
     const Ref<VLTextView> self(this);
     const std::shared_ptr<Parts> parts = parts_;
-    const NSArray* values = velt::to<NSArray>(kept);
+    const NSArray* values = velt::to<NSArray>(change);
     if (!values || values->count() == 0) return;
     const auto position = static_cast<std::size_t>(std::max(0L, static_cast<long>(VELT_CBYTE(values->at(0)))));
     const id typed = values->count() > 1 ? values->at(1) : id();
