@@ -26,7 +26,7 @@ id VELT_VLTEXTVIEW_LOAD(const id& view, const id& path) {
     requireMainThread("VELT_VLTEXTVIEW_LOAD");
     const id name = VELT_CSTRING(path);
     if (view.isNil()) return no();
-    const id loaded = send(view, VELT_SELECTOR("_load:"), name);
+    id loaded = send(view, VELT_SELECTOR("_load:"), name);
     send(view, VELT_SELECTOR("setFilename:"), name);
     VELT_VLTEXTVIEW_PERFORMSYNTAXHIGHLIGHTING(view);
     return loaded;

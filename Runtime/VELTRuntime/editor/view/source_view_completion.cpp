@@ -16,9 +16,8 @@ namespace {
 
 /// The texts among the elements of an array, with or without attributes.
 std::vector<std::u16string> textsIn(const id& array) {
-    const id kept = array;
     std::vector<std::u16string> texts;
-    const NSArray* values = velt::arrayOf(kept);
+    const NSArray* values = velt::arrayOf(array);
     if (!values) return texts;
     for (const id& value : values->items()) {
         const NSAttributedString* attributed = velt::attributedStringOf(value);
