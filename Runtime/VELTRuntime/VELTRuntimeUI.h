@@ -2,6 +2,10 @@
 #pragma once
 
 #include "VELTRuntime/VELTRuntime.h"
+#include "VELTRuntime/editor/view/completion_list.h"
+#include "VELTRuntime/editor/view/running_completion.h"
+#include "VELTRuntime/editor/view/source_view.h"
+#include "VELTRuntime/editor/view/word_sets.h"
 #include "VELTRuntime/platform/appkit/application.h"
 #include "VELTRuntime/platform/appkit/bezier_path.h"
 #include "VELTRuntime/platform/appkit/color.h"
@@ -41,6 +45,7 @@
 #include "VELTRuntime/ui/containers.h"
 #include "VELTRuntime/ui/controls.h"
 #include "VELTRuntime/ui/matrices.h"
+#include "VELTRuntime/ui/editors.h"
 #include "VELTRuntime/ui/menus.h"
 #include "VELTRuntime/ui/panels.h"
 #include "VELTRuntime/ui/pop_up_buttons.h"

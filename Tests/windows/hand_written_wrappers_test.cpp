@@ -28,6 +28,7 @@ id view() { return VELT_NSVIEW_INIT(nil, ""); }
 id window() { return VELT_NSWINDOW_INIT(nil, ""); }
 id button() { return VELT_PUSHBUTTON_INIT(nil, ""); }
 id page() { return VELT_NSTEXTVIEW_INIT(nil, ""); }
+id editor() { return VELT_VLTEXTVIEW_INIT(nil, ""); }
 id search() { return VELT_NSSEARCHFIELD_INIT(nil, ""); }
 id table() { return VELT_NSTABLEVIEW_INIT(nil, ""); }
 id column() { return VELT_NSTABLECOLUMN_INIT(nil, "column"); }
@@ -179,6 +180,15 @@ const std::vector<Call>& calls() {
         CALL(NSTEXTVIEW_REDO, page),
         CALL(NSTEXTVIEW_CANUNDO, page),
         CALL(NSTEXTVIEW_CANREDO, page),
+        CONSTRUCTOR(VLTEXTVIEW_INIT),
+        CALL(VLTEXTVIEW_LOAD, editor, str("/dev/null")),
+        CALL(VLTEXTVIEW_SAVE, editor, str("/nowhere/source")),
+        CALL(VLTEXTVIEW_PERFORMSYNTAXHIGHLIGHTING, editor),
+        CALL(VLTEXTVIEW_FINDNEXT, editor, str("text")),
+        CALL(VLTEXTVIEW_FINDPREVIOUS, editor, str("text")),
+        CALL(VLTEXTVIEW_FINDREPLACE, editor, str("text")),
+        CALL(VLTEXTVIEW_FINDREPLACEFIND, editor, str("text"), str("other")),
+        CALL(VLTEXTVIEW_FINDREPLACEALL, editor, str("text"), str("other")),
         CALL(NSVIEW_REMOVE, view, someView()),
         CALL(NSVIEW_REPLACE, view, someView(), someView()),
         CALL(NSVIEW_REDRAW, view),

@@ -66,6 +66,7 @@ inline std::vector<WrapperRow> wrapperRows() {
 #include "VELTRuntime/ui/tables.def"
 #include "VELTRuntime/ui/combo_boxes.def"
 #include "VELTRuntime/ui/applications.def"
+#include "VELTRuntime/ui/editors.def"
 // clang-format on
 #include "VELTRuntime/ui/accessor_rows_end.h"
     return rows;

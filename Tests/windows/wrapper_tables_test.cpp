@@ -76,6 +76,7 @@ const std::map<std::string, id (*)()> kMakers{
     {"NSTOOLBARITEM", [] { return VELT_NSTOOLBARITEM_INIT(nil, "item"); }},
     {"NSDRAWER", [] { return VELT_NSDRAWER_INIT(nil, ""); }},
     {"NSSAVEPANEL", [] { return id(static_cast<NSObject*>(&NSSavePanel::savePanel())); }},
+    {"VLTEXTVIEW", [] { return VELT_VLTEXTVIEW_INIT(nil, ""); }},
     {"NSPROGRESSINDICATOR", [] { return VELT_NSPROGRESSINDICATOR_INIT(nil, ""); }},
 };
 

@@ -41,6 +41,10 @@ public:
     /// Opens the completion that was asked for, and returns when it has ended.
     void timerFired();
 
+    /// Opens a popup over candidates, in the present modes, which are over then; a range of the text is what is typed of
+    /// them. Returns when it has ended.
+    void open(std::vector<std::u16string> candidates, std::size_t location, std::ptrdiff_t length);
+
     /// A timer more counts as started; one that runs is stopped.
     void startTimer();
     void stopTimer();
@@ -75,7 +79,6 @@ private:
     void popupChose() override { popTop(); }
     void popTop();
     void giveWay();
-    void open(std::vector<std::u16string> candidates, std::size_t location, std::ptrdiff_t length);
     void popupEnded(PopupResult result);
     std::ptrdiff_t lengthFrom(std::size_t location, std::size_t end) const {
         return static_cast<std::ptrdiff_t>(end) - static_cast<std::ptrdiff_t>(location);

@@ -72,6 +72,13 @@ public:
     /// As Return.
     void doubleClicked();
 
+    /// Puts the selected name in the place of what was typed; a part of it from a terminator on is typed by itself.
+    void insertChoice(std::u16string_view terminator);
+    /// Marks the parameter that the typed text has come to.
+    void showArgument();
+    /// Shows and selects what the typed text leads to.
+    void follow();
+
     /// Ends the popup; the last result before its window closes counts.
     void end(PopupResult result);
     /// Nothing while it is open.
@@ -84,9 +91,6 @@ private:
     bool holdsParenthesesInPairs() const;
     void insert(char32_t character);
     void deleteFromText();
-    void insertChoice(std::u16string_view terminator);
-    void showArgument();
-    void follow();
     void moveSelection(bool down);
 
     // What keys do.

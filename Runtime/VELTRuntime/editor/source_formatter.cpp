@@ -39,18 +39,23 @@ void SourceFormatter::textTyped(std::size_t position, std::u16string_view typed)
     host_.changeHandled(position, typed);
 }
 
+void SourceFormatter::passedLine(std::size_t position, std::u16string_view lineEnd, std::int64_t number) {
+    if (number == 0) level_ = 1;
+    if (isOn_ && isLineEnd(lineEnd)) lineEndTyped(position, true);
+    host_.changeHandled(position, lineEnd);
+}
+
 void SourceFormatter::formatText() {
     const CommandScope scope(target_);
     const NSRange selected = target_.selectedRange();
     std::size_t begin = 0;
+    std::int64_t number = 1;
     if (selected.length > 0) {
         begin = lineBegin(selected.location);
-        if (behindLineEnd(begin) > 0) level_ = 1;
+        number = 0;
     }
     for (std::size_t behind = behindLineEnd(begin); behind > 0; behind = behindLineEnd(begin)) {
-        const std::size_t position = behind - 1;
-        if (isOn_) lineEndTyped(position, true);
-        host_.changeHandled(position, kLineEnd);
+        passedLine(behind - 1, kLineEnd, number++);
         begin = behindLineEnd(begin);
     }
 }

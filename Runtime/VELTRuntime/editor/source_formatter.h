@@ -45,6 +45,10 @@ public:
     /// that it ends is formatted, the new line indented, and the caret put behind its indentation.
     void textTyped(std::size_t position, std::u16string_view typed);
 
+    /// One line of a pass over many: a line end that stands at a position, and the line's number in the pass. The line
+    /// of number 0 begins at level 1.
+    void passedLine(std::size_t position, std::u16string_view lineEnd, std::int64_t number);
+
     /// Formats the lines of the text, up to the last that ends with "\n", as one command. With a selection it begins
     /// with the selection's first line and at level 1; else it goes on at the level that the last pass left. Programs
     /// rely on it.

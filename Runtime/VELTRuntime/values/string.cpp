@@ -193,6 +193,11 @@ void NSMutableString::replace(std::size_t position, std::size_t length, std::u16
     assign(view().substr(0, position), text, view().substr(position + length));
 }
 
+static id comparePlainly(const id& s, const id* a) {
+    if (!velt::isString(a[0])) velt::raiseClassExpected(NSString::entry());
+    return velt::boxResult(velt::text::compare(velt::textOf(s), velt::textOf(a[0]), velt::text::Case::Respected));
+}
+
 void NSString::describe(velt::ClassBuilder<NSString>& c) {
     using namespace velt;
     addDrawingMethods(c);
@@ -205,10 +210,9 @@ void NSString::describe(velt::ClassBuilder<NSString>& c) {
         .method("doubleValue", [](const id& s, const id*) { return boxResult(text::doubleReading(textOf(s))); })
         .method("floatValue", [](const id& s, const id*) { return boxResult(text::floatReading(textOf(s))); })
         .method("boolValue", [](const id& s, const id*) { return boxResult(text::booleanReading(textOf(s))); })
-        .method("compare:", [](const id& s, const id* a) {
-            if (!isString(a[0])) raiseClassExpected(NSString::entry());
-            return boxResult(text::compare(textOf(s), textOf(a[0]), text::Case::Respected));
-        });
+        .method("compare:", comparePlainly)
+        // By its own name, too, for sorting where case matters.
+        .method("caseSensitiveCompare:", comparePlainly);
 }
 
 void NSMutableString::describe(velt::ClassBuilder<NSMutableString>& c) {

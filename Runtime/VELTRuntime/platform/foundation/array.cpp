@@ -147,6 +147,21 @@ void setElementValues(const id& self, std::string_view key, const id& value) {
 
 }  // namespace velt
 
+/// The different elements, ordered by what they answer to "caseSensitiveCompare:".
+static id sortedUnique(const id& self, const id*) {
+    using namespace velt;
+    const id kept = self;
+    const Ref<NSMutableArray> different = make<NSMutableArray>();
+    std::vector<id> sorted(arrayOf(kept)->items().begin(), arrayOf(kept)->items().end());
+    std::stable_sort(sorted.begin(), sorted.end(), [](const id& a, const id& b) {
+        return VELT_CINTEGER(send(a, VELT_SELECTOR("caseSensitiveCompare:"), b)) < 0;
+    });
+    for (const id& value : sorted) {
+        if (different->count() == 0 || !isEqual(different->items().back(), value)) different->append(value);
+    }
+    return different;
+}
+
 void NSArray::describe(velt::ClassBuilder<NSArray>& c) {
     using namespace velt;
     c.keyAccess({elementValues, setElementValues})
@@ -155,6 +170,7 @@ void NSArray::describe(velt::ClassBuilder<NSArray>& c) {
         .method("indexOfObject:", &NSArray::indexOf)
         .method("containsObject:",
                 [](const id& self, const id* a) { return boxResult(arrayOf(self)->indexOf(a[0]) >= 0); })
+        .method("sortedUniqueArray", sortedUnique)
         .method("mutableCopy",
                 [](const id& self, const id*) { return id(make<NSMutableArray>(arrayOf(self)->items())); });
 }

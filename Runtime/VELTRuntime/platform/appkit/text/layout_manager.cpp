@@ -7,6 +7,27 @@
 
 #include <climits>
 
+namespace {
+
+/// The attributes of every unit, in runs.
+class RunLayer final : public velt::TemporaryLayer {
+public:
+    std::size_t length() const override { return runs_.length(); }
+    id at(std::size_t position, NSRange& range) const override { return runs_.at(position, &range).attributes; }
+    void change(NSRange range, const std::function<id(const id&)>& changed) override { runs_.change(range, changed); }
+    void textChanged(NSRange range, std::size_t newLength) override { runs_.replace(range, newLength, nil); }
+    void visitOwned(velt::OwnedVisitor& visitor) override {
+        for (velt::RunList::Run& run : runs_.runs()) {
+            if (run.attributes.isObject()) visitor.visit(run.attributes);
+        }
+    }
+
+private:
+    velt::RunList runs_;
+};
+
+}  // namespace
+
 id NSTextContainer::textView() const { return id(static_cast<NSObject*>(view_)); }
 
 void NSTextContainer::setContainerSize(NSSize size) {
@@ -28,14 +49,16 @@ void NSTextContainer::describe(velt::ClassBuilder<NSTextContainer>& c) {
         .property("textView", &NSTextContainer::textView);
 }
 
-template <class Change> void NSLayoutManager::change(const char* operation, NSRange range, Change&& changed) {
-    const std::size_t length = runs_.length();
+NSLayoutManager::NSLayoutManager(NSTextView* view) : view_(view), layer_(std::make_unique<RunLayer>()) {}
+
+void NSLayoutManager::change(const char* operation, NSRange range, const std::function<id(const id&)>& changed) {
+    const std::size_t length = layer_->length();
     if (range.location > length || range.length > length - range.location) {
         std::size_t end = 0;
         if (__builtin_add_overflow(range.location, range.length, &end)) end = LONG_MAX;
         velt::raiseRange(std::string("'NSLayoutManager' ") + operation, static_cast<long long>(end), length);
     }
-    runs_.change(range, std::forward<Change>(changed));
+    layer_->change(range, changed);
     if (view_) view_->temporaryAttributesChanged();
 }
 
@@ -57,23 +80,24 @@ void NSLayoutManager::removeTemporaryAttribute(const id& name, NSRange range) {
 }
 
 id NSLayoutManager::temporaryAttributesAt(long position, NSRange* range) const {
-    if (static_cast<std::size_t>(position) >= runs_.length()) {
+    if (static_cast<std::size_t>(position) >= layer_->length()) {
         velt::raiseRange("'NSLayoutManager' temporaryAttributesAtCharacterIndex:effectiveRange:", position,
-                         runs_.length());
+                         layer_->length());
     }
-    return runs_.at(static_cast<std::size_t>(position), range).attributes;
+    NSRange same;
+    id attributes = layer_->at(static_cast<std::size_t>(position), same);
+    if (range) *range = same;
+    return attributes;
 }
 
 NSRange NSLayoutManager::glyphRangeForBoundingRect(NSRect rect, const id&) const {
-    return view_ ? view_->charactersIn(rect) : NSRange{0, runs_.length()};
+    return view_ ? view_->charactersIn(rect) : NSRange{0, layer_->length()};
 }
 
-void NSLayoutManager::textChanged(NSRange range, std::size_t newLength) { runs_.replace(range, newLength, nil); }
+void NSLayoutManager::textChanged(NSRange range, std::size_t newLength) { layer_->textChanged(range, newLength); }
 
 void NSLayoutManager::visitOwned(velt::OwnedVisitor& visitor) {
-    for (velt::RunList::Run& run : runs_.runs()) {
-        if (run.attributes.isObject()) visitor.visit(run.attributes);
-    }
+    layer_->visitOwned(visitor);
     NSObject::visitOwned(visitor);
 }
 

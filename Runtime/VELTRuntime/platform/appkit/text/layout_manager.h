@@ -1,8 +1,10 @@
 // How a text view lays its text out: the space it has, and attributes that are shown but are no part of the text.
 #pragma once
 
-#include "VELTRuntime/platform/foundation/run_list.h"
+#include "VELTRuntime/platform/appkit/text/temporary_layer.h"
 #include "VELTRuntime/platform/object/class.h"
+
+#include <memory>
 
 class NSTextView;
 
@@ -34,7 +36,7 @@ private:
 class VELT_EXPORT NSLayoutManager final : public NSObject {
     VELT_OBJECT(NSLayoutManager, NSObject)
 public:
-    explicit NSLayoutManager(NSTextView* view = nullptr) : view_(view) {}
+    explicit NSLayoutManager(NSTextView* view = nullptr);
 
     /// Each raises "NSRangeException" when the range goes beyond the text's end. Attributes are a dictionary or nil.
     void setTemporaryAttributes(const id& attributes, NSRange range);
@@ -42,7 +44,9 @@ public:
     void removeTemporaryAttribute(const id& name, NSRange range);
     /// The attributes of a unit and the range over which they are the same.
     id temporaryAttributesAt(long position, NSRange* range) const;
-    const velt::RunList& temporaryRuns() const { return runs_; }
+    const velt::TemporaryLayer& temporaryLayer() const { return *layer_; }
+    /// Keeps the attributes elsewhere from now on; the layer is as long as the text.
+    void keepIn(std::unique_ptr<velt::TemporaryLayer> layer) { layer_ = std::move(layer); }
 
     /// The units that lie within a rectangle of the view; all when the view is not shown. A unit is a glyph here.
     NSRange glyphRangeForBoundingRect(NSRect rect, const id& container) const;
@@ -53,8 +57,8 @@ public:
     static void describe(velt::ClassBuilder<NSLayoutManager>& c);
 
 private:
-    template <class Change> void change(const char* operation, NSRange range, Change&& changed);
+    void change(const char* operation, NSRange range, const std::function<id(const id&)>& changed);
 
     NSTextView* view_;
-    velt::RunList runs_;
+    std::unique_ptr<velt::TemporaryLayer> layer_;
 };

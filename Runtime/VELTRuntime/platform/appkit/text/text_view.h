@@ -97,7 +97,7 @@ public:
     // What the library's own classes use.
     void layoutChanged() { changed(); }
     void temporaryAttributesChanged();
-    const velt::RunList& temporaryRuns() const { return layoutManager_->temporaryRuns(); }
+    const velt::TemporaryLayer& temporaryLayer() const { return layoutManager_->temporaryLayer(); }
     NSRange charactersIn(NSRect rect) const;
     velt::TextWidget* existingTextWidget() const;
     const NSAttributedString& shown() const { return *storage_; }
@@ -108,8 +108,11 @@ public:
     void keyboardGoes();
     /// A person begins something else: what follows is undone apart from what was before.
     void commandBegins();
-    /// Replaces a range as a person does it. False when it was not allowed.
-    bool change(NSRange range, const id& text);
+    /// Replaces a range as a person does it, with the insertion point behind it when asked for, before anybody hears of
+    /// the change. False when it was not allowed.
+    bool change(NSRange range, const id& text, bool goesBehind = false);
+    /// What is typed next is undone apart from what was typed before.
+    void typingBegins() { last_ = {}; }
 
     void moveToWindow(NSWindow* window) override;
     void visitOwned(velt::OwnedVisitor& visitor) override;

@@ -128,7 +128,7 @@ bool NSTextView::shouldChangeText(NSRange range, const id& replacement) {
 
 void NSTextView::didChangeText() { tell("textDidChange:", "NSTextDidChangeNotification"); }
 
-bool NSTextView::change(NSRange range, const id& text) {
+bool NSTextView::change(NSRange range, const id& text, bool goesBehind) {
     const Ref<NSTextView> kept(this);
     const id self(kept);
     const id where = VELT_ID(range), plain = plainTextOf(text);
@@ -140,22 +140,21 @@ bool NSTextView::change(NSRange range, const id& text) {
     } else {
         velt::send(self, VELT_SELECTOR("replaceCharactersInRange:withString:"), where, plain);
     }
+    if (goesBehind)
+        select({{std::min<std::size_t>(range.location + velt::textOf(plain).size(), textLength()), 0}}, true);
     velt::send(self, VELT_SELECTOR("didChangeText"));
     return true;
 }
 
 void NSTextView::insertTextInRange(const id& text, NSRange range) {
     requireRange("insertText:replacementRange:", range);
-    const id plain = plainTextOf(text);
-    const std::size_t length = velt::textOf(plain).size();
     const Joins outer = std::exchange(joins_, range.length == 0 ? Joins::Typing : Joins::No);
     const auto end = [&] { joins_ = outer; };
     try {
-        if (change(range, text)) {
-            // What the delegate did to the text meanwhile counts.
-            const std::size_t place = std::min<std::size_t>(range.location + length, textLength());
-            select({{place, 0}}, true);
-            scrollRangeToVisible({place, 0});
+        if (change(range, text, true)) {
+            // Where the delegate put the insertion point meanwhile counts.
+            const NSRange now = ranges_.front();
+            scrollRangeToVisible({now.location + now.length, 0});
             if (range.length > 0 && last_.registration != 0) last_.kind = Joins::Typing;
         }
     } catch (...) {

@@ -211,12 +211,12 @@ void TextWidget::showTemporaryFormats(const QTextBlock& block, const NSTextView&
     QTextLayout* layout = block.layout();
     if (!layout->preeditAreaText().isEmpty()) return;  // they are the input method's then
     QList<QTextLayout::FormatRange> formats;
-    const RunList& runs = shown.temporaryRuns();
+    const TemporaryLayer& layer = shown.temporaryLayer();
     const auto begin = static_cast<std::size_t>(block.position());
-    const std::size_t end = std::min(begin + static_cast<std::size_t>(block.length()), runs.length());
+    const std::size_t end = std::min(begin + static_cast<std::size_t>(block.length()), layer.length());
     NSRange run;
     for (std::size_t at = begin; at < end; at = run.location + run.length) {
-        const id& attributes = runs.at(at, &run).attributes;
+        const id attributes = layer.at(at, run);
         if (attributes.isNil()) continue;
         const std::size_t last = std::min<std::size_t>(end, run.location + run.length);
         formats.append({static_cast<int>(at - begin), static_cast<int>(last - at), charFormatOf(attributes)});
