@@ -24,6 +24,7 @@ class Row:
 
     macro: str
     arguments: list
+    says: str = ""  # the comment above the row
 
 
 @dataclasses.dataclass
@@ -164,9 +165,11 @@ class _Reader:
             self.rows(RUNTIME / include[1])
 
     def rows(self, path):
-        text = re.sub(r"^(//|#).*$", "", path.read_text(), flags=re.M)
+        text = re.sub(r"^#.*$", "", path.read_text(), flags=re.M)
         for match in re.finditer(r"^(VELT_\w+)\(((?:[^()\"]|\"[^\"]*\"|\((?:[^()]|\([^()]*\))*\))*)\)", text, re.M):
-            row = Row(match[1], split_arguments(match[2]))
+            above = re.search(r"\n((?://.*\n)+)$", text[: match.start()])
+            says = re.sub(r"\s*//", "", above[1]).strip() if above else ""
+            row = Row(match[1], split_arguments(match[2]), "" if says.startswith("VELT_") else says)
             self.comment = []
             self.statement(match[0], f"{path.name}: {match[1]}({row.arguments[0]})", row, "")
 

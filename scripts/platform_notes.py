@@ -27,6 +27,8 @@ class PlatformNotes:
                     self._read_descriptions(path.read_text())
 
     def _read_header(self, text):
+        for name, superclass in re.findall(r"VELT_OBJECT\((\w+), (\w+)\)", text):
+            self.superclasses.setdefault(name, superclass)
         cls, comment = None, []
         for line in text.split("\n"):
             opened = re.match(r"class VELT_EXPORT (\w+)", line)
