@@ -1,9 +1,9 @@
 // Documents whose code is compiled: every block of C++ that they show stands in a source file.
 #pragma once
 
-#include <fstream>
+#include "support/processes.h"
+
 #include <gtest/gtest.h>
-#include <iterator>
 #include <sstream>
 #include <string>
 #include <string_view>
@@ -16,12 +16,6 @@ inline std::string withoutSpace(std::string_view text) {
         if (c != ' ' && c != '\n' && c != '\t') result += c;
     }
     return result;
-}
-
-inline std::string contentOf(const std::string& path) {
-    std::ifstream in(path);
-    EXPECT_TRUE(in) << path;
-    return {std::istreambuf_iterator<char>(in), {}};
 }
 
 /// Expects every block of C++ of a document in a source file, but for white space, and returns how many there are.

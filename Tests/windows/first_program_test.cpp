@@ -257,7 +257,7 @@ struct ShoppingProgram : testing::Test {
 
 TEST(FirstWindow, StaysWhenItsMainFunctionHasEnded) {
     EXPECT_EQ(0, first_window::program(0, nullptr));
-    Ref<NSWindow> window = shownWindow("Shopping");
+    Ref<NSWindow> window(shownWindow("Shopping"));
     ASSERT_TRUE(window);
     EXPECT_EQ(320, VELT_CDOUBLE(VELT_NSVIEW_WIDTH(window->contentView())));
     EXPECT_EQ(360, VELT_CDOUBLE(VELT_NSVIEW_HEIGHT(window->contentView())));
@@ -268,11 +268,11 @@ TEST(FirstWindow, StaysWhenItsMainFunctionHasEnded) {
 TEST(GreetingProgram, GreetsByTheButtonAndByReturn) {
     SKIP_UNLESS_WINDOWS_BECOME_ACTIVE();
     EXPECT_EQ(0, greeting::program(0, nullptr));
-    Ref<NSWindow> window = shownWindow("Greetings");
+    Ref<NSWindow> window(shownWindow("Greetings"));
     ASSERT_TRUE(window);
     ASSERT_TRUE(windowBecomesActive(window->widget()));
-    Ref<greeting::Greeter> greeter = velt::as<greeting::Greeter>(
-        VELT_NSCONTROL_TARGET(velt::as<NSView>(window->contentView())->subviewList().front()));
+    Ref<greeting::Greeter> greeter(velt::as<greeting::Greeter>(
+        VELT_NSCONTROL_TARGET(velt::as<NSView>(window->contentView())->subviewList().front())));
     window->makeFirstResponder(greeter->field);
     type(*window, "Ann");
     clickButton(*window, "Greet");
@@ -290,10 +290,10 @@ TEST_F(ShoppingProgram, AddsWhatIsWrittenAndRemovesWhatIsSelected) {
     clickButton(window(), "Add");
     write("  butter ");
     pressKey(window(), Qt::Key_Return);
+    EXPECT_VALUE("''", VELT_NSCONTROL_STRINGVALUE(list->field));
     write(" ");
     clickButton(window(), "Add");
     EXPECT_EQ("bread,butter", shown());
-    EXPECT_VALUE("''", VELT_NSCONTROL_STRINGVALUE(list->field));
     EXPECT_VALUE("q 2", VELT_NSTABLEVIEW_COUNT(list->table));
     pressKey(window(), Qt::Key_R, Qt::ControlModifier);  // nothing is selected
     EXPECT_EQ("bread,butter", shown());
@@ -306,7 +306,7 @@ TEST_F(ShoppingProgram, FindsItsListAgain) {
     write("bread");
     pressKey(window(), Qt::Key_Return);
     pressKey(window(), Qt::Key_S, Qt::ControlModifier);
-    EXPECT_VALUE("('bread')", VELT_READARRAY(list->path));
+    EXPECT_VALUE("NSArray (bread)", VELT_READARRAY(list->path));
     write("milk");
     pressKey(window(), Qt::Key_Return);
     close();  // saves too
@@ -342,12 +342,13 @@ TEST_F(ShoppingProgram, TakesTheFileFromTheCommandLine) {
     std::string name = "shopping", argument = velt::utf8(path);
     char* arguments[] = {name.data(), argument.data()};
     EXPECT_EQ(0, shopping::program(2, arguments));
-    Ref<NSWindow> opened = shownWindow("Shopping");
+    Ref<NSWindow> opened(shownWindow("Shopping"));
     ASSERT_TRUE(opened);
-    list = velt::as<shopping::ShoppingList>(opened->delegate());
+    const id delegate = opened->delegate();
+    list = Ref<shopping::ShoppingList>(velt::as<shopping::ShoppingList>(delegate));
     EXPECT_EQ("tea,sugar", shown());
 }
 
 TEST(FirstProgramDocument, ShowsOnlyCodeThatIsCompiledHere) {
-    EXPECT_GE(blocksFoundIn("Documentation/first-program.md", "Tests/windows/first_program_test.cpp"), 10u);
+    EXPECT_GE(blocksFoundIn("Documentation/first-program.md", "Tests/windows/first_program_test.cpp"), 9u);
 }
