@@ -109,8 +109,8 @@ velt::BackgroundLayers KRBackgroundView::layers() const {
 
 namespace {
 
-/// While it exists, a painter's coordinates begin at a view's lower left corner and y points up, in views whose y points
-/// down too.
+/// While it exists, a painter's coordinates begin at a view's lower left corner and y points up, in views whose y
+/// points down too.
 class Upwards {
 public:
     Upwards(velt::GraphicsContext& context, NSRect bounds) : painter_(context.painter()) {

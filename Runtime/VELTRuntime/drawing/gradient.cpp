@@ -24,9 +24,7 @@ GradientColor partsOf(const NSColor* color) {
     return {red, green, blue, alpha};
 }
 
-id colorOf(const GradientColor& parts) {
-    return velt::make<NSColor>(parts.red, parts.green, parts.blue, parts.alpha);
-}
+id colorOf(const GradientColor& parts) { return velt::make<NSColor>(parts.red, parts.green, parts.blue, parts.alpha); }
 
 id gradientOf(GradientStops&& stops) { return velt::make<PXGradient>(std::move(stops)); }
 

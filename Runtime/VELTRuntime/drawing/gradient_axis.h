@@ -11,8 +11,8 @@ struct GradientAxis {
     NSPoint from, to;
 };
 
-/// The axis that crosses a rectangle at an angle in degrees, against the clock from the x axis: as long as the rectangle
-/// is in that direction, through its centre.
+/// The axis that crosses a rectangle at an angle in degrees, against the clock from the x axis: as long as the
+/// rectangle is in that direction, through its centre.
 VELT_EXPORT GradientAxis axisAcross(NSRect rect, double angle);
 
 /// Two circles around one centre: the position is 0 on the inner one and 1 on the outer one.

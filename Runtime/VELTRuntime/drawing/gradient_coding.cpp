@@ -16,7 +16,9 @@ namespace {
 
 const id& countKey() { return "PXGradientElementCount"_v; }
 const id& modeKey() { return "PXGradientBlendingMode"_v; }
-id elementKey(std::size_t index) { return velt::string(std::string("PXGradientElement").append(std::to_string(index))); }
+id elementKey(std::size_t index) {
+    return velt::string(std::string("PXGradientElement").append(std::to_string(index)));
+}
 
 NSCoder& keyedCoder(const id& coder) {
     if (!velt::is<NSCoder>(coder) || !velt::as<NSCoder>(coder)->allowsKeyedCoding()) {
@@ -30,8 +32,7 @@ constexpr std::size_t kDoubles = 5, kBytes = kDoubles * sizeof(double);
 
 std::string recordOf(const ColorStop& stop) {
     std::string record;
-    for (const double part :
-         {stop.color.red, stop.color.green, stop.color.blue, stop.color.alpha, stop.position}) {
+    for (const double part : {stop.color.red, stop.color.green, stop.color.blue, stop.color.alpha, stop.position}) {
         const auto bits = std::bit_cast<std::uint64_t>(part);
         for (unsigned shift = 0; shift < 64; shift += 8) record.push_back(static_cast<char>(bits >> shift & 0xFF));
     }

@@ -110,7 +110,8 @@ void GradientStops::prepare() {
 
 GradientColor GradientStops::colorAt(double position) const {
     if (segments_.empty()) return {1, 1, 1, 1};
-    // The last segment that begins below the position, or the first: without branches, since positions come in no order.
+    // The last segment that begins below the position, or the first: without branches, since positions come in no
+    // order.
     const Segment* found = segments_.data();
     for (std::size_t left = segments_.size(); left > 1;) {
         const std::size_t half = left / 2;

@@ -116,10 +116,10 @@ void NSBezierPath::appendArcIn(NSPoint corner, NSPoint toward, double radius) {
     // The circle touches both lines at the same distance from the corner.
     const QPointF in = back / backLength, out = on / onLength;
     const double between = std::atan2(std::abs(turn), QPointF::dotProduct(back, on));
-    const QPointF first = at + in * (radius / std::tan(between / 2)), last = at + out * (radius / std::tan(between / 2));
+    const QPointF first = at + in * (radius / std::tan(between / 2)),
+                  last = at + out * (radius / std::tan(between / 2));
     const QPointF middle = in + out;
-    const QPointF center =
-        at + middle / std::hypot(middle.x(), middle.y()) * (radius / std::sin(between / 2));
+    const QPointF center = at + middle / std::hypot(middle.x(), middle.y()) * (radius / std::sin(between / 2));
     const auto angleOf = [&](QPointF point) {
         return std::atan2(point.y() - center.y(), point.x() - center.x()) * 180 / std::numbers::pi;
     };
