@@ -136,7 +136,7 @@ TEST(Gradients, SayWhichStopIsNotThere) {
     EXPECT_RAISES(
         "NSRangeException: -[PXGradient removeColorStopAtPosition:]: no such colorStop at position (0.500000)",
         velt::send(two, "removeColorStopAtPosition:", real(0.5)));
-    EXPECT_RAISES("NSRangeException: 'PXGradient' colorStopAtIndex:: index 2 is beyond the 2 there are",
+    EXPECT_RAISES("NSRangeException: 'PXGradient' colorStopAtIndex:: index 2 is out of range; the count is 2",
                   velt::send(two, "colorStopAtIndex:", integer(2)));
     EXPECT_RAISES("NSInvalidArgumentException: 'PXGradient' addColorStop:atPosition:: the position is not a number",
                   velt::send(two, "addColorStop:atPosition:", kRed, real(std::nan(""))));

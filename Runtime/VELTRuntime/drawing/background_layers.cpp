@@ -19,19 +19,23 @@ void fill(QPainter& painter, const QPainterPath& path, const QBrush& brush, doub
 }
 
 /// A picture as a brush, its upper left corner at a point of coordinates whose y points up.
-QBrush pictureBrush(const NSImage& image, QPointF corner, const QPainter& painter) {
+QBrush pictureBrush(const NSImage& image, QPointF corner) {
     QImage picture = image.picture();
     const double ratio = picture.devicePixelRatio();
     picture.setDevicePixelRatio(1);
-    // Between dots it would be blurred.
-    const QTransform toDots = painter.deviceTransform();
-    if (toDots.type() <= QTransform::TxScale) {
-        corner = toDots.inverted().map(QPointF(toDots.map(corner).toPoint()));
-    }
     QBrush brush(picture);
     brush.setTransform(QTransform::fromScale(1 / ratio, -1 / ratio) *
                        QTransform::fromTranslate(corner.x(), corner.y()));
     return brush;
+}
+
+/// Where a rectangle lies among the painter's dots, moved to whole ones; empty when they are turned or there are none.
+QRect dotsOf(const QPainter& painter, const QRectF& place) {
+    const QPaintEngine* engine = painter.paintEngine();
+    const QTransform toDots = painter.deviceTransform();
+    if (!engine || engine->type() != QPaintEngine::Raster || toDots.type() > QTransform::TxScale) return {};
+    const QRectF mapped = toDots.mapRect(place);
+    return {mapped.topLeft().toPoint(), mapped.size().toSize()};
 }
 
 /// How many dots a dot of the image takes.
@@ -52,10 +56,23 @@ bool BackgroundLayers::operator==(const BackgroundLayers& other) const {
 void drawThrough(QPainter& painter, const NSImage& image, double alpha, const QPainterPath& path, QSizeF size) {
     const NSSize own = image.size();
     const QRectF place(size.width() / 2 - own.width / 2, size.height() / 2 - own.height / 2, own.width, own.height);
-    const QBrush brush = pictureBrush(image, place.bottomLeft(), painter);
+    const QRect dots = dotsOf(painter, place);
     painter.save();
-    painter.setRenderHint(QPainter::SmoothPixmapTransform, dotsEach(image, painter) != 1);
-    painter.setClipRect(brush.transform().mapRect(QRectF(image.picture().rect())), Qt::IntersectClip);
+    QBrush brush = pictureBrush(image, place.bottomLeft());
+    if (dots.isEmpty()) {
+        painter.setClipRect(place, Qt::IntersectClip);
+    } else {
+        // In dots of the screen's own size, so that its edges stay sharp: a brush goes on with the opposite edge.
+        QImage picture = image.picture();
+        if (picture.size() != dots.size()) {
+            picture = picture.scaled(dots.size(), Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+        }
+        picture.setDevicePixelRatio(1);
+        const QTransform toDots = painter.deviceTransform();
+        brush = QBrush(picture);
+        brush.setTransform(QTransform::fromTranslate(dots.x(), dots.y()) * toDots.inverted());
+        painter.setClipRect(toDots.inverted().mapRect(QRectF(dots)), Qt::IntersectClip);
+    }
     fill(painter, path, brush, alpha);
     painter.restore();
 }
@@ -74,7 +91,7 @@ void drawLayers(QPainter& painter, const BackgroundLayers& layers) {
         // Its dots become squares where that is possible.
         const double each = dotsEach(*layers.pattern, painter);
         painter.setRenderHint(QPainter::SmoothPixmapTransform, each != std::round(each));
-        fill(painter, layers.path, pictureBrush(*layers.pattern, area.bottomLeft(), painter), alpha);
+        fill(painter, layers.path, pictureBrush(*layers.pattern, area.bottomLeft()), alpha);
     }
     if (layers.gradient) {
         const NSRect rect{{0, 0}, {area.width(), area.height()}};

@@ -100,7 +100,7 @@ QRect dotsOf(const QPainter& painter, const QRectF& area) {
     const QPaintDevice* device = painter.device();
     const double ratio = device->devicePixelRatio();
     // A widget is drawn with the dots of its window, wherever it lies in it; it is the only one not measured in dots.
-    const QPointF shift = painter.deviceTransform().map(QPointF()) - painter.combinedTransform().map(QPointF()) * ratio;
+    const QPointF shift = painter.deviceTransform().map(QPointF()) - painter.combinedTransform().map(QPointF());
     const double unit = device->devType() == QInternal::Widget ? ratio : 1;
     seen &= QRectF(shift, QSizeF(device->width(), device->height()) * unit);
     return seen.isEmpty() ? QRect() : seen.toAlignedRect().adjusted(-1, -1, 1, 1);
