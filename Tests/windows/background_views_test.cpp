@@ -149,8 +149,8 @@ struct SlowView {
 };
 
 // Steps of the screen by which dots may differ: four layers are rounded to them, one over the other. At the edge, which
-// four layers have four times, the toolkit's arcs are short lines, less than a tenth of a dot within the circle.
-constexpr int kWithin = 3, kEdge = 24, kEdges = 36;
+// four layers have four times, the toolkit's arcs are short lines, less than an eighth of a dot within the circle.
+constexpr int kWithin = 3, kEdge = 32, kEdges = 48;
 
 }  // namespace
 
