@@ -69,7 +69,7 @@ private:
 };
 
 /// The background view that programs of the language drive.
-class VELT_EXPORT VLBackgroundView final : public KRBackgroundView {
+class VELT_EXPORT VLBackgroundView : public KRBackgroundView {
     VELT_OBJECT(VLBackgroundView, KRBackgroundView)
 public:
     static void describe(velt::ClassBuilder<VLBackgroundView>& c);
