@@ -2,6 +2,8 @@
 #pragma once
 
 #include "VELTRuntime/VELTRuntime.h"
+#include "VELTRuntime/drawing/background_view.h"
+#include "VELTRuntime/drawing/gradient.h"
 #include "VELTRuntime/editor/view/completion_list.h"
 #include "VELTRuntime/editor/view/running_completion.h"
 #include "VELTRuntime/editor/view/source_view.h"
@@ -39,6 +41,7 @@
 #include "VELTRuntime/platform/appkit/view.h"
 #include "VELTRuntime/platform/appkit/window.h"
 #include "VELTRuntime/ui/applications.h"
+#include "VELTRuntime/ui/background_views.h"
 #include "VELTRuntime/ui/browsers.h"
 #include "VELTRuntime/ui/buttons.h"
 #include "VELTRuntime/ui/combo_boxes.h"
