@@ -48,7 +48,9 @@ TEST(PrintedSources, HaveAllTheirLinesAndAHeaderOnEachPage) {
         const std::regex expected("Calculator / main\\.source +\\d{4}-\\d\\d-\\d\\d \\d\\d:\\d\\d:\\d\\d \\+0000 +Page " +
                                   std::to_string(i + 1));
         EXPECT_TRUE(std::regex_match(header, expected)) << header;
-        if (i > 0 && i < 4) EXPECT_EQ(pages[0].size(), pages[i].size()) << "pages are filled";
+        if (i < 4) {
+            EXPECT_EQ(pages[0].size(), pages[i].size()) << "pages are filled";
+        }
     }
     QStringList expected;
     for (int i = 1; i <= 200; ++i) expected.append(QStringLiteral("print %1").arg(i));
@@ -137,7 +139,9 @@ TEST(PrintedSources, AreCutOffAtTheRightWhereLinesDoNotBreak) {
     for (const PrintedWord& word : wordsIn(file.path)) {
         if (word.text == "begin") begin = word.top;
         if (word.text == "next") next = word.top;
-        if (word.text == "beyond") EXPECT_LT(595 - 72, word.left);
+        if (word.text == "beyond") {
+            EXPECT_LT(595 - 72, word.left);
+        }
     }
     EXPECT_GT(begin, 0);
     EXPECT_LT(next - begin, 30) << "in the next row";

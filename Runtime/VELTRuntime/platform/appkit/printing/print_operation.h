@@ -6,6 +6,7 @@
 
 class QPagedPaintDevice;
 class QPrinter;
+class QString;
 
 /// Prints a view once. Each page is first given to the view's "drawPageBorderWithSize:", which draws in points of the
 /// paper, in the view's own direction of y.
