@@ -18,6 +18,8 @@ class MarginWindow : public EditorWindow {
 public:
     explicit MarginWindow(std::string_view text, bool scrolls = false) : EditorWindow(text, scrolls) {
         velt::send(view, "setShowsLineNumbers:", boolean(true));
+        select(0);
+        widget->verticalScrollBar()->setValue(0);
         QApplication::processEvents();
     }
     QWidget* margin() const {
@@ -282,6 +284,7 @@ TEST(EditorZoom, ChangesWithKeys) {
     EXPECT_EQ("print 1\n", shown.text()) << "nothing was typed";
     EXPECT_EQ(20, velt::as<NSFont>(velt::send(shown.view, "font"))->pointSize());
     // Without the key they are characters.
+    shown.select(0);
     shown.type("0-=+");
     EXPECT_EQ("0-=+print 1\n", shown.text());
 }
@@ -289,6 +292,7 @@ TEST(EditorZoom, ChangesWithKeys) {
 TEST(EditorZoom, ChangesWithTheWheel) {
     const EditorWindow shown(lines(300));
     velt::send(shown.view, "setFont:", NSFont::userFixedPitch(20));
+    shown.widget->verticalScrollBar()->setValue(0);
     turnWheel(shown, 120);
     EXPECT_EQ(22, shownSize(shown));
     turnWheel(shown, 60);

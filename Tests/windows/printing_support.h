@@ -32,13 +32,14 @@ public:
 };
 
 /// What a tool says of a file; nothing when it is not installed.
-inline QString toldBy(const char* tool, QStringList arguments) {
+inline QString toldBy(const char* tool, const QStringList& arguments) {
     QProcess process;
+    process.setProcessChannelMode(QProcess::MergedChannels);
     process.start(QString::fromLatin1(tool), arguments);
     process.waitForFinished();
     return QString::fromUtf8(process.readAllStandardOutput());
 }
-inline bool pdfToolsAreThere() { return QProcess::execute("pdftotext", {"-v"}) == 0; }
+inline bool pdfToolsAreThere() { return toldBy("pdftotext", {"-v"}).contains("pdftotext"); }
 
 /// The lines of each page that are not empty.
 inline std::vector<QStringList> pagesIn(const std::string& path) {

@@ -6,6 +6,8 @@
 
 #include <QPrintDialog>
 #include <QPrinterInfo>
+#include <QRadioButton>
+#include <QSpinBox>
 #include <QTimer>
 #include <functional>
 
@@ -231,8 +233,9 @@ TEST(PrintPanels, PrintWhatThePersonChose) {
     const Ref<PrintedView> view = velt::make<PrintedView>();
     view->setFrame({{0, 0}, {100, 2000}});
     const Answer answer([](QPrintDialog& dialog) {
-        dialog.setPrintRange(QAbstractPrintDialog::PageRange);
-        dialog.setFromTo(2, 3);
+        dialog.findChild<QRadioButton*>("printRange")->click();
+        dialog.findChild<QSpinBox*>("to")->setValue(3);
+        dialog.findChild<QSpinBox*>("from")->setValue(2);
         dialog.accept();
     });
     velt::send(id(view), "print:", nil);

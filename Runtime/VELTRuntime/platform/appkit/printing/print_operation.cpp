@@ -13,6 +13,7 @@
 #include <QDir>
 #include <QMainWindow>
 #include <QPageLayout>
+#include <QPageRanges>
 #include <QPainter>
 #include <QPdfWriter>
 #include <QPointer>
@@ -65,6 +66,13 @@ bool isDisposition(const NSPrintInfo& info, std::u16string_view name) {
 
 }  // namespace
 
+/// What a person may want of the pages.
+struct NSPrintOperation::Wishes {
+    QPageRanges pages;  // all when empty
+    int copies = 1;
+    bool backwards = false, together = true;  // copy after copy
+};
+
 NSPrintOperation* NSPrintOperation::currentOperation() { return current; }
 
 void NSPrintOperation::setPrintInfo(const id& info) { info_ = Ref<NSPrintInfo>(velt::to<NSPrintInfo>(info)); }
@@ -85,24 +93,24 @@ bool NSPrintOperation::runOperation() {
     const Current running(*this);
     const bool saves = isDisposition(*info_, u"NSPrintSaveJob");
     const QString path = QString::fromStdString(saves ? info_->savingPath() : std::string());
-    Range range;
+    Wishes wishes;
     if (showsPrintPanel_) {
         QPrinter printer(QPrinter::HighResolution);
         if (saves) printer.setOutputFormat(QPrinter::PdfFormat);
         if (!path.isEmpty()) printer.setOutputFileName(path);
-        if (!ask(printer, range)) return false;
-        if (printer.outputFormat() == QPrinter::PdfFormat) return printToFile(printer.outputFileName(), range);
-        return printTo(printer, range);
+        if (!ask(printer, wishes)) return false;
+        if (printer.outputFormat() == QPrinter::PdfFormat) return printToFile(printer.outputFileName(), wishes);
+        return printTo(printer, wishes);
     }
-    if (isDisposition(*info_, u"NSPrintPreviewJob")) return preview(range);
-    if (saves) return printToFile(path, range);
+    if (isDisposition(*info_, u"NSPrintPreviewJob")) return preview(wishes);
+    if (saves) return printToFile(path, wishes);
     const QPrinterInfo usual = QPrinterInfo::defaultPrinter();
     if (usual.isNull()) return false;
     QPrinter printer(usual, QPrinter::HighResolution);
-    return printTo(printer, range);
+    return printTo(printer, wishes);
 }
 
-bool NSPrintOperation::ask(QPrinter& printer, Range& range) {
+bool NSPrintOperation::ask(QPrinter& printer, Wishes& wishes) {
     // What a person says of the paper holds; the margins stay the program's.
     printer.setPageLayout(pageLayout(*info_));
     printer.setDocName(velt::qtText(jobTitle()));
@@ -121,35 +129,34 @@ bool NSPrintOperation::ask(QPrinter& printer, Range& range) {
     info_->setOrientation(chosen.orientation() == QPageLayout::Landscape ? NSPrintInfo::kLandscape
                                                                          : NSPrintInfo::kPortrait);
     info_->setPaperSize({paper.width(), paper.height()});
-    range.first = std::max(1, printer.fromPage());
-    range.last = printer.toPage();
-    range.backwards = printer.pageOrder() == QPrinter::LastPageFirst;
-    range.together = printer.collateCopies();
-    if (!printer.supportsMultipleCopies()) range.copies = std::max(1, printer.copyCount());
+    wishes.pages = printer.pageRanges();
+    wishes.backwards = printer.pageOrder() == QPrinter::LastPageFirst;
+    wishes.together = printer.collateCopies();
+    if (!printer.supportsMultipleCopies()) wishes.copies = std::max(1, printer.copyCount());
     return true;
 }
 
-bool NSPrintOperation::printToFile(const QString& path, const Range& range) {
+bool NSPrintOperation::printToFile(const QString& path, const Wishes& wishes) {
     QSaveFile file(path);
     if (path.isEmpty() || !file.open(QIODevice::WriteOnly)) return false;
     bool drawn = false;
     {
         QPdfWriter writer(&file);
         writer.setTitle(velt::qtText(jobTitle()));
-        drawn = printTo(writer, range);
+        drawn = printTo(writer, wishes);
     }
     return drawn && file.commit();
 }
 
-bool NSPrintOperation::preview(const Range& range) {
+bool NSPrintOperation::preview(const Wishes& wishes) {
     QTemporaryFile file(QDir::tempPath() + QStringLiteral("/XXXXXX.pdf"));
     file.setAutoRemove(false);  // the viewer opens it when this program may long have ended
     if (!file.open()) return false;
     file.close();
-    return printToFile(file.fileName(), range) && QDesktopServices::openUrl(QUrl::fromLocalFile(file.fileName()));
+    return printToFile(file.fileName(), wishes) && QDesktopServices::openUrl(QUrl::fromLocalFile(file.fileName()));
 }
 
-bool NSPrintOperation::printTo(QPagedPaintDevice& device, const Range& range) {
+bool NSPrintOperation::printTo(QPagedPaintDevice& device, const Wishes& wishes) {
     const Ref<NSView> view = view_;
     const Ref<NSPrintInfo> info = info_;
     device.setPageLayout(pageLayout(*info));
@@ -164,11 +171,11 @@ bool NSPrintOperation::printTo(QPagedPaintDevice& device, const Range& range) {
 
     std::vector<long> order;
     const auto count = static_cast<long>(pages->count());
-    const long last = range.last > 0 ? std::min(range.last, count) : count;
-    for (long page = range.first; page <= last; ++page) {
-        order.insert(order.end(), range.together ? 1 : static_cast<std::size_t>(range.copies), page);
+    for (long page = 1; page <= count; ++page) {
+        if (!wishes.pages.isEmpty() && !wishes.pages.contains(static_cast<int>(page))) continue;
+        order.insert(order.end(), wishes.together ? 1 : static_cast<std::size_t>(wishes.copies), page);
     }
-    if (range.backwards) std::reverse(order.begin(), order.end());
+    if (wishes.backwards) std::reverse(order.begin(), order.end());
     if (order.empty()) return false;
 
     struct Numbered {
@@ -182,7 +189,7 @@ bool NSPrintOperation::printTo(QPagedPaintDevice& device, const Range& range) {
         int before = std::uncaught_exceptions();
     } const numbered{page_, dynamic_cast<QPrinter*>(&device)};
     bool isFirst = true;
-    for (int copy = 0; copy < (range.together ? range.copies : 1); ++copy) {
+    for (int copy = 0; copy < (wishes.together ? wishes.copies : 1); ++copy) {
         for (const long page : order) {
             if (!std::exchange(isFirst, false) && !device.newPage()) return false;
             page_ = page;

@@ -40,16 +40,12 @@ public:
     static void describe(velt::ClassBuilder<NSPrintOperation>& c);
 
 private:
-    struct Range {
-        long first = 1, last = 0;  // 0 is the last page
-        int copies = 1;
-        bool backwards = false, together = true;  // copy after copy
-    };
+    struct Wishes;
 
-    bool ask(QPrinter& printer, Range& range);
-    bool printTo(QPagedPaintDevice& device, const Range& range);
-    bool printToFile(const QString& path, const Range& range);
-    bool preview(const Range& range);
+    bool ask(QPrinter& printer, Wishes& wishes);
+    bool printTo(QPagedPaintDevice& device, const Wishes& wishes);
+    bool printToFile(const QString& path, const Wishes& wishes);
+    bool preview(const Wishes& wishes);
 
     velt::Ref<NSView> view_;
     velt::Ref<NSPrintInfo> info_;
