@@ -162,7 +162,9 @@ void TextWidget::select(std::size_t anchor, std::size_t position, const std::vec
     cursor.setPosition(static_cast<int>(anchor));
     cursor.setPosition(static_cast<int>(position), QTextCursor::KeepAnchor);
     lastPosition_ = static_cast<int>(position);
-    setTextCursor(cursor);
+    // The toolkit scrolls to a cursor that it is given, even to the one that it has.
+    const QTextCursor before = textCursor();
+    if (before.anchor() != cursor.anchor() || before.position() != cursor.position()) setTextCursor(cursor);
     QList<QTextEdit::ExtraSelection> shown;
     for (const NSRange& range : further) {
         QTextEdit::ExtraSelection selection;
