@@ -33,6 +33,7 @@
 #include "VELTRuntime/platform/appkit/panels/drawer.h"
 #include "VELTRuntime/platform/appkit/panels/save_panel.h"
 #include "VELTRuntime/platform/appkit/pasteboard.h"
+#include "VELTRuntime/platform/appkit/printing/print_operation.h"
 #include "VELTRuntime/platform/appkit/tables/browser.h"
 #include "VELTRuntime/platform/appkit/tables/matrix.h"
 #include "VELTRuntime/platform/appkit/tables/outline_view.h"

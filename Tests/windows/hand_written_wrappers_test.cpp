@@ -251,6 +251,7 @@ const std::vector<Call>& calls() {
         CALL(NSDRAWER_TOGGLERIGHTRESIZINGWINDOW, drawer),
         CALL(BEGINEXPANDING, view, someWindow()),
         CALL(ENDEXPANDING, view, someWindow()),
+        FUNCTION(VLTEXTVIEW_PRINTSHOWINGPRINTPANEL, nil, str("project"), str("file"), boolean(true)),
         FUNCTION(NSOPENPANEL_RUN, nil),
         CALL(FIRSTRESPONDER_SENDACTION, nullptr, str("nobodyAnswersThis:")),
         CALL(FIRSTRESPONDER_SENDACTION2, nullptr, str("nobodyAnswersThis:"), nil),

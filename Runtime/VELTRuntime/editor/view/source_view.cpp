@@ -288,6 +288,8 @@ void VLTextView::keyUp(const id& event) {
 
 void VLTextView::describe(velt::ClassBuilder<VLTextView>& c) {
     describeCompletion(c);
+    describeMargin(c);
+    describePrinting(c);
     c.method("init", &VLTextView::initialized)
         .method("initWithFrame:",
                 [](const id& self, const id* a) {

@@ -241,7 +241,9 @@ void NSTextView::syncWidget(QWidget& shown) {
     if (isSelectable()) flags |= Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard;
     if (isEditable()) flags |= Qt::TextEditorInteraction;
     widget.setTextInteractionFlags(flags);
-    widget.setFont(velt::as<NSFont>(font())->font());
+    const id usual = font();
+    widget.setScale(shownScale(), *storage_);
+    widget.setFont(widget.scaled(velt::as<NSFont>(usual)->font()));
     QPalette palette;
     if (velt::is<NSColor>(textColor_)) {
         palette.setColor(QPalette::Text, velt::qtColor(*velt::as<NSColor>(textColor_)));

@@ -73,7 +73,7 @@ void TextWidget::insertRuns(QTextCursor& cursor, const NSAttributedString& text,
     for (std::size_t at = range.location; at < end; at = run.location + run.length) {
         const id& attributes = text.runs().at(at, &run).attributes;
         const std::size_t last = std::min<std::size_t>(end, run.location + run.length);
-        cursor.insertText(velt::shownText(text.view(), at, last - at), charFormatOf(attributes));
+        cursor.insertText(velt::shownText(text.view(), at, last - at), formatOf(attributes));
     }
 }
 
@@ -107,9 +107,30 @@ void TextWidget::reformat(NSRange range, const NSAttributedString& text) {
         cursor.setPosition(static_cast<int>(at));
         cursor.setPosition(static_cast<int>(std::min<std::size_t>(end, run.location + run.length)),
                            QTextCursor::KeepAnchor);
-        cursor.setCharFormat(charFormatOf(attributes));
+        cursor.setCharFormat(formatOf(attributes));
     }
     cursor.endEditBlock();
+}
+
+QFont TextWidget::scaled(QFont font) const {
+    constexpr int kSmallest = 2;  // what is smaller still cannot be told from dots
+    if (scale_ != 1) font.setPixelSize(std::max(kSmallest, qRound(QFontInfo(font).pixelSize() * scale_)));
+    return font;
+}
+
+QTextCharFormat TextWidget::formatOf(const id& attributes) const {
+    QTextCharFormat format = charFormatOf(attributes);
+    if (scale_ != 1 && format.hasProperty(QTextFormat::FontPixelSize)) format.setFont(scaled(format.font()));
+    return format;
+}
+
+void TextWidget::setScale(double scale, const NSAttributedString& text) {
+    if (scale == scale_) return;
+    setTabStopDistance(tabStopDistance() / scale_ * scale);
+    scale_ = scale;
+    for (const RunList::Run& run : text.runs().runs()) {
+        if (!run.attributes.isNil()) return reformat({0, text.length()}, text);
+    }
 }
 
 /// What the toolkit changed on its own account, such as the end of a drag to another program.
@@ -141,7 +162,9 @@ void TextWidget::select(std::size_t anchor, std::size_t position, const std::vec
     cursor.setPosition(static_cast<int>(anchor));
     cursor.setPosition(static_cast<int>(position), QTextCursor::KeepAnchor);
     lastPosition_ = static_cast<int>(position);
-    setTextCursor(cursor);
+    // The toolkit scrolls to a cursor that it is given, even to the one that it has.
+    const QTextCursor before = textCursor();
+    if (before.anchor() != cursor.anchor() || before.position() != cursor.position()) setTextCursor(cursor);
     QList<QTextEdit::ExtraSelection> shown;
     for (const NSRange& range : further) {
         QTextEdit::ExtraSelection selection;
@@ -219,7 +242,7 @@ void TextWidget::showTemporaryFormats(const QTextBlock& block, const NSTextView&
         const id attributes = layer.at(at, run);
         if (attributes.isNil()) continue;
         const std::size_t last = std::min<std::size_t>(end, run.location + run.length);
-        formats.append({static_cast<int>(at - begin), static_cast<int>(last - at), charFormatOf(attributes)});
+        formats.append({static_cast<int>(at - begin), static_cast<int>(last - at), formatOf(attributes)});
     }
     if (formats == layout->formats()) return;
     layout->setFormats(formats);
@@ -282,7 +305,8 @@ void TextWidget::tellFindResult(const QString& text) {
 
 void TextWidget::placeFindBar() {
     const int height = isFindBarShown() ? findBar_->sizeHint().height() : 0;
-    setViewportMargins(0, 0, 0, height);
+    const QMargins margins = viewportMargins();
+    setViewportMargins(margins.left(), margins.top(), margins.right(), height);
     if (height > 0) {
         const QRect area = contentsRect();
         findBar_->setGeometry(area.left(), area.bottom() + 1 - height, area.width(), height);

@@ -43,7 +43,17 @@ public:
     /// Says beside what is looked for how the search went.
     void tellFindResult(const QString& text);
 
+    /// Shows all fonts that many times their size; the text's own stay as they are. The text's fonts are shown anew.
+    void setScale(double scale, const NSAttributedString& text);
+    QFont scaled(QFont font) const;
+
+    // For what is shown beside the text.
+    using QPlainTextEdit::blockBoundingGeometry;
+    using QPlainTextEdit::blockBoundingRect;
+    using QPlainTextEdit::contentOffset;
+    using QPlainTextEdit::firstVisibleBlock;
     using QPlainTextEdit::setViewportMargins;
+    using QPlainTextEdit::viewportMargins;
 
 protected:
     bool event(QEvent* event) override;
@@ -62,6 +72,7 @@ protected:
     QMimeData* createMimeDataFromSelection() const override;
     bool canInsertFromMimeData(const QMimeData* source) const override;
     void insertFromMimeData(const QMimeData* source) override;
+    void wheelEvent(QWheelEvent* event) override;
 
 private:
     NSTextView* view() const;
@@ -71,10 +82,13 @@ private:
     void showTemporaryFormats(const QTextBlock& block, const NSTextView& view);
     void placeFindBar();
     bool pressKey(QKeyEvent& event);
+    QTextCharFormat formatOf(const id& attributes) const;
     void insertRuns(QTextCursor& cursor, const NSAttributedString& text, NSRange range);
 
     bool applying_ = false;  // what happens in the document is the view's doing
     int lastPosition_ = 0;
+    int turned_ = 0;  // of the wheel, since the last step of the zoom
+    double scale_ = 1;
     QKeyEvent* key_ = nullptr;
     FindBar* findBar_ = nullptr;
 };

@@ -52,6 +52,16 @@ struct KeyFind {
 constexpr KeyFind kKeyFinds[] = {
     {QKeySequence::Find, 1}, {QKeySequence::Replace, 1}, {QKeySequence::FindNext, 2}, {QKeySequence::FindPrevious, 3}};
 
+// Where the plus sign needs the shift key, its key counts without it too.
+struct KeyZoom {
+    Qt::Key key;
+    const char* command;
+};
+constexpr KeyZoom kKeyZooms[] = {{Qt::Key_Plus, "zoomIn:"},
+                                 {Qt::Key_Equal, "zoomIn:"},
+                                 {Qt::Key_Minus, "zoomOut:"},
+                                 {Qt::Key_0, "resetZoom:"}};
+
 struct Movement {
     const char* command;
     QTextCursor::MoveOperation operation;
@@ -139,6 +149,11 @@ bool TextWidget::pressKey(QKeyEvent& event) {
         if (event.matches(row.key)) return row.edits && !edits ? false : command(row.command);
     }
     const bool plain = !(event.modifiers() & kCommandModifiers);
+    if ((event.modifiers() & kCommandModifiers) == Qt::ControlModifier) {
+        for (const KeyZoom& row : kKeyZooms) {
+            if (event.key() == row.key && command(row.command)) return true;
+        }
+    }
     switch (event.key()) {
     case Qt::Key_Escape:
         if (isFindBarShown()) return command("cancelOperation:");
@@ -216,6 +231,24 @@ bool TextWidget::viewportEvent(QEvent* event) {
     default: break;
     }
     return QPlainTextEdit::viewportEvent(event);
+}
+
+void TextWidget::wheelEvent(QWheelEvent* event) {
+    NSTextView* shown = view();
+    const bool zooms = shown && event->modifiers() == Qt::ControlModifier &&
+                       respondsTo(id(static_cast<NSObject*>(shown)), VELT_SELECTOR("zoomIn:"));
+    if (!zooms) return QPlainTextEdit::wheelEvent(event);
+    const Ref<NSTextView> kept(shown);
+    event->accept();
+    // Fine wheels add up to the steps of coarse ones.
+    const int turn = event->angleDelta().y();
+    if ((turn > 0) != (turned_ > 0)) turned_ = 0;
+    turned_ += turn;
+    for (; std::abs(turned_) >= QWheelEvent::DefaultDeltasPerStep;
+         turned_ -= turned_ > 0 ? QWheelEvent::DefaultDeltasPerStep : -QWheelEvent::DefaultDeltasPerStep) {
+        const bool larger = turned_ > 0;
+        runReported([&] { kept->doCommand(larger ? "zoomIn:"_v : "zoomOut:"_v); });
+    }
 }
 
 void TextWidget::mousePressEvent(QMouseEvent* event) {
