@@ -1,5 +1,5 @@
-// What a person waits for in a shown source editor: a key, opening a file, colours, formatting, replacing, shifting; and
-// what it keeps in memory.
+// What a person waits for in a shown source editor: a key, opening a file, colours, formatting, replacing, shifting;
+// and what it keeps in memory.
 #include "editor_work.h"
 
 #include <QAbstractScrollArea>

@@ -333,5 +333,11 @@ void VLTextView::describe(velt::ClassBuilder<VLTextView>& c) {
         .method("_findPrevious:", &VLTextView::findPrevious)
         .method("_replaceSelection:", &VLTextView::replaceSelection)
         .method("_replace:andFind:", &VLTextView::replaceAndFind)
-        .method("_replaceAll:with:", &VLTextView::replaceAll);
+        .method("_replaceAll:with:", &VLTextView::replaceAll)
+        .method("restoreEdits:", [](const id& self, const id* a) {
+            const Ref<VLTextView> kept(velt::as<VLTextView>(self));
+            const std::shared_ptr<Parts> parts = kept->parts_;
+            if (velt::is<velt::SourceEdits>(a[0])) parts->target.takeBack(velt::as<velt::SourceEdits>(a[0])->edits);
+            return id();
+        });
 }
