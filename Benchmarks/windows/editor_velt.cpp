@@ -4,7 +4,6 @@
 
 #include <QAbstractScrollArea>
 #include <VELTRuntime/VELTRuntimeUI.h>
-#include <malloc.h>
 
 namespace {
 
@@ -93,12 +92,11 @@ void open(const char* path) {
     editor::PaintWatch watch(*shown.widget().viewport());
     form::Steps steps;
     VELT_VLTEXTVIEW_LOAD(shown.view, file);
-    steps.end("loaded");
     watch.begin();
     shown.widget().viewport()->update();
     watch.wait();
-    steps.end("painted");
-    editor::settle();
+    steps.end("open");
+    editor::loadAll();
     malloc_trim(0);
     const auto units = static_cast<double>(shown.editor().textLength());
     std::printf("memory %.3f\n", static_cast<double>(form::residentKilobytes() - before) * 1024 / units);
@@ -114,7 +112,7 @@ template <class Command> void command(const std::string& text, bool hasDelegate,
     const Shown shown(hasDelegate);
     shown.set(text);
     velt::send(shown.view, VELT_SELECTOR("performSyntaxHighlighting::"), shown.view, VELT_ID(static_cast<BOOL>(1)));
-    editor::settle();
+    editor::loadAll();
     form::Steps steps;
     run(shown.view);
     steps.end("done");
@@ -122,7 +120,7 @@ template <class Command> void command(const std::string& text, bool hasDelegate,
     steps.end("painted");
     VELT_NSTEXTVIEW_UNDO(shown.view);
     steps.end("undone");
-    editor::settle();
+    editor::loadAll();
     if (VELT_CBOOL(VELT_NSTEXTVIEW_CANUNDO(shown.view))) std::printf("undone_in_several_steps 1\n");
     if (velt::utf8(VELT_NSTEXTVIEW_VALUE(shown.view)) != text) std::printf("not_undone 1\n");
 }

@@ -6,8 +6,9 @@
 
 #include <QApplication>
 #include <QKeyEvent>
-#include <QStyleHints>
 #include <QWidget>
+#include <iterator>
+#include <malloc.h>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -41,6 +42,11 @@ inline constexpr std::string_view kTyped = "total = amount + 27\nif total > 3 th
 
 inline void settle() {
     for (int i = 0; i < 3; ++i) QApplication::processEvents();
+}
+
+/// A long text comes into the document while nothing else happens.
+inline void loadAll() {
+    for (int i = 0; i < 500; ++i) QApplication::processEvents();
 }
 
 /// Notes when a widget has been painted.
@@ -88,6 +94,48 @@ inline void typeKeys(QWidget& widget, QWidget& painted) {
     std::printf("median %.6f\np99 %.6f\n", times[times.size() / 2], times[times.size() * 99 / 100]);
 }
 
-inline void beStill() { QGuiApplication::styleHints()->setCursorFlashTime(0); }
+inline void beStill() { QApplication::setCursorFlashTime(0); }
+
+/// What a peer does: keys in the middle of a source, a file opened, its whole text coloured. It has functions setText
+/// (UTF-8), goToLine and colour.
+template <class Peer, class Widget> int runPeer(int count, char** arguments) {
+    QApplication application(count, arguments);
+    beStill();
+    const std::string work = count > 2 ? arguments[1] : "";
+    Widget widget;
+    Peer peer(widget);
+    widget.resize(kWidth, kHeight);
+    widget.show();
+    widget.setFocus();
+    settle();
+    if (work == "keys") {
+        const int lines = std::atoi(arguments[2]);
+        peer.setText(source(lines));
+        peer.goToLine(lines / 2);
+        loadAll();
+        typeKeys(widget, *widget.viewport());
+    }
+    if (work == "open") {
+        const long before = form::residentKilobytes();
+        PaintWatch watch(*widget.viewport());
+        form::Steps steps;
+        std::ifstream file(arguments[2]);
+        std::string text(std::istreambuf_iterator<char>(file), {});
+        peer.setText(text);
+        watch.begin();
+        widget.viewport()->update();
+        watch.wait();
+        steps.end("open");
+        const auto units = static_cast<double>(text.size());
+        text = {};
+        loadAll();
+        malloc_trim(0);
+        std::printf("memory %.3f\n", static_cast<double>(form::residentKilobytes() - before) * 1024 / units);
+        form::Steps more;
+        peer.colour();
+        more.end("coloured");
+    }
+    return 0;
+}
 
 }  // namespace editor
