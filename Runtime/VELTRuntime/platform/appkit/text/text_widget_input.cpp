@@ -117,6 +117,7 @@ void TextWidget::keyPressEvent(QKeyEvent* event) {
     NSTextView* shown = view();
     if (!shown) return QPlainTextEdit::keyPressEvent(event);
     const Ref<NSTextView> kept(shown);
+    loadAll();
     runReported([&] { kept->commandBegins(); });
     event->accept();
     QKeyEvent* outer = std::exchange(key_, event);
@@ -176,6 +177,7 @@ bool TextWidget::pressKey(QKeyEvent& event) {
 }
 
 bool TextWidget::move(const QString& command) {
+    loadAll();
     QString name = command.chopped(1);
     const QString extending = QStringLiteral("AndModifySelection");
     const bool extends = name.endsWith(extending);
@@ -189,6 +191,7 @@ bool TextWidget::move(const QString& command) {
 }
 
 void TextWidget::inputMethodEvent(QInputMethodEvent* event) {
+    loadAll();
     NSTextView* shown = view();
     if (!shown || isReadOnly()) return QPlainTextEdit::inputMethodEvent(event);
     const Ref<NSTextView> kept(shown);
@@ -252,6 +255,7 @@ void TextWidget::wheelEvent(QWheelEvent* event) {
 }
 
 void TextWidget::mousePressEvent(QMouseEvent* event) {
+    loadAll();
     if (NSTextView* shown = view()) runReported([&] { shown->commandBegins(); });
     QPlainTextEdit::mousePressEvent(event);
 }
@@ -360,6 +364,7 @@ void TextWidget::insertFromMimeData(const QMimeData* source) {
 }
 
 void TextWidget::dropEvent(QDropEvent* event) {
+    loadAll();
     QDragLeaveEvent leave;
     QPlainTextEdit::dragLeaveEvent(&leave);  // the drop's caret goes
     NSTextView* shown = view();
