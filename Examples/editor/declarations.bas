@@ -181,10 +181,17 @@ Class Declarations
   Function Named(name As String, line As Integer) As Declaration
     Dim seen As NSMutableArray = VisibleIn(line)
     Dim found As Declaration = Nil
+    Dim nearest As Integer = -1
     For i = 0 To seen.Count - 1
       Dim declared As Declaration = seen(i)
       If LCase(declared.name) = LCase(name) Then
-        If found = Nil OrElse (declared.kind = "variable" AndAlso declared.parent <> "") Then found = declared
+        Dim nearness As Integer = 0
+        If declared.owner <> "" Then nearness = 1
+        If declared.kind = "variable" AndAlso declared.parent <> "" Then nearness = 2
+        If nearness > nearest Then
+          found = declared
+          nearest = nearness
+        End If
       End If
     Next
     Return found

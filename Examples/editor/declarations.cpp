@@ -304,51 +304,64 @@ velt::Ref<Declaration> Declarations::named(id name, id line) {
     VELTS("declarations.bas", "Declarations.Named", "183", "");
     velt::Ref<Declaration> found = nullptr;
     VELTS("declarations.bas", "Declarations.Named", "184", "");
+    id nearest = VELT__INTEGER(number(-1));
+    VELTS("declarations.bas", "Declarations.Named", "185", "");
     const id last = VELT_SUB(VELT_NSMUTABLEARRAY_COUNT(seen), number(1));
     for (id i = number(0); VELT_CBOOL(VELT_SMALLEREQUAL(i, last)); i = VELT_ADD(i, number(1))) {
-        VELTS("declarations.bas", "Declarations.Named", "185", "");
-        velt::Ref<Declaration> declared = toDeclaration(VELT_NSMUTABLEARRAY_OBJECT(seen, i));
         VELTS("declarations.bas", "Declarations.Named", "186", "");
+        velt::Ref<Declaration> declared = toDeclaration(VELT_NSMUTABLEARRAY_OBJECT(seen, i));
+        VELTS("declarations.bas", "Declarations.Named", "187", "");
         if (VELT_CBOOL(VELT_EQUAL(VELT_LCASE(declared->name), VELT_LCASE(name)))) {
-            VELTS("declarations.bas", "Declarations.Named", "187", "");
-            if (VELT_CBOOL(VELT_ORELSE(VELT_EQUAL(found, nil), VELT_ANDALSO(VELT_EQUAL(declared->kind, "variable"_v),
-                                                                            VELT_UNEQUAL(declared->parent, ""_v)))))
+            VELTS("declarations.bas", "Declarations.Named", "188", "");
+            id nearness = VELT__INTEGER(number(0));
+            VELTS("declarations.bas", "Declarations.Named", "189", "");
+            if (VELT_CBOOL(VELT_UNEQUAL(declared->owner, ""_v))) nearness = VELT__INTEGER(number(1));
+            VELTS("declarations.bas", "Declarations.Named", "190", "");
+            if (VELT_CBOOL(
+                    VELT_ANDALSO(VELT_EQUAL(declared->kind, "variable"_v), VELT_UNEQUAL(declared->parent, ""_v))))
+                nearness = VELT__INTEGER(number(2));
+            VELTS("declarations.bas", "Declarations.Named", "191", "");
+            if (VELT_CBOOL(VELT_GREATER(nearness, nearest))) {
+                VELTS("declarations.bas", "Declarations.Named", "192", "");
                 found = declared;
+                VELTS("declarations.bas", "Declarations.Named", "193", "");
+                nearest = VELT__INTEGER(nearness);
+            }
         }
     }
-    VELTS("declarations.bas", "Declarations.Named", "190", "");
+    VELTS("declarations.bas", "Declarations.Named", "197", "");
     return found;
 }
 
 id Declarations::membersOf(id className) {
-    VELTS("declarations.bas", "Declarations.MembersOf", "195", "");
+    VELTS("declarations.bas", "Declarations.MembersOf", "202", "");
     id found = VELT__NSMUTABLEARRAY(velt::make<NSMutableArray>());
-    VELTS("declarations.bas", "Declarations.MembersOf", "196", "");
+    VELTS("declarations.bas", "Declarations.MembersOf", "203", "");
     const id last = VELT_SUB(VELT_NSMUTABLEARRAY_COUNT(all), number(1));
     for (id i = number(0); VELT_CBOOL(VELT_SMALLEREQUAL(i, last)); i = VELT_ADD(i, number(1))) {
-        VELTS("declarations.bas", "Declarations.MembersOf", "197", "");
+        VELTS("declarations.bas", "Declarations.MembersOf", "204", "");
         velt::Ref<Declaration> declared = toDeclaration(VELT_NSMUTABLEARRAY_OBJECT(all, i));
-        VELTS("declarations.bas", "Declarations.MembersOf", "198", "");
+        VELTS("declarations.bas", "Declarations.MembersOf", "205", "");
         if (VELT_CBOOL(VELT_ANDALSO(VELT_UNEQUAL(declared->owner, ""_v),
                                     VELT_EQUAL(VELT_LCASE(declared->owner), VELT_LCASE(className)))))
             VELT_NSMUTABLEARRAY_APPEND(found, declared);
     }
-    VELTS("declarations.bas", "Declarations.MembersOf", "200", "");
+    VELTS("declarations.bas", "Declarations.MembersOf", "207", "");
     return VELT__NSMUTABLEARRAY(found);
 }
 
 velt::Ref<Declaration> Declarations::classNamed(id className) {
-    VELTS("declarations.bas", "Declarations.ClassNamed", "205", "");
+    VELTS("declarations.bas", "Declarations.ClassNamed", "212", "");
     const id last = VELT_SUB(VELT_NSMUTABLEARRAY_COUNT(all), number(1));
     for (id i = number(0); VELT_CBOOL(VELT_SMALLEREQUAL(i, last)); i = VELT_ADD(i, number(1))) {
-        VELTS("declarations.bas", "Declarations.ClassNamed", "206", "");
+        VELTS("declarations.bas", "Declarations.ClassNamed", "213", "");
         velt::Ref<Declaration> declared = toDeclaration(VELT_NSMUTABLEARRAY_OBJECT(all, i));
-        VELTS("declarations.bas", "Declarations.ClassNamed", "207", "");
+        VELTS("declarations.bas", "Declarations.ClassNamed", "214", "");
         if (VELT_CBOOL(VELT_ANDALSO(VELT_EQUAL(declared->kind, "class"_v),
                                     VELT_EQUAL(VELT_LCASE(declared->name), VELT_LCASE(className)))))
             return declared;
     }
-    VELTS("declarations.bas", "Declarations.ClassNamed", "209", "");
+    VELTS("declarations.bas", "Declarations.ClassNamed", "216", "");
     return nullptr;
 }
 

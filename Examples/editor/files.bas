@@ -16,7 +16,6 @@ Class SourceEditor Inherits SourceWindow
     For i = 0 To paths.Count - 1
       OpenPath(paths(i))
     Next
-    If sources.Count > 1 Then ShowSource(sources(0))
   End Sub
 
   ' A file that is open already is brought to the front. One that cannot be read changes nothing of what is shown.
@@ -250,6 +249,11 @@ Class SourceEditor Inherits SourceWindow
     AskNext("quit")
     Return 2
   End Function
+
+  ' The files that were named when the program was started are open now; the first one comes first.
+  Sub ApplicationDidFinishLaunching(notification)
+    If sources.Count > 0 Then ShowSource(sources(0))
+  End Sub
 
   Sub ApplicationWillTerminate(notification)
     KeepSettings()

@@ -44,6 +44,7 @@ public:
     id windowShouldClose(id sender);
     void windowWillClose(id notification);
     id applicationShouldTerminate(id sender);
+    void applicationDidFinishLaunching(id notification);
     void applicationWillTerminate(id notification);
     id applicationOpenFile(id application, id path);
     void showKeys(id sender);

@@ -15,7 +15,7 @@ Class FindSheet
   Sub Build(editor, sought As Search)
     owner = editor
     search = sought
-    window = New NSWindow
+    window = New NSPanel
     window.Title = "Find"
     window.ContentSize = Size(500, 190)
     needle = AddField("Find:", 150)
@@ -26,10 +26,10 @@ Class FindSheet
     message = New Label
     message.Frame = Rect(16, 52, 468, 20)
     window.Append(message)
-    AddButton("Next", "findNext:", 398, Character(13))
-    AddButton("Previous", "findPrevious:", 306, "")
-    AddButton("Replace All", "replaceAll:", 214, "")
-    AddButton("Close", "leave:", 16, Character(27))
+    AddButton("Next", "findNext:", 398, 86, Character(13))
+    AddButton("Previous", "findPrevious:", 306, 86, "")
+    AddButton("Replace All", "replaceAll:", 188, 112, "")
+    AddButton("Close", "leave:", 16, 86, Character(27))
     window.InitialFirstResponder = needle
     window.RecalculateKeyViewLoop()
   End Sub
@@ -54,12 +54,12 @@ Class FindSheet
     Return box
   End Function
 
-  Sub AddButton(caption As String, action As String, x As Integer, key As String)
+  Sub AddButton(caption As String, action As String, x As Integer, width As Integer, key As String)
     Dim button As PushButton = New PushButton(Me, "")
     Property(button, "target", Me)
     Property(button, "action", action)
     button.Title = caption
-    button.Frame = Rect(x, 14, 86, 28)
+    button.Frame = Rect(x, 14, width, 28)
     button.KeyEquivalent = key
     window.Append(button)
   End Sub

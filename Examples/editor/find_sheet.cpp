@@ -27,7 +27,7 @@ void FindSheet::build(id editor, velt::Ref<Search> sought) {
     VELTS("find_sheet.bas", "FindSheet.Build", "17", "");
     search = sought;
     VELTS("find_sheet.bas", "FindSheet.Build", "18", "");
-    window = VELT_NSWINDOW_INIT(id(this), "");
+    window = VELT_NSPANEL_INIT(id(this), "");
     VELTS("find_sheet.bas", "FindSheet.Build", "19", "");
     VELT_NSWINDOW_TITLE(window, "Find"_v);
     VELTS("find_sheet.bas", "FindSheet.Build", "20", "");
@@ -50,15 +50,15 @@ void FindSheet::build(id editor, velt::Ref<Search> sought) {
     VELT_NSWINDOW_APPEND(window, message);
     VELTS("find_sheet.bas", "FindSheet.Build", "29", "");
     addButton(VELT__STRING("Next"_v), VELT__STRING("findNext:"_v), VELT__INTEGER(number(398)),
-              VELT__STRING(VELT_CHARACTER(number(13))));
+              VELT__INTEGER(number(86)), VELT__STRING(VELT_CHARACTER(number(13))));
     VELTS("find_sheet.bas", "FindSheet.Build", "30", "");
     addButton(VELT__STRING("Previous"_v), VELT__STRING("findPrevious:"_v), VELT__INTEGER(number(306)),
-              VELT__STRING(""_v));
+              VELT__INTEGER(number(86)), VELT__STRING(""_v));
     VELTS("find_sheet.bas", "FindSheet.Build", "31", "");
-    addButton(VELT__STRING("Replace All"_v), VELT__STRING("replaceAll:"_v), VELT__INTEGER(number(214)),
-              VELT__STRING(""_v));
+    addButton(VELT__STRING("Replace All"_v), VELT__STRING("replaceAll:"_v), VELT__INTEGER(number(188)),
+              VELT__INTEGER(number(112)), VELT__STRING(""_v));
     VELTS("find_sheet.bas", "FindSheet.Build", "32", "");
-    addButton(VELT__STRING("Close"_v), VELT__STRING("leave:"_v), VELT__INTEGER(number(16)),
+    addButton(VELT__STRING("Close"_v), VELT__STRING("leave:"_v), VELT__INTEGER(number(16)), VELT__INTEGER(number(86)),
               VELT__STRING(VELT_CHARACTER(number(27))));
     VELTS("find_sheet.bas", "FindSheet.Build", "33", "");
     VELT_NSWINDOW_INITIALFIRSTRESPONDER(window, needle);
@@ -100,7 +100,7 @@ id FindSheet::addBox(id caption, id x, id width) {
     return box;
 }
 
-void FindSheet::addButton(id caption, id action, id x, id key) {
+void FindSheet::addButton(id caption, id action, id x, id width, id key) {
     VELTS("find_sheet.bas", "FindSheet.AddButton", "58", "");
     id button = VELT_PUSHBUTTON_INIT(id(this), "");
     VELTS("find_sheet.bas", "FindSheet.AddButton", "59", "");
@@ -110,7 +110,7 @@ void FindSheet::addButton(id caption, id action, id x, id key) {
     VELTS("find_sheet.bas", "FindSheet.AddButton", "61", "");
     VELT_NSBUTTON_TITLE(button, caption);
     VELTS("find_sheet.bas", "FindSheet.AddButton", "62", "");
-    VELT_NSVIEW_FRAME(button, VELT_RECT_INIT(nil, "", x, number(14), number(86), number(28)));
+    VELT_NSVIEW_FRAME(button, VELT_RECT_INIT(nil, "", x, number(14), width, number(28)));
     VELTS("find_sheet.bas", "FindSheet.AddButton", "63", "");
     VELT_NSBUTTON_KEYEQUIVLANET(button, key);
     VELTS("find_sheet.bas", "FindSheet.AddButton", "64", "");

@@ -16,7 +16,7 @@ public:
     void build(id editor, velt::Ref<Search> sought);
     id addField(id caption, id y);
     id addBox(id caption, id x, id width);
-    void addButton(id caption, id action, id x, id key);
+    void addButton(id caption, id action, id x, id width, id key);
     void show(id shown);
     void take();
     void answer(id found);

@@ -11,7 +11,7 @@ Class Preferences
   Sub Build(editor, kept As Settings)
     owner = editor
     settings = kept
-    window = New NSWindow
+    window = New NSPanel
     window.Title = "Preferences"
     window.ContentSize = Size(360, 160)
     Dim words As Label = New Label

@@ -21,7 +21,7 @@ void Preferences::build(id editor, velt::Ref<Settings> kept) {
     VELTS("preferences.bas", "Preferences.Build", "13", "");
     settings = kept;
     VELTS("preferences.bas", "Preferences.Build", "14", "");
-    window = VELT_NSWINDOW_INIT(id(this), "");
+    window = VELT_NSPANEL_INIT(id(this), "");
     VELTS("preferences.bas", "Preferences.Build", "15", "");
     VELT_NSWINDOW_TITLE(window, "Preferences"_v);
     VELTS("preferences.bas", "Preferences.Build", "16", "");

@@ -1,7 +1,7 @@
 ' What a person set up, which is there the next time.
 
 Class Settings
-  Public Dim fontSize As Double = 11
+  Public Dim fontSize As Double = 12
   Public Dim formats As Boolean = True
   Public Dim margin As Boolean = True
   Public Dim recent As NSMutableArray = New NSMutableArray
@@ -9,7 +9,7 @@ Class Settings
 
   Sub Restore()
     Dim usual As NSMutableDictionary = New NSMutableDictionary
-    usual("EditorFontSize") = 11.0
+    usual("EditorFontSize") = 12.0
     usual("EditorFormats") = True
     usual("EditorMargin") = True
     usual("EditorRecentFiles") = New NSMutableArray

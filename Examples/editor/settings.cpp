@@ -15,7 +15,7 @@ void Settings::restore() {
     VELTS("settings.bas", "Settings.Restore", "11", "");
     id usual = VELT__NSMUTABLEDICTIONARY(velt::make<NSMutableDictionary>());
     VELTS("settings.bas", "Settings.Restore", "12", "");
-    VELT_NSMUTABLEDICTIONARY_INSERT(usual, "EditorFontSize"_v, VELT_ID(11.0));
+    VELT_NSMUTABLEDICTIONARY_INSERT(usual, "EditorFontSize"_v, VELT_ID(12.0));
     VELTS("settings.bas", "Settings.Restore", "13", "");
     VELT_NSMUTABLEDICTIONARY_INSERT(usual, "EditorFormats"_v, boolean(true));
     VELTS("settings.bas", "Settings.Restore", "14", "");

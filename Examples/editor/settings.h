@@ -9,7 +9,7 @@ class Settings : public NSObject {
     VELT_OBJECT(Settings, NSObject)
 
 public:
-    id fontSize = VELT_ID(11.0), formats = boolean(true), margin = boolean(true);
+    id fontSize = VELT_ID(12.0), formats = boolean(true), margin = boolean(true);
     id recent = velt::make<NSMutableArray>(), frame;
 
     static void describe(velt::ClassBuilder<Settings>& c);
