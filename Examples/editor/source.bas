@@ -103,6 +103,13 @@ Class Source
     Return Mid(text, start, position - start)
   End Function
 
+  ' From 1 on. The view counts the empty line behind the last line end to the line before it.
+  Function LineNumber() As Integer
+    Dim position As Integer = view.Position
+    If position > 0 AndAlso position = Property(view, "textStorage.length") AndAlso LineUpTo(position) = "" Then Return view.Line + 1
+    Return Max(1, view.Line)
+  End Function
+
   ' From 1 on.
   Function Column() As Integer
     Return Len(LineUpTo(view.Position)) + 1
@@ -179,8 +186,8 @@ Class Source
     ReadSource()
     PerformSelector2(view, "getCompletion::", place, view.Value)
     Dim expression As String = Property(view, "sCompletion")
-    If what = "(" Then Return assistant.Signature(expression, view.Line) <> ""
-    Return assistant.Choices(expression, view.Line).Count > 0
+    If what = "(" Then Return assistant.Signature(expression, LineNumber()) <> ""
+    Return assistant.Choices(expression, LineNumber()).Count > 0
   End Function
 
   ' A list of names that is open has nothing to offer behind a name that nobody knows.
@@ -195,12 +202,12 @@ Class Source
   ' What the view asks when it opens a list.
   Function Completion(view, expression As String) As NSMutableArray Alias "__TextView_GetCompletion::"
     ReadSource()
-    Return assistant.Choices(expression, Me.view.Line)
+    Return assistant.Choices(expression, LineNumber())
   End Function
 
   Function ArgumentHelp(view, expression As String) As String Alias "__TextView_GetCompletion2::"
     ReadSource()
-    Return assistant.Signature(expression, Me.view.Line)
+    Return assistant.Signature(expression, LineNumber())
   End Function
 
   Sub Colour()

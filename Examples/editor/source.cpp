@@ -161,173 +161,184 @@ id Source::lineUpTo(id position) {
     return VELT__STRING(VELT_MID(text, start, VELT_SUB(position, start)));
 }
 
+id Source::lineNumber() {
+    VELTS("source.bas", "Source.LineNumber", "108", "");
+    id position = VELT__INTEGER(VELT_VLTEXTVIEW_POSITION(view));
+    VELTS("source.bas", "Source.LineNumber", "109", "");
+    if (VELT_CBOOL(VELT_ANDALSO(VELT_ANDALSO(VELT_GREATER(position, number(0)),
+                                             VELT_EQUAL(position, VELT_PROPERTY(view, "textStorage.length"_v))),
+                                VELT_EQUAL(lineUpTo(VELT__INTEGER(position)), ""_v))))
+        return VELT__INTEGER(VELT_ADD(VELT_VLTEXTVIEW_LINE(view), number(1)));
+    VELTS("source.bas", "Source.LineNumber", "110", "");
+    return VELT__INTEGER(VELT_MAX(number(1), VELT_VLTEXTVIEW_LINE(view)));
+}
+
 id Source::column() {
-    VELTS("source.bas", "Source.Column", "108", "");
+    VELTS("source.bas", "Source.Column", "115", "");
     return VELT__INTEGER(VELT_ADD(VELT_LEN(lineUpTo(VELT__INTEGER(VELT_VLTEXTVIEW_POSITION(view)))), number(1)));
 }
 
 id Source::shouldChange(id, id range, id text) {
-    VELTS("source.bas", "Source.ShouldChange", "113", "");
+    VELTS("source.bas", "Source.ShouldChange", "120", "");
     if (VELT_CBOOL(telling)) return VELT__BOOLEAN(boolean(true));
-    VELTS("source.bas", "Source.ShouldChange", "114", "");
+    VELTS("source.bas", "Source.ShouldChange", "121", "");
     typed = text;
-    VELTS("source.bas", "Source.ShouldChange", "115", "");
+    VELTS("source.bas", "Source.ShouldChange", "122", "");
     place = VELT__INTEGER(VELT_RANGE_LOCATION(range));
-    VELTS("source.bas", "Source.ShouldChange", "116", "");
+    VELTS("source.bas", "Source.ShouldChange", "123", "");
     return VELT__BOOLEAN(boolean(true));
 }
 
 void Source::textDidChange(id) {
-    VELTS("source.bas", "Source.TextDidChange", "120", "");
+    VELTS("source.bas", "Source.TextDidChange", "127", "");
     if (VELT_CBOOL(telling)) return;
-    VELTS("source.bas", "Source.TextDidChange", "121", "");
+    VELTS("source.bas", "Source.TextDidChange", "128", "");
     if (VELT_CBOOL(VELT_NOT(edited))) setEdited(boolean(true));
-    VELTS("source.bas", "Source.TextDidChange", "122", "");
+    VELTS("source.bas", "Source.TextDidChange", "129", "");
     id what = typed;
-    VELTS("source.bas", "Source.TextDidChange", "123", "");
+    VELTS("source.bas", "Source.TextDidChange", "130", "");
     typed = nil;
-    VELTS("source.bas", "Source.TextDidChange", "124", "");
+    VELTS("source.bas", "Source.TextDidChange", "131", "");
     if (VELT_CBOOL(VELT_UNEQUAL(what, nil))) {
-        VELTS("source.bas", "Source.TextDidChange", "125", "");
+        VELTS("source.bas", "Source.TextDidChange", "132", "");
         if (VELT_CBOOL(VELT_EQUAL(VELT_LEN(what), number(1)))) tellOf(VELT__STRING(what));
     }
-    VELTS("source.bas", "Source.TextDidChange", "127", "");
+    VELTS("source.bas", "Source.TextDidChange", "134", "");
     colour();
 }
 
 void Source::tellOf(id what) {
-    VELTS("source.bas", "Source.TellOf", "132", "");
+    VELTS("source.bas", "Source.TellOf", "139", "");
     if (VELT_CBOOL(VELT_EQUAL(what, VELT_CHARACTER(number(10))))) {
-        VELTS("source.bas", "Source.TellOf", "133", "");
+        VELTS("source.bas", "Source.TellOf", "140", "");
         if (VELT_CBOOL(settings->formats)) tell(VELT__STRING(what));
-    } else if (VELTS("source.bas", "Source.TellOf", "134", ""),
+    } else if (VELTS("source.bas", "Source.TellOf", "141", ""),
                VELT_CBOOL(VELT_ORELSE(VELT_EQUAL(what, "."_v), VELT_EQUAL(what, "("_v)))) {
-        VELTS("source.bas", "Source.TellOf", "135", "");
+        VELTS("source.bas", "Source.TellOf", "142", "");
         if (VELT_CBOOL(knowsWhatFollows(VELT__STRING(what)))) {
-            VELTS("source.bas", "Source.TellOf", "136", "");
+            VELTS("source.bas", "Source.TellOf", "143", "");
             tell(VELT__STRING(what));
         } else {
-            VELTS("source.bas", "Source.TellOf", "138", "");
+            VELTS("source.bas", "Source.TellOf", "145", "");
             closeCompletion();
         }
-    } else if (VELTS("source.bas", "Source.TellOf", "140", ""), VELT_CBOOL(VELT_EQUAL(what, " "_v))) {
-        VELTS("source.bas", "Source.TellOf", "141", "");
+    } else if (VELTS("source.bas", "Source.TellOf", "147", ""), VELT_CBOOL(VELT_EQUAL(what, " "_v))) {
+        VELTS("source.bas", "Source.TellOf", "148", "");
         if (VELT_CBOOL(asksForType())) tellOfType();
     } else {
-        VELTS("source.bas", "Source.TellOf", "143", "");
+        VELTS("source.bas", "Source.TellOf", "150", "");
         tell(VELT__STRING(what));
     }
 }
 
 void Source::tell(id what) {
-    VELTS("source.bas", "Source.Tell", "148", "");
+    VELTS("source.bas", "Source.Tell", "155", "");
     id change = VELT__NSMUTABLEARRAY(velt::make<NSMutableArray>());
-    VELTS("source.bas", "Source.Tell", "149", "");
+    VELTS("source.bas", "Source.Tell", "156", "");
     VELT_NSMUTABLEARRAY_APPEND(change, place);
-    VELTS("source.bas", "Source.Tell", "150", "");
+    VELTS("source.bas", "Source.Tell", "157", "");
     VELT_NSMUTABLEARRAY_APPEND(change, what);
-    VELTS("source.bas", "Source.Tell", "151", "");
+    VELTS("source.bas", "Source.Tell", "158", "");
     telling = VELT__BOOLEAN(boolean(true));
-    VELTS("source.bas", "Source.Tell", "152", "");
+    VELTS("source.bas", "Source.Tell", "159", "");
     VELT_NSOBJECT_PERFORMSELECTOR1(view, "_ShouldChangeText:"_v, change);
-    VELTS("source.bas", "Source.Tell", "153", "");
+    VELTS("source.bas", "Source.Tell", "160", "");
     telling = VELT__BOOLEAN(boolean(false));
 }
 
 id Source::asksForType() {
-    VELTS("source.bas", "Source.AsksForType", "157", "");
+    VELTS("source.bas", "Source.AsksForType", "164", "");
     id part = VELT__STRING(lineUpTo(VELT__INTEGER(place)));
-    VELTS("source.bas", "Source.AsksForType", "158", "");
+    VELTS("source.bas", "Source.AsksForType", "165", "");
     return VELT__BOOLEAN(VELT_ANDALSO(VELT_ENDSWITH(part, " as"_v, boolean(false)), goesOnAsCode(VELT__STRING(part))));
 }
 
 void Source::tellOfType() {
-    VELTS("source.bas", "Source.TellOfType", "163", "");
+    VELTS("source.bas", "Source.TellOfType", "170", "");
     readSource();
-    VELTS("source.bas", "Source.TellOfType", "164", "");
+    VELTS("source.bas", "Source.TellOfType", "171", "");
     id types = VELT__NSMUTABLEARRAY(velt::make<NSMutableArray>());
-    VELTS("source.bas", "Source.TellOfType", "165", "");
+    VELTS("source.bas", "Source.TellOfType", "172", "");
     assistant->appendAll(types, assistant->language->types);
-    VELTS("source.bas", "Source.TellOfType", "166", "");
+    VELTS("source.bas", "Source.TellOfType", "173", "");
     assistant->appendClasses(types);
-    VELTS("source.bas", "Source.TellOfType", "167", "");
+    VELTS("source.bas", "Source.TellOfType", "174", "");
     VELT_VLTEXTVIEW_TYPES(view, types);
-    VELTS("source.bas", "Source.TellOfType", "168", "");
+    VELTS("source.bas", "Source.TellOfType", "175", "");
     tell(VELT__STRING(" "_v));
-    VELTS("source.bas", "Source.TellOfType", "169", "");
+    VELTS("source.bas", "Source.TellOfType", "176", "");
     if (VELT_CBOOL(VELT_EQUAL(VELT_PROPERTY(view, "completionTimer"_v), nil)))
         VELT_NSOBJECT_PERFORMSELECTOR0(view, "startCompletionTimer"_v);
 }
 
 void Source::readSource() {
-    VELTS("source.bas", "Source.ReadSource", "173", "");
+    VELTS("source.bas", "Source.ReadSource", "180", "");
     assistant->source->read(VELT__STRING(VELT_NSTEXTVIEW_VALUE(view)));
 }
 
 id Source::knowsWhatFollows(id what) {
-    VELTS("source.bas", "Source.KnowsWhatFollows", "178", "");
+    VELTS("source.bas", "Source.KnowsWhatFollows", "185", "");
     if (VELT_CBOOL(VELT_NOT(goesOnAsCode(VELT__STRING(lineUpTo(VELT__INTEGER(place)))))))
         return VELT__BOOLEAN(boolean(false));
-    VELTS("source.bas", "Source.KnowsWhatFollows", "179", "");
+    VELTS("source.bas", "Source.KnowsWhatFollows", "186", "");
     readSource();
-    VELTS("source.bas", "Source.KnowsWhatFollows", "180", "");
+    VELTS("source.bas", "Source.KnowsWhatFollows", "187", "");
     VELT_NSOBJECT_PERFORMSELECTOR2(view, "getCompletion::"_v, place, VELT_NSTEXTVIEW_VALUE(view));
-    VELTS("source.bas", "Source.KnowsWhatFollows", "181", "");
+    VELTS("source.bas", "Source.KnowsWhatFollows", "188", "");
     id expression = VELT__STRING(VELT_PROPERTY(view, "sCompletion"_v));
-    VELTS("source.bas", "Source.KnowsWhatFollows", "182", "");
+    VELTS("source.bas", "Source.KnowsWhatFollows", "189", "");
     if (VELT_CBOOL(VELT_EQUAL(what, "("_v)))
-        return VELT__BOOLEAN(VELT_UNEQUAL(
-            assistant->signature(VELT__STRING(expression), VELT__INTEGER(VELT_VLTEXTVIEW_LINE(view))), ""_v));
-    VELTS("source.bas", "Source.KnowsWhatFollows", "183", "");
-    return VELT__BOOLEAN(VELT_GREATER(VELT_NSMUTABLEARRAY_COUNT(assistant->choices(
-                                          VELT__STRING(expression), VELT__INTEGER(VELT_VLTEXTVIEW_LINE(view)))),
-                                      number(0)));
+        return VELT__BOOLEAN(
+            VELT_UNEQUAL(assistant->signature(VELT__STRING(expression), VELT__INTEGER(lineNumber())), ""_v));
+    VELTS("source.bas", "Source.KnowsWhatFollows", "190", "");
+    return VELT__BOOLEAN(VELT_GREATER(
+        VELT_NSMUTABLEARRAY_COUNT(assistant->choices(VELT__STRING(expression), VELT__INTEGER(lineNumber()))),
+        number(0)));
 }
 
 void Source::closeCompletion() {
-    VELTS("source.bas", "Source.CloseCompletion", "188", "");
+    VELTS("source.bas", "Source.CloseCompletion", "195", "");
     id open = VELT__NSARRAY(VELT_PROPERTY(view, "runningCompletions"_v));
-    VELTS("source.bas", "Source.CloseCompletion", "189", "");
+    VELTS("source.bas", "Source.CloseCompletion", "196", "");
     if (VELT_CBOOL(VELT_ORELSE(VELT_EQUAL(VELT_NSARRAY_COUNT(open), number(0)), VELT_EQUAL(myFloatingKeyWindow, nil))))
         return;
-    VELTS("source.bas", "Source.CloseCompletion", "190", "");
+    VELTS("source.bas", "Source.CloseCompletion", "197", "");
     if (VELT_CBOOL(VELT_NOT(
             VELT_PROPERTY(VELT_NSARRAY_OBJECT(open, VELT_SUB(VELT_NSARRAY_COUNT(open), number(1))), "bClass"_v))))
         return;
-    VELTS("source.bas", "Source.CloseCompletion", "191", "");
+    VELTS("source.bas", "Source.CloseCompletion", "198", "");
     id list = VELT__NSTABLEVIEW(VELT_PROPERTY(myFloatingKeyWindow, "contentView.documentView"_v));
-    VELTS("source.bas", "Source.CloseCompletion", "192", "");
+    VELTS("source.bas", "Source.CloseCompletion", "199", "");
     VELT_NSOBJECT_PERFORMSELECTOR1(VELT_PROPERTY(list, "dataSource"_v), "cancelOperation:"_v, view);
 }
 
 id Source::completion(id, id expression) {
-    VELTS("source.bas", "Source.Completion", "197", "");
+    VELTS("source.bas", "Source.Completion", "204", "");
     readSource();
-    VELTS("source.bas", "Source.Completion", "198", "");
-    return VELT__NSMUTABLEARRAY(
-        assistant->choices(VELT__STRING(expression), VELT__INTEGER(VELT_VLTEXTVIEW_LINE(view))));
+    VELTS("source.bas", "Source.Completion", "205", "");
+    return VELT__NSMUTABLEARRAY(assistant->choices(VELT__STRING(expression), VELT__INTEGER(lineNumber())));
 }
 
 id Source::argumentHelp(id, id expression) {
-    VELTS("source.bas", "Source.ArgumentHelp", "202", "");
+    VELTS("source.bas", "Source.ArgumentHelp", "209", "");
     readSource();
-    VELTS("source.bas", "Source.ArgumentHelp", "203", "");
-    return VELT__STRING(assistant->signature(VELT__STRING(expression), VELT__INTEGER(VELT_VLTEXTVIEW_LINE(view))));
+    VELTS("source.bas", "Source.ArgumentHelp", "210", "");
+    return VELT__STRING(assistant->signature(VELT__STRING(expression), VELT__INTEGER(lineNumber())));
 }
 
 void Source::colour() {
-    VELTS("source.bas", "Source.Colour", "207", "");
+    VELTS("source.bas", "Source.Colour", "214", "");
     if (VELT_CBOOL(VELT_SMALLER(VELT_PROPERTY(view, "textStorage.length"_v), number(200000)))) {
-        VELTS("source.bas", "Source.Colour", "208", "");
+        VELTS("source.bas", "Source.Colour", "215", "");
         VELT_NSOBJECT_PERFORMSELECTOR2(view, "performSyntaxHighlighting::"_v, view, boolean(true));
     } else {
-        VELTS("source.bas", "Source.Colour", "210", "");
+        VELTS("source.bas", "Source.Colour", "217", "");
         VELT_VLTEXTVIEW_PERFORMSYNTAXHIGHLIGHTING(view);
     }
 }
 
 void Source::textViewDidChangeSelection(id) {
-    VELTS("source.bas", "Source.TextViewDidChangeSelection", "215", "");
+    VELTS("source.bas", "Source.TextViewDidChangeSelection", "222", "");
     VELT_NSOBJECT_PERFORMSELECTOR1(owner, "sourceMoved:"_v, id(this));
 }
 

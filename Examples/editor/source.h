@@ -27,6 +27,7 @@ public:
     void setEdited(id flag);
     id isUntouched();
     id lineUpTo(id position);
+    id lineNumber();
     id column();
 
     id shouldChange(id sender, id range, id text);

@@ -84,7 +84,7 @@ Class SourceWindow
     If shown = Nil Then Return
     window.Title = shown.Name()
     Property(window, "documentEdited", shown.edited)
-    position.StringValue = "Line " & CString(Max(1, shown.view.Line)) & ", column " & CString(shown.Column())
+    position.StringValue = "Line " & CString(shown.LineNumber()) & ", column " & CString(shown.Column())
   End Sub
 
   Sub Say(what As String)
@@ -164,7 +164,7 @@ Class SourceWindow
 
   Sub GoToLine(sender)
     Dim lines As Integer = Count(Current().view.Value, Character(10), True) + 1
-    Dim answer = InputPanel("Go to line", "A number from 1 to " & CString(lines) & ".", CString(Max(1, Current().view.Line)))
+    Dim answer = InputPanel("Go to line", "A number from 1 to " & CString(lines) & ".", CString(Current().LineNumber()))
     If answer = Nil Then Return
     Dim line As Integer = CInteger(Trim(answer))
     If line >= 1 AndAlso line <= lines Then

@@ -157,11 +157,8 @@ void SourceWindow::refresh() {
     VELT_PROPERTY(window, "documentEdited"_v, shown->edited);
     VELTS("window.bas", "SourceWindow.Refresh", "87", "");
     VELT_NSCONTROL_STRINGVALUE(
-        position,
-        VELT_CONCAT(
-            VELT_CONCAT(VELT_CONCAT("Line "_v, VELT_CSTRING(VELT_MAX(number(1), VELT_VLTEXTVIEW_LINE(shown->view)))),
-                        ", column "_v),
-            VELT_CSTRING(shown->column())));
+        position, VELT_CONCAT(VELT_CONCAT(VELT_CONCAT("Line "_v, VELT_CSTRING(shown->lineNumber())), ", column "_v),
+                              VELT_CSTRING(shown->column())));
 }
 
 void SourceWindow::say(id what) {
@@ -270,7 +267,7 @@ void SourceWindow::goToLine(id) {
     VELTS("window.bas", "SourceWindow.GoToLine", "167", "");
     id answer =
         VELT_INPUTPANEL("Go to line"_v, VELT_CONCAT(VELT_CONCAT("A number from 1 to "_v, VELT_CSTRING(lines)), "."_v),
-                        VELT_CSTRING(VELT_MAX(number(1), VELT_VLTEXTVIEW_LINE(current()->view))));
+                        VELT_CSTRING(current()->lineNumber()));
     VELTS("window.bas", "SourceWindow.GoToLine", "168", "");
     if (VELT_CBOOL(VELT_EQUAL(answer, nil))) return;
     VELTS("window.bas", "SourceWindow.GoToLine", "169", "");
