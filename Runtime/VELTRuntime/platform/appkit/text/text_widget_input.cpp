@@ -2,6 +2,7 @@
 #include "VELTRuntime/platform/appkit/event.h"
 #include "VELTRuntime/platform/appkit/event_delivery.h"
 #include "VELTRuntime/platform/appkit/font.h"
+#include "VELTRuntime/platform/appkit/menus/menu_bar.h"
 #include "VELTRuntime/platform/appkit/qt_values.h"
 #include "VELTRuntime/platform/appkit/text/find_bar.h"
 #include "VELTRuntime/platform/appkit/text/rich_text.h"
@@ -17,6 +18,8 @@
 #include <QMenu>
 #include <QMimeData>
 #include <QUrl>
+#include <algorithm>
+#include <iterator>
 
 namespace velt {
 
@@ -44,6 +47,9 @@ constexpr KeyCommand kKeyCommands[] = {
     {QKeySequence::InsertParagraphSeparator, "insertNewline:", true},
     {QKeySequence::InsertLineSeparator, "insertLineBreak:", true},
 };
+
+/// The first so many rows are commands that every program's Edit menu has.
+constexpr std::ptrdiff_t kEverywhere = 6;
 
 struct KeyFind {
     QKeySequence::StandardKey key;
@@ -104,8 +110,12 @@ bool typesText(const QKeyEvent& event) {
 
 bool TextWidget::event(QEvent* event) {
     if (event->type() == QEvent::ShortcutOverride) {
-        // Menus of the program come first where the text has nothing to do with the key.
+        // The program's own use of a key comes first; what everyone undoes, copies and pastes with means the same
+        // there.
         const auto& key = static_cast<QKeyEvent&>(*event);
+        const bool isEverywhere = std::any_of(std::begin(kKeyCommands), std::begin(kKeyCommands) + kEverywhere,
+                                              [&](const KeyCommand& row) { return key.matches(row.key); });
+        if (!isEverywhere && (key.modifiers() & kCommandModifiers) && mainMenuHasKey(key)) return event->ignore(), true;
         for (const KeyFind& find : kKeyFinds) {
             if (key.matches(find.key)) return event->accept(), true;
         }
