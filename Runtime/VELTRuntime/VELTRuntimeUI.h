@@ -2,6 +2,7 @@
 #pragma once
 
 #include "VELTRuntime/VELTRuntime.h"
+#include "VLPreferences.h"
 #include "VELTRuntime/editor/view/completion_list.h"
 #include "VELTRuntime/editor/view/running_completion.h"
 #include "VELTRuntime/editor/view/source_view.h"
@@ -37,7 +38,9 @@
 #include "VELTRuntime/platform/appkit/text/text_view.h"
 #include "VELTRuntime/platform/appkit/toolbars/toolbar.h"
 #include "VELTRuntime/platform/appkit/view.h"
+#include "VELTRuntime/platform/appkit/view_animation.h"
 #include "VELTRuntime/platform/appkit/window.h"
+#include "VELTRuntime/platform/appkit/window_controller.h"
 #include "VELTRuntime/ui/applications.h"
 #include "VELTRuntime/ui/browsers.h"
 #include "VELTRuntime/ui/buttons.h"
