@@ -17,9 +17,9 @@ protected:
         ASSERT_TRUE(program_.window().exists());
         said_ = program_.window().find("text", "All rows");
         ASSERT_TRUE(says("Ash Birch Cedar Elm | Iris Lily"));
-        ASSERT_TRUE(waitFor([&] { return row("Lily").isValid(); }));
+        ASSERT_TRUE(waitFor([&] { return row("Lily").isValid(); })) << program_.window().tree();
     }
-    QRect row(const char* name) const { return program_.window().find("table cell", name).extents(); }
+    QRect row(const char* name) const { return program_.window().find("cell", name).extents(); }
     bool says(const char* rows) const {
         return waitFor([&] { return said_.text() == rows; });
     }
