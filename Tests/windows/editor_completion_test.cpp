@@ -6,7 +6,6 @@
 #include <QClipboard>
 #include <QGuiApplication>
 #include <QTableView>
-#include <QTimer>
 
 using namespace velt::test;
 using velt::Ref;
@@ -57,27 +56,7 @@ protected:
     void SetUp() override { VELT_NSTEXTVIEW_DELEGATE(shown.view, host); }
     void TearDown() override { velt::send(shown.view, "stopCompletionTimer"); }
 
-    /// Lets a person work a popup once it is open; the keys are pressed while it runs.
-    template <class Work> void whenOpen(Work&& work) {
-        bool worked = false;
-        QTimer watch;
-        watch.setInterval(5);
-        QObject::connect(&watch, &QTimer::timeout, [&] {
-            if (myFloatingKeyWindow.isNil() || worked) return;
-            worked = true;
-            work();
-        });
-        watch.start();
-        QTimer::singleShot(8000, &watch, [&] {
-            if (!myFloatingKeyWindow.isNil()) QTest::keyClick(shown.widget, Qt::Key_Escape);
-        });
-        QElapsedTimer clock;
-        clock.start();
-        while ((!worked || !myFloatingKeyWindow.isNil()) && clock.elapsed() < 8000)
-            velt::RunLoop::current().runOnce(0.02);
-        EXPECT_TRUE(worked);
-        EXPECT_TRUE(myFloatingKeyWindow.isNil());
-    }
+    void whenOpen(const std::function<void()>& work) { workCompletion(*shown.widget, work); }
     QTableView* list() const { return velt::as<NSWindow>(myFloatingKeyWindow)->widget().findChild<QTableView*>(); }
     std::string rows() const {
         std::string text;

@@ -5,8 +5,11 @@
 
 #include "VELTRuntime/editor/view/editor_state.h"
 #include "VELTRuntime/platform/foundation/array.h"
+#include "VELTRuntime/platform/foundation/run_loop.h"
 
+#include <QElapsedTimer>
 #include <QPlainTextEdit>
+#include <QTimer>
 #include <functional>
 #include <initializer_list>
 
@@ -23,6 +26,30 @@ inline void giveWords(const id& view) {
     VELT_VLTEXTVIEW_KEYWORDS(view, wordArray({"if", "then", "else", "End", "sub", "dim", "as", "print"}));
     VELT_VLTEXTVIEW_COMMANDS(view, wordArray({"Left", "Mid"}));
     VELT_VLTEXTVIEW_TYPES(view, wordArray({"String", "Integer", "Date"}));
+}
+
+/// Lets a person work the list of a completion once it is open; the keys are pressed while it runs. Returns when it is
+/// closed.
+inline void workCompletion(QWidget& editor, const std::function<void()>& work) {
+    constexpr int kLongest = 8000, kOften = 2;  // milliseconds
+    bool worked = false;
+    QTimer watch;
+    QObject::connect(&watch, &QTimer::timeout, [&] {
+        if (myFloatingKeyWindow.isNil() || worked) return;
+        worked = true;
+        work();
+    });
+    watch.start(kOften);
+    QTimer::singleShot(kLongest, &watch, [&] {
+        if (!myFloatingKeyWindow.isNil()) QTest::keyClick(&editor, Qt::Key_Escape);
+    });
+    QElapsedTimer clock;
+    clock.start();
+    while ((!worked || !myFloatingKeyWindow.isNil()) && clock.elapsed() < kLongest) {
+        RunLoop::current().runOnce(0.02);
+    }
+    EXPECT_TRUE(worked);
+    EXPECT_TRUE(myFloatingKeyWindow.isNil());
 }
 
 /// A development environment: tells the editor of what was typed, as its delegate, and writes down what it hears.

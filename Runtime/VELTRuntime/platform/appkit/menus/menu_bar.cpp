@@ -1,14 +1,17 @@
 #include "VELTRuntime/platform/appkit/menus/menu_bar.h"
 
 #include "VELTRuntime/platform/appkit/application.h"
+#include "VELTRuntime/platform/appkit/menus/key_equivalents.h"
 #include "VELTRuntime/platform/appkit/menus/menu.h"
 #include "VELTRuntime/platform/appkit/panel.h"
 #include "VELTRuntime/platform/appkit/window.h"
 
 #include <QApplication>
+#include <QKeyEvent>
 #include <QMainWindow>
 #include <QMenuBar>
 #include <QPointer>
+#include <algorithm>
 
 namespace velt {
 
@@ -27,6 +30,15 @@ public:
 private:
     QPointer<QWidget> before_;
 };
+
+bool hasKey(const NSMenu& menu, const QKeySequence& pressed) {
+    return std::any_of(menu.items().begin(), menu.items().end(), [&](const Ref<NSMenuItem>& item) {
+        if (item->isHidden()) return false;
+        const id within = item->submenu();
+        if (is<NSMenu>(within)) return hasKey(*as<NSMenu>(within), pressed);
+        return shortcutOf(item->keyEquivalent(), item->keyEquivalentModifierMask()) == pressed;
+    });
+}
 
 }  // namespace
 
@@ -54,6 +66,11 @@ void showMainMenu(NSWindow& window) {
         menu.addHost(*widget.menuWidget());
         widget.menuWidget()->setVisible(true);
     });
+}
+
+bool mainMenuHasKey(const QKeyEvent& pressed) {
+    const id main = NSApplication::sharedApplication().mainMenu();
+    return is<NSMenu>(main) && hasKey(*as<NSMenu>(main), QKeySequence(pressed.keyCombination()));
 }
 
 void hideMainMenu(const id& menu) {

@@ -5,6 +5,7 @@
 
 class NSMenu;
 class NSWindow;
+class QKeyEvent;
 class QWidget;
 
 namespace velt {
@@ -15,6 +16,9 @@ void showMainMenu(NSWindow& window);
 /// Who has the keyboard where a widget of the toolkit has it (null: nobody): a menu bar that is worked by keys has it
 /// only in passing, and what is chosen from it is meant for who had it before.
 QWidget* behindMenuBar(QWidget* focus);
+
+/// An item of the main menu has that key.
+bool mainMenuHasKey(const QKeyEvent& pressed);
 
 /// The main menu is another one: the windows that show the one before take it away.
 void hideMainMenu(const id& menu);

@@ -2,6 +2,7 @@
 #include "VELTRuntime/platform/appkit/event.h"
 #include "VELTRuntime/platform/appkit/event_delivery.h"
 #include "VELTRuntime/platform/appkit/font.h"
+#include "VELTRuntime/platform/appkit/menus/menu_bar.h"
 #include "VELTRuntime/platform/appkit/qt_values.h"
 #include "VELTRuntime/platform/appkit/text/find_bar.h"
 #include "VELTRuntime/platform/appkit/text/rich_text.h"
@@ -17,6 +18,8 @@
 #include <QMenu>
 #include <QMimeData>
 #include <QUrl>
+#include <algorithm>
+#include <iterator>
 
 namespace velt {
 
@@ -45,12 +48,25 @@ constexpr KeyCommand kKeyCommands[] = {
     {QKeySequence::InsertLineSeparator, "insertLineBreak:", true},
 };
 
+/// The first so many rows are commands that every program's Edit menu has.
+constexpr std::ptrdiff_t kEverywhere = 6;
+
 struct KeyFind {
     QKeySequence::StandardKey key;
     long action;
 };
 constexpr KeyFind kKeyFinds[] = {
     {QKeySequence::Find, 1}, {QKeySequence::Replace, 1}, {QKeySequence::FindNext, 2}, {QKeySequence::FindPrevious, 3}};
+
+// Where the plus sign needs the shift key, its key counts without it too.
+struct KeyZoom {
+    Qt::Key key;
+    const char* command;
+};
+constexpr KeyZoom kKeyZooms[] = {{Qt::Key_Plus, "zoomIn:"},
+                                 {Qt::Key_Equal, "zoomIn:"},
+                                 {Qt::Key_Minus, "zoomOut:"},
+                                 {Qt::Key_0, "resetZoom:"}};
 
 struct Movement {
     const char* command;
@@ -94,8 +110,12 @@ bool typesText(const QKeyEvent& event) {
 
 bool TextWidget::event(QEvent* event) {
     if (event->type() == QEvent::ShortcutOverride) {
-        // Menus of the program come first where the text has nothing to do with the key.
+        // The program's own use of a key comes first; what everyone undoes, copies and pastes with means the same
+        // there.
         const auto& key = static_cast<QKeyEvent&>(*event);
+        const bool isEverywhere = std::any_of(std::begin(kKeyCommands), std::begin(kKeyCommands) + kEverywhere,
+                                              [&](const KeyCommand& row) { return key.matches(row.key); });
+        if (!isEverywhere && (key.modifiers() & kCommandModifiers) && mainMenuHasKey(key)) return event->ignore(), true;
         for (const KeyFind& find : kKeyFinds) {
             if (key.matches(find.key)) return event->accept(), true;
         }
@@ -107,6 +127,7 @@ void TextWidget::keyPressEvent(QKeyEvent* event) {
     NSTextView* shown = view();
     if (!shown) return QPlainTextEdit::keyPressEvent(event);
     const Ref<NSTextView> kept(shown);
+    loadAll();
     runReported([&] { kept->commandBegins(); });
     event->accept();
     QKeyEvent* outer = std::exchange(key_, event);
@@ -139,6 +160,11 @@ bool TextWidget::pressKey(QKeyEvent& event) {
         if (event.matches(row.key)) return row.edits && !edits ? false : command(row.command);
     }
     const bool plain = !(event.modifiers() & kCommandModifiers);
+    if ((event.modifiers() & kCommandModifiers) == Qt::ControlModifier) {
+        for (const KeyZoom& row : kKeyZooms) {
+            if (event.key() == row.key && command(row.command)) return true;
+        }
+    }
     switch (event.key()) {
     case Qt::Key_Escape:
         if (isFindBarShown()) return command("cancelOperation:");
@@ -161,6 +187,7 @@ bool TextWidget::pressKey(QKeyEvent& event) {
 }
 
 bool TextWidget::move(const QString& command) {
+    loadAll();
     QString name = command.chopped(1);
     const QString extending = QStringLiteral("AndModifySelection");
     const bool extends = name.endsWith(extending);
@@ -174,6 +201,7 @@ bool TextWidget::move(const QString& command) {
 }
 
 void TextWidget::inputMethodEvent(QInputMethodEvent* event) {
+    loadAll();
     NSTextView* shown = view();
     if (!shown || isReadOnly()) return QPlainTextEdit::inputMethodEvent(event);
     const Ref<NSTextView> kept(shown);
@@ -218,7 +246,26 @@ bool TextWidget::viewportEvent(QEvent* event) {
     return QPlainTextEdit::viewportEvent(event);
 }
 
+void TextWidget::wheelEvent(QWheelEvent* event) {
+    NSTextView* shown = view();
+    const bool zooms = shown && event->modifiers() == Qt::ControlModifier &&
+                       respondsTo(id(static_cast<NSObject*>(shown)), VELT_SELECTOR("zoomIn:"));
+    if (!zooms) return QPlainTextEdit::wheelEvent(event);
+    const Ref<NSTextView> kept(shown);
+    event->accept();
+    // Fine wheels add up to the steps of coarse ones.
+    const int turn = event->angleDelta().y();
+    if ((turn > 0) != (turned_ > 0)) turned_ = 0;
+    turned_ += turn;
+    for (; std::abs(turned_) >= QWheelEvent::DefaultDeltasPerStep;
+         turned_ -= turned_ > 0 ? QWheelEvent::DefaultDeltasPerStep : -QWheelEvent::DefaultDeltasPerStep) {
+        const bool larger = turned_ > 0;
+        runReported([&] { kept->doCommand(larger ? "zoomIn:"_v : "zoomOut:"_v); });
+    }
+}
+
 void TextWidget::mousePressEvent(QMouseEvent* event) {
+    loadAll();
     if (NSTextView* shown = view()) runReported([&] { shown->commandBegins(); });
     QPlainTextEdit::mousePressEvent(event);
 }
@@ -327,6 +374,7 @@ void TextWidget::insertFromMimeData(const QMimeData* source) {
 }
 
 void TextWidget::dropEvent(QDropEvent* event) {
+    loadAll();
     QDragLeaveEvent leave;
     QPlainTextEdit::dragLeaveEvent(&leave);  // the drop's caret goes
     NSTextView* shown = view();

@@ -1,0 +1,14 @@
+// source_text.bas: pieces of source text.
+#pragma once
+
+#include "editor/values.h"
+
+namespace editor {
+
+id isWordUnit(id unit);
+id firstWord(id text);
+id withoutComment(id line);
+id goesOnAsCode(id part);
+id lastLine(id text);
+
+}  // namespace editor
