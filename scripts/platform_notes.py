@@ -19,12 +19,13 @@ class PlatformNotes:
         self.members = {}  # (class, member): comment
         self.classes = {}  # class: comment
         self.selectors = {}  # (class, selector): member
+        paths = list(HEADERS.parent.glob("*.*"))  # what programs include by its bare name
         for folder in FOLDERS:
-            for path in sorted((HEADERS / folder).rglob("*")) if (HEADERS / folder).is_dir() else []:
-                if path.suffix == ".h":
-                    self._read_header(path.read_text())
-                if path.suffix in (".h", ".cpp"):
-                    self._read_descriptions(path.read_text())
+            paths += (HEADERS / folder).rglob("*") if (HEADERS / folder).is_dir() else []
+        for path in sorted(path for path in paths if path.suffix in (".h", ".cpp")):
+            if path.suffix == ".h":
+                self._read_header(path.read_text())
+            self._read_descriptions(path.read_text())
 
     def _read_header(self, text):
         for name, superclass in re.findall(r"VELT_OBJECT\((\w+), (\w+)\)", text):
