@@ -70,9 +70,7 @@ class OwnEditor : public VLTextView {
 
 public:
     void clicked(long line) { heard.push_back(line); }
-    static void describe(velt::ClassBuilder<OwnEditor>& c) {
-        c.method("toggleBreakpointAtLine:", &OwnEditor::clicked);
-    }
+    static void describe(velt::ClassBuilder<OwnEditor>& c) { c.method("toggleBreakpointAtLine:", &OwnEditor::clicked); }
     std::vector<long> heard;
 };
 
@@ -81,7 +79,7 @@ public:
 TEST(EditorMargins, AreShownWhenAskedFor) {
     const EditorWindow plain("print 1\n");
     EXPECT_VALUE("c 0", velt::send(plain.view, "showsLineNumbers"));
-    EXPECT_EQ(0, plain.widget->viewport()->x());
+    EXPECT_EQ(plain.widget->width(), plain.widget->viewport()->width());
     const MarginWindow shown("print 1\n");
     EXPECT_VALUE("c 1", velt::send(shown.view, "showsLineNumbers"));
     ASSERT_TRUE(shown.margin());
@@ -117,6 +115,7 @@ TEST(EditorMargins, LieWhereReadingBegins) {
         const MarginWindow shown("print 1\nprint 2\n");
         ASSERT_TRUE(shown.margin());
         const QRect margin = shown.margin()->geometry(), text = shown.widget->viewport()->geometry();
+        EXPECT_TRUE(shown.widget->rect().contains(margin));
         if (direction == Qt::LeftToRight) {
             EXPECT_EQ(text.left(), margin.right() + 1);
         } else {
@@ -134,9 +133,7 @@ TEST(EditorMargins, GrowWithTheNumbers) {
     VELT_NSTEXTVIEW_VALUE(shown.view, str(lines(1200)));
     QApplication::processEvents();
     EXPECT_LT(before, shown.margin()->width());
-    EXPECT_EQ(shown.widget->viewport()->x() + shown.widget->viewport()->width(),
-              shown.widget->isRightToLeft() ? shown.margin()->x()
-                                    : shown.margin()->width() + shown.widget->viewport()->width());
+    EXPECT_FALSE(shown.margin()->geometry().intersects(shown.widget->viewport()->geometry()));
     VELT_NSTEXTVIEW_VALUE(shown.view, str(lines(3)));
     QApplication::processEvents();
     EXPECT_EQ(before, shown.margin()->width());

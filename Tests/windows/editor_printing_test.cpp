@@ -25,7 +25,8 @@ id sourceView(std::string_view text, NSRect frame = {{0, 0}, {500, 300}}) {
 }
 
 void printQuietly(const id& view) {
-    EXPECT_VALUE("nil", VELT_VLTEXTVIEW_PRINTSHOWINGPRINTPANEL(view, str("Calculator"), str("main.source"), boolean(false)));
+    EXPECT_VALUE("nil",
+                 VELT_VLTEXTVIEW_PRINTSHOWINGPRINTPANEL(view, str("Calculator"), str("main.source"), boolean(false)));
 }
 
 /// All lines of all pages without their headers.
@@ -45,8 +46,9 @@ TEST(PrintedSources, HaveAllTheirLinesAndAHeaderOnEachPage) {
     ASSERT_EQ(5U, pages.size());
     for (std::size_t i = 0; i < pages.size(); ++i) {
         const std::string header = pages[i][0].trimmed().toStdString();
-        const std::regex expected("Calculator / main\\.source +\\d{4}-\\d\\d-\\d\\d \\d\\d:\\d\\d:\\d\\d \\+0000 +Page " +
-                                  std::to_string(i + 1));
+        const std::regex expected(
+            "Calculator / main\\.source +\\d{4}-\\d\\d-\\d\\d \\d\\d:\\d\\d:\\d\\d \\+0000 +Page " +
+            std::to_string(i + 1));
         EXPECT_TRUE(std::regex_match(header, expected)) << header;
         if (i < 4) {
             EXPECT_EQ(pages[0].size(), pages[i].size()) << "pages are filled";

@@ -67,8 +67,8 @@ inline std::vector<PrintedWord> wordsIn(const std::string& path) {
         if (line.contains("<page")) ++page;
         const QRegularExpressionMatch found = word.match(line);
         if (!found.hasMatch()) continue;
-        words.push_back({page, found.captured(1).toDouble(), found.captured(2).toDouble(),
-                         found.captured(3).toDouble(), found.captured(4).toDouble(), found.captured(5)});
+        words.push_back({page, found.captured(1).toDouble(), found.captured(2).toDouble(), found.captured(3).toDouble(),
+                         found.captured(4).toDouble(), found.captured(5)});
     }
     return words;
 }
@@ -77,7 +77,8 @@ inline std::vector<PrintedWord> wordsIn(const std::string& path) {
 inline QImage pageImage(const std::string& path, int page = 1) {
     const TemporaryFolder folder;
     const QString to = QString::fromStdString(folder.file("page")), number = QString::number(page);
-    toldBy("pdftoppm", {"-r", "72", "-png", "-singlefile", "-f", number, "-l", number, QString::fromStdString(path), to});
+    toldBy("pdftoppm",
+           {"-r", "72", "-png", "-singlefile", "-f", number, "-l", number, QString::fromStdString(path), to});
     return QImage(to + ".png");
 }
 

@@ -50,8 +50,8 @@ private:
 
 /// Prints a view by an operation of its own; whether it was done.
 bool print(NSView& view, const id& info = nil, bool asks = false) {
-    const id operation = velt::send(NSPrintOperation::entry().object(), "printOperationWithView:printInfo:",
-                                    id(static_cast<NSObject*>(&view)), info);
+    const id operation = velt::send(NSPrintOperation::entry().object(),
+                                    "printOperationWithView:printInfo:", id(static_cast<NSObject*>(&view)), info);
     velt::send(operation, "setShowsPrintPanel:", boolean(asks));
     const bool done = VELT_CBOOL(velt::send(operation, "runOperation"));
     EXPECT_VALUE("q 0", velt::send(operation, "currentPage"));

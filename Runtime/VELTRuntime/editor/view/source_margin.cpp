@@ -44,8 +44,7 @@ void SourceMargin::leave() {
     text_.disconnect(this);
     text_.removeEventFilter(this);
     text_.viewport()->removeEventFilter(this);
-    const QMargins margins = text_.viewportMargins();
-    text_.setViewportMargins(0, margins.top(), margins.right(), margins.bottom());
+    takeRoom(0);
     hide();
     setParent(nullptr);
     deleteLater();
@@ -74,11 +73,18 @@ int SourceMargin::wantedWidth() const {
     return markWidth() + std::max(digits, kFewestDigits) * digit + 2 * kGap;
 }
 
+/// Before the text, in whatever direction the desktop reads. The toolkit itself does not turn these margins.
+void SourceMargin::takeRoom(int width) {
+    QMargins margins = text_.viewportMargins();
+    margins.setLeft(text_.isRightToLeft() ? 0 : width);
+    margins.setRight(text_.isRightToLeft() ? width : 0);
+    if (margins == text_.viewportMargins()) return;
+    text_.setViewportMargins(margins.left(), margins.top(), margins.right(), margins.bottom());
+}
+
 void SourceMargin::place() {
     const int width = wantedWidth();
-    const QMargins margins = text_.viewportMargins();
-    if (margins.left() != width) text_.setViewportMargins(width, margins.top(), margins.right(), margins.bottom());
-    // Before the text, in whatever direction the desktop reads.
+    takeRoom(width);
     const QRect beside = text_.viewport()->geometry();
     const int left = text_.isRightToLeft() ? beside.right() + 1 : beside.left() - width;
     setGeometry(left, beside.top(), width, beside.height());
@@ -184,7 +190,8 @@ void SourceMargin::describe(const std::vector<std::size_t>& broken) {
     if (!QAccessible::isActive()) return;
     QStringList lines;
     for (const std::size_t line : broken) lines.append(QString::number(line + 1));
-    const QString text = lines.isEmpty() ? tr("No breakpoints") : tr("Breakpoints: %1").arg(lines.join(QStringLiteral(", ")));
+    const QString text =
+        lines.isEmpty() ? tr("No breakpoints") : tr("Breakpoints: %1").arg(lines.join(QStringLiteral(", ")));
     if (text != accessibleDescription()) setAccessibleDescription(text);
 }
 
@@ -198,9 +205,7 @@ void SourceMargin::mousePressEvent(QMouseEvent* event) {
     const QRectF place = text_.blockBoundingGeometry(block).translated(text_.contentOffset());
     if (event->position().y() >= place.bottom()) return;  // below the last line
     const std::size_t line = kept->buffer().lineAt(static_cast<std::size_t>(block.position())) + 1;
-    runReported([&] {
-        send(id(kept), VELT_SELECTOR("toggleBreakpointAtLine:"), VELT_ID(static_cast<long>(line)));
-    });
+    runReported([&] { send(id(kept), VELT_SELECTOR("toggleBreakpointAtLine:"), VELT_ID(static_cast<long>(line))); });
 }
 
 // The text scrolls wherever the wheel is turned over it.

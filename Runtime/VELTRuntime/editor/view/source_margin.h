@@ -41,6 +41,7 @@ private:
     static std::vector<std::size_t> linesOf(const VLTextView& view, const id& list);
     int markWidth() const;
     int wantedWidth() const;
+    void takeRoom(int width);
     void place();
     void describe(const std::vector<std::size_t>& broken);
     void drawMark(QPainter& painter, const QRect& place) const;

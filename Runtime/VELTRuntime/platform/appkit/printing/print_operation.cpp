@@ -164,9 +164,10 @@ bool NSPrintOperation::printTo(QPagedPaintDevice& device, const Wishes& wishes) 
     if (!painter.begin(&device)) return false;
     const double scale = device.logicalDpiX() / kPointsPerInch;
     const NSRect content = info->contentRect();
-    const velt::PrintedArea area{device, scale,
-                                 {content.origin.x * scale, content.origin.y * scale, content.size.width * scale,
-                                  content.size.height * scale}};
+    const velt::PrintedArea area{
+        device,
+        scale,
+        {content.origin.x * scale, content.origin.y * scale, content.size.width * scale, content.size.height * scale}};
     const std::unique_ptr<velt::PrintedPages> pages = velt::pagesOf(*view, *info, area);
 
     std::vector<long> order;
@@ -226,8 +227,7 @@ void NSPrintOperation::describe(velt::ClassBuilder<NSPrintOperation>& c) {
     c.property("view", &NSPrintOperation::view)
         .property("printInfo", &NSPrintOperation::printInfo, &NSPrintOperation::setPrintInfo)
         .property("showsPrintPanel", &NSPrintOperation::showsPrintPanel, &NSPrintOperation::setShowsPrintPanel)
-        .property("showsProgressPanel", &NSPrintOperation::showsProgressPanel,
-                  &NSPrintOperation::setShowsProgressPanel)
+        .property("showsProgressPanel", &NSPrintOperation::showsProgressPanel, &NSPrintOperation::setShowsProgressPanel)
         .property("jobTitle", &NSPrintOperation::jobTitle, &NSPrintOperation::setJobTitle)
         .property("currentPage", &NSPrintOperation::currentPage)
         .method("runOperation", &NSPrintOperation::runOperation)

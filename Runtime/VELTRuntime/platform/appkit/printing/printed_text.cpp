@@ -88,7 +88,8 @@ void PrintedText::paginate(bool goesOn) {
     pages_.push_back({});
     for (std::size_t at = 0;;) {
         const Paragraph paragraph = paragraphAt(at);
-        if (isLast(paragraph) && paragraph.begin == paragraph.end && at > 0) return;  // nothing behind the last line end
+        if (isLast(paragraph) && paragraph.begin == paragraph.end && at > 0)
+            return;  // nothing behind the last line end
         const std::unique_ptr<QTextLayout> layout = layoutOf(paragraph);
         for (int i = 0; i < layout->lineCount(); ++i) {
             const double height = layout->lineAt(i).height();

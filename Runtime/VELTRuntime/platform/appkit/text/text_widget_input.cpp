@@ -63,10 +63,8 @@ struct KeyZoom {
     Qt::Key key;
     const char* command;
 };
-constexpr KeyZoom kKeyZooms[] = {{Qt::Key_Plus, "zoomIn:"},
-                                 {Qt::Key_Equal, "zoomIn:"},
-                                 {Qt::Key_Minus, "zoomOut:"},
-                                 {Qt::Key_0, "resetZoom:"}};
+constexpr KeyZoom kKeyZooms[] = {
+    {Qt::Key_Plus, "zoomIn:"}, {Qt::Key_Equal, "zoomIn:"}, {Qt::Key_Minus, "zoomOut:"}, {Qt::Key_0, "resetZoom:"}};
 
 struct Movement {
     const char* command;
