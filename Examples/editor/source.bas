@@ -40,9 +40,11 @@ Class Source
     Dress()
   End Sub
 
-  ' What the settings say of looks.
+  ' What the settings say of looks. The colours of the words are made for white paper, on a dark desktop too.
   Sub Dress()
     view.Font = PerformSelector1(NSFont, "userFixedPitchFontOfSize:", settings.fontSize)
+    Property(view, "backgroundColor", PerformSelector0(NSColor, "whiteColor"))
+    Property(view, "textColor", PerformSelector0(NSColor, "blackColor"))
     If RespondsToSelector(view, "setShowsLineNumbers:") Then PerformSelector1(view, "setShowsLineNumbers:", settings.margin)
     ShowName()
   End Sub

@@ -73,272 +73,276 @@ void Source::dress() {
     VELT_NSTEXTVIEW_FONT(
         view, VELT_NSOBJECT_PERFORMSELECTOR1(ofClass<NSFont>(), "userFixedPitchFontOfSize:"_v, settings->fontSize));
     VELTS("source.bas", "Source.Dress", "46", "");
+    VELT_PROPERTY(view, "backgroundColor"_v, VELT_NSOBJECT_PERFORMSELECTOR0(ofClass<NSColor>(), "whiteColor"_v));
+    VELTS("source.bas", "Source.Dress", "47", "");
+    VELT_PROPERTY(view, "textColor"_v, VELT_NSOBJECT_PERFORMSELECTOR0(ofClass<NSColor>(), "blackColor"_v));
+    VELTS("source.bas", "Source.Dress", "48", "");
     if (VELT_CBOOL(VELT_NSOBJECT_RESPONDSTOSELECTOR(view, "setShowsLineNumbers:"_v)))
         VELT_NSOBJECT_PERFORMSELECTOR1(view, "setShowsLineNumbers:"_v, settings->margin);
-    VELTS("source.bas", "Source.Dress", "47", "");
+    VELTS("source.bas", "Source.Dress", "49", "");
     showName();
 }
 
 id Source::name() {
-    VELTS("source.bas", "Source.Name", "51", "");
+    VELTS("source.bas", "Source.Name", "53", "");
     if (VELT_CBOOL(VELT_EQUAL(path, ""_v))) return VELT__STRING(title);
-    VELTS("source.bas", "Source.Name", "52", "");
+    VELTS("source.bas", "Source.Name", "54", "");
     return VELT__STRING(VELT_FILENAME(path));
 }
 
 void Source::showName() {
-    VELTS("source.bas", "Source.ShowName", "57", "");
-    id label = VELT__STRING(name());
-    VELTS("source.bas", "Source.ShowName", "58", "");
-    if (VELT_CBOOL(edited)) label = VELT__STRING(VELT_CONCAT("• "_v, label));
     VELTS("source.bas", "Source.ShowName", "59", "");
-    VELT_PROPERTY(item, "label"_v, label);
+    id label = VELT__STRING(name());
     VELTS("source.bas", "Source.ShowName", "60", "");
+    if (VELT_CBOOL(edited)) label = VELT__STRING(VELT_CONCAT("• "_v, label));
+    VELTS("source.bas", "Source.ShowName", "61", "");
+    VELT_PROPERTY(item, "label"_v, label);
+    VELTS("source.bas", "Source.ShowName", "62", "");
     VELT_PROPERTY(item, "toolTip"_v, path);
 }
 
 void Source::load(id location) {
-    VELTS("source.bas", "Source.Load", "65", "");
+    VELTS("source.bas", "Source.Load", "67", "");
     telling = VELT__BOOLEAN(boolean(true));
     try {
-        VELTS("source.bas", "Source.Load", "67", "");
+        VELTS("source.bas", "Source.Load", "69", "");
         VELT_VLTEXTVIEW_LOAD(view, location);
     } catch (const NSException&) {
-        VELTS("source.bas", "Source.Load", "69", "");
+        VELTS("source.bas", "Source.Load", "71", "");
         telling = VELT__BOOLEAN(boolean(false));
-        VELTS("source.bas", "Source.Load", "70", "");
+        VELTS("source.bas", "Source.Load", "72", "");
         throw;
     }
-    VELTS("source.bas", "Source.Load", "72", "");
-    telling = VELT__BOOLEAN(boolean(false));
-    VELTS("source.bas", "Source.Load", "73", "");
-    path = VELT__STRING(location);
     VELTS("source.bas", "Source.Load", "74", "");
-    VELT_NSOBJECT_PERFORMSELECTOR2(view, "performSyntaxHighlighting::"_v, view, boolean(true));
+    telling = VELT__BOOLEAN(boolean(false));
     VELTS("source.bas", "Source.Load", "75", "");
+    path = VELT__STRING(location);
+    VELTS("source.bas", "Source.Load", "76", "");
+    VELT_NSOBJECT_PERFORMSELECTOR2(view, "performSyntaxHighlighting::"_v, view, boolean(true));
+    VELTS("source.bas", "Source.Load", "77", "");
     setEdited(boolean(false));
 }
 
 id Source::save(id location) {
-    VELTS("source.bas", "Source.Save", "79", "");
+    VELTS("source.bas", "Source.Save", "81", "");
     if (VELT_CBOOL(VELT_NOT(VELT_VLTEXTVIEW_SAVE(view, location)))) {
-        VELTS("source.bas", "Source.Save", "80", "");
+        VELTS("source.bas", "Source.Save", "82", "");
         VELT_VLTEXTVIEW_FILENAME(view, path);
-        VELTS("source.bas", "Source.Save", "81", "");
+        VELTS("source.bas", "Source.Save", "83", "");
         return VELT__BOOLEAN(boolean(false));
     }
-    VELTS("source.bas", "Source.Save", "83", "");
-    path = VELT__STRING(location);
-    VELTS("source.bas", "Source.Save", "84", "");
-    setEdited(boolean(false));
     VELTS("source.bas", "Source.Save", "85", "");
+    path = VELT__STRING(location);
+    VELTS("source.bas", "Source.Save", "86", "");
+    setEdited(boolean(false));
+    VELTS("source.bas", "Source.Save", "87", "");
     return VELT__BOOLEAN(boolean(true));
 }
 
 void Source::setEdited(id flag) {
-    VELTS("source.bas", "Source.SetEdited", "89", "");
-    edited = VELT__BOOLEAN(flag);
-    VELTS("source.bas", "Source.SetEdited", "90", "");
-    showName();
     VELTS("source.bas", "Source.SetEdited", "91", "");
+    edited = VELT__BOOLEAN(flag);
+    VELTS("source.bas", "Source.SetEdited", "92", "");
+    showName();
+    VELTS("source.bas", "Source.SetEdited", "93", "");
     VELT_NSOBJECT_PERFORMSELECTOR1(owner, "sourceChanged:"_v, id(this));
 }
 
 id Source::isUntouched() {
-    VELTS("source.bas", "Source.IsUntouched", "96", "");
+    VELTS("source.bas", "Source.IsUntouched", "98", "");
     return VELT__BOOLEAN(VELT_ANDALSO(VELT_EQUAL(path, ""_v), VELT_NOT(edited)));
 }
 
 id Source::lineUpTo(id position) {
-    VELTS("source.bas", "Source.LineUpTo", "101", "");
+    VELTS("source.bas", "Source.LineUpTo", "103", "");
     id text = VELT__STRING(VELT_NSTEXTVIEW_VALUE(view));
-    VELTS("source.bas", "Source.LineUpTo", "102", "");
+    VELTS("source.bas", "Source.LineUpTo", "104", "");
     id start =
         VELT__INTEGER(VELT_ADD(VELT_INSTRREV(text, VELT_CHARACTER(number(10)),
                                              VELT_SUB(VELT_SUB(position, VELT_LEN(text)), number(1)), boolean(true)),
                                number(1)));
-    VELTS("source.bas", "Source.LineUpTo", "103", "");
+    VELTS("source.bas", "Source.LineUpTo", "105", "");
     return VELT__STRING(VELT_MID(text, start, VELT_SUB(position, start)));
 }
 
 id Source::lineNumber() {
-    VELTS("source.bas", "Source.LineNumber", "108", "");
+    VELTS("source.bas", "Source.LineNumber", "110", "");
     id position = VELT__INTEGER(VELT_VLTEXTVIEW_POSITION(view));
-    VELTS("source.bas", "Source.LineNumber", "109", "");
+    VELTS("source.bas", "Source.LineNumber", "111", "");
     if (VELT_CBOOL(VELT_ANDALSO(VELT_ANDALSO(VELT_GREATER(position, number(0)),
                                              VELT_EQUAL(position, VELT_PROPERTY(view, "textStorage.length"_v))),
                                 VELT_EQUAL(lineUpTo(VELT__INTEGER(position)), ""_v))))
         return VELT__INTEGER(VELT_ADD(VELT_VLTEXTVIEW_LINE(view), number(1)));
-    VELTS("source.bas", "Source.LineNumber", "110", "");
+    VELTS("source.bas", "Source.LineNumber", "112", "");
     return VELT__INTEGER(VELT_MAX(number(1), VELT_VLTEXTVIEW_LINE(view)));
 }
 
 id Source::column() {
-    VELTS("source.bas", "Source.Column", "115", "");
+    VELTS("source.bas", "Source.Column", "117", "");
     return VELT__INTEGER(VELT_ADD(VELT_LEN(lineUpTo(VELT__INTEGER(VELT_VLTEXTVIEW_POSITION(view)))), number(1)));
 }
 
 id Source::shouldChange(id, id range, id text) {
-    VELTS("source.bas", "Source.ShouldChange", "120", "");
-    if (VELT_CBOOL(telling)) return VELT__BOOLEAN(boolean(true));
-    VELTS("source.bas", "Source.ShouldChange", "121", "");
-    typed = text;
     VELTS("source.bas", "Source.ShouldChange", "122", "");
-    place = VELT__INTEGER(VELT_RANGE_LOCATION(range));
+    if (VELT_CBOOL(telling)) return VELT__BOOLEAN(boolean(true));
     VELTS("source.bas", "Source.ShouldChange", "123", "");
+    typed = text;
+    VELTS("source.bas", "Source.ShouldChange", "124", "");
+    place = VELT__INTEGER(VELT_RANGE_LOCATION(range));
+    VELTS("source.bas", "Source.ShouldChange", "125", "");
     return VELT__BOOLEAN(boolean(true));
 }
 
 void Source::textDidChange(id) {
-    VELTS("source.bas", "Source.TextDidChange", "127", "");
-    if (VELT_CBOOL(telling)) return;
-    VELTS("source.bas", "Source.TextDidChange", "128", "");
-    if (VELT_CBOOL(VELT_NOT(edited))) setEdited(boolean(true));
     VELTS("source.bas", "Source.TextDidChange", "129", "");
-    id what = typed;
+    if (VELT_CBOOL(telling)) return;
     VELTS("source.bas", "Source.TextDidChange", "130", "");
-    typed = nil;
+    if (VELT_CBOOL(VELT_NOT(edited))) setEdited(boolean(true));
     VELTS("source.bas", "Source.TextDidChange", "131", "");
+    id what = typed;
+    VELTS("source.bas", "Source.TextDidChange", "132", "");
+    typed = nil;
+    VELTS("source.bas", "Source.TextDidChange", "133", "");
     if (VELT_CBOOL(VELT_UNEQUAL(what, nil))) {
-        VELTS("source.bas", "Source.TextDidChange", "132", "");
+        VELTS("source.bas", "Source.TextDidChange", "134", "");
         if (VELT_CBOOL(VELT_EQUAL(VELT_LEN(what), number(1)))) tellOf(VELT__STRING(what));
     }
-    VELTS("source.bas", "Source.TextDidChange", "134", "");
+    VELTS("source.bas", "Source.TextDidChange", "136", "");
     colour();
 }
 
 void Source::tellOf(id what) {
-    VELTS("source.bas", "Source.TellOf", "139", "");
+    VELTS("source.bas", "Source.TellOf", "141", "");
     if (VELT_CBOOL(VELT_EQUAL(what, VELT_CHARACTER(number(10))))) {
-        VELTS("source.bas", "Source.TellOf", "140", "");
-        if (VELT_CBOOL(settings->formats)) tell(VELT__STRING(what));
-    } else if (VELTS("source.bas", "Source.TellOf", "141", ""),
-               VELT_CBOOL(VELT_ORELSE(VELT_EQUAL(what, "."_v), VELT_EQUAL(what, "("_v)))) {
         VELTS("source.bas", "Source.TellOf", "142", "");
+        if (VELT_CBOOL(settings->formats)) tell(VELT__STRING(what));
+    } else if (VELTS("source.bas", "Source.TellOf", "143", ""),
+               VELT_CBOOL(VELT_ORELSE(VELT_EQUAL(what, "."_v), VELT_EQUAL(what, "("_v)))) {
+        VELTS("source.bas", "Source.TellOf", "144", "");
         if (VELT_CBOOL(knowsWhatFollows(VELT__STRING(what)))) {
-            VELTS("source.bas", "Source.TellOf", "143", "");
+            VELTS("source.bas", "Source.TellOf", "145", "");
             tell(VELT__STRING(what));
         } else {
-            VELTS("source.bas", "Source.TellOf", "145", "");
+            VELTS("source.bas", "Source.TellOf", "147", "");
             closeCompletion();
         }
-    } else if (VELTS("source.bas", "Source.TellOf", "147", ""), VELT_CBOOL(VELT_EQUAL(what, " "_v))) {
-        VELTS("source.bas", "Source.TellOf", "148", "");
+    } else if (VELTS("source.bas", "Source.TellOf", "149", ""), VELT_CBOOL(VELT_EQUAL(what, " "_v))) {
+        VELTS("source.bas", "Source.TellOf", "150", "");
         if (VELT_CBOOL(asksForType())) tellOfType();
     } else {
-        VELTS("source.bas", "Source.TellOf", "150", "");
+        VELTS("source.bas", "Source.TellOf", "152", "");
         tell(VELT__STRING(what));
     }
 }
 
 void Source::tell(id what) {
-    VELTS("source.bas", "Source.Tell", "155", "");
-    id change = VELT__NSMUTABLEARRAY(velt::make<NSMutableArray>());
-    VELTS("source.bas", "Source.Tell", "156", "");
-    VELT_NSMUTABLEARRAY_APPEND(change, place);
     VELTS("source.bas", "Source.Tell", "157", "");
-    VELT_NSMUTABLEARRAY_APPEND(change, what);
+    id change = VELT__NSMUTABLEARRAY(velt::make<NSMutableArray>());
     VELTS("source.bas", "Source.Tell", "158", "");
-    telling = VELT__BOOLEAN(boolean(true));
+    VELT_NSMUTABLEARRAY_APPEND(change, place);
     VELTS("source.bas", "Source.Tell", "159", "");
-    VELT_NSOBJECT_PERFORMSELECTOR1(view, "_ShouldChangeText:"_v, change);
+    VELT_NSMUTABLEARRAY_APPEND(change, what);
     VELTS("source.bas", "Source.Tell", "160", "");
+    telling = VELT__BOOLEAN(boolean(true));
+    VELTS("source.bas", "Source.Tell", "161", "");
+    VELT_NSOBJECT_PERFORMSELECTOR1(view, "_ShouldChangeText:"_v, change);
+    VELTS("source.bas", "Source.Tell", "162", "");
     telling = VELT__BOOLEAN(boolean(false));
 }
 
 id Source::asksForType() {
-    VELTS("source.bas", "Source.AsksForType", "164", "");
+    VELTS("source.bas", "Source.AsksForType", "166", "");
     id part = VELT__STRING(lineUpTo(VELT__INTEGER(place)));
-    VELTS("source.bas", "Source.AsksForType", "165", "");
+    VELTS("source.bas", "Source.AsksForType", "167", "");
     return VELT__BOOLEAN(VELT_ANDALSO(VELT_ENDSWITH(part, " as"_v, boolean(false)), goesOnAsCode(VELT__STRING(part))));
 }
 
 void Source::tellOfType() {
-    VELTS("source.bas", "Source.TellOfType", "170", "");
-    readSource();
-    VELTS("source.bas", "Source.TellOfType", "171", "");
-    id types = VELT__NSMUTABLEARRAY(velt::make<NSMutableArray>());
     VELTS("source.bas", "Source.TellOfType", "172", "");
-    assistant->appendAll(types, assistant->language->types);
+    readSource();
     VELTS("source.bas", "Source.TellOfType", "173", "");
-    assistant->appendClasses(types);
+    id types = VELT__NSMUTABLEARRAY(velt::make<NSMutableArray>());
     VELTS("source.bas", "Source.TellOfType", "174", "");
-    VELT_VLTEXTVIEW_TYPES(view, types);
+    assistant->appendAll(types, assistant->language->types);
     VELTS("source.bas", "Source.TellOfType", "175", "");
-    tell(VELT__STRING(" "_v));
+    assistant->appendClasses(types);
     VELTS("source.bas", "Source.TellOfType", "176", "");
+    VELT_VLTEXTVIEW_TYPES(view, types);
+    VELTS("source.bas", "Source.TellOfType", "177", "");
+    tell(VELT__STRING(" "_v));
+    VELTS("source.bas", "Source.TellOfType", "178", "");
     if (VELT_CBOOL(VELT_EQUAL(VELT_PROPERTY(view, "completionTimer"_v), nil)))
         VELT_NSOBJECT_PERFORMSELECTOR0(view, "startCompletionTimer"_v);
 }
 
 void Source::readSource() {
-    VELTS("source.bas", "Source.ReadSource", "180", "");
+    VELTS("source.bas", "Source.ReadSource", "182", "");
     assistant->source->read(VELT__STRING(VELT_NSTEXTVIEW_VALUE(view)));
 }
 
 id Source::knowsWhatFollows(id what) {
-    VELTS("source.bas", "Source.KnowsWhatFollows", "185", "");
+    VELTS("source.bas", "Source.KnowsWhatFollows", "187", "");
     if (VELT_CBOOL(VELT_NOT(goesOnAsCode(VELT__STRING(lineUpTo(VELT__INTEGER(place)))))))
         return VELT__BOOLEAN(boolean(false));
-    VELTS("source.bas", "Source.KnowsWhatFollows", "186", "");
-    readSource();
-    VELTS("source.bas", "Source.KnowsWhatFollows", "187", "");
-    VELT_NSOBJECT_PERFORMSELECTOR2(view, "getCompletion::"_v, place, VELT_NSTEXTVIEW_VALUE(view));
     VELTS("source.bas", "Source.KnowsWhatFollows", "188", "");
-    id expression = VELT__STRING(VELT_PROPERTY(view, "sCompletion"_v));
+    readSource();
     VELTS("source.bas", "Source.KnowsWhatFollows", "189", "");
+    VELT_NSOBJECT_PERFORMSELECTOR2(view, "getCompletion::"_v, place, VELT_NSTEXTVIEW_VALUE(view));
+    VELTS("source.bas", "Source.KnowsWhatFollows", "190", "");
+    id expression = VELT__STRING(VELT_PROPERTY(view, "sCompletion"_v));
+    VELTS("source.bas", "Source.KnowsWhatFollows", "191", "");
     if (VELT_CBOOL(VELT_EQUAL(what, "("_v)))
         return VELT__BOOLEAN(
             VELT_UNEQUAL(assistant->signature(VELT__STRING(expression), VELT__INTEGER(lineNumber())), ""_v));
-    VELTS("source.bas", "Source.KnowsWhatFollows", "190", "");
+    VELTS("source.bas", "Source.KnowsWhatFollows", "192", "");
     return VELT__BOOLEAN(VELT_GREATER(
         VELT_NSMUTABLEARRAY_COUNT(assistant->choices(VELT__STRING(expression), VELT__INTEGER(lineNumber()))),
         number(0)));
 }
 
 void Source::closeCompletion() {
-    VELTS("source.bas", "Source.CloseCompletion", "195", "");
+    VELTS("source.bas", "Source.CloseCompletion", "197", "");
     id open = VELT__NSARRAY(VELT_PROPERTY(view, "runningCompletions"_v));
-    VELTS("source.bas", "Source.CloseCompletion", "196", "");
+    VELTS("source.bas", "Source.CloseCompletion", "198", "");
     if (VELT_CBOOL(VELT_ORELSE(VELT_EQUAL(VELT_NSARRAY_COUNT(open), number(0)), VELT_EQUAL(myFloatingKeyWindow, nil))))
         return;
-    VELTS("source.bas", "Source.CloseCompletion", "197", "");
+    VELTS("source.bas", "Source.CloseCompletion", "199", "");
     if (VELT_CBOOL(VELT_NOT(
             VELT_PROPERTY(VELT_NSARRAY_OBJECT(open, VELT_SUB(VELT_NSARRAY_COUNT(open), number(1))), "bClass"_v))))
         return;
-    VELTS("source.bas", "Source.CloseCompletion", "198", "");
+    VELTS("source.bas", "Source.CloseCompletion", "200", "");
     id list = VELT__NSTABLEVIEW(VELT_PROPERTY(myFloatingKeyWindow, "contentView.documentView"_v));
-    VELTS("source.bas", "Source.CloseCompletion", "199", "");
+    VELTS("source.bas", "Source.CloseCompletion", "201", "");
     VELT_NSOBJECT_PERFORMSELECTOR1(VELT_PROPERTY(list, "dataSource"_v), "cancelOperation:"_v, view);
 }
 
 id Source::completion(id, id expression) {
-    VELTS("source.bas", "Source.Completion", "204", "");
+    VELTS("source.bas", "Source.Completion", "206", "");
     readSource();
-    VELTS("source.bas", "Source.Completion", "205", "");
+    VELTS("source.bas", "Source.Completion", "207", "");
     return VELT__NSMUTABLEARRAY(assistant->choices(VELT__STRING(expression), VELT__INTEGER(lineNumber())));
 }
 
 id Source::argumentHelp(id, id expression) {
-    VELTS("source.bas", "Source.ArgumentHelp", "209", "");
+    VELTS("source.bas", "Source.ArgumentHelp", "211", "");
     readSource();
-    VELTS("source.bas", "Source.ArgumentHelp", "210", "");
+    VELTS("source.bas", "Source.ArgumentHelp", "212", "");
     return VELT__STRING(assistant->signature(VELT__STRING(expression), VELT__INTEGER(lineNumber())));
 }
 
 void Source::colour() {
-    VELTS("source.bas", "Source.Colour", "214", "");
+    VELTS("source.bas", "Source.Colour", "216", "");
     if (VELT_CBOOL(VELT_SMALLER(VELT_PROPERTY(view, "textStorage.length"_v), number(200000)))) {
-        VELTS("source.bas", "Source.Colour", "215", "");
+        VELTS("source.bas", "Source.Colour", "217", "");
         VELT_NSOBJECT_PERFORMSELECTOR2(view, "performSyntaxHighlighting::"_v, view, boolean(true));
     } else {
-        VELTS("source.bas", "Source.Colour", "217", "");
+        VELTS("source.bas", "Source.Colour", "219", "");
         VELT_VLTEXTVIEW_PERFORMSYNTAXHIGHLIGHTING(view);
     }
 }
 
 void Source::textViewDidChangeSelection(id) {
-    VELTS("source.bas", "Source.TextViewDidChangeSelection", "222", "");
+    VELTS("source.bas", "Source.TextViewDidChangeSelection", "224", "");
     VELT_NSOBJECT_PERFORMSELECTOR1(owner, "sourceMoved:"_v, id(this));
 }
 

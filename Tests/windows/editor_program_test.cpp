@@ -397,6 +397,7 @@ TEST_F(EditorProgram, GoesToALine) {
             QTest::keyClicks(field, number);
             pressKey(panel, Qt::Key_Return);
         });
+        ASSERT_TRUE(QTest::qWaitFor([this] { return window().isKeyWindow(); }, 2000));
         press(Qt::Key_L, kCommand);
     };
     answer("4");

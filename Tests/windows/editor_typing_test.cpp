@@ -26,7 +26,7 @@ public:
     std::string asked;
 };
 
-class EditorTyping : public testing::Test {
+class TypedPrograms : public testing::Test {
 protected:
     void SetUp() override {
         VELT_NSTEXTVIEW_DELEGATE(shown.view, host);
@@ -100,7 +100,7 @@ protected:
 
 }  // namespace
 
-TEST_F(EditorTyping, EndsAProgramOfTwoHundredLinesAsExpected) {
+TEST_F(TypedPrograms, EndAsExpectedAfterTwoHundredLines) {
     constexpr int kRoutines = 20;
     shown.type("' a program\n");
     std::string expected = "' a program\n";
