@@ -8,6 +8,7 @@
 
 #include <QLocale>
 #include <QPageSize>
+#include <QSizeF>
 #include <QUrl>
 #include <algorithm>
 
