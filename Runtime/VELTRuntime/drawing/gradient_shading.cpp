@@ -147,7 +147,7 @@ QRgb* row(QImage& image, int y) { return reinterpret_cast<QRgb*>(image.scanLine(
 
 /// How the position along an axis changes from dot to dot: position = origin + right x + down y.
 struct Slope {
-    double origin, right, down;
+    double origin = 0, right = 0, down = 0;
 };
 
 Slope slopeOf(const GradientAxis& axis, const QTransform& toDots) {
@@ -169,22 +169,24 @@ bool isFlat(double slope, double other) { return std::abs(slope) * 1e6 < std::ab
 }  // namespace
 
 QBrush axialBrush(const GradientStops& stops, const GradientAxis& axis, const QPainter& painter, const QRectF& area) {
-    if (!hasDots(painter) || isServedByToolkit(stops)) {
+    const bool dotted = hasDots(painter);
+    const auto [origin, right, down] = dotted ? slopeOf(axis, painter.deviceTransform()) : Slope{};
+    const bool rows = dotted && isFlat(down, right), columns = dotted && isFlat(right, down);
+    if (!rows && !columns && (!dotted || isServedByToolkit(stops))) {
         QLinearGradient gradient(qtPoint(axis.from), qtPoint(axis.to));
         return toolkitBrush(gradient, stops, 0);
     }
     const QRect dots = dotsOf(painter, area);
     if (dots.isEmpty()) return {};
-    const auto [origin, right, down] = slopeOf(axis, painter.deviceTransform());
     const double begin = origin + right * (dots.x() + 0.5) + down * (dots.y() + 0.5);
-    // Along the dots' own rows or columns one line serves for all. It is repeated, so that it can be laid in long runs.
-    constexpr int kRun = 64;
-    if (isFlat(down, right)) {
+    // Along the dots' own rows or columns one line serves for all, more exactly than any table and in less time.
+    if (rows) {
         QImage line = blank(dots.width(), 1, stops);
         shadeExactly(stops, begin, right, row(line, 0), dots.width());
         return placed(line, dots.topLeft(), painter);
     }
-    if (isFlat(right, down)) {
+    if (columns) {
+        constexpr int kRun = 64;  // laid side by side in runs that are worth it
         QImage lines = blank(kRun, dots.height(), stops);
         std::vector<QRgb> colors(static_cast<std::size_t>(dots.height()));
         shadeExactly(stops, begin, down, colors.data(), dots.height());
