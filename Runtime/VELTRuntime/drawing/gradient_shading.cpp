@@ -13,7 +13,7 @@ namespace {
 QPointF qtPoint(NSPoint point) { return {point.x, point.y}; }
 
 QRgb dotOf(const GradientColor& color) {
-    const auto byte = [](double part) { return static_cast<int>(part * 255 + 0.5); };
+    const auto byte = [](double part) { return static_cast<int>(std::lround(part * 255)); };
     const double alpha = color.alpha;
     return qRgba(byte(color.red * alpha), byte(color.green * alpha), byte(color.blue * alpha), byte(alpha));
 }
@@ -117,20 +117,21 @@ QBrush placed(const QImage& dots, QPoint origin, const QPainter& painter) {
 class ColorTable {
 public:
     ColorTable(const GradientStops& stops, double dots)
-        : last_(static_cast<float>(std::clamp(dots * 4, 1024.0, 65536.0))) {
-        const auto count = static_cast<std::size_t>(last_) + 1;
-        colors_.reserve(count);
-        for (std::size_t i = 0; i < count; ++i) {
-            colors_.push_back(dotOf(stops.colorAt(static_cast<double>(i) / static_cast<double>(count - 1))));
+        : count_(static_cast<float>(std::clamp(dots * 4, 1024.0, 65536.0))) {
+        // Each stands for the positions up to the next one, with the colour in their middle; the last one for 1 alone.
+        const auto count = static_cast<std::size_t>(count_);
+        colors_.reserve(count + 2);
+        for (std::size_t i = 0; i <= count + 1; ++i) {
+            colors_.push_back(
+                dotOf(stops.colorAt(std::min((static_cast<double>(i) + 0.5) / static_cast<double>(count_), 1.0))));
         }
     }
     QRgb at(float position) const {
-        const float place = std::max(0.0F, std::min(position, 1.0F));
-        return colors_[static_cast<std::size_t>(place * last_ + 0.5F)];
+        return colors_[static_cast<std::size_t>(std::max(0.0F, std::min(position, 1.0F)) * count_)];
     }
 
 private:
-    float last_;
+    float count_;
     std::vector<QRgb> colors_;
 };
 
