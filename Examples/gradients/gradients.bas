@@ -18,15 +18,15 @@ Class Swatches Inherits NSView
     For i = 0 To 10
       If i = chosen Then
         PerformSelector0(PerformSelector0(NSColor, "selectedControlColor"), "set")
-        PerformSelector1(NSBezierPath, "fillRect:", Rect(8, Me.Height - 42 - 37 * i, 164, 34))
+        PerformSelector1(NSBezierPath, "fillRect:", Rect(8, Me.Height - 44 - 36 * i, 164, 34))
       End If
-      PerformSelector1(NewGradient(i), "drawSwatchInRect:", Rect(12, Me.Height - 38 - 37 * i, 156, 26))
+      PerformSelector1(NewGradient(i), "drawSwatchInRect:", Rect(12, Me.Height - 40 - 36 * i, 156, 26))
     Next
   End Sub
 
   Sub MouseDown(event)
     Dim place As Point = PerformSelector2(Me, "convertPoint:fromView:", event.locationInWindow, Nil)
-    Choose((Me.Height - 4 - place.Y) \ 37)
+    Choose((Me.Height - 9 - place.Y) \ 36)
   End Sub
 
   Sub KeyDown(event)

@@ -59,16 +59,16 @@ public:
                                                "set"_v);
                 VELTS("gradients.bas", "Swatches.DrawRect", "21", "");
                 VELT_NSOBJECT_PERFORMSELECTOR1(kPaths, "fillRect:"_v,
-                                               newRect(number(8), placeOf(i, 42), number(164), number(34)));
+                                               newRect(number(8), placeOf(i, 44), number(164), number(34)));
             }
             VELTS("gradients.bas", "Swatches.DrawRect", "23", "");
             VELT_NSOBJECT_PERFORMSELECTOR1(newGradient(VELT__INTEGER(i)), "drawSwatchInRect:"_v,
-                                           newRect(number(12), placeOf(i, 38), number(156), number(26)));
+                                           newRect(number(12), placeOf(i, 40), number(156), number(26)));
         }
     }
-    /// Me.Height - offset - 37 * i
+    /// Me.Height - offset - 36 * i
     id placeOf(const id& i, long offset) {
-        return VELT_SUB(VELT_SUB(VELT_NSVIEW_HEIGHT(id(this)), number(offset)), VELT_MUL(number(37), i));
+        return VELT_SUB(VELT_SUB(VELT_NSVIEW_HEIGHT(id(this)), number(offset)), VELT_MUL(number(36), i));
     }
 
     void mouseDown(id event) {
@@ -77,7 +77,7 @@ public:
                                                   velt::valueForKey(event, "locationInWindow"), nil);
         VELTS("gradients.bas", "Swatches.MouseDown", "29", "");
         choose(VELT__INTEGER(
-            VELT_IDIV(VELT_SUB(VELT_SUB(VELT_NSVIEW_HEIGHT(id(this)), number(4)), VELT_POINT_Y(place)), number(37))));
+            VELT_IDIV(VELT_SUB(VELT_SUB(VELT_NSVIEW_HEIGHT(id(this)), number(9)), VELT_POINT_Y(place)), number(36))));
     }
 
     void keyDown(id event) {

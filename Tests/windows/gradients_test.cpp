@@ -163,7 +163,8 @@ TEST(Gradients, AreReadyMadeUnderTheirNames) {
     for (const Preset& preset : presets) {
         const id made = velt::send(gradientClass(), preset.name);
         EXPECT_EQ(preset.stops, stopsOf(made)) << preset.name;
-        EXPECT_VALUE("q " + std::to_string(preset.mode), velt::send(made, "blendingMode")) << preset.name;
+        EXPECT_VALUE(std::string("q ").append(std::to_string(preset.mode)), velt::send(made, "blendingMode"))
+            << preset.name;
         looks.insert(at(made, 0.1) + at(made, 0.38) + at(made, 0.9));
         EXPECT_TRUE(velt::as<PXGradient>(made)->stops().isOpaque());
     }
