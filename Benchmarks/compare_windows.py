@@ -62,6 +62,7 @@ def main():
                 figures.run(program, [f"{folder}/form_{suffix}", work])
             for work in ("many", "few", "sort", "menu"):
                 figures.run(program, [f"{folder}/tables_{suffix}", work], f"{work} ")
+        figures.run("VELTRuntime", [f"{folder}/gradients_velt"], "gradient ")
         if with_python:
             figures.run("PyQt", [PYTHON, f"{HERE}/windows/form_pyqt.py"])
 
@@ -85,6 +86,14 @@ def main():
               f"| {value('many memory') / 1024:.1f} MB | {value('sort sorted') * 1000:.0f} ms "
               f"| {value('menu built') * 1000:.1f} ms | {value('menu measured') * 1000:.1f} ms |")
 
+    print("\n| gradient at | toolkit | linear | chromatic |\n| --- | ---: | ---: | ---: |")
+    drawn = lambda name: figures.median("VELTRuntime", f"gradient {name}")
+    for angle in (0, 90, 30):
+        own = drawn(f"toolkit{angle}")
+        cells = [f"{drawn(kind + str(angle)):.2f} ms ({drawn(kind + str(angle)) / own:.2f})"
+                 for kind in ("toolkit", "linear", "chromatic")]
+        print(f"| {angle} degrees | {' | '.join(cells)} |")
+
     print()
     total = lambda program: sum(figures.median(program, step) for step in STEPS[:-1])
     own = lambda name: figures.median("VELTRuntime", name)
@@ -100,6 +109,11 @@ def main():
            " MB")
     report("a million rows sorted by a column", own("sort sorted"), 2, " s")
     report("a menu of 10,000 items built", own("menu built") * 1000, 200, " ms")
+    for angle in (0, 90, 30):
+        report(f"a linear gradient at {angle} degrees against Qt's", drawn(f"linear{angle}") / drawn(f"toolkit{angle}"), 1.5)
+        report(f"a chromatic one at {angle} degrees", drawn(f"chromatic{angle}") / drawn(f"toolkit{angle}"), 3)
+    report("a colour of 16 stops", max(drawn("colour0"), drawn("colour1")), 50, " ns")
+    report("a background drawn again", max(drawn("square_kept"), drawn("round_kept")), 2, " ms")
     half, whole = output([f"{folder}/alerts_velt"])["resident"]
     report("memory after 1,000 alerts against 500", whole / half, 1.01)
 

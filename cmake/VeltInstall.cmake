@@ -15,8 +15,15 @@ write_basic_package_version_file(${PROJECT_BINARY_DIR}/VELTRuntimeConfigVersion.
 install(FILES ${PROJECT_BINARY_DIR}/VELTRuntimeConfig.cmake ${PROJECT_BINARY_DIR}/VELTRuntimeConfigVersion.cmake
         DESTINATION ${CMAKE_INSTALL_LIBDIR}/cmake/VELTRuntime)
 
-configure_file(cmake/VELTRuntime.pc.in ${PROJECT_BINARY_DIR}/VELTRuntime.pc @ONLY)
-install(FILES ${PROJECT_BINARY_DIR}/VELTRuntime.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
+# The folders are found from where the file lies, whatever the place that everything is installed to.
+cmake_path(RELATIVE_PATH CMAKE_INSTALL_PREFIX BASE_DIRECTORY ${CMAKE_INSTALL_FULL_LIBDIR}/pkgconfig
+           OUTPUT_VARIABLE VELT_PREFIX_FROM_PKGCONFIG)
+foreach(library IN ITEMS VELTRuntime VELTRuntimeUI)
+  if(TARGET ${library})
+    configure_file(cmake/${library}.pc.in ${PROJECT_BINARY_DIR}/${library}.pc @ONLY)
+    install(FILES ${PROJECT_BINARY_DIR}/${library}.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
+  endif()
+endforeach()
 
 install(FILES README.md LICENSE CHANGELOG.md DESTINATION ${CMAKE_INSTALL_DOCDIR})
 install(DIRECTORY Documentation/ DESTINATION ${CMAKE_INSTALL_DOCDIR}/Documentation)
@@ -27,6 +34,10 @@ set(CPACK_PACKAGE_NAME libveltruntime-dev)
 set(CPACK_PACKAGE_CONTACT "VELTRuntime developers <developers@veltruntime.invalid>")
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 set(CPACK_DEBIAN_PACKAGE_DEPENDS "libcurl4 | libcurl3-gnutls")  # loaded at the first URL
+set(CPACK_DEBIAN_PACKAGE_SECTION libdevel)
+set(CPACK_DEBIAN_PACKAGE_GENERATE_SHLIBS ON)
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
+set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
+set(CPACK_STRIP_FILES ON)
 set(CPACK_RESOURCE_FILE_LICENSE ${PROJECT_SOURCE_DIR}/LICENSE)
 include(CPack)

@@ -5,7 +5,7 @@ root=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
 
 build_packages="g++ cmake ninja-build ccache lld pkg-config libicu-dev libcurl4-openssl-dev libexpat1-dev"
 test_packages="libgtest-dev qt6-base-dev openssl python3 libplist-utils xvfb openbox weston qt6-wayland"
-test_packages+=" at-spi2-core dbus-daemon xdotool"
+test_packages+=" at-spi2-core dbus-daemon xdotool poppler-utils"
 check_packages="clang clang-format clang-tidy libclang-rt-14-dev"
 
 say() { printf '== %s\n' "$*" >&2; }

@@ -97,6 +97,16 @@ TEST(RespondsToSelector, AsksTheObjectOrItsClass) {
     EXPECT_VALUE("c 0", VELT_NSOBJECT_INSTANCESRESPONDSTOSELECTOR(nil, str("hello")));
 }
 
+TEST(InstancesRespondToSelector, KnowsClassesOfWhichThereIsNoObjectYet) {
+    const std::pair<const char*, const char*> messages[] = {
+        {"VLTask", "setSName:"},       {"NSTask", "launch"},   {"NSDate", "timeIntervalSinceReferenceDate"},
+        {"NSArray", "objectAtIndex:"}, {"NSString", "length"}, {"NSMutableDictionary", "setObject:forKey:"},
+    };
+    for (const auto& [cls, selector] : messages) {
+        EXPECT_VALUE("c 1", VELT_NSOBJECT_INSTANCESRESPONDSTOSELECTOR(str(cls), str(selector))) << cls;
+    }
+}
+
 TEST(PerformSelector, SendsWithNoOneOrTwoArguments) {
     const id greeter = velt::make<Greeter>();
     EXPECT_VALUE("'hello'", VELT_NSOBJECT_PERFORMSELECTOR0(greeter, str("hello")));

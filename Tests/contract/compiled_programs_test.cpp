@@ -1,12 +1,10 @@
 // The C++ that Documentation/compiled-programs.md shows, compiled and run. The last test holds the two together.
 #include "VELTRuntime/VELTRuntime.h"
 
+#include "support/documents.h"
 #include "support/processes.h"
-#include <fstream>
 
 #include <gtest/gtest.h>
-#include <iterator>
-#include <sstream>
 #include <thread>
 
 namespace {
@@ -369,33 +367,10 @@ TEST(CompiledThreads, ShareValuesWhileAScopeSaysSo) {
     EXPECT_EQ(VELT_CINTEGER(total), 500500);
 }
 
-std::string withoutSpace(std::string_view text) {
-    std::string result;
-    for (char c : text) {
-        if (c != ' ' && c != '\n' && c != '\t') result += c;
-    }
-    return result;
-}
-
-std::string contentOf(const std::string& path) {
-    std::ifstream in(path);
-    EXPECT_TRUE(in) << path;
-    return {std::istreambuf_iterator<char>(in), {}};
-}
-
 TEST(CompiledProgramsDocument, ShowsOnlyCodeThatIsCompiledHere) {
-    const std::string root = VELT_SOURCE_FOLDER;
-    const std::string source = withoutSpace(contentOf(root + "/Tests/contract/compiled_programs_test.cpp"));
-    std::istringstream document(contentOf(root + "/Documentation/compiled-programs.md"));
-    std::size_t blocks = 0;
-    for (std::string line; std::getline(document, line);) {
-        if (line != "```cpp") continue;
-        std::string block;
-        while (std::getline(document, line) && line != "```") block += line + "\n";
-        EXPECT_NE(source.find(withoutSpace(block)), std::string::npos) << block;
-        ++blocks;
-    }
-    EXPECT_GE(blocks, 15u);
+    EXPECT_GE(
+        velt::test::blocksFoundIn("Documentation/compiled-programs.md", "Tests/contract/compiled_programs_test.cpp"),
+        15u);
 }
 
 }  // namespace

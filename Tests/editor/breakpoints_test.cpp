@@ -102,6 +102,32 @@ TEST(Breakpoints, BehindTheLastLineEndAreOnlyEverAdded) {
     EXPECT_EQ((Positions{4, 4}), entries.positions());
 }
 
+TEST(Breakpoints, OfALineAreToggledAsAPersonSeesThem) {
+    const SourceBuffer buffer(u"one\ntwo\nthree\n");
+    const Entries entries;
+    EXPECT_TRUE(velt::toggleBreakpointOfLine(buffer, 2, *entries));
+    EXPECT_TRUE(velt::toggleBreakpointOfLine(buffer, 1, *entries));
+    EXPECT_EQ((Positions{4, 1}), entries.positions());
+    EXPECT_TRUE(velt::toggleBreakpointOfLine(buffer, 1, *entries));
+    EXPECT_EQ(Positions{4}, entries.positions());
+    EXPECT_TRUE(velt::toggleBreakpointOfLine(buffer, 2, *entries));
+    EXPECT_EQ(Positions{}, entries.positions());
+    for (const std::size_t line : {0U, 4U, 5U}) {
+        EXPECT_FALSE(velt::toggleBreakpointOfLine(buffer, line, *entries)) << line;
+    }
+    EXPECT_EQ(Positions{}, entries.positions());
+}
+
+TEST(Breakpoints, OfALineGoTogetherWhereverTheyLie) {
+    const SourceBuffer buffer(u"one\ntwo\n");
+    const Entries entries(shortNumber(1), shortNumber(5), shortNumber(1), shortNumber(-3), shortNumber(0),
+                          shortNumber(300));
+    EXPECT_TRUE(velt::toggleBreakpointOfLine(buffer, 1, *entries));
+    EXPECT_EQ((Positions{5, -3, 0, 300}), entries.positions());
+    EXPECT_TRUE(velt::toggleBreakpointOfLine(buffer, 2, *entries));
+    EXPECT_EQ((Positions{-3, 0, 300}), entries.positions());
+}
+
 TEST(Breakpoints, BeyondSixteenBitsBecomeNegative) {
     std::u16string text(40000, u'x');
     text.append(u"\ny\n");

@@ -29,12 +29,16 @@ public:
     static void turnWheel(QPoint at, bool down) { click(at, down ? 5 : 4); }
     /// Presses the button, moves through the way in steps, and lets it go.
     static void drag(QPoint from, QPoint to) {
-        moveTo(from);
-        act({"mousedown", "1"});
+        hold(from);
         constexpr int kSteps = 5;
         for (int i = 1; i <= kSteps; ++i) moveTo(from + (to - from) * i / kSteps);
-        act({"mouseup", "1"});
+        letGo();
     }
+    static void hold(QPoint at) {
+        moveTo(at);
+        act({"mousedown", "1"});
+    }
+    static void letGo() { act({"mouseup", "1"}); }
     /// Keys by the window system's names, each with those that are held, as in "ctrl+a".
     static void press(const char* keys) { act({"key", "--clearmodifiers", QString::fromLatin1(keys)}); }
     static void type(const char* text) { act({"type", "--delay", "5", QString::fromUtf8(text)}); }

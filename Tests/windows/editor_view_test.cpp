@@ -168,7 +168,7 @@ TEST(EditorBreakpoints, MoveWithTypedLineEndsAndReleasedBackspaces) {
 }
 
 TEST(EditorBreakpoints, FarDownInATextAreNotShown) {
-    EditorWindow shown(std::string(32766, 'a') + "\nb\nc\n");
+    EditorWindow shown(std::string(32766, 'a').append("\nb\nc\n"));
     shown.select(32768);
     VELT_VLTEXTVIEW_TOGGLEBREAKPOINT(shown.view);
     EXPECT_EQ("(32767)", shown.breakpoints());

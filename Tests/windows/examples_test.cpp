@@ -43,6 +43,28 @@ TEST(DrawingExample, SaysWhenItsPictureCannotBeWritten) {
     EXPECT_EQ(1, result.status);
 }
 
+TEST(GradientsExample, ShowsTheChosenOne) {
+    const TemporaryFolder folder;
+    const std::string path = folder.file("picture.png");
+    setenv("VELT_SCREENSHOT", path.c_str(), 1);
+    setenv("QT_QPA_PLATFORM", "offscreen", 1);
+    const ProgramResult result = runExample("gradients", {});
+    unsetenv("VELT_SCREENSHOT");
+    EXPECT_EQ("The picture is in " + path + ".\n", result.output);
+    EXPECT_EQ(0, result.status);
+    const QImage picture(QString::fromStdString(path));
+    ASSERT_EQ(QSize(720, 424), picture.deviceIndependentSize().toSize());
+    // The rainbow: in its swatch, upwards to the right in the sheet, out from the middle in the spot.
+    const auto hue = [&](int x, int y) { return picture.pixelColor(x, y).hue(); };
+    EXPECT_LT(hue(30, 360), hue(90, 360));
+    EXPECT_LT(hue(90, 360), hue(160, 360));
+    EXPECT_LT(hue(230, 230), hue(342, 134));
+    EXPECT_LT(hue(342, 134), hue(450, 40));
+    EXPECT_GT(20, hue(602, 134));
+    EXPECT_LT(200, hue(602, 32));
+    EXPECT_EQ(picture.pixel(2, 2), picture.pixel(205, 17));  // outside of the round corner
+}
+
 TEST(ControlsExample, ShowsEveryControlAndWorksSome) {
     const TemporaryFolder folder;
     const std::string path = folder.file("picture.png");

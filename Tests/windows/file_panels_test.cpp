@@ -244,3 +244,95 @@ TEST_F(FilePanels, MayBeSheets) {
     EXPECT_EQ("NSOpenPanel q 1 'c' ", delegate->heard);
     EXPECT_VALUE("'" + text + "'", velt::send(id(&NSOpenPanel::openPanel()), "filename"));
 }
+
+namespace {
+
+/// The panel as a sheet of a window, and who hears of its end.
+struct PanelSheets : FilePanels {
+    void SetUp() override {
+        window.show();
+        delegate->ordersOut = false;
+    }
+    void begin() const {
+        velt::send(panel,
+                   "beginSheetForDirectory:file:modalForWindow:modalDelegate:didEndSelector:contextInfo:", str(root),
+                   str("new.txt"), window.window, delegate, "sheetDidEnd:returnCode:contextInfo:"_v, "c"_v);
+    }
+    id attached() const { return velt::send(window.window, "attachedSheet"); }
+    static bool seen() {
+        return QTest::qWaitFor([] { return fileDialog() != nullptr; }, 3000);
+    }
+    const ControlWindow window{{{50, 60}, {480, 300}}};
+    const Ref<SheetListener> delegate = velt::make<SheetListener>();
+    const id panel = id(&NSSavePanel::savePanel());
+};
+
+}  // namespace
+
+TEST_F(PanelSheets, AreTheAttachedSheetsOfTheirWindows) {
+    EXPECT_TRUE(attached().isNil());
+    begin();
+    EXPECT_EQ(panel, attached());
+    EXPECT_VALUE("c 1", velt::send(panel, "isSheet"));
+    EXPECT_VALUE("c 1", velt::send(panel, "isVisible"));
+    ASSERT_TRUE(seen());
+    cancel();
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !delegate->heard.empty(); }, 3000));
+    EXPECT_EQ("NSSavePanel q 0 'c' ", delegate->heard);
+    EXPECT_TRUE(attached().isNil());
+    EXPECT_VALUE("c 0", velt::send(panel, "isSheet"));
+    EXPECT_VALUE("c 0", velt::send(panel, "isVisible"));
+}
+
+TEST_F(PanelSheets, AreEndedAsEveryOther) {
+    begin();
+    ASSERT_TRUE(seen());
+    VELT_ENDSHEET(panel, integer(1));
+    EXPECT_EQ("NSSavePanel q 1 'c' ", std::exchange(delegate->heard, ""));
+    EXPECT_VALUE("'" + root + "/new.txt'", velt::send(panel, "filename"));
+    EXPECT_TRUE(attached().isNil());
+    EXPECT_FALSE(fileDialog());
+    for (const char* ends : {"close", "cancel:", "orderOut:"}) {
+        SCOPED_TRACE(ends);
+        begin();
+        ASSERT_TRUE(seen());
+        if (std::string_view(ends).ends_with(':')) {
+            velt::send(panel, ends, nil);
+        } else {
+            velt::send(panel, ends);
+        }
+        EXPECT_EQ("NSSavePanel q 0 'c' ", std::exchange(delegate->heard, ""));
+        EXPECT_TRUE(attached().isNil());
+        EXPECT_TRUE(velt::send(panel, "filename").isNil());
+    }
+}
+
+TEST_F(PanelSheets, EndWithTheirWindow) {
+    begin();
+    ASSERT_TRUE(seen());
+    VELT_NSWINDOW_CLOSE(window.window);
+    EXPECT_EQ("NSSavePanel q 0 'c' ", delegate->heard);
+    EXPECT_FALSE(fileDialog());
+    EXPECT_VALUE("c 0", velt::send(panel, "isSheet"));
+}
+
+TEST_F(PanelSheets, WaitForTheSheetBeforeThem) {
+    const id first = VELT_NSWINDOW_INIT(nil, "");
+    VELT_NSWINDOW_FRAME(first, rect(0, 0, 200, 100));
+    VELT_BEGINSHEET(delegate, first, "first"_v);
+    ASSERT_TRUE(waitForSheet(window.window));
+    begin();
+    EXPECT_EQ(first, attached());
+    EXPECT_VALUE("c 0", velt::send(panel, "isSheet"));
+    EXPECT_FALSE(fileDialog());
+    delegate->ordersOut = true;
+    VELT_ENDSHEET(first, integer(7));
+    EXPECT_EQ("NSWindow q 7 'first' ", std::exchange(delegate->heard, ""));
+    EXPECT_EQ(panel, attached());
+    ASSERT_TRUE(seen());
+    delegate->ordersOut = false;
+    velt::send(panel, "cancel:", nil);
+    EXPECT_EQ("NSSavePanel q 0 'c' ", delegate->heard);
+    EXPECT_TRUE(attached().isNil());
+    VELT_NSWINDOW_CLOSE(first);
+}

@@ -39,6 +39,7 @@ id event() { return VELT_NSEVENT_INIT(nil, ""); }
 id application() { return id(static_cast<NSObject*>(&NSApplication::sharedApplication())); }
 id matrix() { return VELT_NSMATRIX_INIT(nil, ""); }
 id toolbar() { return VELT_NSTOOLBAR_INIT(nil, "bar"); }
+id background() { return velt::make<VLBackgroundView>(); }
 id drawer() { return VELT_NSDRAWER_INIT(nil, ""); }
 id popUp() {
     const id made = VELT_NSPOPUPBUTTON_INIT(nil, "");
@@ -189,6 +190,8 @@ const std::vector<Call>& calls() {
         CALL(VLTEXTVIEW_FINDREPLACE, editor, str("text")),
         CALL(VLTEXTVIEW_FINDREPLACEFIND, editor, str("text"), str("other")),
         CALL(VLTEXTVIEW_FINDREPLACEALL, editor, str("text"), str("other")),
+        CALL(VLBACKGROUNDVIEW_SETBACKGROUNDGRADIENT, background, nil, nil),
+        CALL(VLBACKGROUNDVIEW_SETBACKGROUNDIMAGE, background, someImage(), real(0.5)),
         CALL(NSVIEW_REMOVE, view, someView()),
         CALL(NSVIEW_REPLACE, view, someView(), someView()),
         CALL(NSVIEW_REDRAW, view),
@@ -248,6 +251,7 @@ const std::vector<Call>& calls() {
         CALL(NSDRAWER_TOGGLERIGHTRESIZINGWINDOW, drawer),
         CALL(BEGINEXPANDING, view, someWindow()),
         CALL(ENDEXPANDING, view, someWindow()),
+        FUNCTION(VLTEXTVIEW_PRINTSHOWINGPRINTPANEL, nil, str("project"), str("file"), boolean(true)),
         FUNCTION(NSOPENPANEL_RUN, nil),
         CALL(FIRSTRESPONDER_SENDACTION, nullptr, str("nobodyAnswersThis:")),
         CALL(FIRSTRESPONDER_SENDACTION2, nullptr, str("nobodyAnswersThis:"), nil),

@@ -63,7 +63,8 @@ struct Outline {
     ~Outline() { view().setDelegate(nil); }
     NSOutlineView& view() const { return *velt::as<NSOutlineView>(outline); }
     QTreeView& tree() const { return dynamic_cast<QTreeView&>(view().widget()); }
-    id item(const char* name) const { return source->items.at(name); }
+    /// An item of the program's, whether it was asked for or not.
+    id item(const char* name) const { return source->items.try_emplace(name, str(name)).first->second; }
 
     ControlWindow window{{{50, 60}, {340, 260}}};
     Ref<TreeSource> source = velt::make<TreeSource>();

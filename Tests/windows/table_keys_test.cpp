@@ -147,6 +147,66 @@ TEST(TableKeys, TypingAsksTheDelegateThatFindsRowsItself) {
     EXPECT_EQ("find q 2-1 selected q 5 ", shown.source->told());
 }
 
+TEST(TableKeys, TypingKeepsNobodyWaitingInAMillionRows) {
+    const Table shown(1000000);
+    shown.view().setFocus();
+    QApplication::processEvents();
+    shown.source->asked.clear();
+    QTest::keyClick(&shown.view(), Qt::Key_Z);
+    EXPECT_LE(shown.source->asked.size(), 1000U);
+    // It goes on when nothing else is to be done, and stops when the person chooses a row.
+    EXPECT_TRUE(QTest::qWaitFor([&] { return shown.source->asked.size() > 3000; }, 5000));
+    shown.click(1);
+    shown.source->asked.clear();
+    for (int i = 0; i < 20; ++i) QApplication::processEvents();
+    // What is seen is drawn, and nothing else is asked for.
+    if (!shown.source->asked.empty()) {
+        EXPECT_LT(*shown.source->asked.rbegin(), 20);
+    }
+    EXPECT_EQ(1, shown.table->selectedRow());
+}
+
+TEST(TableKeys, TypingFindsARowFarAway) {
+    const Table shown(20000);
+    shown.source->texts[19000] = "Zebra";
+    shown.source->texts[19500] = "Zoo";
+    shown.view().setFocus();
+    QTest::keyClicks(&shown.view(), QStringLiteral("zo"));
+    EXPECT_EQ(-1, shown.table->selectedRow());
+    EXPECT_TRUE(QTest::qWaitFor([&] { return shown.table->selectedRow() == 19500; }, 10000));
+}
+
+TEST(TableKeys, TypingOnAsksNoRowAgainThatBeginsOtherwise) {
+    const Table shown(1500);
+    shown.view().setFocus();
+    QApplication::processEvents();
+    const int interval = QApplication::keyboardInputInterval();
+    QApplication::setKeyboardInputInterval(60000);
+    long times = 0;
+    shown.source->onAsked = [&](long row) { times += row == 700; };
+    QTest::keyClick(&shown.view(), Qt::Key_X);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return shown.source->asked.size() == 1500; }, 5000));
+    for (int i = 0; i < 5; ++i) QApplication::processEvents();
+    EXPECT_EQ(1, times);
+    QTest::keyClick(&shown.view(), Qt::Key_Y);
+    for (int i = 0; i < 5; ++i) QApplication::processEvents();
+    EXPECT_EQ(1, times);
+    QApplication::setKeyboardInputInterval(interval);
+}
+
+TEST(TableKeys, AReloadEndsTheSearch) {
+    const Table shown(20000);
+    shown.source->texts[19000] = "Zebra";
+    shown.view().setFocus();
+    QTest::keyClick(&shown.view(), Qt::Key_Z);
+    shown.source->rows = 3;
+    shown.table->reloadData();
+    shown.source->asked.clear();
+    for (int i = 0; i < 20; ++i) QApplication::processEvents();
+    EXPECT_LE(shown.source->asked.size(), 3U);
+    EXPECT_EQ(-1, shown.table->selectedRow());
+}
+
 TEST(TableKeys, MoveOverRowsAndPages) {
     const Table shown(100);
     shown.view().setFocus();

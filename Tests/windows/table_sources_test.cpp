@@ -5,6 +5,7 @@
 
 #include "VELTRuntime/platform/object/callback_failure.h"
 
+#include <QLineEdit>
 #include <QScrollBar>
 
 using namespace velt::test;
@@ -113,6 +114,21 @@ TEST(TableSources, MayRaiseForOneRowAndTheOthersAreShown) {
     shown.source->onAsked = nullptr;
     shown.click(2 + 2);
     EXPECT_EQ(4, shown.table->selectedRow());
+}
+
+TEST(TableSources, MayRaiseWhenACellIsAboutToBeEdited) {
+    const Table shown;
+    draw(shown);
+    shown.source->onAsked = [](long) { velt::raise("RowException", "broken"); };
+    const std::string said = written([&] {
+        const velt::CallbackShelter shelter;
+        shown.table->editColumn(0, 4, nil, true);
+    });
+    EXPECT_NE(std::string::npos, said.find("RowException: broken\n")) << said;
+    shown.source->onAsked = nullptr;
+    EXPECT_TRUE(shown.view().viewport()->findChildren<QLineEdit*>().isEmpty());
+    shown.table->editColumn(0, 4, nil, true);
+    EXPECT_FALSE(shown.view().viewport()->findChildren<QLineEdit*>().isEmpty());
 }
 
 TEST(TableSources, ThatRaiseOutsideOfADialogEndTheProgram) {

@@ -67,6 +67,7 @@ inline std::vector<WrapperRow> wrapperRows() {
 #include "VELTRuntime/ui/combo_boxes.def"
 #include "VELTRuntime/ui/applications.def"
 #include "VELTRuntime/ui/editors.def"
+#include "VELTRuntime/ui/background_views.def"
 // clang-format on
 #include "VELTRuntime/ui/accessor_rows_end.h"
     return rows;

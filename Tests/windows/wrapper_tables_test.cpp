@@ -78,6 +78,7 @@ const std::map<std::string, id (*)()> kMakers{
     {"NSSAVEPANEL", [] { return id(static_cast<NSObject*>(&NSSavePanel::savePanel())); }},
     {"VLTEXTVIEW", [] { return VELT_VLTEXTVIEW_INIT(nil, ""); }},
     {"NSPROGRESSINDICATOR", [] { return VELT_NSPROGRESSINDICATOR_INIT(nil, ""); }},
+    {"VLBACKGROUNDVIEW", [] { return id(velt::make<VLBackgroundView>()); }},
 };
 
 id receiverFor(const WrapperRow& row) {

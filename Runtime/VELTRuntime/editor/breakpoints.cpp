@@ -49,6 +49,21 @@ bool toggleBreakpoint(const SourceBuffer& buffer, std::size_t caret, NSMutableAr
     return true;
 }
 
+bool toggleBreakpointOfLine(const SourceBuffer& buffer, std::size_t line, NSMutableArray& breakpoints) {
+    if (line < 1 || line > buffer.lineCount()) return false;
+    bool removed = false;
+    for (std::size_t i = breakpoints.count(); i-- > 0;) {
+        const std::int64_t position = VELT_CBYTE(breakpoints.items()[i]);
+        if (position <= 0 || static_cast<std::size_t>(position) > buffer.length()) continue;
+        if (buffer.lineAt(static_cast<std::size_t>(position)) + 1 != line) continue;
+        breakpoints.remove(static_cast<long>(i));
+        removed = true;
+    }
+    const std::size_t start = buffer.lineStart(line - 1);
+    if (removed || start == buffer.length()) return removed;
+    return toggleBreakpoint(buffer, start, breakpoints);
+}
+
 bool moveEntries(NSMutableArray& entries, std::size_t from, int by) {
     bool moved = false;
     for (std::size_t i = 0; i < entries.count(); ++i) {

@@ -21,6 +21,10 @@ VELT_EXPORT std::vector<std::int64_t> positionsIn(const NSArray& entries);
 /// to be coloured anew.
 VELT_EXPORT bool toggleBreakpoint(const SourceBuffer& buffer, std::size_t caret, NSMutableArray& breakpoints);
 
+/// The same for a line, counted from 1, as a person sees it: whatever entries lie in it are removed, or else one is
+/// added. False when nothing changed: for a line that there is not, and the empty one behind the last line end.
+VELT_EXPORT bool toggleBreakpointOfLine(const SourceBuffer& buffer, std::size_t line, NSMutableArray& breakpoints);
+
 /// Moves all entries from a position on by a number of units. Whether there were any.
 VELT_EXPORT bool moveEntries(NSMutableArray& entries, std::size_t from, int by);
 

@@ -19,10 +19,7 @@ void SourceDocument::setSelectedRanges(std::vector<NSRange> ranges) {
 
 void SourceDocument::replace(NSRange range, std::u16string_view with) {
     const CommandScope scope(*this);
-    running_.edits.push_back({static_cast<std::uint32_t>(range.location), static_cast<std::uint32_t>(range.length),
-                              static_cast<std::uint32_t>(with.size())});
-    running_.texts += buffer_.view(range);
-    running_.texts += with;
+    running_.edits.add(range.location, buffer_.view(range), with);
     buffer_.replace(range, with);
 }
 
@@ -40,7 +37,7 @@ void SourceDocument::endCommand() {
     assert(depth_ > 0);
     if (--depth_ > 0) return;
     Command command = std::exchange(running_, {});
-    if (command.edits.empty()) return;
+    if (command.edits.isEmpty()) return;
     command.selectedBehind = selectedRanges();
     done_.push_back(std::move(command));
     undone_.clear();
@@ -50,12 +47,7 @@ void SourceDocument::undo() {
     if (done_.empty() || depth_ > 0) return;
     Command command = std::move(done_.back());
     done_.pop_back();
-    std::size_t end = command.texts.size();
-    for (std::size_t i = command.edits.size(); i-- > 0;) {
-        const Edit& edit = command.edits[i];
-        end -= edit.inserted + edit.removed;
-        buffer_.replace({edit.position, edit.inserted}, std::u16string_view(command.texts).substr(end, edit.removed));
-    }
+    command.edits.takeBack([&](NSRange range, std::u16string_view with) { buffer_.replace(range, with); });
     setSelectedRanges(command.selectedBefore);
     undone_.push_back(std::move(command));
 }
@@ -64,12 +56,7 @@ void SourceDocument::redo() {
     if (undone_.empty() || depth_ > 0) return;
     Command command = std::move(undone_.back());
     undone_.pop_back();
-    std::size_t begin = 0;
-    for (const Edit& edit : command.edits) {
-        buffer_.replace({edit.position, edit.removed},
-                        std::u16string_view(command.texts).substr(begin + edit.removed, edit.inserted));
-        begin += std::size_t{edit.removed} + edit.inserted;
-    }
+    command.edits.doAgain([&](NSRange range, std::u16string_view with) { buffer_.replace(range, with); });
     setSelectedRanges(command.selectedBehind);
     done_.push_back(std::move(command));
 }

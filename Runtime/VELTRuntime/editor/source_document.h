@@ -1,6 +1,7 @@
 // A source text with selections and an undo history, without a window.
 #pragma once
 
+#include "VELTRuntime/editor/edit_list.h"
 #include "VELTRuntime/editor/edit_target.h"
 
 #include <functional>
@@ -34,13 +35,8 @@ public:
     void redo();
 
 private:
-    struct Edit {
-        std::uint32_t position, removed, inserted;
-    };
-    /// The texts of all edits stand one behind the other: of each first what it removed, then what it inserted.
     struct Command {
-        std::vector<Edit> edits;
-        std::u16string texts;
+        EditList edits;
         std::vector<NSRange> selectedBefore, selectedBehind;
     };
 

@@ -11,6 +11,7 @@
 // All return a Boolean: the application was found and started. Each raises "'String' expected" for a path or name that
 // is no string.
 
+/// Open a file with the viewer, the text editor, the file manager and the interface designer of the user.
 VELT_EXPORT id VELT_PREVIEW(const id& path);
 VELT_EXPORT id VELT_TEXTEDIT(const id& path);
 VELT_EXPORT id VELT_FINDER(const id& path);

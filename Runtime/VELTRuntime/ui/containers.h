@@ -20,8 +20,9 @@ VELT_EXPORT id VELT_NSTABVIEW_INIT(const id& owner, const char* action);
 VELT_EXPORT id VELT_NSSCROLLVIEW_INIT(const id& owner, const char* action);
 /// A split view whose panes lie one above the other.
 VELT_EXPORT id VELT_NSSPLITVIEW_INIT(const id& owner, const char* action);
-/// Panes side by side: its dividers are vertical.
+/// A split view whose panes lie side by side: its dividers are vertical.
 VELT_EXPORT id VELT_VERTICALSPLITVIEW_INIT(const id& owner, const char* action);
+/// The same as VELT_NSSPLITVIEW_INIT.
 VELT_EXPORT id VELT_HORIZONTALSPLITVIEW_INIT(const id& owner, const char* action);
 /// A bar from 0 to 100 that shows how far something has come.
 VELT_EXPORT id VELT_NSPROGRESSINDICATOR_INIT(const id& owner, const char* action);

@@ -75,3 +75,12 @@ id VELT_VLTEXTVIEW_FINDREPLACEALL(const id& view, const id& text, const id& repl
     const id sought = VELT_CSTRING(text), with = VELT_CSTRING(replacement);
     return view.isNil() ? zero() : send(view, VELT_SELECTOR("_replaceAll:with:"), sought, with);
 }
+
+id VELT_VLTEXTVIEW_PRINTSHOWINGPRINTPANEL(const id& view, const id& projectName, const id& projectFile,
+                                          const id& showsPanel) {
+    requireMainThread("VELT_VLTEXTVIEW_PRINTSHOWINGPRINTPANEL");
+    const id name = VELT_CSTRING(projectName), file = VELT_CSTRING(projectFile);
+    const id asks = VELT_ID(VELT_CBOOL(showsPanel));
+    send(view, VELT_SELECTOR("PrintShowingPrintPanel:::"), name, file, asks);
+    return nil;
+}

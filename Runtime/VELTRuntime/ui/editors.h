@@ -27,3 +27,8 @@ VELT_EXPORT id VELT_VLTEXTVIEW_FINDREPLACE(const id& view, const id& replacement
 VELT_EXPORT id VELT_VLTEXTVIEW_FINDREPLACEFIND(const id& view, const id& text, const id& replacement);
 /// Replaces every match, which is undone in one step. The number of replacements as an Integer.
 VELT_EXPORT id VELT_VLTEXTVIEW_FINDREPLACEALL(const id& view, const id& text, const id& replacement);
+
+/// Prints the text, after asking the person when the flag is set; the header of each page names the project and the
+/// file.
+VELT_EXPORT id VELT_VLTEXTVIEW_PRINTSHOWINGPRINTPANEL(const id& view, const id& projectName, const id& projectFile,
+                                                      const id& showsPanel);

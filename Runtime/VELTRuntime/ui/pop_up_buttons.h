@@ -13,7 +13,7 @@ VELT_EXPORT id VELT_NSPOPUPBUTTONCELL_INIT(const id& owner, const char* action);
 
 /// Adds an item of that title with an image.
 VELT_EXPORT id VELT_NSPOPUPBUTTON_APPENDWITHIMAGE(const id& button, const id& image, const id& title);
-/// Inserts an item of that title at a position, with an image.
+/// Inserts an item of that title at a position, without and with an image.
 VELT_EXPORT id VELT_NSPOPUPBUTTON_INSERT(const id& button, const id& index, const id& title);
 VELT_EXPORT id VELT_NSPOPUPBUTTON_INSERTWITHIMAGE(const id& button, const id& index, const id& image, const id& title);
 /// The position of an item, an integer; -1 when it is none of the button's.

@@ -18,6 +18,7 @@ VELT_EXPORT id VELT_NSVIEW_REPLACE(const id& view, const id& old, const id& with
 
 /// The view is drawn again when the window next is.
 VELT_EXPORT id VELT_NSVIEW_REDRAW(const id& view);
+/// Show and hide the view. nil.
 VELT_EXPORT id VELT_NSVIEW_SHOW(const id& view);
 VELT_EXPORT id VELT_NSVIEW_HIDE(const id& view);
 /// The view is not hidden itself, a Boolean; False for nil.

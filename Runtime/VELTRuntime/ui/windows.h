@@ -32,6 +32,7 @@ VELT_EXPORT id VELT_NSWINDOW_FRAMERECTFORCONTENTRECT(const id& window, const id&
 /// The width that the window's title bar needs for a title.
 VELT_EXPORT id VELT_NSWINDOW_MINFRAMEWIDTHWITHTITLE(const id& window, const id& title);
 
+/// Puts a window into the middle of the screen and shows it, with the keyboard. nil.
 VELT_EXPORT id VELT_NSWINDOW_CENTERANDSHOW(const id& window);
 /// True brings the window to the front, False takes it off the screen.
 VELT_EXPORT id VELT_NSWINDOW_VISIBLE(const id& window);
@@ -40,6 +41,7 @@ VELT_EXPORT id VELT_NSWINDOW_VISIBLE(const id& window, const id& flag);
 VELT_EXPORT id VELT_NSWINDOW_APPEND(const id& window, const id& view);
 /// Gives a responder the keyboard; whether it took it.
 VELT_EXPORT id VELT_NSWINDOW_MAKEFIRSTRESPONDER(const id& window, const id& responder);
+/// The image of the document that the window shows; it is set to an image, or to the one in the file of a path.
 VELT_EXPORT id VELT_NSWINDOW_DOCUMENTICON(const id& window);
 VELT_EXPORT id VELT_NSWINDOW_DOCUMENTICON(const id& window, const id& image);
 

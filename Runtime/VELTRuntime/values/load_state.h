@@ -21,8 +21,10 @@ VELT_EXPORT extern id VELT_idOPENPANEL_TYPES;
 VELT_EXPORT extern id VELT_idOPENPANEL_FILENAMES;
 VELT_EXPORT extern id VELT_idOPENPANEL_URLS;
 
+/// nil at the start; they belong to the program.
 VELT_EXPORT extern id VELT_idAPPLICATION;
 VELT_EXPORT extern id VELT_idFIRSTRESPONDER;
+/// The empty menu that VELT_NSAPPLICATION_HIDESPOTLIGHTFORHELP makes; nil before.
 VELT_EXPORT extern id VELT_mSuppressSpotlightForHelp;
 
 /// The random generator's state, and the last value that it gave; 0.0 means that it was never seeded. Both belong to

@@ -10,6 +10,7 @@
 #include "VELTRuntime/values/text/utf.h"
 
 #include <cstring>
+#include <functional>
 #include <new>
 
 namespace velt {
@@ -190,7 +191,30 @@ void NSMutableString::replace(std::size_t position, std::size_t length, std::u16
         const std::size_t end = position + length;
         velt::raiseRange("replaceCharacters", static_cast<long long>(end), size);
     }
-    assign(view().substr(0, position), text, view().substr(position + length));
+    // A long text that nobody else shares is changed where it is. When it has no room left it gets some, so that the
+    // next changes copy only what is behind them.
+    constexpr std::size_t kLong = 4096, kMostRoom = 65536;
+    const std::size_t newSize = size - length + text.size();
+    const std::u16string_view old = view();
+    const std::less<const char16_t*> isBefore;
+    const bool isOwnPart = !isBefore(text.data(), old.data()) && isBefore(text.data(), old.data() + size);
+    if (isInline() || newSize < kLong || newSize > kMostUnits || isOwnPart || shared_.buffer->isShared()) {
+        return assign(old.substr(0, position), text, old.substr(position + length));
+    }
+    const std::size_t start = static_cast<std::size_t>(shared_.start - shared_.buffer->units());
+    if (start + newSize > shared_.buffer->capacity()) {
+        velt::TextBuffer* buffer = velt::TextBuffer::create(newSize + std::min(newSize / 8, kMostRoom));
+        copyUnits(buffer->units(), old.substr(0, position));
+        copyUnits(buffer->units() + position + text.size(), old.substr(position + length));
+        shared_.buffer->release();
+        shared_ = {buffer, buffer->units()};
+    } else {
+        std::char_traits<char16_t>::move(shared_.start + position + text.size(), shared_.start + position + length,
+                                         size - position - length);
+    }
+    copyUnits(shared_.start + position, text);
+    shared_.buffer->setUsed(static_cast<std::size_t>(shared_.start - shared_.buffer->units()) + newSize);
+    setLength(newSize, false);
 }
 
 static id comparePlainly(const id& s, const id* a) {

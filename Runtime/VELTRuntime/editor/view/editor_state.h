@@ -7,7 +7,7 @@
 #include "VELTRuntime/editor/vocabulary.h"
 #include "VELTRuntime/values/value.h"
 
-// Each an attribute dictionary with one colour.
+/// Each an attribute dictionary with one colour.
 VELT_EXPORT extern id dicKeywordsColour;
 VELT_EXPORT extern id dicBuiltinsColour;
 VELT_EXPORT extern id dicTypesColour;
@@ -15,12 +15,12 @@ VELT_EXPORT extern id dicStringsColour;
 VELT_EXPORT extern id dicCommentsColour;
 VELT_EXPORT extern id dicBreakpointColour;
 
-// Sets of words.
+/// Sets of words.
 VELT_EXPORT extern id keywords;
 VELT_EXPORT extern id builtins;
 VELT_EXPORT extern id types;
 
-// Sets of the characters with which words begin and at which they end.
+/// Sets of the characters with which words begin and at which they end.
 VELT_EXPORT extern id keywordStartCharacterSet;
 VELT_EXPORT extern id keywordEndCharacterSet;
 

@@ -72,7 +72,7 @@ void SourceLayer::change(NSRange range, const std::function<id(const id&)>& chan
 }
 
 void SourceLayer::textChanged(NSRange range, std::size_t newLength) {
-    if (storage_) buffer_.replace(range, storage_->view().substr(range.location, newLength));
+    if (storage_ && !isAhead_) buffer_.replace(range, storage_->view().substr(range.location, newLength));
 }
 
 void SourceLayer::visitOwned(OwnedVisitor& visitor) {

@@ -15,6 +15,10 @@ public:
         : storage_(std::move(storage)), buffer_(storage_->view()), inks_(buffer_), highlighter_(buffer_, inks_) {}
 
     const SourceBuffer& buffer() const { return buffer_; }
+    /// For changes that the storage gets later, as one.
+    SourceBuffer& changeableBuffer() { return buffer_; }
+    /// The storage gets what the buffer has already.
+    void setIsAhead(bool flag) { isAhead_ = flag; }
     Highlighter& highlighter() { return highlighter_; }
 
     std::size_t length() const override { return buffer_.length(); }
@@ -31,6 +35,7 @@ private:
     SourceBuffer buffer_;
     DisplayAttributes inks_;
     Highlighter highlighter_;
+    bool isAhead_ = false;
     std::vector<id> laid_;  // what programs laid; its first one is behind the editor's own inks
 };
 

@@ -84,9 +84,14 @@ const velt::SourceBuffer& VLTextView::buffer() const { return layer_->buffer(); 
 
 bool VLTextView::load(const id& path) {
     const std::optional<std::string> bytes = velt::readFile(velt::utf8(VELT_CSTRING(path)));
-    const std::optional<std::u16string> text = bytes ? velt::text::fromUtf8(*bytes) : std::nullopt;
-    if (!text) velt::raise(velt::kRuntimeException, "TextView.Load failed");
-    velt::send(id(static_cast<NSObject*>(this)), VELT_SELECTOR("setString:"), velt::string(*text));
+    id content;
+    if (bytes && velt::text::isAscii(*bytes)) {
+        content = velt::string(std::string_view(*bytes));
+    } else if (const auto text = bytes ? velt::text::fromUtf8(*bytes) : std::nullopt) {
+        content = velt::string(*text);
+    }
+    if (content.isNil()) velt::raise(velt::kRuntimeException, "TextView.Load failed");
+    velt::send(id(static_cast<NSObject*>(this)), VELT_SELECTOR("setString:"), content);
     setSelectedRange({0, 0});
     return true;
 }
@@ -288,6 +293,8 @@ void VLTextView::keyUp(const id& event) {
 
 void VLTextView::describe(velt::ClassBuilder<VLTextView>& c) {
     describeCompletion(c);
+    describeMargin(c);
+    describePrinting(c);
     c.method("init", &VLTextView::initialized)
         .method("initWithFrame:",
                 [](const id& self, const id* a) {
@@ -333,5 +340,11 @@ void VLTextView::describe(velt::ClassBuilder<VLTextView>& c) {
         .method("_findPrevious:", &VLTextView::findPrevious)
         .method("_replaceSelection:", &VLTextView::replaceSelection)
         .method("_replace:andFind:", &VLTextView::replaceAndFind)
-        .method("_replaceAll:with:", &VLTextView::replaceAll);
+        .method("_replaceAll:with:", &VLTextView::replaceAll)
+        .method("restoreEdits:", [](const id& self, const id* a) {
+            const Ref<VLTextView> kept(velt::as<VLTextView>(self));
+            const std::shared_ptr<Parts> parts = kept->parts_;
+            if (velt::is<velt::SourceEdits>(a[0])) parts->target.takeBack(velt::as<velt::SourceEdits>(a[0])->edits);
+            return id();
+        });
 }

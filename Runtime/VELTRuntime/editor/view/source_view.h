@@ -28,9 +28,9 @@ public:
     id filename() const { return filename_; }
     void setFilename(const id& path) { filename_ = path; }
     id lineSeparators() const { return lineSeparators_; }
-    void setLineSeparators(const id& positions) { lineSeparators_ = positions; }
+    void setLineSeparators(const id& positions);
     id breakpoints() const { return breakpoints_; }
-    void setBreakpoints(const id& positions) { breakpoints_ = positions; }
+    void setBreakpoints(const id& positions);
     id keywordList() const { return keywords_; }
     void setKeywordList(const id& words) { keywords_ = words; }
     id builtinList() const { return builtins_; }
@@ -58,6 +58,23 @@ public:
     void goToLine(long line);
     /// Removes the breakpoint of the selection's line or adds one, and colours the text anew.
     void toggleBreakpoint();
+
+    /// The same for a line, counted from 1, as a person sees it: whatever breakpoints it shows are removed, or else one
+    /// is added. The selection stays. Nothing happens for a line that there is not.
+    void toggleBreakpointAtLine(long line);
+
+    // How it is shown.
+    /// A margin beside the text with the numbers of the lines, the breakpoints and the line separators; a click there
+    /// toggles the line's breakpoint by the message "toggleBreakpointAtLine:". Off in a new view.
+    bool showsLineNumbers() const { return showsLineNumbers_; }
+    void setShowsLineNumbers(bool flag);
+    /// How large the text is shown: 1 is its own size, from 0.2 to 5. The text's fonts stay as they are.
+    double zoomFactor() const { return zoomFactor_; }
+    void setZoomFactor(double factor);
+    /// A tenth more or less; the text's own size.
+    void zoomIn(const id& sender);
+    void zoomOut(const id& sender);
+    void resetZoom(const id& sender);
 
     /// Colours the text of an editor view, all of it or the lines that are seen.
     void performSyntaxHighlighting(const id& view, bool whole);
@@ -117,6 +134,15 @@ public:
     /// The completions that are open, the lowest first, in a new array.
     id runningCompletions() const;
 
+    // Printing.
+    /// Prints the text with a header on each page that names the project and the file, after asking the person when
+    /// wanted.
+    void print(const id& projectName, const id& projectFile, bool showsPanel);
+    /// Draws the header of the page that is being printed, whose size is in points.
+    void drawPageBorder(NSSize page);
+    /// The settings of the last printing; nil before the first.
+    id printInfo() const { return printInfo_; }
+
     // What the view adds to a text view's own ways.
     void insertTab(const id& sender) override;
     void insertNewline(const id& sender) override;
@@ -136,9 +162,15 @@ public:
     void dissolve() override;
     static void describe(velt::ClassBuilder<VLTextView>& c);
 
+protected:
+    void syncWidget(QWidget& widget) override;
+    double shownScale() const override { return zoomFactor_; }
+
 private:
     struct Parts;
     static void describeCompletion(velt::ClassBuilder<VLTextView>& c);
+    static void describeMargin(velt::ClassBuilder<VLTextView>& c);
+    static void describePrinting(velt::ClassBuilder<VLTextView>& c);
     /// All fields as in a new view.
     void resetFields();
     id initialized();
@@ -147,6 +179,8 @@ private:
     velt::SourceLayer* layer_;      // the layout manager's
     std::shared_ptr<Parts> parts_;  // who works with them shares them, should the view be set up anew meanwhile
     id lineSeparators_, breakpoints_, keywords_, builtins_, types_, filename_, action_, target_, completionTimer_;
+    id printInfo_, projectName_, projectFile_;
     velt::FindOptions find_;
-    bool wraps_ = true;
+    double zoomFactor_ = 1;
+    bool wraps_ = true, showsLineNumbers_ = false;
 };

@@ -8,7 +8,7 @@
 
 struct VLTextView::Parts final : velt::FormatterHost, velt::CompletionHost, velt::PopupWindow {
     explicit Parts(VLTextView& owner)
-        : view(owner), target(owner), formatter(target, *this), completion(target, *this, *this) {}
+        : view(owner), target(owner, owner.layer_), formatter(target, *this), completion(target, *this, *this) {}
 
     velt::WordLists wordLists() override { return view.wordLists(); }
     void lineEndTyped(std::size_t selectionLocation) override { view.moveEntriesFrom(selectionLocation, 1); }

@@ -9,6 +9,7 @@
 #include <QPen>
 #include <algorithm>
 #include <cmath>
+#include <numbers>
 
 using velt::GraphicsContext;
 using velt::Ref;
@@ -102,6 +103,28 @@ void NSBezierPath::appendArc(NSPoint center, double radius, double start, double
     const QRectF around(center.x - radius, center.y - radius, 2 * radius, 2 * radius);
     if (isEmpty()) path_->arcMoveTo(around, -start);
     path_->arcTo(around, -start, -sweep);
+}
+void NSBezierPath::appendArcIn(NSPoint corner, NSPoint toward, double radius) {
+    requirePoint("appendBezierPathWithArcFromPoint:toPoint:radius:");
+    const QPointF at = qtPoint(corner), back = path_->currentPosition() - at, on = qtPoint(toward) - at;
+    const double backLength = std::hypot(back.x(), back.y()), onLength = std::hypot(on.x(), on.y());
+    const double turn = back.x() * on.y() - back.y() * on.x();
+    if (!(radius > 0) || std::abs(turn) <= 1e-9 * backLength * onLength) {
+        path_->lineTo(at);
+        return;
+    }
+    // The circle touches both lines at the same distance from the corner.
+    const QPointF in = back / backLength, out = on / onLength;
+    const double between = std::atan2(std::abs(turn), QPointF::dotProduct(back, on));
+    const QPointF first = at + in * (radius / std::tan(between / 2)),
+                  last = at + out * (radius / std::tan(between / 2));
+    const QPointF middle = in + out;
+    const QPointF center = at + middle / std::hypot(middle.x(), middle.y()) * (radius / std::sin(between / 2));
+    const auto angleOf = [&](QPointF point) {
+        return std::atan2(point.y() - center.y(), point.x() - center.x()) * 180 / std::numbers::pi;
+    };
+    path_->lineTo(first);
+    appendArc({center.x(), center.y()}, radius, angleOf(first), angleOf(last), turn > 0);
 }
 
 // Asking.
@@ -231,6 +254,7 @@ void NSBezierPath::describe(velt::ClassBuilder<NSBezierPath>& c) {
                                                             VELT_CDOUBLE(a[3]), false);
                     return nil;
                 })
+        .method("appendBezierPathWithArcFromPoint:toPoint:radius:", &NSBezierPath::appendArcIn)
         .method("setLineDash:count:phase:", &NSBezierPath::setLineDash)
         .method("stroke", &NSBezierPath::stroke)
         .method("fill", &NSBezierPath::fill)

@@ -36,6 +36,10 @@ public:
     /// it from the current point.
     void appendArc(NSPoint center, double radius, double start, double end, bool clockwise);
 
+    /// An arc of that radius in the angle between two lines: from the current point to the corner, and from there to
+    /// the other point. A line leads to where it begins. Lines that make no angle have a corner instead.
+    void appendArcIn(NSPoint corner, NSPoint toward, double radius);
+
     // Asking.
     bool isEmpty() const;
     long elementCount() const;
@@ -69,13 +73,13 @@ public:
     /// these.
     void addClip() const;
     void setClip() const;
+    /// The path with its winding rule, as the toolkit draws it.
+    QPainterPath filled() const;
     static void describe(velt::ClassBuilder<NSBezierPath>& c);
 
 private:
     void requirePoint(const char* operation) const;
     QPen pen() const;
-    /// The path with its winding rule.
-    QPainterPath filled() const;
 
     std::unique_ptr<QPainterPath> path_;
     double lineWidth_ = 1, miterLimit_ = 10, dashPhase_ = 0;

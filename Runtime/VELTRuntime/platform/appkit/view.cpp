@@ -6,6 +6,7 @@
 #include "VELTRuntime/platform/appkit/containers/scroll_view.h"
 #include "VELTRuntime/platform/appkit/containers/scrolling.h"
 #include "VELTRuntime/platform/appkit/graphics_context.h"
+#include "VELTRuntime/platform/appkit/printing/print_operation.h"
 #include "VELTRuntime/platform/appkit/qt_values.h"
 #include "VELTRuntime/platform/appkit/view_widget.h"
 #include "VELTRuntime/platform/appkit/window.h"
@@ -409,6 +410,13 @@ void NSView::describe(velt::ClassBuilder<NSView>& c) {
                 [](const id& self, const id* a) {
                     return VELT_ID(
                         static_cast<BOOL>(velt::scrollRectToVisible(*velt::as<NSView>(self), VELT_CNSRECT(a[0]))));
+                })
+        .method("drawPageBorderWithSize:", [](const id&, const id*) { return id(); })
+        .method("print:",
+                [](const id& self, const id*) {
+                    const id info = NSPrintInfo::sharedPrintInfo().copy();
+                    velt::make<NSPrintOperation>(*velt::as<NSView>(self), *velt::as<NSPrintInfo>(info))->runOperation();
+                    return id();
                 })
         .owns(&NSView::toolTip_)
         .owns(&NSView::nextKeyView_);

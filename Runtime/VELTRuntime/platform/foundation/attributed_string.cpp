@@ -185,8 +185,12 @@ void NSMutableAttributedString::replaceCharacters(NSRange range, std::u16string_
 
 void NSMutableAttributedString::replaceCharacters(NSRange range, const NSAttributedString& text) {
     requireRange("replaceCharactersInRange:withAttributedString:", range);
-    const Ref<NSAttributedString> source = velt::make<NSAttributedString>(text);  // it may be this one
-    putText(range, source->view());
+    const auto source = velt::make<NSMutableAttributedString>(text);  // it may be this one
+    if (range.length == length()) {
+        text_ = source->text_;  // which shares the other's units
+    } else {
+        putText(range, source->view());
+    }
     runs_.replace(range, source->runs());
     edited(range, source->length(), true);
 }

@@ -218,13 +218,16 @@ void registerInterfaceArranger(InterfaceArranger arranger) {
 std::string loadInterface(const std::string& path, const id& owner) {
     std::string failure;
     const auto bytes = readFile(path, &failure);
-    if (!bytes) return failure;
+    return bytes ? loadInterfaceText(*bytes, path, owner) : failure;
+}
+
+std::string loadInterfaceText(const std::string& text, const std::string& name, const id& owner) {
     try {
-        Loading(owner).load(readXmlTree(*bytes));
+        Loading(owner).load(readXmlTree(text));
     } catch (const XmlError& error) {
-        return path + ": " + error.what();
+        return name + ": " + error.what();
     } catch (const LoadFailure& error) {
-        return path + ": " + error.what();
+        return name + ": " + error.what();
     }
     return "";
 }

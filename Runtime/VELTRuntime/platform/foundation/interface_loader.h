@@ -31,5 +31,7 @@ VELT_EXPORT void registerInterfaceArranger(InterfaceArranger arranger);
 /// is handed to its parent with "addSubview:" when that has such a method. Returns an empty text, or why the file could
 /// not be loaded. What the program's own methods raise leaves here.
 VELT_EXPORT std::string loadInterface(const std::string& path, const id& owner);
+/// The same for the text of such a file; the name stands for it in what is returned.
+VELT_EXPORT std::string loadInterfaceText(const std::string& text, const std::string& name, const id& owner);
 
 }  // namespace velt

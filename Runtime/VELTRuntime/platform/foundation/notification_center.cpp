@@ -105,6 +105,13 @@ void NSNotificationCenter::describe(velt::ClassBuilder<NSNotificationCenter>& c)
                     as<Center>(self)->post(a[0], a[1]);
                     return id();
                 })
+        .method("isObserved:of:",  // whether anybody would be told
+                [](const id& self, const id* a) {
+                    const auto name = nameOf(a[0]);
+                    if (!name) return VELT_ID(static_cast<BOOL>(0));
+                    ObserverTable::Walk walk(*as<Center>(self)->table_, *name, a[1].word());
+                    return VELT_ID(static_cast<BOOL>(!walk.next().observer.isNil()));
+                })
         .method("postNotificationName:object:userInfo:", [](const id& self, const id* a) {
             as<Center>(self)->post(a[0], a[1], a[2]);
             return id();

@@ -9,6 +9,7 @@
 #include "VELTRuntime/platform/foundation/shared_object.h"
 #include "VELTRuntime/platform/foundation/user.h"
 #include "VELTRuntime/platform/object/exception.h"
+#include "VELTRuntime/platform/object/observing.h"
 #include "VELTRuntime/values/number.h"
 #include "VELTRuntime/values/string.h"
 
@@ -99,8 +100,8 @@ id NSUserDefaults::objectForKey(const id& key) {
 }
 
 void NSUserDefaults::setObject(const id& value, const id& key) {
-    const id name = keyOf(key);
-    file().set(name, value.isNil() ? id() : keptCopy(value, name));
+    const id name = keyOf(key), kept = value.isNil() ? id() : keptCopy(value, name);
+    changeValue(*this, utf8(name), [&] { file().set(name, kept); });
     writeLater();
 }
 
@@ -146,7 +147,11 @@ void NSUserDefaults::writeLater() {
 void NSUserDefaults::describe(ClassBuilder<NSUserDefaults>& c) {
     using Defaults = NSUserDefaults;
     // Readings by type: the zero of the type for what is not there and for what cannot be read so.
-    c.method("objectForKey:", &Defaults::objectForKey)
+    c.keyAccess({[](const id& self, std::string_view key) { return as<Defaults>(self)->objectForKey(string(key)); },
+                 [](const id& self, std::string_view key, const id& value) {
+                     as<Defaults>(self)->setObject(value, string(key));
+                 }})
+        .method("objectForKey:", &Defaults::objectForKey)
         .method("setObject:forKey:", &Defaults::setObject)
         .method("removeObjectForKey:", &Defaults::removeObject)
         .method("registerDefaults:", &Defaults::registerDefaults)

@@ -26,7 +26,8 @@ double NSSplitView::dividerThickness() const {
     return dividerStyle_ == velt::kThinDivider ? kThin : kThick;
 }
 
-// Where the panes are.
+// Where the panes are. The first one is the left one, also where windows are read from the right: programs reckon with
+// the panes' frames, whose places are theirs.
 
 std::vector<NSSplitView::Pane> NSSplitView::shownPanes() const {
     std::vector<Pane> panes;

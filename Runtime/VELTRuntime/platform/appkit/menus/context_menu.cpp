@@ -8,11 +8,19 @@
 #include <QContextMenuEvent>
 #include <QMenu>
 #include <QScreen>
+#include <algorithm>
 #include <cmath>
 
 namespace velt {
 
 namespace {
+
+/// Lines alone are nothing to choose from; a delegate may still fill the menu when it opens.
+bool offersNothing(const NSMenu& menu) {
+    const auto& items = menu.items();
+    return !items.empty() && menu.delegate().isNil() &&
+           std::all_of(items.begin(), items.end(), [](const Ref<NSMenuItem>& item) { return item->isSeparatorItem(); });
+}
 
 /// The menu for an event: views are asked by "menuForEvent:", so that a program can make it at that moment.
 id menuFor(NSView& view, const id& event) {
@@ -21,7 +29,7 @@ id menuFor(NSView& view, const id& event) {
     for (int i = 0; i < kMostLinks && is<NSResponder>(responder); ++i) {
         const bool asked = is<NSView>(responder);
         id menu = asked ? send(responder, VELT_SELECTOR("menuForEvent:"), event) : as<NSResponder>(responder)->menu();
-        if (is<NSMenu>(menu)) return menu;
+        if (is<NSMenu>(menu)) return offersNothing(*as<NSMenu>(menu)) ? nil : menu;
         responder = as<NSResponder>(responder)->nextResponder();
     }
     return nil;
@@ -52,7 +60,7 @@ bool showContextMenu(NSView& view, const QContextMenuEvent& event) noexcept {
         const bool byMouse = event.reason() == QContextMenuEvent::Mouse;
         if (byMouse && answersItself(view, VELT_SELECTOR("rightMouseDown:"))) return;
         NSWindow* window = view.windowPointer();
-        const QPoint place = byMouse ? event.globalPos() : view.widget().mapToGlobal(event.pos());
+        const QPoint place = event.globalPos();  // the other one is that of the widget which was asked first
         NSPoint location{};
         if (window) {
             const QPoint within = view.widget().mapFromGlobal(place);

@@ -146,26 +146,34 @@ void NSSavePanel::beginSheet(const id& directory, const id& file, NSWindow* wind
     auto* dialog = new FileDialog(question(directory, file), window ? &window->widget() : nullptr);
     dialog_ = dialog;
     const Ref<NSSavePanel> kept(this);
-    const Ref<NSWindow> leader(window);
-    QObject::connect(dialog, &QDialog::finished, dialog, [=](int result) {
-        velt::runReported([&] {
-            const long code = result == QDialog::Accepted ? velt::kPanelConfirmed : velt::kPanelCancelled;
-            kept->dialog_ = nullptr;
-            kept->take(*dialog, code);
-            dialog->deleteLater();
-            const velt::Selector selector =
-                velt::isString(didEnd) ? velt::Selector::named(velt::utf8(didEnd)) : velt::Selector();
-            if (selector && velt::respondsTo(delegate, selector)) {
-                velt::send(delegate, selector, kept, VELT_ID(code), context);
-            }
-        });
-        if (leader && leader->isVisible()) velt::runReported([&] { velt::sheetHasLeft(*leader); });
+    QObject::connect(dialog, &QDialog::finished, dialog, [kept](int result) {
+        const long code = result == QDialog::Accepted ? velt::kPanelConfirmed : velt::kPanelCancelled;
+        velt::runReported([&] { velt::endSheet(*kept, code); });
     });
+    // Its window may go, and the dialog with it.
     QObject::connect(dialog, &QObject::destroyed, qApp, [kept, dialog] {
-        if (kept->dialog_ == dialog) kept->dialog_ = nullptr;
+        if (kept->dialog_ != dialog) return;
+        kept->dialog_ = nullptr;
+        velt::runReported([&] { velt::endSheet(*kept, velt::kPanelCancelled); });
     });
     dialog->setWindowModality(window ? Qt::WindowModal : Qt::ApplicationModal);
-    dialog->show();
+    velt::SheetEnd end{delegate, didEnd, kept, context};
+    end.aborted = velt::kPanelCancelled;
+    const auto letGo = [kept](long code) {
+        FileDialog* shown = std::exchange(kept->dialog_, nullptr);
+        if (!shown) return;
+        shown->disconnect();
+        kept->take(*shown, code);
+        shown->hide();
+        shown->deleteLater();  // it may be what ends
+    };
+    velt::beginSheet(*this, window, end, {[dialog](bool visible) { dialog->setVisible(visible); }, letGo});
+}
+
+bool NSSavePanel::isShown() const { return dialog_ ? dialog_->isVisible() : isVisible(); }
+void NSSavePanel::closePanel() {
+    if (dialog_) return dialog_->reject();
+    close();
 }
 
 void NSSavePanel::ok(const id&) {
@@ -192,6 +200,13 @@ void NSSavePanel::describe(velt::ClassBuilder<NSSavePanel>& c) {
         .method("runModalForDirectory:file:", &NSSavePanel::runModalForDirectory)
         .method("beginSheetForDirectory:file:modalForWindow:modalDelegate:didEndSelector:contextInfo:",
                 &NSSavePanel::beginSheet)
+        .method("isVisible", &NSSavePanel::isShown)
+        .method("close", &NSSavePanel::closePanel)
+        .method("orderOut:",
+                [](const id& self, const id*) {
+                    velt::as<NSSavePanel>(self)->closePanel();
+                    return id();
+                })
         .method("ok:", &NSSavePanel::ok)
         .method("cancel:", &NSSavePanel::cancel)
         .classMethod("savePanel", [](const id&, const id*) { return velt::boxResult(&NSSavePanel::savePanel()); })

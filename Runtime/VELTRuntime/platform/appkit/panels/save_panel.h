@@ -59,6 +59,10 @@ public:
     /// context.
     void beginSheet(const id& directory, const id& file, NSWindow* window, const id& delegate, const id& didEnd,
                     const id& context);
+    /// The dialog is seen, or the panel's own window.
+    bool isShown() const;
+    /// Cancels a panel that is shown.
+    void closePanel();
     /// Confirms or cancels a panel that is shown.
     void ok(const id& sender);
     void cancel(const id& sender);

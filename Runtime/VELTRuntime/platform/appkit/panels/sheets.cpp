@@ -47,7 +47,8 @@ std::vector<std::unique_ptr<Sheet>>& sheets() {
 /// One sheet, from its beginning to its end.
 class Sheet final : private WindowFollower {
 public:
-    Sheet(NSWindow& sheet, NSWindow* window, SheetEnd end) : window_(window), sheet_(&sheet), end_(std::move(end)) {}
+    Sheet(NSWindow& sheet, NSWindow* window, SheetEnd end, SheetDialog dialog)
+        : window_(window), sheet_(&sheet), end_(std::move(end)), dialog_(std::move(dialog)) {}
     ~Sheet() override = default;
 
     NSWindow& sheet() const { return *sheet_; }
@@ -58,11 +59,13 @@ public:
 
 private:
     void leaderChanged(LeaderChange change) override;
+    void leaderChangedDialog(LeaderChange change);
     void place();
     void release();
 
     const Ref<NSWindow> window_, sheet_;
     SheetEnd end_;
+    const SheetDialog dialog_;
     bool shown_ = false;
     QPointer<SheetEdge> edge_;
 };
@@ -93,6 +96,10 @@ bool isAwaited(const NSWindow& window) {
 
 void Sheet::show() {
     shown_ = true;
+    if (dialog_.show) {
+        if (window_) follow(window_.get());
+        return dialog_.show(true);
+    }
     QMainWindow& widget = sheet_->widget();
     widget.hide();
     widget.setWindowModality(window_ ? Qt::WindowModal : Qt::ApplicationModal);
@@ -120,7 +127,14 @@ void Sheet::place() {
                             content.origin.y + content.size.height - height});
 }
 
+/// Where a dialog lies is the toolkit's or the desktop's to say.
+void Sheet::leaderChangedDialog(LeaderChange change) {
+    if (change == LeaderChange::Closed) return endSheet(*sheet_, end_.aborted);
+    if (change == LeaderChange::Shown || change == LeaderChange::Hidden) dialog_.show(change == LeaderChange::Shown);
+}
+
 void Sheet::leaderChanged(LeaderChange change) {
+    if (dialog_.show) return leaderChangedDialog(change);
     QWidget* widget = sheet_->existingWidget();
     switch (change) {
     case LeaderChange::Moved: return place();
@@ -130,7 +144,7 @@ void Sheet::leaderChanged(LeaderChange change) {
     case LeaderChange::Hidden:
         if (widget) widget->hide();
         return;
-    case LeaderChange::Closed: end_.ordersOut = true; return endSheet(*sheet_, kModalAborted);
+    case LeaderChange::Closed: end_.ordersOut = true; return endSheet(*sheet_, end_.aborted);
     case LeaderChange::Gone: return;
     }
 }
@@ -158,12 +172,15 @@ void Sheet::finish(long code) {
         }
     };
     const auto leave = [&] {
-        if (end_.ordersOut && !recordOf(*sheet_)) sheet_->orderOut(nil);
-        release();
+        if (!dialog_.show) {
+            if (end_.ordersOut && !recordOf(*sheet_)) sheet_->orderOut(nil);
+            release();
+        }
         if (window_ && (!sheet_->isVisible() || isAwaited(*window_))) sheetHasLeft(*window_);
     };
     ending().push_back(this);
     try {
+        if (dialog_.end) dialog_.end(code);
         tell();
     } catch (...) {
         std::erase(ending(), this);
@@ -176,10 +193,10 @@ void Sheet::finish(long code) {
 
 }  // namespace
 
-void beginSheet(NSWindow& sheet, NSWindow* window, const SheetEnd& end) {
+void beginSheet(NSWindow& sheet, NSWindow* window, const SheetEnd& end, SheetDialog dialog) {
     if (recordOf(sheet) || window == &sheet) return;
     const bool waits = window && shownOn(*window);
-    sheets().push_back(std::make_unique<Sheet>(sheet, window, end));
+    sheets().push_back(std::make_unique<Sheet>(sheet, window, end, std::move(dialog)));
     if (!waits) sheets().back()->show();
 }
 

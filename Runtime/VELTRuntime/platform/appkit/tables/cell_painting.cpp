@@ -3,6 +3,7 @@
 #include "VELTRuntime/platform/appkit/application.h"
 #include "VELTRuntime/platform/appkit/color.h"
 #include "VELTRuntime/platform/appkit/controls/button_look.h"
+#include "VELTRuntime/platform/appkit/controls/field_widget.h"
 #include "VELTRuntime/platform/appkit/event_delivery.h"
 #include "VELTRuntime/platform/appkit/font.h"
 #include "VELTRuntime/platform/appkit/image.h"
@@ -27,15 +28,11 @@ namespace {
 
 constexpr int kMargin = 3;  // between a cell's edge and its text
 
-Qt::Alignment alignmentOf(const NSCell& cell, Qt::LayoutDirection direction) {
-    Qt::Alignment across = Qt::AlignLeft;
-    switch (cell.alignment()) {
-    case 0: break;
-    case 1: across = Qt::AlignRight; break;
-    case 2: across = Qt::AlignHCenter; break;
-    default: across = QStyle::visualAlignment(direction, Qt::AlignLeft); break;
-    }
-    return across | Qt::AlignVCenter;
+/// By itself a text stands where it is read from: the right for one that is read so, or in a table that is.
+Qt::Alignment alignmentOf(const NSCell& cell, const QString& text, Qt::LayoutDirection direction) {
+    constexpr long kJustified = 3, kNatural = 4;
+    const long asked = cell.alignment() == kJustified ? kNatural : cell.alignment();
+    return velt::alignmentOf(asked, text, direction) | Qt::AlignVCenter;
 }
 
 void drawImage(QPainter& painter, const QRect& rect, const QImage& picture) {
@@ -59,7 +56,8 @@ void drawText(QPainter& painter, const QStyleOptionViewItem& option, const NSCel
                                                                              : QPalette::Inactive;
     painter.setFont(font);
     painter.setPen(option.palette.color(group, selected ? QPalette::HighlightedText : QPalette::Text));
-    const Qt::Alignment alignment = alignmentOf(cell, option.direction);
+    QString text = qtText(cell.stringValue());
+    const Qt::Alignment alignment = alignmentOf(cell, text, option.direction);
     if (const NSAttributedString* rich = attributedStringOf(cell.objectValue())) {
         const bool wraps = cell.wraps() && QFontMetrics(font).lineSpacing() * 2 <= rect.height();
         const RichTextStyle style{font,  painter.pen().color(), option.direction,    alignment | Qt::AlignAbsolute,
@@ -67,7 +65,6 @@ void drawText(QPainter& painter, const QStyleOptionViewItem& option, const NSCel
         drawRichText(painter, rect, *rich, style);
         return;
     }
-    QString text = qtText(cell.stringValue());
     if (cell.wraps() && QFontMetrics(font).lineSpacing() * 2 <= rect.height()) {
         painter.drawText(rect, static_cast<int>(alignment) | Qt::TextWordWrap, text);
         return;
@@ -156,7 +153,9 @@ QWidget* CellDelegate::createEditor(QWidget* parent, const QStyleOptionViewItem&
                                     const QModelIndex& index) const {
     NSTableView* table = tableOf(option.widget);
     if (!table) return nullptr;
-    const id cell = table->preparedCell(index);
+    const Ref<NSTableView> kept(table);
+    id cell;
+    runReported([&] { cell = kept->preparedCell(index); });
     // Buttons and images are worked in place.
     if (!is<NSCell>(cell) || is<NSButtonCell>(cell) || is<NSImage>(as<NSCell>(cell)->objectValue())) return nullptr;
     auto* editor = new QLineEdit(parent);

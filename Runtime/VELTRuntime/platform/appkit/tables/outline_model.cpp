@@ -7,27 +7,50 @@
 namespace velt {
 
 OutlineNode& OutlineModel::nodeAt(const QModelIndex& index) const {
-    return index.isValid() ? *static_cast<OutlineNode*>(index.internalPointer()) : root_;
+    return index.isValid() ? child(*static_cast<OutlineNode*>(index.internalPointer()), index.row()) : root_;
 }
 
 void OutlineModel::count(OutlineNode& node) const {
     if (node.counted || !outline_) return;
     node.counted = true;
     const Ref<NSOutlineView> kept(outline_);
-    runReported([&] { node.children.resize(static_cast<std::size_t>(kept->askChildCount(node.item))); });
+    const id item = node.item;
+    const unsigned long loads = loads_;
+    long children = 0;
+    runReported([&] {
+        // The tree's view takes what it has not seen for something that can be opened.
+        if (item.isNil() || kept->isExpandable(item)) children = kept->askChildCount(item);
+    });
+    if (loads == loads_) node.children.resize(static_cast<std::size_t>(children));
 }
 
 OutlineNode& OutlineModel::child(OutlineNode& node, int row) const {
-    std::unique_ptr<OutlineNode>& place = node.children[static_cast<std::size_t>(row)];
-    if (!place) {
-        place = std::make_unique<OutlineNode>();
-        place->parent = &node;
-        place->row = row;
-        const Ref<NSOutlineView> kept(outline_);
-        runReported([&] { place->item = kept->askChild(row, node.item); });
-        if (!place->item.isNil()) nodes_.emplace(place->item.word(), place.get());
+    const auto place = static_cast<std::size_t>(row);
+    if (place < node.children.size() && node.children[place]) return *node.children[place];
+    if (place >= node.children.size() || !outline_) return root_;
+    const Ref<NSOutlineView> kept(outline_);
+    const id parent = node.item;
+    const unsigned long loads = loads_;
+    id item;
+    runReported([&] { item = kept->askChild(row, parent); });
+    // The program may have loaded everything anew while it was asked: then there is no such place.
+    if (loads != loads_) return root_;
+    std::unique_ptr<OutlineNode>& made = node.children[place];
+    if (!made) {
+        made = std::make_unique<OutlineNode>();
+        made->parent = &node;
+        made->row = row;
+        made->item = item;
+        if (!item.isNil()) nodes_.emplace(item.word(), made.get());
     }
-    return *place;
+    return *made;
+}
+
+bool OutlineModel::isKnown(const QModelIndex& index) const {
+    if (!index.isValid()) return true;
+    const auto& among = static_cast<OutlineNode*>(index.internalPointer())->children;
+    const auto row = static_cast<std::size_t>(index.row());
+    return row < among.size() && among[row];
 }
 
 QModelIndex OutlineModel::index(int row, int column, const QModelIndex& parent) const {
@@ -35,12 +58,12 @@ QModelIndex OutlineModel::index(int row, int column, const QModelIndex& parent) 
     count(node);
     if (!outline_ || row < 0 || static_cast<std::size_t>(row) >= node.children.size()) return {};
     if (column < 0 || column >= columnCount()) return {};
-    return createIndex(row, column, &child(node, row));
+    return createIndex(row, column, &node);
 }
 
 QModelIndex OutlineModel::parent(const QModelIndex& index) const {
-    OutlineNode* above = index.isValid() ? nodeAt(index).parent : nullptr;
-    return above && above != &root_ ? createIndex(above->row, 0, above) : QModelIndex();
+    const OutlineNode* above = index.isValid() ? static_cast<OutlineNode*>(index.internalPointer()) : nullptr;
+    return above && above != &root_ ? placeOf(*above) : QModelIndex();
 }
 
 int OutlineModel::rowCount(const QModelIndex& parent) const {
@@ -57,6 +80,7 @@ int OutlineModel::columnCount(const QModelIndex&) const {
 bool OutlineModel::hasChildren(const QModelIndex& parent) const {
     if (!parent.isValid()) return rowCount() > 0;
     if (!outline_ || parent.column() > 0) return false;
+    if (!isKnown(parent)) return true;  // it is asked when it is seen
     const Ref<NSOutlineView> kept(outline_);
     bool has = false;
     runReported([&] { has = kept->isExpandable(itemAt(parent)); });
@@ -84,10 +108,45 @@ id OutlineModel::itemAt(const QModelIndex& index) const { return nodeAt(index).i
 QModelIndex OutlineModel::indexOfItem(const id& item) const {
     if (item.isNil() || columnCount() == 0) return {};
     const auto found = nodes_.find(item.word());
-    if (found != nodes_.end()) return createIndex(found->second->row, 0, found->second);
+    if (found != nodes_.end()) return placeOf(*found->second);
     // A program may give equal items anew at every question.
     for (const auto& [word, node] : nodes_) {
-        if (isEqual(node->item, item)) return createIndex(node->row, 0, node);
+        if (isEqual(node->item, item)) return placeOf(*node);
+    }
+    return {};
+}
+
+OutlineNode* OutlineModel::findBelow(OutlineNode& node, const id& item) const {
+    const unsigned long loads = loads_;
+    for (std::size_t row = 0; row < node.children.size(); ++row) {
+        const bool isNew = !node.children[row];
+        OutlineNode& below = child(node, static_cast<int>(row));
+        if (loads != loads_) return nullptr;
+        if (isNew && isEqual(below.item, item)) return &below;
+        OutlineNode* found = findBelow(below, item);
+        if (found || loads != loads_) return found;
+    }
+    return nullptr;
+}
+
+QModelIndex OutlineModel::find(const id& item) const {
+    const QModelIndex known = indexOfItem(item);
+    if (known.isValid() || item.isNil() || columnCount() == 0) return known;
+    count(root_);
+    const OutlineNode* found = findBelow(root_, item);
+    return found ? placeOf(*found) : QModelIndex();
+}
+
+QModelIndex OutlineModel::findNear(const QModelIndex& parent, int row, const id& item) const {
+    // Nobody is asked for all items because one has gone.
+    constexpr int kFarthest = 500;
+    const int rows = rowCount(parent);
+    for (int away = 0; away <= kFarthest; ++away) {
+        for (const int at : {row - away, row + away}) {
+            if (at < 0 || at >= rows) continue;
+            const QModelIndex place = index(at, 0, parent);
+            if (place.isValid() && isEqual(itemAt(place), item)) return place;
+        }
     }
     return {};
 }
@@ -99,6 +158,7 @@ void OutlineModel::reset() {
 }
 
 void OutlineModel::clear() {
+    ++loads_;
     nodes_.clear();
     root_.children.clear();
     root_.counted = false;
@@ -122,6 +182,7 @@ void OutlineModel::resetChildren(const QModelIndex& parent) {
     if (!node.counted) return;
     if (!node.children.empty()) {
         beginRemoveRows(parent, 0, static_cast<int>(node.children.size()) - 1);
+        ++loads_;
         forgetItems(node);
         node.children.clear();
         endRemoveRows();
@@ -129,7 +190,9 @@ void OutlineModel::resetChildren(const QModelIndex& parent) {
     node.counted = false;
     long now = 0;
     const Ref<NSOutlineView> kept(outline_);
+    const unsigned long loads = loads_;
     runReported([&] { now = kept->askChildCount(node.item); });
+    if (loads != loads_) return;
     if (now > 0) {
         beginInsertRows(parent, 0, static_cast<int>(now) - 1);
         node.children.resize(static_cast<std::size_t>(now));

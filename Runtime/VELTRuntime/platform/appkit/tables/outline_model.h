@@ -39,10 +39,16 @@ public:
     QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
     Qt::ItemFlags flags(const QModelIndex& index) const override;
 
-    /// The item at a place; nil for the root.
+    /// The item at a place, asked for now when it was not before; nil for the root.
     id itemAt(const QModelIndex& index) const;
+    /// The item at a place was asked for.
+    bool isKnown(const QModelIndex& index) const;
     /// The place of an item that was asked for, invalid for others.
     QModelIndex indexOfItem(const id& item) const;
+    /// The same; asks for the others among the children of what was opened until it is found.
+    QModelIndex find(const id& item) const;
+    /// The place of an item that stood at a row under a parent, or near to it.
+    QModelIndex findNear(const QModelIndex& parent, int row, const id& item) const;
     /// Forgets everything.
     void reset();
     /// Forgets the children of a place.
@@ -53,13 +59,17 @@ public:
     void clear();
 
 private:
+    // An index carries the parent's node, so that nothing is made for a child that nobody asks for.
     OutlineNode& nodeAt(const QModelIndex& index) const;
+    QModelIndex placeOf(const OutlineNode& node) const { return createIndex(node.row, 0, node.parent); }
     void count(OutlineNode& node) const;
     OutlineNode& child(OutlineNode& node, int row) const;
     void forgetItems(OutlineNode& node) const;
+    OutlineNode* findBelow(OutlineNode& node, const id& item) const;
 
     NSOutlineView* outline_;
     mutable OutlineNode root_;
+    unsigned long loads_ = 0;                                    // how often nodes were forgotten
     mutable std::unordered_multimap<Word, OutlineNode*> nodes_;  // by item
 };
 

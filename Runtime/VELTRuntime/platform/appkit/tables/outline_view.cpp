@@ -1,8 +1,10 @@
 #include "VELTRuntime/platform/appkit/tables/outline_view.h"
 
 #include "VELTRuntime/platform/appkit/event_delivery.h"
+#include "VELTRuntime/platform/appkit/qt_values.h"
 #include "VELTRuntime/platform/appkit/tables/cells_view.h"
 #include "VELTRuntime/platform/appkit/tables/outline_model.h"
+#include "VELTRuntime/platform/appkit/tables/outline_tree.h"
 #include "VELTRuntime/platform/foundation/dictionary.h"
 
 #include <QHeaderView>
@@ -108,6 +110,14 @@ bool NSOutlineView::mayEdit(const QModelIndex& index) {
     return VELT_CBOOL(velt::send(delegate(), asks, object(this), object(column), model().itemAt(index)));
 }
 
+QString NSOutlineView::searchedText(const QModelIndex& index) {
+    const Selector asks = VELT_SELECTOR("outlineView:typeSelectStringForTableColumn:item:");
+    const id value = velt::respondsTo(delegate(), asks)
+                         ? velt::send(delegate(), asks, object(this), object(columnAt(index)), model().itemAt(index))
+                         : valueAt(index);
+    return velt::qtText(value.isNil() || velt::isString(value) ? value : velt::description(value));
+}
+
 Selector NSOutlineView::shouldSelectSelector() const { return VELT_SELECTOR("outlineView:shouldSelectItem:"); }
 
 bool NSOutlineView::maySelect(const QModelIndex& index) {
@@ -124,46 +134,7 @@ void NSOutlineView::tellSelection(bool changing) {
     }
 }
 
-// Loading.
-
-void NSOutlineView::reloadData() {
-    QAbstractItemView& view = itemView();
-    std::vector<id> expanded, selected;
-    const auto collect = [&](const auto& self, const QModelIndex& parent) -> void {
-        for (int row = 0; row < model_->rowCount(parent); ++row) {
-            const QModelIndex index = model_->index(row, 0, parent);
-            if (!treeOf(view).isExpanded(index)) continue;
-            expanded.push_back(model_->itemAt(index));
-            self(self, index);
-        }
-    };
-    if (isLoaded()) {
-        collect(collect, {});
-        for (const QModelIndex& index : view.selectionModel()->selectedRows())
-            selected.push_back(model_->itemAt(index));
-    }
-    beginReloading();
-    model_->reset();
-    opening_ = true;
-    // What was open is open again, if it is still there.
-    for (const id& item : expanded) {
-        for (int row = 0; row < model_->rowCount(); ++row) model_->index(row, 0);
-        const QModelIndex index = model_->indexOfItem(item);
-        if (!index.isValid()) continue;
-        treeOf(view).setExpanded(index, true);
-        for (int row = 0; row < model_->rowCount(index); ++row) model_->index(row, 0, index);
-    }
-    opening_ = false;
-    auto& selection = static_cast<velt::RowSelection&>(*view.selectionModel());
-    QItemSelection kept;
-    for (const id& item : selected) {
-        const QModelIndex index = model_->indexOfItem(item);
-        if (index.isValid()) kept.select(index, index);
-    }
-    selection.selectUnasked(kept, QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
-    endReloading();
-    if (kept.size() < static_cast<qsizetype>(selected.size())) selectionChanged();
-}
+// Loading one item anew.
 
 void NSOutlineView::reloadItemWithChildren(const id& item, bool children) {
     if (item.isNil()) {
@@ -214,6 +185,7 @@ void NSOutlineView::expandItemWithChildren(const id& item, bool children) {
         if (index.isValid()) {
             if (!isExpandable(model().itemAt(index))) return;
             treeOf(itemView()).setExpanded(index, true);
+            if (treeOf(itemView()).isExpanded(index)) model().rowCount(index);  // the toolkit may ask later
         }
         if (!children && index.isValid()) return;
         for (int row = 0; row < model().rowCount(index); ++row) {
@@ -225,7 +197,7 @@ void NSOutlineView::expandItemWithChildren(const id& item, bool children) {
             }
         }
     };
-    const QModelIndex index = model().indexOfItem(item);
+    const QModelIndex index = model().find(item);
     if (item.isNil() || index.isValid()) expand(expand, index);
 }
 
@@ -235,7 +207,7 @@ void NSOutlineView::collapseItemWithChildren(const id& item, bool children) {
         if (children || !index.isValid()) {
             for (int row = 0; row < model().rowCount(index); ++row) {
                 const QModelIndex below = model().index(row, 0, index);
-                if (treeOf(itemView()).isExpanded(below)) self(self, below);
+                if (model().isKnown(below) && treeOf(itemView()).isExpanded(below)) self(self, below);
             }
         }
         if (index.isValid()) treeOf(itemView()).setExpanded(index, false);
@@ -280,12 +252,12 @@ id NSOutlineView::itemAtRow(long row) {
 
 long NSOutlineView::rowForItem(const id& item) {
     requireLoaded();
-    return rowOf(model().indexOfItem(item));
+    return rowOf(model().find(item));
 }
 
 long NSOutlineView::levelForItem(const id& item) {
     requireLoaded();
-    QModelIndex index = model().indexOfItem(item);
+    QModelIndex index = model().find(item);
     long level = -1;
     for (; index.isValid(); index = index.parent()) ++level;
     return level;
@@ -296,7 +268,7 @@ long NSOutlineView::levelForRow(long row) {
 }
 
 id NSOutlineView::parentForItem(const id& item) {
-    const QModelIndex index = model().indexOfItem(item);
+    const QModelIndex index = model().find(item);
     return index.isValid() && index.parent().isValid() ? model().itemAt(index.parent()) : nil;
 }
 
@@ -316,7 +288,7 @@ void NSOutlineView::setIndentationPerLevel(double width) {
 // The toolkit's.
 
 std::unique_ptr<QAbstractItemView> NSOutlineView::makeItemView() {
-    auto view = std::make_unique<velt::CellsView<QTreeView>>();
+    auto view = std::make_unique<velt::CellsView<velt::OutlineTree>>();
     view->setUniformRowHeights(true);
     view->setExpandsOnDoubleClick(false);
     view->setAllColumnsShowFocus(true);

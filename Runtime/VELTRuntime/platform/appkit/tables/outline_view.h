@@ -45,6 +45,7 @@ public:
     bool maySelect(const QModelIndex& index) override;
     velt::Selector shouldSelectSelector() const override;
     long rowOf(const QModelIndex& index) const override;
+    QString searchedText(const QModelIndex& index) override;
     // What the model and the toolkit's view ask.
     long askChildCount(const id& item);
     id askChild(long index, const id& item);
@@ -68,7 +69,19 @@ protected:
     long shownRows() override;
 
 private:
+    /// An item that is open, and where it stood.
+    struct Open {
+        id item;
+        int row;
+        std::vector<Open> below;
+    };
+    /// An item that is selected, and what leads to it from the top.
+    using Path = std::vector<std::pair<id, int>>;
     velt::OutlineModel& model();
+    std::vector<Open> openBelow(const QModelIndex& parent) const;
+    void openAgain(const QModelIndex& parent, const std::vector<Open>& open);
+    Path pathOf(QModelIndex index) const;
+    QModelIndex follow(const Path& path) const;
 
     velt::OutlineModel* model_ = nullptr;  // the toolkit's view owns it
     velt::Ref<NSTableColumn> outlineColumn_;

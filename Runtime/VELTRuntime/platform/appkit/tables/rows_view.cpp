@@ -109,6 +109,7 @@ void RowsView::scrollTo(const QModelIndex& index, ScrollHint hint) {
 
 void RowsView::reset() {
     QTableView::reset();
+    typing_.stop();
     dropMark_.reset();
     updateGeometries();
 }
@@ -180,6 +181,11 @@ void RowsView::scrollContentsBy(int dx, int dy) {
 void RowsView::mousePressEvent(QMouseEvent* event) {
     if (!indexAt(event->position().toPoint()).isValid()) setAnchor(-1);
     QTableView::mousePressEvent(event);
+}
+
+void RowsView::focusOutEvent(QFocusEvent* event) {
+    typing_.stop();
+    QTableView::focusOutEvent(event);
 }
 
 void RowsView::setSelection(const QRect& rect, QItemSelectionModel::SelectionFlags command) {

@@ -2,7 +2,8 @@
 // eight bytes for each of them, and a table of a million rows should cost what a table of ten does.
 #pragma once
 
-#include <QElapsedTimer>
+#include "VELTRuntime/platform/appkit/tables/type_select.h"
+
 #include <QTableView>
 #include <optional>
 
@@ -34,7 +35,7 @@ public:
     QModelIndex indexAt(const QPoint& point) const override;
     void scrollTo(const QModelIndex& index, ScrollHint hint = EnsureVisible) override;
     void reset() override;
-    void keyboardSearch(const QString& typed) override;
+    void keyboardSearch(const QString& typed) override { typing_.typed(typed); }
 
 protected:
     int sizeHintForColumn(int column) const override;
@@ -47,6 +48,7 @@ protected:
     void scrollContentsBy(int dx, int dy) override;
     void paintEvent(QPaintEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
     void startDrag(Qt::DropActions actions) override;
     void dragEnterEvent(QDragEnterEvent* event) override;
     void dragMoveEvent(QDragMoveEvent* event) override;
@@ -66,8 +68,7 @@ private:
     long long scale_ = 1;  // dots that a step of the scroll bar stands for: it counts no further than an int
     bool arranging_ = false, outdated_ = false;
     std::optional<DropMark> dropMark_;
-    QString typed_;
-    QElapsedTimer sinceTyped_;
+    TypeSelect typing_{*this};
 };
 
 }  // namespace velt

@@ -1,31 +1,14 @@
 // How a table is worked with the keyboard: rows found by typing how they begin, cells edited one after the other.
 #include "VELTRuntime/platform/appkit/controls/button_cell.h"
-#include "VELTRuntime/platform/appkit/event_delivery.h"
 #include "VELTRuntime/platform/appkit/image.h"
 #include "VELTRuntime/platform/appkit/qt_values.h"
-#include "VELTRuntime/platform/appkit/tables/cell_painting.h"
-#include "VELTRuntime/platform/appkit/tables/rows_view.h"
 #include "VELTRuntime/platform/appkit/tables/table_view.h"
 
-#include <QApplication>
 #include <QHeaderView>
 #include <algorithm>
 
 using velt::Ref;
 using velt::Selector;
-
-namespace {
-
-QString textAt(NSTableView& table, const QModelIndex& index) {
-    const id self(static_cast<NSObject*>(&table)), column(static_cast<NSObject*>(table.columnAt(index)));
-    const Selector asks = VELT_SELECTOR("tableView:typeSelectStringForTableColumn:row:");
-    const id row = VELT_ID(table.rowOf(index));
-    const id value = velt::respondsTo(table.delegate(), asks) ? velt::send(table.delegate(), asks, self, column, row)
-                                                              : table.valueAt(index);
-    return velt::qtText(value.isNil() || velt::isString(value) ? value : velt::description(value));
-}
-
-}  // namespace
 
 /// The first column that shows texts, as they stand on the screen.
 int NSTableView::searchedColumn() {
@@ -38,25 +21,25 @@ int NSTableView::searchedColumn() {
     return -1;
 }
 
-long NSTableView::rowThatBegins(const id& text, long from) {
-    const long rows = numberOfRows();
-    if (rows == 0) return -1;
-    from = from < 0 || from >= rows ? 0 : from;
+QString NSTableView::searchedText(const QModelIndex& index) {
+    const id self(static_cast<NSObject*>(this)), column(static_cast<NSObject*>(columnAt(index)));
+    const Selector asks = VELT_SELECTOR("tableView:typeSelectStringForTableColumn:row:");
+    const id value = velt::respondsTo(delegate(), asks)
+                         ? velt::send(delegate(), asks, self, column, VELT_ID(rowOf(index)))
+                         : valueAt(index);
+    return velt::qtText(value.isNil() || velt::isString(value) ? value : velt::description(value));
+}
+
+std::optional<QModelIndex> NSTableView::delegatesMatch(const id& text, long from) {
     const Selector finds = VELT_SELECTOR("tableView:nextTypeSelectMatchFromRow:toRow:forString:");
-    if (velt::respondsTo(delegate(), finds)) {
-        const id self(static_cast<NSObject*>(this));
-        const long end = from == 0 ? rows - 1 : from - 1;
-        const long row = VELT_CINTEGER(velt::send(delegate(), finds, self, VELT_ID(from), VELT_ID(end), text));
-        return row >= 0 && row < rows ? row : -1;
-    }
-    const int column = searchedColumn();
-    const QString begin = velt::qtText(text);
-    for (long i = 0; i < rows && column >= 0; ++i) {
-        const QModelIndex index = indexOf((from + i) % rows, column);
-        // Whoever is asked may have taken rows away.
-        if (index.isValid() && textAt(*this, index).startsWith(begin, Qt::CaseInsensitive)) return rowOf(index);
-    }
-    return -1;
+    if (!velt::respondsTo(delegate(), finds)) return std::nullopt;
+    const long rows = numberOfRows();
+    if (rows == 0) return QModelIndex();
+    from = from < 0 || from >= rows ? 0 : from;
+    const id self(static_cast<NSObject*>(this));
+    const long end = from == 0 ? rows - 1 : from - 1;
+    const long row = VELT_CINTEGER(velt::send(delegate(), finds, self, VELT_ID(from), VELT_ID(end), text));
+    return row >= 0 && row < numberOfRows() ? indexOf(row, std::max(0, searchedColumn())) : QModelIndex();
 }
 
 QModelIndex NSTableView::editableAfter(const QModelIndex& edited, bool forward) {
@@ -79,26 +62,3 @@ QModelIndex NSTableView::editableAfter(const QModelIndex& edited, bool forward) 
     }
     return {};
 }
-
-namespace velt {
-
-void RowsView::keyboardSearch(const QString& typed) {
-    NSTableView* table = tableOf(this);
-    if (!table || typed.isEmpty()) return;
-    // A pause begins anew. One letter again and again goes from row to row.
-    const bool isAnew = !sinceTyped_.isValid() || sinceTyped_.elapsed() > QApplication::keyboardInputInterval();
-    sinceTyped_.start();
-    if (isAnew) typed_.clear();
-    const bool repeats = !typed_.isEmpty() && typed_.count(typed[0]) == typed_.size() && typed == QString(typed[0]);
-    typed_ += typed;
-    const QString sought = repeats ? typed : typed_;
-    const long from = currentIndex().isValid() ? currentIndex().row() + (isAnew || repeats ? 1 : 0) : 0;
-    const Ref<NSTableView> kept(table);
-    long row = -1;
-    runReported([&] { row = kept->rowThatBegins(textValue(sought), from); });
-    if (row < 0 || tableOf(this) != table || !model()) return;
-    const int column = std::max(0, currentIndex().isValid() ? currentIndex().column() : seenColumn(0, 1));
-    setCurrentIndex(model()->index(static_cast<int>(row), column, rootIndex()));
-}
-
-}  // namespace velt

@@ -8,12 +8,14 @@
 #include "VELTRuntime/platform/appkit/tables/table_column.h"
 #include "VELTRuntime/platform/foundation/index_set.h"
 
+#include <optional>
 #include <vector>
 
 class QAbstractItemModel;
 class QAbstractItemView;
 class QHeaderView;
 class QModelIndex;
+class QString;
 
 namespace velt {
 
@@ -129,8 +131,13 @@ public:
     bool acceptDrop(const id& info, const velt::DropPlace& place);
 
     // The keyboard.
-    /// The next row from one on, around the end, whose text begins with a text; -1 when none does.
-    long rowThatBegins(const id& text, long from);
+    /// The row from one on, around the end, which the delegate says to begin with a text; invalid when it knows none,
+    /// nothing when it answers no such question.
+    std::optional<QModelIndex> delegatesMatch(const id& text, long from);
+    /// The column whose texts are searched by typing; -1 when none shows texts.
+    int searchedColumn();
+    /// What a row of that column is found by.
+    virtual QString searchedText(const QModelIndex& index);
     /// The next place after one, or before it, that a person may edit; invalid when none is near.
     QModelIndex editableAfter(const QModelIndex& index, bool forward);
 
@@ -196,7 +203,6 @@ private:
     void syncSortIndicator();
     std::vector<NSRange> selectedRanges();
     void syncDragging(QAbstractItemView& view);
-    int searchedColumn();
 
     id dataSource_, headerView_, sortDescriptors_, gridColor_, draggedTypes_;
     std::vector<velt::Ref<NSTableColumn>> columns_;  // in the order of the toolkit's model

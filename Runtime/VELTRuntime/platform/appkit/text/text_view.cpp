@@ -3,6 +3,7 @@
 #include "VELTRuntime/platform/appkit/event_delivery.h"
 #include "VELTRuntime/platform/appkit/font.h"
 #include "VELTRuntime/platform/appkit/qt_values.h"
+#include "VELTRuntime/platform/appkit/text/moved_range.h"
 #include "VELTRuntime/platform/appkit/text/text_widget.h"
 #include "VELTRuntime/platform/foundation/array.h"
 #include "VELTRuntime/platform/foundation/attribute_names.h"
@@ -20,17 +21,6 @@ namespace {
 
 constexpr NSRange kNoRange{LONG_MAX, 0};
 constexpr double kUnlimitedWidth = 1e6;  // lines of containers wider than this do not break
-
-/// What the storage's edit leaves of a range: what lay in the edit goes to its end.
-NSRange movedBy(NSRange range, NSRange edited, std::size_t newLength) {
-    const auto moved = [&](std::size_t position) {
-        if (position < edited.location) return position;
-        if (position >= edited.location + edited.length) return position + newLength - edited.length;
-        return edited.location + newLength;
-    };
-    const std::size_t begin = moved(range.location), end = moved(range.location + range.length);
-    return {begin, end > begin ? end - begin : 0};
-}
 
 }  // namespace
 
@@ -108,7 +98,7 @@ void NSTextView::storageChanged(NSRange range, std::size_t newLength, bool textC
     layoutManager_->textChanged(range, newLength);
     if (widget) widget->replaceShown(range, *storage_, newLength);
     std::vector<NSRange> moved;
-    for (const NSRange& selected : ranges_) moved.push_back(movedBy(selected, range, newLength));
+    for (const NSRange& selected : ranges_) moved.push_back(velt::movedBy(selected, range, newLength));
     select(std::move(moved), forward_);
 }
 
@@ -122,7 +112,7 @@ void NSTextView::changedByWidget(NSRange range, const id& text) {
     storage_->addWatcher(*this);
     editing_ = outer;
     layoutManager_->textChanged(range, velt::textOf(text).size());
-    select({movedBy(selectedRange(), range, velt::textOf(text).size())}, true);
+    select({velt::movedBy(selectedRange(), range, velt::textOf(text).size())}, true);
     didChangeText();
 }
 
@@ -241,7 +231,9 @@ void NSTextView::syncWidget(QWidget& shown) {
     if (isSelectable()) flags |= Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard;
     if (isEditable()) flags |= Qt::TextEditorInteraction;
     widget.setTextInteractionFlags(flags);
-    widget.setFont(velt::as<NSFont>(font())->font());
+    const id usual = font();
+    widget.setScale(shownScale(), *storage_);
+    widget.setFont(widget.scaled(velt::as<NSFont>(usual)->font()));
     QPalette palette;
     if (velt::is<NSColor>(textColor_)) {
         palette.setColor(QPalette::Text, velt::qtColor(*velt::as<NSColor>(textColor_)));

@@ -122,6 +122,8 @@ public:
 protected:
     std::unique_ptr<QWidget> makeWidget() override;
     void syncWidget(QWidget& widget) override;
+    /// How many times its size the text is shown.
+    virtual double shownScale() const { return 1; }
 
 private:
     friend class velt::ClassBuilder<NSTextView>;

@@ -33,6 +33,22 @@ private:
     bool before_;
 };
 
+constexpr std::size_t kAtOnce = 65536;  // longer texts are shown piece by piece
+constexpr std::size_t kPiece = 262144;  // a blink's worth of work
+
+/// Where a piece of a text may end from a position on: behind a line, if one ends soon.
+std::size_t pieceEnd(std::u16string_view text, std::size_t position) {
+    constexpr std::size_t kSoon = 4096;
+    if (position >= text.size()) return text.size();
+    const std::size_t lineEnd = text.substr(position, kSoon).find(u'\n');
+    return lineEnd == text.npos ? position : position + lineEnd + 1;
+}
+
+bool isPlain(const NSAttributedString& text) {
+    const std::span<const RunList::Run> runs = text.runs().runs();
+    return runs.empty() || (runs.size() == 1 && runs[0].attributes.isNil());
+}
+
 }  // namespace
 
 TextWidget::TextWidget() {
@@ -54,17 +70,58 @@ NSTextView* TextWidget::view() const {
 
 void TextWidget::load(const NSAttributedString& text) {
     const Applying scope(applying_);
-    const std::span<const RunList::Run> runs = text.runs().runs();
-    if (runs.empty() || (runs.size() == 1 && runs[0].attributes.isNil())) {
-        setPlainText(velt::shownText(text.view(), 0, text.length()));
+    loading_.stop();
+    if (isPlain(text)) {
+        loaded_ = text.length() > kAtOnce ? pieceEnd(text.view(), kAtOnce) : text.length();
+        setPlainText(velt::shownText(text.view(), 0, loaded_));
+        if (loaded_ < text.length()) loading_.start(0, this);
     } else {
+        loaded_ = text.length();
         clear();
         QTextCursor cursor(document());
         cursor.beginEditBlock();
         insertRuns(cursor, text, {0, text.length()});
         cursor.endEditBlock();
     }
-    assert(static_cast<std::size_t>(document()->characterCount()) == text.length() + 1);
+    assert(static_cast<std::size_t>(document()->characterCount()) == loaded_ + 1);
+}
+
+void TextWidget::loadPiece(const NSAttributedString& text) {
+    const std::size_t begin = loaded_;
+    {
+        const Applying scope(applying_);
+        QTextCursor cursor(document());
+        cursor.movePosition(QTextCursor::End);
+        loaded_ = pieceEnd(text.view(), begin + kPiece);
+        cursor.insertText(velt::shownText(text.view(), begin, loaded_ - begin), QTextCharFormat());
+    }
+    if (loaded_ == text.length()) loading_.stop();
+    const auto reaches = [&](const NSRange& range) { return range.location + range.length >= begin; };
+    if (std::max(anchor_, position_) >= begin || std::any_of(further_.begin(), further_.end(), reaches)) {
+        select(anchor_, position_, std::vector<NSRange>(further_));
+    }
+}
+
+void TextWidget::loadUpTo(std::size_t position) {
+    const NSTextView* shown = view();
+    while (shown && loading_.isActive() && loaded_ <= position) loadPiece(shown->shown());
+}
+
+void TextWidget::timerEvent(QTimerEvent* event) {
+    if (event->timerId() != loading_.timerId()) return QPlainTextEdit::timerEvent(event);
+    if (const NSTextView* shown = view()) return loadPiece(shown->shown());
+    loading_.stop();
+}
+
+/// Shows a whole text without scrolling.
+void TextWidget::reload(const NSAttributedString& text) {
+    const int first = firstVisibleBlock().blockNumber(), sideways = horizontalScrollBar()->value();
+    const int last = first + viewport()->height() / std::max(1, fontMetrics().lineSpacing()) + 1;
+    load(text);
+    while (loading_.isActive() && document()->blockCount() <= last) loadPiece(text);
+    select(anchor_, position_, std::vector<NSRange>(further_));
+    verticalScrollBar()->setValue(document()->findBlockByNumber(first).firstLineNumber());
+    horizontalScrollBar()->setValue(sideways);
 }
 
 void TextWidget::insertRuns(QTextCursor& cursor, const NSAttributedString& text, NSRange range) {
@@ -73,13 +130,18 @@ void TextWidget::insertRuns(QTextCursor& cursor, const NSAttributedString& text,
     for (std::size_t at = range.location; at < end; at = run.location + run.length) {
         const id& attributes = text.runs().at(at, &run).attributes;
         const std::size_t last = std::min<std::size_t>(end, run.location + run.length);
-        cursor.insertText(velt::shownText(text.view(), at, last - at), charFormatOf(attributes));
+        cursor.insertText(velt::shownText(text.view(), at, last - at), formatOf(attributes));
     }
 }
 
 void TextWidget::replaceShown(NSRange range, const NSAttributedString& text, std::size_t newLength) {
-    if (range.location == 0 && newLength == text.length()) return load(text);
+    if (range.location == 0 && newLength == text.length()) return keepsPlace_ ? reload(text) : load(text);
+    const std::size_t rangeEnd = range.location + range.length;
+    if (loading_.isActive() && range.location > loaded_) return;  // it comes with the rest
+    const bool isLong = std::max<std::size_t>(range.length, newLength) > kAtOnce;
+    if ((isLong && isPlain(text)) || (loading_.isActive() && rangeEnd >= loaded_)) return reload(text);
     const Applying scope(applying_);
+    loaded_ += newLength - range.length;
     NSRange inserted{range.location, newLength};
     // A carriage return is shown by the unit behind it.
     if (range.location > 0 && text.view()[range.location - 1] == u'\r') {
@@ -93,10 +155,11 @@ void TextWidget::replaceShown(NSRange range, const NSAttributedString& text, std
     cursor.removeSelectedText();
     insertRuns(cursor, text, inserted);
     cursor.endEditBlock();
-    assert(static_cast<std::size_t>(document()->characterCount()) == text.length() + 1);
+    assert(static_cast<std::size_t>(document()->characterCount()) == loaded_ + 1);
 }
 
 void TextWidget::reformat(NSRange range, const NSAttributedString& text) {
+    loadUpTo(range.location + range.length);
     const Applying scope(applying_);
     QTextCursor cursor(document());
     cursor.beginEditBlock();
@@ -107,9 +170,30 @@ void TextWidget::reformat(NSRange range, const NSAttributedString& text) {
         cursor.setPosition(static_cast<int>(at));
         cursor.setPosition(static_cast<int>(std::min<std::size_t>(end, run.location + run.length)),
                            QTextCursor::KeepAnchor);
-        cursor.setCharFormat(charFormatOf(attributes));
+        cursor.setCharFormat(formatOf(attributes));
     }
     cursor.endEditBlock();
+}
+
+QFont TextWidget::scaled(QFont font) const {
+    constexpr int kSmallest = 2;  // what is smaller still cannot be told from dots
+    if (scale_ != 1) font.setPixelSize(std::max(kSmallest, qRound(QFontInfo(font).pixelSize() * scale_)));
+    return font;
+}
+
+QTextCharFormat TextWidget::formatOf(const id& attributes) const {
+    QTextCharFormat format = charFormatOf(attributes);
+    if (scale_ != 1 && format.hasProperty(QTextFormat::FontPixelSize)) format.setFont(scaled(format.font()));
+    return format;
+}
+
+void TextWidget::setScale(double scale, const NSAttributedString& text) {
+    if (scale == scale_) return;
+    setTabStopDistance(tabStopDistance() / scale_ * scale);
+    scale_ = scale;
+    for (const RunList::Run& run : text.runs().runs()) {
+        if (!run.attributes.isNil()) return reformat({0, text.length()}, text);
+    }
 }
 
 /// What the toolkit changed on its own account, such as the end of a drag to another program.
@@ -118,6 +202,7 @@ void TextWidget::documentChanged(int position, int, int added) {
     if (applying_ || !shown) return;
     // The counts may take in the end of the last paragraph, so the end is reckoned from the end of the text.
     const auto now = static_cast<std::size_t>(document()->characterCount()) - 1;
+    loaded_ = now;
     const std::size_t old = shown->shown().length(), begin = static_cast<std::size_t>(position);
     const std::size_t end = std::min(begin + static_cast<std::size_t>(added), now), behind = now - end;
     if (begin > end || behind > old || begin > old - behind) return;
@@ -137,17 +222,21 @@ void TextWidget::documentChanged(int position, int, int added) {
 
 void TextWidget::select(std::size_t anchor, std::size_t position, const std::vector<NSRange>& further) {
     const Applying scope(applying_);
+    const auto place = [this](std::size_t wanted) { return static_cast<int>(std::min(wanted, loaded_)); };
+    anchor_ = anchor, position_ = position, further_ = further;
     QTextCursor cursor(document());
-    cursor.setPosition(static_cast<int>(anchor));
-    cursor.setPosition(static_cast<int>(position), QTextCursor::KeepAnchor);
-    lastPosition_ = static_cast<int>(position);
-    setTextCursor(cursor);
+    cursor.setPosition(place(anchor));
+    cursor.setPosition(place(position), QTextCursor::KeepAnchor);
+    lastPosition_ = place(position);
+    // The toolkit scrolls to a cursor that it is given, even to the one that it has.
+    const QTextCursor before = textCursor();
+    if (before.anchor() != cursor.anchor() || before.position() != cursor.position()) setTextCursor(cursor);
     QList<QTextEdit::ExtraSelection> shown;
     for (const NSRange& range : further) {
         QTextEdit::ExtraSelection selection;
         selection.cursor = cursor;
-        selection.cursor.setPosition(static_cast<int>(range.location));
-        selection.cursor.setPosition(static_cast<int>(range.location + range.length), QTextCursor::KeepAnchor);
+        selection.cursor.setPosition(place(range.location));
+        selection.cursor.setPosition(place(range.location + range.length), QTextCursor::KeepAnchor);
         selection.format.setBackground(palette().brush(QPalette::Highlight));
         selection.format.setForeground(palette().brush(QPalette::HighlightedText));
         shown.append(selection);
@@ -175,6 +264,7 @@ void TextWidget::selectionMoved() {
 }
 
 void TextWidget::reveal(std::size_t position) {
+    loadUpTo(position + kAtOnce);
     const QTextCursor before = textCursor();
     const auto place = static_cast<int>(position);
     if (before.position() == place) return ensureCursorVisible();
@@ -198,7 +288,8 @@ NSRange TextWidget::charactersIn(const QRectF& rect) const {
     return {begin, std::max<unsigned long>(begin, static_cast<unsigned long>(last.position())) - begin};
 }
 
-std::pair<std::size_t, std::size_t> TextWidget::reachOf(QTextCursor::MoveOperation operation) const {
+std::pair<std::size_t, std::size_t> TextWidget::reachOf(QTextCursor::MoveOperation operation) {
+    loadAll();
     QTextCursor cursor = textCursor();
     cursor.movePosition(operation, QTextCursor::KeepAnchor);
     return {static_cast<std::size_t>(cursor.selectionStart()), static_cast<std::size_t>(cursor.selectionEnd())};
@@ -219,7 +310,7 @@ void TextWidget::showTemporaryFormats(const QTextBlock& block, const NSTextView&
         const id attributes = layer.at(at, run);
         if (attributes.isNil()) continue;
         const std::size_t last = std::min<std::size_t>(end, run.location + run.length);
-        formats.append({static_cast<int>(at - begin), static_cast<int>(last - at), charFormatOf(attributes)});
+        formats.append({static_cast<int>(at - begin), static_cast<int>(last - at), formatOf(attributes)});
     }
     if (formats == layout->formats()) return;
     layout->setFormats(formats);
@@ -282,7 +373,8 @@ void TextWidget::tellFindResult(const QString& text) {
 
 void TextWidget::placeFindBar() {
     const int height = isFindBarShown() ? findBar_->sizeHint().height() : 0;
-    setViewportMargins(0, 0, 0, height);
+    const QMargins margins = viewportMargins();
+    setViewportMargins(margins.left(), margins.top(), margins.right(), height);
     if (height > 0) {
         const QRect area = contentsRect();
         findBar_->setGeometry(area.left(), area.bottom() + 1 - height, area.width(), height);

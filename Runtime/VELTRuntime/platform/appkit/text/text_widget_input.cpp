@@ -58,6 +58,14 @@ struct KeyFind {
 constexpr KeyFind kKeyFinds[] = {
     {QKeySequence::Find, 1}, {QKeySequence::Replace, 1}, {QKeySequence::FindNext, 2}, {QKeySequence::FindPrevious, 3}};
 
+// Where the plus sign needs the shift key, its key counts without it too.
+struct KeyZoom {
+    Qt::Key key;
+    const char* command;
+};
+constexpr KeyZoom kKeyZooms[] = {
+    {Qt::Key_Plus, "zoomIn:"}, {Qt::Key_Equal, "zoomIn:"}, {Qt::Key_Minus, "zoomOut:"}, {Qt::Key_0, "resetZoom:"}};
+
 struct Movement {
     const char* command;
     QTextCursor::MoveOperation operation;
@@ -117,6 +125,7 @@ void TextWidget::keyPressEvent(QKeyEvent* event) {
     NSTextView* shown = view();
     if (!shown) return QPlainTextEdit::keyPressEvent(event);
     const Ref<NSTextView> kept(shown);
+    loadAll();
     runReported([&] { kept->commandBegins(); });
     event->accept();
     QKeyEvent* outer = std::exchange(key_, event);
@@ -149,6 +158,11 @@ bool TextWidget::pressKey(QKeyEvent& event) {
         if (event.matches(row.key)) return row.edits && !edits ? false : command(row.command);
     }
     const bool plain = !(event.modifiers() & kCommandModifiers);
+    if ((event.modifiers() & kCommandModifiers) == Qt::ControlModifier) {
+        for (const KeyZoom& row : kKeyZooms) {
+            if (event.key() == row.key && command(row.command)) return true;
+        }
+    }
     switch (event.key()) {
     case Qt::Key_Escape:
         if (isFindBarShown()) return command("cancelOperation:");
@@ -171,6 +185,7 @@ bool TextWidget::pressKey(QKeyEvent& event) {
 }
 
 bool TextWidget::move(const QString& command) {
+    loadAll();
     QString name = command.chopped(1);
     const QString extending = QStringLiteral("AndModifySelection");
     const bool extends = name.endsWith(extending);
@@ -184,6 +199,7 @@ bool TextWidget::move(const QString& command) {
 }
 
 void TextWidget::inputMethodEvent(QInputMethodEvent* event) {
+    loadAll();
     NSTextView* shown = view();
     if (!shown || isReadOnly()) return QPlainTextEdit::inputMethodEvent(event);
     const Ref<NSTextView> kept(shown);
@@ -228,7 +244,26 @@ bool TextWidget::viewportEvent(QEvent* event) {
     return QPlainTextEdit::viewportEvent(event);
 }
 
+void TextWidget::wheelEvent(QWheelEvent* event) {
+    NSTextView* shown = view();
+    const bool zooms = shown && event->modifiers() == Qt::ControlModifier &&
+                       respondsTo(id(static_cast<NSObject*>(shown)), VELT_SELECTOR("zoomIn:"));
+    if (!zooms) return QPlainTextEdit::wheelEvent(event);
+    const Ref<NSTextView> kept(shown);
+    event->accept();
+    // Fine wheels add up to the steps of coarse ones.
+    const int turn = event->angleDelta().y();
+    if ((turn > 0) != (turned_ > 0)) turned_ = 0;
+    turned_ += turn;
+    for (; std::abs(turned_) >= QWheelEvent::DefaultDeltasPerStep;
+         turned_ -= turned_ > 0 ? QWheelEvent::DefaultDeltasPerStep : -QWheelEvent::DefaultDeltasPerStep) {
+        const bool larger = turned_ > 0;
+        runReported([&] { kept->doCommand(larger ? "zoomIn:"_v : "zoomOut:"_v); });
+    }
+}
+
 void TextWidget::mousePressEvent(QMouseEvent* event) {
+    loadAll();
     if (NSTextView* shown = view()) runReported([&] { shown->commandBegins(); });
     QPlainTextEdit::mousePressEvent(event);
 }
@@ -337,6 +372,7 @@ void TextWidget::insertFromMimeData(const QMimeData* source) {
 }
 
 void TextWidget::dropEvent(QDropEvent* event) {
+    loadAll();
     QDragLeaveEvent leave;
     QPlainTextEdit::dragLeaveEvent(&leave);  // the drop's caret goes
     NSTextView* shown = view();

@@ -374,6 +374,11 @@ void NSToolbar::describe(velt::ClassBuilder<NSToolbar>& c) {
         .method("insertItemWithItemIdentifier:atIndex:", &NSToolbar::insertItemWithItemIdentifier)
         .method("removeItemAtIndex:", &NSToolbar::removeItemAtIndex)
         .method("validateVisibleItems", &NSToolbar::validateVisibleItems)
+        .method("Show",
+                [](const id& self, const id*) {
+                    velt::as<NSToolbar>(self)->setVisible(true);
+                    return id();
+                })
         .method("runCustomizationPalette:", &NSToolbar::runCustomizationPalette)
         .method("customizationPaletteIsRunning", &NSToolbar::customizationPaletteIsRunning)
         .owns(&NSToolbar::identifier_)

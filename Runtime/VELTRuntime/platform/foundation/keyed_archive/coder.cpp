@@ -128,7 +128,8 @@ NSRange NSCoder::decodeRange(const id& key) {
 }
 
 void NSCoder::describe(velt::ClassBuilder<NSCoder>& c) {
-    c.method("encodeObject:forKey:", &NSCoder::encodeObject)
+    c.method("allowsKeyedCoding", &NSCoder::allowsKeyedCoding)
+        .method("encodeObject:forKey:", &NSCoder::encodeObject)
         .method("encodeConditionalObject:forKey:", &NSCoder::encodeConditionalObject)
         .method("encodeBool:forKey:", &NSCoder::encodeBool)
         .method("encodeInt:forKey:", &NSCoder::encodeInteger)

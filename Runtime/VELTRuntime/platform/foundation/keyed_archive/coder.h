@@ -10,6 +10,8 @@
 class VELT_EXPORT NSCoder : public NSObject {
     VELT_OBJECT(NSCoder, NSObject)
 public:
+    /// Values are kept under keys. False unless a class says otherwise: a coder of no kind keeps nothing.
+    virtual bool allowsKeyedCoding() const { return false; }
     /// Writes an object, shared or not, or nil. Raises "NSInvalidArgumentException" when its class cannot be coded.
     virtual void encodeObject(const id& object, const id& key);
     /// Writes a reference to an object, which becomes nil unless the object is also written by encodeObject.

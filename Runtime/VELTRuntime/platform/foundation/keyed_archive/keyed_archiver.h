@@ -33,6 +33,7 @@ public:
     static bool archiveToFile(const id& root, const std::string& path);
 
     NSKeyedArchiver();
+    bool allowsKeyedCoding() const override { return true; }
     void encodeObject(const id& object, const id& key) override;
     void encodeConditionalObject(const id& object, const id& key) override;
     void encodePlain(const id& value, const id& key) override;

@@ -28,6 +28,7 @@ public:
     /// "NSInvalidUnarchiveOperationException" when it is none.
     explicit NSKeyedUnarchiver(std::string_view archive);
     ~NSKeyedUnarchiver() override;
+    bool allowsKeyedCoding() const override { return true; }
     bool containsValue(const id& key) const override;
     id decodeObject(const id& key) override;
     /// The object under "root" at the top, or the only one there.
