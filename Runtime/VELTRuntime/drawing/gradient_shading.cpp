@@ -13,7 +13,9 @@ namespace {
 QPointF qtPoint(NSPoint point) { return {point.x, point.y}; }
 
 QRgb dotOf(const GradientColor& color) {
-    const auto byte = [](double part) { return static_cast<int>(std::lround(part * 255)); };
+    // Never below zero, and asked for every dot.
+    // NOLINTNEXTLINE(bugprone-incorrect-roundings)
+    const auto byte = [](double part) { return static_cast<int>(part * 255 + 0.5); };
     const double alpha = color.alpha;
     return qRgba(byte(color.red * alpha), byte(color.green * alpha), byte(color.blue * alpha), byte(alpha));
 }
@@ -117,21 +119,20 @@ QBrush placed(const QImage& dots, QPoint origin, const QPainter& painter) {
 class ColorTable {
 public:
     ColorTable(const GradientStops& stops, double dots)
-        : count_(static_cast<float>(std::clamp(dots * 4, 1024.0, 65536.0))) {
-        // Each stands for the positions up to the next one, with the colour in their middle; the last one for 1 alone.
-        const auto count = static_cast<std::size_t>(count_);
-        colors_.reserve(count + 2);
-        for (std::size_t i = 0; i <= count + 1; ++i) {
-            colors_.push_back(
-                dotOf(stops.colorAt(std::min((static_cast<double>(i) + 0.5) / static_cast<double>(count_), 1.0))));
+        : last_(static_cast<float>(std::clamp(dots * 4, 1024.0, 65536.0))) {
+        const auto count = static_cast<std::size_t>(last_) + 1;
+        colors_.reserve(count);
+        for (std::size_t i = 0; i < count; ++i) {
+            colors_.push_back(dotOf(stops.colorAt(static_cast<double>(i) / static_cast<double>(count - 1))));
         }
     }
     QRgb at(float position) const {
-        return colors_[static_cast<std::size_t>(std::max(0.0F, std::min(position, 1.0F)) * count_)];
+        const float place = std::max(0.0F, std::min(position, 1.0F));
+        return colors_[static_cast<std::size_t>(place * last_ + 0.5F)];  // NOLINT(bugprone-incorrect-roundings)
     }
 
 private:
-    float count_;
+    float last_;
     std::vector<QRgb> colors_;
 };
 
