@@ -286,7 +286,7 @@ TEST(BackgroundViews, HaveARoundedPathFromTheMiddleOfTheLowerEdge) {
     // Coordinates are Singles.
     message(view, "setBackgroundCornerRadius:", real(0));
     const id path = velt::send(view, "createBezierPathForRect:", rect(0.1, 0, 1, 1));
-    EXPECT_EQ(static_cast<double>(0.1F), VELT_CNSRECT(velt::send(path, "bounds")).origin.x);
+    EXPECT_DOUBLE_EQ(static_cast<double>(0.1F), VELT_CNSRECT(velt::send(path, "bounds")).origin.x);
 }
 
 TEST(BackgroundViews, DrawTheirPatternFromTheTop) {

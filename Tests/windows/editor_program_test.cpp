@@ -389,16 +389,32 @@ TEST_F(EditorProgram, FindsWhatIsSelected) {
 }
 
 TEST_F(EditorProgram, GoesToALine) {
-    onceAsked([](NSWindow& panel) {
-        auto* field = panel.widget().findChild<QLineEdit*>();
-        ASSERT_NE(nullptr, field);
-        field->selectAll();
-        QTest::keyClicks(field, "4");
-        pressKey(panel, Qt::Key_Return);
-    });
-    press(Qt::Key_L, kCommand);
+    const auto answer = [this](const char* number) {
+        onceAsked([number](NSWindow& panel) {
+            auto* field = panel.widget().findChild<QLineEdit*>();
+            ASSERT_NE(nullptr, field);
+            field->selectAll();
+            QTest::keyClicks(field, number);
+            pressKey(panel, Qt::Key_Return);
+        });
+        press(Qt::Key_L, kCommand);
+        // Not every display gives the keyboard back by itself.
+        window().makeKeyAndOrderFront(nil);
+        ASSERT_TRUE(windowBecomesActive(window().widget()));
+        ASSERT_TRUE(QTest::qWaitFor([this] { return window().isKeyWindow(); }, 2000));
+    };
+    answer("4");
     EXPECT_EQ("Line 4, column 1", place());
     EXPECT_EQ("Class Shelf\n", selected());
+    answer("8");
+    EXPECT_EQ("There is no line “8”.", said());
+    EXPECT_EQ("Line 4, column 1", place());
+    answer("0");
+    EXPECT_EQ("There is no line “0”.", said());
+    answer("x");
+    EXPECT_EQ("There is no line “x”.", said());
+    answer("7");
+    EXPECT_EQ("Line 7, column 1", place());
 }
 
 TEST_F(EditorProgram, WorksOnWholeLinesByKeys) {

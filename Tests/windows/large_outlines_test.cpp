@@ -134,12 +134,22 @@ TEST_F(LargeOutlines, ShowAnArrowWhereThereAreChildrenAndOpenThereAlone) {
 TEST_F(LargeOutlines, OpenNoLeafByAKey) {
     tree().setFocus();
     outline->selectRow(95000, false);  // the item 94999, which nobody has seen
-    for (const Qt::Key key : {Qt::Key_Right, Qt::Key_Plus, Qt::Key_Asterisk}) {
+    const Qt::Key opens = tree().isRightToLeft() ? Qt::Key_Left : Qt::Key_Right;
+    for (const Qt::Key key : {opens, Qt::Key_Plus, Qt::Key_Asterisk}) {
         QTest::keyClick(&tree(), key);
         EXPECT_FALSE(outline->isItemExpanded(integer(94999)));
     }
     EXPECT_EQ(1, source->counted);
     EXPECT_EQ(LargeSource::kChildren + 2, outline->numberOfRows());
+}
+
+TEST_F(LargeOutlines, OpenAllThereIsByOneKeyAndNoLeaf) {
+    tree().setFocus();
+    outline->selectRow(0, false);
+    QTest::keyClick(&tree(), Qt::Key_Asterisk);
+    EXPECT_EQ(1, source->counted);
+    EXPECT_EQ(LargeSource::kChildren + 2, outline->numberOfRows());
+    EXPECT_FALSE(outline->isItemExpanded(integer(94999)));
 }
 
 TEST_F(LargeOutlines, BearAProgramThatLoadsThemWhileItIsAsked) {

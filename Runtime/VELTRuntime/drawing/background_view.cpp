@@ -4,6 +4,7 @@
 #include "VELTRuntime/platform/appkit/bezier_path.h"
 #include "VELTRuntime/platform/appkit/graphics_context.h"
 #include "VELTRuntime/platform/appkit/qt_values.h"
+#include "VELTRuntime/platform/appkit/single_precision.h"
 
 #include <QPainter>
 #include <cmath>
@@ -22,7 +23,7 @@ float seen(float alpha) {
 float opacity(float alpha) { return alpha > 0 ? std::min(alpha, 1.0F) : 0; }
 
 /// Coordinates are of the precision of a Single; programs rely on it.
-double rounded(double value) { return static_cast<float>(value); }
+double rounded(double value) { return velt::toSingle(value); }
 
 template <class T> id valueOf(const Ref<T>& object) { return id(object); }
 

@@ -1,5 +1,6 @@
 #include "VELTRuntime/drawing/gradient_axis.h"
 
+#include "VELTRuntime/platform/appkit/single_precision.h"
 #include <algorithm>
 #include <cmath>
 #include <numbers>
@@ -9,7 +10,7 @@ namespace velt {
 namespace {
 
 /// Angles are turned to radians with the precision of a Single; programs rely on it.
-double radians(double degrees) { return static_cast<float>(degrees * std::numbers::pi / 180); }
+double radians(double degrees) { return toSingle(degrees * std::numbers::pi / 180); }
 
 }  // namespace
 

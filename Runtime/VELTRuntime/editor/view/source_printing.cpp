@@ -2,6 +2,7 @@
 #include "VELTRuntime/editor/view/source_view.h"
 #include "VELTRuntime/platform/appkit/font.h"
 #include "VELTRuntime/platform/appkit/printing/print_operation.h"
+#include "VELTRuntime/platform/appkit/single_precision.h"
 #include "VELTRuntime/platform/appkit/text_drawing.h"
 #include "VELTRuntime/platform/foundation/attribute_names.h"
 #include "VELTRuntime/platform/foundation/date.h"
@@ -61,8 +62,8 @@ void VLTextView::drawPageBorder(NSSize page) {
     const NSSize size = velt::textSize(text, attributes);
     const double margins = info ? info->leftMargin() + info->rightMargin() : 0;
     // Both margins are taken off, and places are kept in single precision: programs rely on it.
-    const auto x = static_cast<float>(page.width * 0.5 - margins - size.width * 0.5);
-    const auto y = static_cast<float>(2 * size.height);
+    const double x = velt::toSingle(page.width * 0.5 - margins - size.width * 0.5);
+    const double y = velt::toSingle(2 * size.height);
     velt::drawText(text, {{x, y}, size}, false, attributes);
 }
 

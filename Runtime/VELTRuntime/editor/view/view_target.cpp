@@ -8,6 +8,7 @@
 #include "VELTRuntime/platform/object/message.h"
 
 #include <QApplication>
+#include <QPointer>
 
 namespace velt {
 
@@ -18,6 +19,22 @@ constexpr std::string_view kDelegateHears[] = {
     "textView:shouldChangeTextInRange:replacementString:", "textDidChange:", "textViewDidChangeSelection:"};
 constexpr std::string_view kObserversHear[] = {"NSTextDidChangeNotification",
                                                "NSTextViewDidChangeSelectionNotification"};
+
+/// While it exists, what is shown anew and selected does not scroll the view.
+class PlaceKeeper {
+public:
+    explicit PlaceKeeper(TextWidget* widget) : widget_(widget) {
+        if (widget_) widget_->setKeepsPlace(true);
+    }
+    ~PlaceKeeper() {
+        if (widget_) widget_->setKeepsPlace(false);
+    }
+    PlaceKeeper(const PlaceKeeper&) = delete;
+    PlaceKeeper& operator=(const PlaceKeeper&) = delete;
+
+private:
+    const QPointer<TextWidget> widget_;
+};
 
 bool isPlain(const NSAttributedString& text) {
     const auto runs = text.runs().runs();
@@ -113,12 +130,11 @@ void ViewTarget::insertText(std::u16string_view text) {
 /// The view gets what has gathered.
 void ViewTarget::giveToView() {
     if (!batch_) return;
+    const PlaceKeeper keeper(view_.existingTextWidget());
     Batch given = std::exchange(*batch_, Batch{batch_->selected, {}, {}});
     if (!given.edits.isEmpty()) {
         const NSRange now = *given.changed.range();
         const NSRange before{now.location, now.length + view_.textLength() - buffer().length()};
-        TextWidget* widget = view_.existingTextWidget();
-        if (widget) widget->setKeepsPlace(true);
         // One message takes all of it back.
         const bool isUndoable = view_.allowsUndo();
         view_.setAllowsUndo(false);
@@ -126,7 +142,6 @@ void ViewTarget::giveToView() {
         view_.replaceCharactersWithAttributed(before, *make<NSAttributedString>(buffer().view(now)));
         layer_->setIsAhead(false);
         view_.setAllowsUndo(isUndoable);
-        if (widget) widget->setKeepsPlace(false);
         const id manager = view_.undoManager();
         if (isUndoable && is<NSUndoManager>(manager)) {
             const id arguments[] = {make<SourceEdits>(std::move(given.edits))};

@@ -230,7 +230,14 @@ void TextWidget::select(std::size_t anchor, std::size_t position, const std::vec
     lastPosition_ = place(position);
     // The toolkit scrolls to a cursor that it is given, even to the one that it has.
     const QTextCursor before = textCursor();
-    if (before.anchor() != cursor.anchor() || before.position() != cursor.position()) setTextCursor(cursor);
+    if (before.anchor() != cursor.anchor() || before.position() != cursor.position()) {
+        const int down = verticalScrollBar()->value(), sideways = horizontalScrollBar()->value();
+        setTextCursor(cursor);
+        if (keepsPlace_) {
+            verticalScrollBar()->setValue(down);
+            horizontalScrollBar()->setValue(sideways);
+        }
+    }
     QList<QTextEdit::ExtraSelection> shown;
     for (const NSRange& range : further) {
         QTextEdit::ExtraSelection selection;

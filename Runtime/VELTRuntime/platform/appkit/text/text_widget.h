@@ -28,7 +28,7 @@ public:
     void loadAll() { loadUpTo(std::numeric_limits<std::size_t>::max()); }
     /// A range of what is shown has become another part of the text, of that length from the same place.
     void replaceShown(NSRange range, const NSAttributedString& text, std::size_t newLength);
-    /// While it is set, showing another text does not scroll to its begin.
+    /// While it is set, showing another text or selection does not scroll.
     void setKeepsPlace(bool flag) { keepsPlace_ = flag; }
     /// Shows the attributes of a range anew.
     void reformat(NSRange range, const NSAttributedString& text);
