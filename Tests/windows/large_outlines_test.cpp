@@ -143,15 +143,6 @@ TEST_F(LargeOutlines, OpenNoLeafByAKey) {
     EXPECT_EQ(LargeSource::kChildren + 2, outline->numberOfRows());
 }
 
-TEST_F(LargeOutlines, OpenAllThereIsByOneKeyAndNoLeaf) {
-    tree().setFocus();
-    outline->selectRow(0, false);
-    QTest::keyClick(&tree(), Qt::Key_Asterisk);
-    EXPECT_EQ(1, source->counted);
-    EXPECT_EQ(LargeSource::kChildren + 2, outline->numberOfRows());
-    EXPECT_FALSE(outline->isItemExpanded(integer(94999)));
-}
-
 TEST_F(LargeOutlines, BearAProgramThatLoadsThemWhileItIsAsked) {
     source->onAsked = [](const id& asking) { velt::as<NSOutlineView>(asking)->reloadData(); };
     EXPECT_EQ(-1, outline->rowForItem(integer(60000)));

@@ -1,6 +1,7 @@
 #include "VELTRuntime/drawing/gradient_axis.h"
 
 #include "VELTRuntime/platform/appkit/single_precision.h"
+
 #include <algorithm>
 #include <cmath>
 #include <numbers>

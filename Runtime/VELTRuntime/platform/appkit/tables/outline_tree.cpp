@@ -1,9 +1,6 @@
 #include "VELTRuntime/platform/appkit/tables/outline_tree.h"
 
-#include "VELTRuntime/platform/appkit/event_delivery.h"
-#include "VELTRuntime/platform/appkit/tables/cell_painting.h"
 #include "VELTRuntime/platform/appkit/tables/outline_model.h"
-#include "VELTRuntime/platform/appkit/tables/outline_view.h"
 
 #include <QKeyEvent>
 #include <QMouseEvent>
@@ -57,15 +54,10 @@ void OutlineTree::drawBranches(QPainter* painter, const QRect& rect, const QMode
 
 void OutlineTree::keyPressEvent(QKeyEvent* event) {
     require(currentIndex());
-    const QModelIndex current = currentIndex().siblingAtColumn(0);
-    // By these keys the toolkit's tree opens whatever is current, or below.
+    // By these keys the toolkit's tree opens whatever is current.
     const bool opens = event->key() == Qt::Key_Plus || event->key() == Qt::Key_Asterisk;
-    if (opens && !model()->hasChildren(current)) {
+    if (opens && !model()->hasChildren(currentIndex().siblingAtColumn(0))) {
         QAbstractItemView::keyPressEvent(event);  // NOLINT(bugprone-parent-virtual-call)
-    } else if (event->key() == Qt::Key_Asterisk) {
-        const Ref<NSTableView> outline(tableOf(this));
-        const id item = static_cast<const OutlineModel*>(model())->itemAt(current);
-        runReported([&] { static_cast<NSOutlineView&>(*outline).expandItemWithChildren(item, true); });
     } else {
         QTreeView::keyPressEvent(event);
     }
