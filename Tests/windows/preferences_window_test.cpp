@@ -57,11 +57,15 @@ struct ShownPrefs {
     NSView& page() const { return *velt::as<NSView>(window().contentView()); }
     std::vector<Ref<NSView>> hosted() const { return page().subviewList().at(0)->subviewList(); }
     bool shows(const Ref<NSView>& view) const { return hosted().size() == 1 && hosted()[0].get() == view.get(); }
-    void click(const char* label) const {
+    /// The toolbar makes its buttons anew when another one is chosen, so nothing of them is touched after the click.
+    void click(const char* label, Qt::KeyboardModifiers held = Qt::NoModifier) const {
+        QToolButton* found = nullptr;
         for (QToolButton* button : window().widget().findChildren<QToolButton*>()) {
-            if (button->isVisible() && button->text() == QString::fromUtf8(label)) return clickAt(*button);
+            if (button->isVisible() && button->text() == QString::fromUtf8(label)) found = button;
         }
-        ADD_FAILURE() << "no item " << label;
+        ASSERT_NE(nullptr, found) << label;
+        QWidget* top = found->window();
+        QTest::mouseClick(top->windowHandle(), Qt::LeftButton, held, found->mapTo(top, found->rect().center()));
     }
 
     Ref<TwoPanes> prefs = velt::make<TwoPanes>();
@@ -191,11 +195,7 @@ TEST(PreferencesWindows, FadeSlowlyWithShiftAlone) {
     EXPECT_TRUE(shown.prefs->crossFade());
     EXPECT_TRUE(shown.prefs->shiftSlowsAnimation());
     const auto fade = [&](const char* label, Qt::KeyboardModifiers held) {
-        for (QToolButton* button : window.widget().findChildren<QToolButton*>()) {
-            if (!button->isVisible() || button->text() != QString::fromUtf8(label)) continue;
-            QTest::mouseClick(button->window()->windowHandle(), Qt::LeftButton, held,
-                              button->mapTo(button->window(), button->rect().center()));
-        }
+        shown.click(label, held);
         return shown.prefs->fadeTime();
     };
     EXPECT_EQ(1.25, fade("Colours", Qt::ShiftModifier));
