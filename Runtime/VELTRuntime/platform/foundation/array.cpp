@@ -150,9 +150,9 @@ void setElementValues(const id& self, std::string_view key, const id& value) {
 /// The different elements, ordered by what they answer to "caseSensitiveCompare:".
 static id sortedUnique(const id& self, const id*) {
     using namespace velt;
-    const id kept = self;
+    const Ref<NSArray> kept(arrayOf(self));
     const Ref<NSMutableArray> different = make<NSMutableArray>();
-    std::vector<id> sorted(arrayOf(kept)->items().begin(), arrayOf(kept)->items().end());
+    std::vector<id> sorted(kept->items().begin(), kept->items().end());
     std::stable_sort(sorted.begin(), sorted.end(), [](const id& a, const id& b) {
         return VELT_CINTEGER(send(a, VELT_SELECTOR("caseSensitiveCompare:"), b)) < 0;
     });

@@ -35,8 +35,8 @@ public:
         painter.save();
         painter.setClipRect(room_);
         painter.translate(room_.topLeft() + spare_);
-        painter.translate(-room_.width() * static_cast<double>(page / rows_),
-                          -room_.height() * static_cast<double>(page % rows_));
+        const std::size_t column = page / rows_, row = page % rows_;
+        painter.translate(-room_.width() * static_cast<double>(column), -room_.height() * static_cast<double>(row));
         painter.scale(scale_, scale_);
         view_->widget().render(&painter, QPoint(), QRegion(), QWidget::DrawChildren);
         painter.restore();
