@@ -5,7 +5,8 @@
 
 namespace editor {
 
-/// A name with what is known of it. A class has a parent; so has a variable of a routine, which begins with the routine.
+/// A name with what is known of it. A class has a parent; so has a variable of a routine, which begins with the
+/// routine.
 class Declaration : public NSObject {
     VELT_OBJECT(Declaration, NSObject)
 

@@ -41,8 +41,8 @@ public:
     /// Opens the completion that was asked for, and returns when it has ended.
     void timerFired();
 
-    /// Opens a popup over candidates, in the present modes, which are over then; a range of the text is what is typed of
-    /// them. Returns when it has ended.
+    /// Opens a popup over candidates, in the present modes, which are over then. The range of the text is what is typed
+    /// of them. Returns when the popup has ended.
     void open(std::vector<std::u16string> candidates, std::size_t location, std::ptrdiff_t length);
 
     /// A timer more counts as started; one that runs is stopped.
