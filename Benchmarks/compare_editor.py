@@ -16,9 +16,12 @@ SHORT, LONG = "100", "100000"
 def output(command):
     environment = dict(os.environ)
     environment.setdefault("QT_QPA_PLATFORM", "offscreen")
-    result = subprocess.run(command, check=True, stdout=subprocess.PIPE, stderr=subprocess.DEVNULL, text=True,
-                            env=environment)
-    return {line.split()[0]: float(line.split()[1]) for line in result.stdout.splitlines()}
+    return subprocess.run(command, check=True, stdout=subprocess.PIPE, stderr=subprocess.DEVNULL, text=True,
+                          env=environment).stdout
+
+
+def printed_figures(command):
+    return {line.split()[0]: float(line.split()[1]) for line in output(command).splitlines()}
 
 
 def report(what, value, most, unit=""):
@@ -32,7 +35,7 @@ class Figures:
         self.found = {}
 
     def run(self, program, command, prefix):
-        for name, value in output(command).items():
+        for name, value in printed_figures(command).items():
             self.found.setdefault((program, f"{prefix} {name}"), []).append(value)
 
     def median(self, program, name):
@@ -43,6 +46,8 @@ class Figures:
 
 
 def main():
+    if len(sys.argv) < 2 or not os.path.isdir(f"{sys.argv[1]}/Benchmarks/windows"):
+        sys.exit(__doc__)
     folder = f"{sys.argv[1]}/Benchmarks/windows"
     rounds = int(sys.argv[2]) if len(sys.argv) > 2 else 3
     program = lambda name: f"{folder}/editor_{PEERS[name]}"
@@ -53,8 +58,7 @@ def main():
     own = program("VELTRuntime")
     figures = Figures()
     with tempfile.NamedTemporaryFile("w", suffix=".txt") as file:
-        source = subprocess.run([own, "source", "200000"], check=True, stdout=subprocess.PIPE, text=True)
-        file.write(source.stdout)
+        file.write(output([own, "source", "200000"]))
         file.flush()
         for turn in range(rounds):
             print(f"round {turn + 1}", file=sys.stderr)
