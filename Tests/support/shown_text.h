@@ -1,6 +1,7 @@
 // What a text view's widget draws, read from its layout.
 #pragma once
 
+#include "VELTRuntime/platform/appkit/qt_values.h"
 #include "VELTRuntime/platform/appkit/text/text_widget.h"
 
 #include <string>
@@ -14,7 +15,7 @@ inline std::string drawnText(TextWidget& widget) {
         if (line > 0) text += QLatin1Char('\n');
         text += widget.layoutOf(line).text();
     }
-    return text.toStdString();
+    return utf8(textValue(text));
 }
 
 /// The look of a character as it is drawn.

@@ -19,11 +19,10 @@ std::string rangesOf(const EditorWindow& shown) {
 /// All that a program or a person can see of an editor.
 std::string stateOf(const EditorWindow& shown) {
     std::string state = shown.text();
-    for (const std::string& part :
-         {rangesOf(shown), shown.breakpoints(), shown.separators(), shown.colours(),
-          velt::utf8(velt::description(velt::send(shown.view, "nIndent"))),
-          velt::utf8(velt::string(shown.editor().buffer().text())), drawnText(*shown.widget),
-          std::to_string(shown.widget->insertionPoint())}) {
+    for (const std::string& part : {rangesOf(shown), shown.breakpoints(), shown.separators(), shown.colours(),
+                                    velt::utf8(velt::description(velt::send(shown.view, "nIndent"))),
+                                    velt::utf8(velt::string(shown.editor().buffer().text())), drawnText(*shown.widget),
+                                    std::to_string(shown.widget->insertionPoint())}) {
         state.append("\n--\n").append(part);
     }
     return state;

@@ -320,9 +320,7 @@ TEST(EditorZoom, ShowsTheTextsOwnFontsLargerAndKeepsThem) {
     velt::send(shown.view, "setFont:", NSFont::userFixedPitch(10));
     const id storage = velt::send(shown.view, "textStorage");
     velt::send(storage, "addAttribute:value:range:", str("NSFont"), NSFont::userFixedPitch(30), range(6, 5));
-    const auto sizeAt = [&](int position) {
-        return drawnFormat(*shown.widget, 0, position).font().pixelSize();
-    };
+    const auto sizeAt = [&](int position) { return drawnFormat(*shown.widget, 0, position).font().pixelSize(); };
     EXPECT_EQ(30, sizeAt(7));
     velt::send(shown.view, "setZoomFactor:", real(2));
     EXPECT_EQ(60, sizeAt(7));

@@ -172,8 +172,8 @@ void SourceMargin::paintEvent(QPaintEvent* event) {
         if (std::binary_search(broken.begin(), broken.end(), row.line)) drawMark(painter, here);
         const QString number = QString::number(row.line + 1);
         const int wide = metrics.horizontalAdvance(number);
-        const QRect place = QStyle::visualRect(layoutDirection(), rect(),
-                                               {width() - kGap - 1 - wide, here.top(), wide, here.height()});
+        const QRect place =
+            QStyle::visualRect(layoutDirection(), rect(), {width() - kGap - 1 - wide, here.top(), wide, here.height()});
         painter.setPen(row.line == current ? ink : mixed(ground, ink, 0.6));
         painter.drawText(QPointF(place.left(), here.top() + row.ascent), number);
     }

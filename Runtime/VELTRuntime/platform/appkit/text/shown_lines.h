@@ -1,7 +1,9 @@
 // The lines of a text as they are drawn: broken into rows, with their looks and places. Only lines that were asked for
-// are laid out, and those far from what is seen are forgotten again, so that a long text costs what a screen of it does.
+// are laid out, and those far from what is seen are forgotten again, so that a long text costs what a screen of it
+// does.
 //
-// A line is one of the text's own; a row is what stands beside each other of it on the screen. Positions are the text's.
+// A line is one of the text's own; a row is what stands beside each other of it on the screen. Positions are the
+// text's.
 #pragma once
 
 #include "VELTRuntime/export.h"
@@ -61,8 +63,8 @@ public:
         std::size_t line = 0, row = 0;
         friend auto operator<=>(const Row&, const Row&) = default;
     };
-    /// Which lines an edit has touched, as they are now, how many more there are, and how high these were; nothing where
-    /// not all were laid out.
+    /// Which lines an edit has touched, as they are now, how many more there are, and how high these were; nothing
+    /// where not all were laid out.
     struct Change {
         std::size_t first = 0, last = 0;
         std::ptrdiff_t added = 0;

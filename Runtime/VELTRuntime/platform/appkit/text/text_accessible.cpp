@@ -1,5 +1,5 @@
-#include "VELTRuntime/platform/appkit/event_delivery.h"
 #include "VELTRuntime/platform/appkit/text/text_accessible.h"
+#include "VELTRuntime/platform/appkit/event_delivery.h"
 
 #include "VELTRuntime/platform/appkit/qt_values.h"
 #include "VELTRuntime/platform/appkit/text/rich_text.h"
@@ -108,7 +108,9 @@ private:
         NSView* found = viewOf(widget());
         return found ? static_cast<NSTextView*>(found) : nullptr;
     }
-    std::size_t within(int position) const { return static_cast<std::size_t>(std::clamp(position, 0, characterCount())); }
+    std::size_t within(int position) const {
+        return static_cast<std::size_t>(std::clamp(position, 0, characterCount()));
+    }
     QString part(int begin, int end) const {
         const NSTextView* asked = view();
         if (!asked || end <= begin) return {};

@@ -99,7 +99,11 @@ void NSTextView::storageChanged(NSRange range, std::size_t newLength, bool textC
     if (widget) widget->textChanged(range, newLength);
     std::vector<NSRange> moved;
     for (const NSRange& selected : ranges_) moved.push_back(velt::movedBy(selected, range, newLength));
+    // A selection that only goes along with what the program does to the text scrolls nothing.
+    const bool outer = widget && widget->keepsPlace();
+    if (widget && !editing_) widget->setKeepsPlace(true);
     select(std::move(moved), forward_);
+    if (widget = existingTextWidget(); widget) widget->setKeepsPlace(outer);
 }
 
 // The selection.
@@ -203,9 +207,7 @@ void NSTextView::temporaryAttributesChanged() {
 
 TextWidget* NSTextView::existingTextWidget() const { return static_cast<TextWidget*>(existingWidget()); }
 
-std::unique_ptr<QWidget> NSTextView::makeWidget() {
-    return std::make_unique<TextWidget>();
-}
+std::unique_ptr<QWidget> NSTextView::makeWidget() { return std::make_unique<TextWidget>(); }
 
 void NSTextView::syncWidget(QWidget& shown) {
     NSText::syncWidget(shown);

@@ -20,7 +20,7 @@ namespace velt {
 
 namespace {
 
-constexpr int kMargin = 4;         // around the text
+constexpr int kMargin = 4;  // around the text
 constexpr double kTabDistance = 80;
 constexpr std::size_t kMostLooks = 256;
 const QEvent::Type kUpdateSeen = static_cast<QEvent::Type>(QEvent::registerEventType());
@@ -335,9 +335,9 @@ void TextWidget::reveal(std::size_t position) {
         double above = isFar ? (room - height) / 2 : isAbove ? 0 : room - std::ceil(height);
         ShownLines::Row top = row;
         while (above > 0 && top != ShownLines::Row{}) {
-            const ShownLines::Row before =
-                top.row > 0 ? ShownLines::Row{top.line, top.row - 1}
-                            : ShownLines::Row{top.line - 1, lines_.line(top.line - 1).rows - 1};
+            const ShownLines::Row before = top.row > 0
+                                               ? ShownLines::Row{top.line, top.row - 1}
+                                               : ShownLines::Row{top.line - 1, lines_.line(top.line - 1).rows - 1};
             above -= std::ceil(lines_.lineOf(before).height());
             if (above >= 0) top = before;
         }

@@ -34,6 +34,7 @@ public:
     void temporaryAttributesChanged();
     /// While it is set, another text or selection does not scroll.
     void setKeepsPlace(bool flag) { keepsPlace_ = flag; }
+    bool keepsPlace() const { return keepsPlace_; }
 
     // The selection, as the view has it.
     void select(std::size_t anchor, std::size_t position, const std::vector<NSRange>& further);

@@ -83,8 +83,9 @@ bool TextWidget::takesShortcut(QKeyEvent& key) {
     const bool isTyped = !(key.modifiers() & kCommandModifiers) && !isReadOnly_ &&
                          (key.key() < Qt::Key_Escape || key.key() == Qt::Key_Return || key.key() == Qt::Key_Enter ||
                           key.key() == Qt::Key_Tab || key.key() == Qt::Key_Backtab);
-    const bool isCommand = std::any_of(std::begin(kKeyCommands), std::end(kKeyCommands),
-                                       [&](const KeyCommand& row) { return matches(row) && !(row.edits && isReadOnly_); });
+    const bool isCommand = std::any_of(std::begin(kKeyCommands), std::end(kKeyCommands), [&](const KeyCommand& row) {
+        return matches(row) && !(row.edits && isReadOnly_);
+    });
     if (isTyped || isCommand || std::any_of(std::begin(kKeyFinds), std::end(kKeyFinds), matches) ||
         (isSelectable_ && isMovement(key))) {
         key.accept();
@@ -93,9 +94,7 @@ bool TextWidget::takesShortcut(QKeyEvent& key) {
     return false;
 }
 
-bool TextWidget::focusNextPrevChild(bool next) {
-    return isReadOnly_ && QAbstractScrollArea::focusNextPrevChild(next);
-}
+bool TextWidget::focusNextPrevChild(bool next) { return isReadOnly_ && QAbstractScrollArea::focusNextPrevChild(next); }
 
 void TextWidget::keyPressEvent(QKeyEvent* event) {
     NSTextView* shown = view();
@@ -245,8 +244,7 @@ QVariant TextWidget::inputMethodQuery(Qt::InputMethodQuery query) const {
     case Qt::ImSurroundingText: return textOf(line.location, line.location + line.length);
     case Qt::ImCurrentSelection: return textOf(selectionBegin(), selectionEnd());
     case Qt::ImTextBeforeCursor: return textOf(position_ - std::min(position_, kAround), position_);
-    case Qt::ImTextAfterCursor:
-        return textOf(position_, std::min(position_ + kAround, lines_.index().textLength()));
+    case Qt::ImTextAfterCursor: return textOf(position_, std::min(position_ + kAround, lines_.index().textLength()));
     case Qt::ImHints: return static_cast<int>(inputMethodHints() | Qt::ImhMultiLine);
     default: return QAbstractScrollArea::inputMethodQuery(query);
     }

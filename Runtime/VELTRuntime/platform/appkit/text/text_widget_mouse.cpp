@@ -118,8 +118,7 @@ void TextWidget::mouseReleaseEvent(QMouseEvent* event) {
     scrolling_.stop();
     if (event->button() == Qt::MiddleButton) {
         const QClipboard* clipboard = QGuiApplication::clipboard();
-        const QMimeData* held =
-            clipboard->supportsSelection() ? clipboard->mimeData(QClipboard::Selection) : nullptr;
+        const QMimeData* held = clipboard->supportsSelection() ? clipboard->mimeData(QClipboard::Selection) : nullptr;
         if (!held || !canInsert(*held)) return;
         this->place(positionAt(place), false);
         return insert(*held);
@@ -153,7 +152,8 @@ id TextWidget::attributeUnder(const id& name, const QPoint& place, std::size_t* 
     const QRectF drawn = line.naturalTextRect();
     if (!shown || place.y() < y || place.y() > y + line.height() || x < drawn.left() || x > drawn.right()) return nil;
     const NSRange range = lines_.content(row.line);
-    const auto found = range.location + static_cast<std::size_t>(std::max(0, line.xToCursor(x, QTextLine::CursorOnCharacter)));
+    const auto found =
+        range.location + static_cast<std::size_t>(std::max(0, line.xToCursor(x, QTextLine::CursorOnCharacter)));
     if (found >= shown->shown().length()) return nil;
     if (position) *position = found;
     return shown->shown().attributeAt(name, static_cast<long>(found));
@@ -161,9 +161,7 @@ id TextWidget::attributeUnder(const id& name, const QPoint& place, std::size_t* 
 
 void TextWidget::updateMouseCursor(const QPoint& place) {
     const bool isLink = isReadOnly_ && !attributeUnder(attribute::link(), place).isNil();
-    const Qt::CursorShape shape = isLink          ? Qt::PointingHandCursor
-                                  : isSelectable_ ? Qt::IBeamCursor
-                                                  : Qt::ArrowCursor;
+    const Qt::CursorShape shape = isLink ? Qt::PointingHandCursor : isSelectable_ ? Qt::IBeamCursor : Qt::ArrowCursor;
     if (viewport()->cursor().shape() != shape) viewport()->setCursor(shape);
 }
 

@@ -205,8 +205,8 @@ NSRange TextWidget::unitAt(std::size_t position) const {
     std::size_t begin = std::min<std::size_t>(position - line.location, text.size());
     // Behind the last character of a line, or of a word, that one is meant.
     const auto kindAt = [&](std::size_t at) {
-        const bool isPair = at + 1 < text.size() && QChar::isHighSurrogate(text[at]) &&
-                            QChar::isLowSurrogate(text[at + 1]);
+        const bool isPair =
+            at + 1 < text.size() && QChar::isHighSurrogate(text[at]) && QChar::isLowSurrogate(text[at + 1]);
         return kindOf(isPair ? QChar::surrogateToUcs4(text[at], text[at + 1]) : text[at]);
     };
     const auto before = [&](std::size_t at) {
@@ -217,7 +217,7 @@ NSRange TextWidget::unitAt(std::size_t position) const {
     std::size_t end = begin;
     const auto behind = [&](std::size_t at) {
         return at + 1 < text.size() && QChar::isHighSurrogate(text[at]) && QChar::isLowSurrogate(text[at + 1]) ? at + 2
-                                                                                                             : at + 1;
+                                                                                                               : at + 1;
     };
     if (kind == CharacterKind::Other) {
         end = behind(begin);  // signs stand for themselves
