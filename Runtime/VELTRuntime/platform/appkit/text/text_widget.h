@@ -124,6 +124,7 @@ protected:
     void scrollContentsBy(int dx, int dy) override;
 
 private:
+    static constexpr int kMargin = 4;  // around the text
     /// What a person selects by as the mouse is drawn.
     enum class Unit { Characters, Words, Lines };
 
@@ -209,6 +210,16 @@ private:
     QKeyEvent* key_ = nullptr;
     FindBar* findBar_ = nullptr;
 };
+
+template <class Each> void TextWidget::forEachLineInSight(Each&& each) {
+    const double bottom = viewport()->height();
+    const std::size_t count = lineCount();
+    double y = topOf({top_.line, 0});
+    for (std::size_t number = top_.line; number < count && y < bottom; ++number) {
+        each(number, y);
+        y += lines_.line(number).height;
+    }
+}
 
 /// The text and looks that a clipboard or a drag brings; nil when it brings no text.
 id textFrom(const QMimeData& source, bool rich);
