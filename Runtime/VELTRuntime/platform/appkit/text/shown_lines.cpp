@@ -109,13 +109,19 @@ void ShownLines::trim(std::size_t first, std::size_t last) {
     });
 }
 
+std::u16string_view ShownLines::text() const {
+    const std::u16string_view whole = source_.shownText();
+    return whole.size() == index_.textLength() ? whole : std::u16string_view();
+}
+
 NSRange ShownLines::content(std::size_t number) const {
-    const std::u16string_view text = source_.shownText();
+    const std::u16string_view units = text();
     const std::size_t begin = index_.start(number);
+    if (units.empty()) return {begin, 0};
     std::size_t end = index_.end(number);
     if (number + 1 < index_.count()) {
         --end;
-        if (end > begin && text[end] == u'\n' && text[end - 1] == u'\r') --end;
+        if (end > begin && units[end] == u'\n' && units[end - 1] == u'\r') --end;
     }
     return {begin, end - begin};
 }
@@ -150,7 +156,7 @@ QList<QTextLayout::FormatRange> ShownLines::formatsOfLine(std::size_t number) co
 
 void ShownLines::layOut(std::size_t number, Line& line) {
     const NSRange range = content(number);
-    const std::u16string_view units = source_.shownText().substr(range.location, range.length);
+    const std::u16string_view units = range.length > 0 ? text().substr(range.location, range.length) : u"";
     QTextLayout& layout = line.layout;
     layout.setText(qtText(units));
     layout.setFont(style_.font);
@@ -332,7 +338,7 @@ std::size_t ShownLines::movedByRow(std::size_t position, bool down, double acros
 }
 
 std::size_t ShownLines::moved(std::size_t position, QTextCursor::MoveOperation operation, double across) {
-    const std::u16string_view text = source_.shownText();
+    const std::u16string_view units = text();
     const std::size_t number = index_.lineAt(position);
     const bool mirrored = isRightToLeft(line(number));
     const auto ends = [&](std::size_t of) {
@@ -340,7 +346,7 @@ std::size_t ShownLines::moved(std::size_t position, QTextCursor::MoveOperation o
         return range.location + range.length;
     };
     // A paragraph goes on over line ends that are within it.
-    const auto goesOn = [&](std::size_t end) { return end < text.size() && text[end] == 0x2028; };
+    const auto goesOn = [&](std::size_t end) { return end < units.size() && units[end] == 0x2028; };
     switch (operation) {
     case QTextCursor::Left: return movedByStep(position, mirrored, QTextLayout::SkipCharacters);
     case QTextCursor::Right: return movedByStep(position, !mirrored, QTextLayout::SkipCharacters);
@@ -371,7 +377,7 @@ std::size_t ShownLines::moved(std::size_t position, QTextCursor::MoveOperation o
         return ends(last);
     }
     case QTextCursor::Start: return 0;
-    case QTextCursor::End: return text.size();
+    case QTextCursor::End: return index_.textLength();
     default: return position;
     }
 }

@@ -73,6 +73,8 @@ public:
 
     explicit ShownLines(const LineSource& source) : source_(source) {}
 
+    /// The source's text; an empty one where the source has another than it last told of, as when it has none any more.
+    std::u16string_view text() const;
     const LineIndex& index() const { return index_; }
     const LineStyle& style() const { return style_; }
     /// False when it is the same as before.

@@ -38,6 +38,8 @@ TextWidget::TextWidget() {
     viewport()->setCursor(Qt::IBeamCursor);
     setAcceptDrops(true);
     verticalScrollBar()->setSingleStep(1);
+    // Places across a text are the same wherever a desktop reads from.
+    horizontalScrollBar()->setLayoutDirection(Qt::LeftToRight);
     lines_.reset();
     updateStyle();
 }

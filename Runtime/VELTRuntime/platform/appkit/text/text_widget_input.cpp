@@ -228,7 +228,8 @@ QVariant TextWidget::inputMethodQuery(Qt::InputMethodQuery query) const {
         return static_cast<int>(std::clamp<std::size_t>(position, line.location, end) - line.location);
     };
     const auto textOf = [this](std::size_t from, std::size_t to) {
-        return qtText(shownText().substr(from, to - from));
+        const std::u16string_view text = lines_.text();
+        return to <= text.size() ? qtText(text.substr(from, to - from)) : QString();
     };
     constexpr std::size_t kAround = 1024;
     switch (query) {

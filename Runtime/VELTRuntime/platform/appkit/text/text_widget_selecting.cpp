@@ -200,7 +200,7 @@ NSRange TextWidget::unitAt(std::size_t position) const {
         return {begin, lines_.index().end(number) - begin};
     }
     const NSRange line = lines_.content(number);
-    const std::u16string_view text = shownText().substr(line.location, line.length);
+    const std::u16string_view text = line.length > 0 ? lines_.text().substr(line.location, line.length) : u"";
     if (text.empty()) return {position, 0};
     std::size_t begin = std::min<std::size_t>(position - line.location, text.size());
     // Behind the last character of a line, or of a word, that one is meant.
