@@ -117,6 +117,7 @@ Class Reader
   End Sub
 
   Sub CloseReader(sender)
+    If preferences.CloseIfKey() Then Return
     PerformSelector1(window, "performClose:", sender)
   End Sub
 

@@ -90,8 +90,9 @@ Class ReaderPreferences Inherits VLPreferences
   End Sub
 
   Sub BuildAdvanced(pane As NSView)
-    AddBox(pane, "Ask before the window is closed", "AsksToClose", 88)
-    AddBox(pane, "Open the window where it was closed", "KeepsFrame", 60)
+    AddCaption(pane, "Window:", 88)
+    AddBox(pane, "Ask before it is closed", "AsksToClose", 88)
+    AddBox(pane, "Open it where it was closed", "KeepsFrame", 60)
     Dim button As PushButton = New PushButton(Me, "forget:")
     button.Title = "Use the Usual Settings"
     button.Frame = Rect(126, 16, 200, 28)
@@ -105,12 +106,16 @@ Class ReaderPreferences Inherits VLPreferences
     Return pane
   End Function
 
-  Sub AddRow(pane As NSView, caption As String, control, y As Integer, width As Integer)
+  Sub AddCaption(pane As NSView, caption As String, y As Integer)
     Dim words As Label = New Label
     words.StringValue = caption
     words.Alignment = 1
-    words.Frame = Rect(16, y + 2, 100, 22)
+    words.Frame = Rect(16, y, 100, 22)
     pane.Append(words)
+  End Sub
+
+  Sub AddRow(pane As NSView, caption As String, control, y As Integer, width As Integer)
+    AddCaption(pane, caption, y + 2)
     control.Frame = Rect(126, y, width, 26)
     control.ToolTip = Left(caption, Len(caption) - 1)
     pane.Append(control)
@@ -149,4 +154,12 @@ Class ReaderPreferences Inherits VLPreferences
       NSUserDefaults.Remove(keys(i))
     Next
   End Sub
+
+  ' Close means the window that has the keyboard. Whether it was this one.
+  Function CloseIfKey() As Boolean
+    If panes.Count = 0 Then Return False
+    If Not PerformSelector0(Me, "window").IsKeyWindow Then Return False
+    PerformSelector0(Me, "close")
+    Return True
+  End Function
 End Class

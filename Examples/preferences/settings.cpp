@@ -158,90 +158,96 @@ void ReaderPreferences::buildAppearance(id pane) {
 
 void ReaderPreferences::buildAdvanced(id pane) {
     VELTS("settings.bas", "ReaderPreferences.BuildAdvanced", "93", "");
-    addBox(pane, VELT__STRING("Ask before the window is closed"_v), VELT__STRING("AsksToClose"_v),
-           VELT__INTEGER(number(88)));
+    addCaption(pane, VELT__STRING("Window:"_v), VELT__INTEGER(number(88)));
     VELTS("settings.bas", "ReaderPreferences.BuildAdvanced", "94", "");
-    addBox(pane, VELT__STRING("Open the window where it was closed"_v), VELT__STRING("KeepsFrame"_v),
-           VELT__INTEGER(number(60)));
+    addBox(pane, VELT__STRING("Ask before it is closed"_v), VELT__STRING("AsksToClose"_v), VELT__INTEGER(number(88)));
     VELTS("settings.bas", "ReaderPreferences.BuildAdvanced", "95", "");
-    id button = VELT_PUSHBUTTON_INIT(id(this), "forget:");
+    addBox(pane, VELT__STRING("Open it where it was closed"_v), VELT__STRING("KeepsFrame"_v),
+           VELT__INTEGER(number(60)));
     VELTS("settings.bas", "ReaderPreferences.BuildAdvanced", "96", "");
-    VELT_NSBUTTON_TITLE(button, "Use the Usual Settings"_v);
+    id button = VELT_PUSHBUTTON_INIT(id(this), "forget:");
     VELTS("settings.bas", "ReaderPreferences.BuildAdvanced", "97", "");
-    VELT_NSVIEW_FRAME(button, newRect(126, 16, 200, 28));
+    VELT_NSBUTTON_TITLE(button, "Use the Usual Settings"_v);
     VELTS("settings.bas", "ReaderPreferences.BuildAdvanced", "98", "");
+    VELT_NSVIEW_FRAME(button, newRect(126, 16, 200, 28));
+    VELTS("settings.bas", "ReaderPreferences.BuildAdvanced", "99", "");
     VELT_NSVIEW_APPEND(pane, button);
 }
 
 id ReaderPreferences::addPane(id width, id height) {
-    VELTS("settings.bas", "ReaderPreferences.AddPane", "102", "");
-    id pane = VELT_NSVIEW_INIT(id(this), "");
     VELTS("settings.bas", "ReaderPreferences.AddPane", "103", "");
-    VELT_NSVIEW_FRAME(pane, VELT_RECT_INIT(nil, "", number(0), number(0), width, height));
+    id pane = VELT_NSVIEW_INIT(id(this), "");
     VELTS("settings.bas", "ReaderPreferences.AddPane", "104", "");
-    VELT_NSMUTABLEARRAY_APPEND(panes, pane);
+    VELT_NSVIEW_FRAME(pane, VELT_RECT_INIT(nil, "", number(0), number(0), width, height));
     VELTS("settings.bas", "ReaderPreferences.AddPane", "105", "");
+    VELT_NSMUTABLEARRAY_APPEND(panes, pane);
+    VELTS("settings.bas", "ReaderPreferences.AddPane", "106", "");
     return VELT__NSVIEW(pane);
 }
 
-void ReaderPreferences::addRow(id pane, id caption, id control, id y, id width) {
-    VELTS("settings.bas", "ReaderPreferences.AddRow", "109", "");
+void ReaderPreferences::addCaption(id pane, id caption, id y) {
+    VELTS("settings.bas", "ReaderPreferences.AddCaption", "110", "");
     id words = VELT_LABEL_INIT(id(this), "");
-    VELTS("settings.bas", "ReaderPreferences.AddRow", "110", "");
+    VELTS("settings.bas", "ReaderPreferences.AddCaption", "111", "");
     VELT_NSCONTROL_STRINGVALUE(words, caption);
-    VELTS("settings.bas", "ReaderPreferences.AddRow", "111", "");
+    VELTS("settings.bas", "ReaderPreferences.AddCaption", "112", "");
     VELT_NSCONTROL_ALIGNMENT(words, number(1));
-    VELTS("settings.bas", "ReaderPreferences.AddRow", "112", "");
-    VELT_NSVIEW_FRAME(words, VELT_RECT_INIT(nil, "", number(16), VELT_ADD(y, number(2)), number(100), number(22)));
-    VELTS("settings.bas", "ReaderPreferences.AddRow", "113", "");
+    VELTS("settings.bas", "ReaderPreferences.AddCaption", "113", "");
+    VELT_NSVIEW_FRAME(words, VELT_RECT_INIT(nil, "", number(16), y, number(100), number(22)));
+    VELTS("settings.bas", "ReaderPreferences.AddCaption", "114", "");
     VELT_NSVIEW_APPEND(pane, words);
-    VELTS("settings.bas", "ReaderPreferences.AddRow", "114", "");
+}
+
+void ReaderPreferences::addRow(id pane, id caption, id control, id y, id width) {
+    VELTS("settings.bas", "ReaderPreferences.AddRow", "118", "");
+    addCaption(pane, caption, VELT__INTEGER(VELT_ADD(y, number(2))));
+    VELTS("settings.bas", "ReaderPreferences.AddRow", "119", "");
     VELT_NSVIEW_FRAME(control, VELT_RECT_INIT(nil, "", number(126), y, width, number(26)));
-    VELTS("settings.bas", "ReaderPreferences.AddRow", "115", "");
+    VELTS("settings.bas", "ReaderPreferences.AddRow", "120", "");
     VELT_NSVIEW_TOOLTIP(control, VELT_LEFT(caption, VELT_SUB(VELT_LEN(caption), number(1))));
-    VELTS("settings.bas", "ReaderPreferences.AddRow", "116", "");
+    VELTS("settings.bas", "ReaderPreferences.AddRow", "121", "");
     VELT_NSVIEW_APPEND(pane, control);
 }
 
 void ReaderPreferences::addBox(id pane, id caption, id key, id y) {
-    VELTS("settings.bas", "ReaderPreferences.AddBox", "120", "");
+    VELTS("settings.bas", "ReaderPreferences.AddBox", "125", "");
     id box = VELT_CHECKBOX_INIT(id(this), "");
-    VELTS("settings.bas", "ReaderPreferences.AddBox", "121", "");
+    VELTS("settings.bas", "ReaderPreferences.AddBox", "126", "");
     VELT_NSBUTTON_TITLE(box, caption);
-    VELTS("settings.bas", "ReaderPreferences.AddBox", "122", "");
+    VELTS("settings.bas", "ReaderPreferences.AddBox", "127", "");
     VELT_NSVIEW_FRAME(box, VELT_RECT_INIT(nil, "", number(126), y, number(264), number(24)));
-    VELTS("settings.bas", "ReaderPreferences.AddBox", "123", "");
+    VELTS("settings.bas", "ReaderPreferences.AddBox", "128", "");
     VELT_NSOBJECT_BIND(box, "state"_v, VELT_id_NSUSERDEFAULTS, key, nil);
-    VELTS("settings.bas", "ReaderPreferences.AddBox", "124", "");
+    VELTS("settings.bas", "ReaderPreferences.AddBox", "129", "");
     VELT_NSVIEW_APPEND(pane, box);
 }
 
 void ReaderPreferences::showValues() {
-    VELTS("settings.bas", "ReaderPreferences.ShowValues", "129", "");
+    VELTS("settings.bas", "ReaderPreferences.ShowValues", "134", "");
     if (VELT_CBOOL(VELT_UNEQUAL(VELT_NSCONTROL_STRINGVALUE(name), VELT_NSUSERDEFAULTS_GET(nil, "Name"_v))))
         VELT_NSCONTROL_STRINGVALUE(name, VELT_NSUSERDEFAULTS_GET(nil, "Name"_v));
-    VELTS("settings.bas", "ReaderPreferences.ShowValues", "130", "");
+    VELTS("settings.bas", "ReaderPreferences.ShowValues", "135", "");
     VELT_NSCONTROL_STRINGVALUE(
         size, VELT_CONCAT(VELT_CSTRING(VELT_ID(VELT_CINTEGER(VELT_NSUSERDEFAULTS_GET(nil, "FontSize"_v)))), " pt"_v));
-    VELTS("settings.bas", "ReaderPreferences.ShowValues", "131", "");
+    VELTS("settings.bas", "ReaderPreferences.ShowValues", "136", "");
     VELT_PROPERTY(textColor, "color"_v, keptColor(VELT__STRING("TextColor"_v)));
-    VELTS("settings.bas", "ReaderPreferences.ShowValues", "132", "");
+    VELTS("settings.bas", "ReaderPreferences.ShowValues", "137", "");
     VELT_PROPERTY(paperColor, "color"_v, keptColor(VELT__STRING("PaperColor"_v)));
 }
 
 void ReaderPreferences::controlTextDidChange(id) {
-    VELTS("settings.bas", "ReaderPreferences.ControlTextDidChange", "136", "");
+    VELTS("settings.bas", "ReaderPreferences.ControlTextDidChange", "141", "");
     VELT_NSUSERDEFAULTS_SET(nil, "Name"_v, VELT_NSCONTROL_STRINGVALUE(name));
 }
 
 void ReaderPreferences::takeColor(id well) {
-    VELTS("settings.bas", "ReaderPreferences.TakeColor", "140", "");
+    VELTS("settings.bas", "ReaderPreferences.TakeColor", "145", "");
     id key = VELT__STRING("TextColor"_v);
-    VELTS("settings.bas", "ReaderPreferences.TakeColor", "141", "");
+    VELTS("settings.bas", "ReaderPreferences.TakeColor", "146", "");
     if (VELT_CBOOL(VELT_EQUALEQUAL(well, paperColor))) key = VELT__STRING("PaperColor"_v);
-    VELTS("settings.bas", "ReaderPreferences.TakeColor", "142", "");
+    VELTS("settings.bas", "ReaderPreferences.TakeColor", "147", "");
     id color = VELT_PROPERTY(well, "color"_v);
-    VELTS("settings.bas", "ReaderPreferences.TakeColor", "143", "");
+    VELTS("settings.bas", "ReaderPreferences.TakeColor", "148", "");
     VELT_NSUSERDEFAULTS_SET(nil, key,
                             colorParts(VELT__DOUBLE(velt::valueForKey(color, "redComponent")),
                                        VELT__DOUBLE(velt::valueForKey(color, "greenComponent")),
@@ -249,14 +255,26 @@ void ReaderPreferences::takeColor(id well) {
 }
 
 void ReaderPreferences::forget(id) {
-    VELTS("settings.bas", "ReaderPreferences.Forget", "147", "");
+    VELTS("settings.bas", "ReaderPreferences.Forget", "152", "");
     id keys = VELT__NSARRAY(VELT_NSMUTABLEDICTIONARY_KEYS(defaults()));
-    VELTS("settings.bas", "ReaderPreferences.Forget", "148", "");
+    VELTS("settings.bas", "ReaderPreferences.Forget", "153", "");
     const id last = VELT_SUB(VELT_NSARRAY_COUNT(keys), number(1));
     for (id i = number(0); VELT_CBOOL(VELT_SMALLEREQUAL(i, last)); i = VELT_ADD(i, number(1))) {
-        VELTS("settings.bas", "ReaderPreferences.Forget", "149", "");
+        VELTS("settings.bas", "ReaderPreferences.Forget", "154", "");
         VELT_NSUSERDEFAULTS_REMOVE(nil, VELT_NSARRAY_OBJECT(keys, i));
     }
+}
+
+id ReaderPreferences::closeIfKey() {
+    VELTS("settings.bas", "ReaderPreferences.CloseIfKey", "160", "");
+    if (VELT_CBOOL(VELT_EQUAL(VELT_NSMUTABLEARRAY_COUNT(panes), number(0)))) return VELT__BOOLEAN(boolean(false));
+    VELTS("settings.bas", "ReaderPreferences.CloseIfKey", "161", "");
+    if (VELT_CBOOL(VELT_NOT(VELT_NSWINDOW_ISKEYWINDOW(VELT_NSOBJECT_PERFORMSELECTOR0(id(this), "window"_v)))))
+        return VELT__BOOLEAN(boolean(false));
+    VELTS("settings.bas", "ReaderPreferences.CloseIfKey", "162", "");
+    VELT_NSOBJECT_PERFORMSELECTOR0(id(this), "close"_v);
+    VELTS("settings.bas", "ReaderPreferences.CloseIfKey", "163", "");
+    return VELT__BOOLEAN(boolean(true));
 }
 
 }  // namespace reader

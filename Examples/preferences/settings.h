@@ -26,12 +26,14 @@ public:
     void buildAppearance(id pane);
     void buildAdvanced(id pane);
     id addPane(id width, id height);
+    void addCaption(id pane, id caption, id y);
     void addRow(id pane, id caption, id control, id y, id width);
     void addBox(id pane, id caption, id key, id y);
     void showValues();
     void controlTextDidChange(id notification);
     void takeColor(id well);
     void forget(id sender);
+    id closeIfKey();
 };
 
 }  // namespace reader
