@@ -148,8 +148,7 @@ struct EditorProgram : testing::Test {
         ASSERT_NO_FATAL_FAILURE(clickPane(*prefs, pane));
         ASSERT_TRUE(QTest::qWaitFor([&] { return velt::utf8(prefs->title()) == pane; }, 2000));
         work(*prefs);
-        pressKey(*prefs, Qt::Key_W, kCommand);
-        EXPECT_TRUE(QTest::qWaitFor([&] { return !prefs->isVisible() && window().isKeyWindow(); }, 2000));
+        closePreferences(*prefs, window());
     }
     double fontSizeOf(const id& source) const {
         return VELT_CDOUBLE(velt::send(VELT_NSTEXTVIEW_FONT(editor::toSource(source)->view), "pointSize"));
@@ -278,7 +277,7 @@ TEST_F(EditorProgram, FormatsLinesWhileTheyAreTypedUnlessToldOtherwise) {
         keepPicture(prefs.widget(), "editor-preferences-editing");
         clickNamed(prefs, "Format lines while they are typed");
     });
-    EXPECT_EQ("[shelf.bas] list.bas ", tabs()) << "what was closed are the preferences";
+    EXPECT_EQ("[• shelf.bas] list.bas ", tabs()) << "what was closed are the preferences";
     toEnd();
     type("\nif c=d then\nx");
     EXPECT_TRUE(text().ends_with("\nif c=d then\nx")) << text();
@@ -298,8 +297,7 @@ TEST_F(EditorProgram, OffersNamesWhileTheyAreTypedUnlessToldOtherwise) {
 
 TEST_F(EditorProgram, ChangesTheLooksOfAllSourcesFromThePreferences) {
     inPreferences("Text", [this](NSWindow& prefs) {
-        // Tab begins at the size of the text.
-        pressKey(prefs, Qt::Key_Tab);
+        // The size of the text has the keyboard.
         for (int i = 0; i < 3; ++i) pressKey(prefs, Qt::Key_Up);
         keepPicture(prefs.widget(), "editor-preferences-text");
         const id sources = program->sources;

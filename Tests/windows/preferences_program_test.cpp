@@ -1,15 +1,13 @@
 // The example preferences: what a person sets in its preferences window is seen in its main window, and the next time.
-#include "panels_support.h"
+#include "preferences_support.h"
 
 #include "preferences/reader.h"
 #include "support/processes.h"
 
+#include "VELTRuntime/platform/appkit/controls/color_panel.h"
 #include "VELTRuntime/platform/appkit/controls/color_well.h"
-#include "VELTRuntime/platform/appkit/controls/slider.h"
-#include "VELTRuntime/platform/appkit/menus/menu.h"
 
 #include <QImage>
-#include <QToolButton>
 
 using namespace velt::test;
 using reader::Reader;
@@ -19,6 +17,18 @@ namespace {
 
 constexpr int kWait = 5000;
 constexpr Qt::KeyboardModifiers kCommand = Qt::ControlModifier;
+
+/// Notes the heights of a window.
+struct Heights : public NSObject {
+    VELT_OBJECT(Heights, NSObject)
+
+public:
+    void resized(const id& told) {
+        seen.push_back(velt::as<NSWindow>(velt::send(told, "object"))->frame().size.height);
+    }
+    static void describe(velt::ClassBuilder<Heights>& c) { c.method("windowDidResize:", &Heights::resized); }
+    std::vector<double> seen;
+};
 
 struct ReaderProgram : testing::Test {
     ReaderProgram() { forgetSettings(); }
@@ -152,16 +162,6 @@ TEST_F(ReaderProgram, TakesTheSizeOfEachPane) {
 
 TEST_F(ReaderProgram, GrowsToAPaneStepByStep) {
     openPreferences();
-    struct Heights : public NSObject {
-        VELT_OBJECT(Heights, NSObject)
-
-    public:
-        void resized(const id& told) {
-            seen.push_back(velt::as<NSWindow>(velt::send(told, "object"))->frame().size.height);
-        }
-        static void describe(velt::ClassBuilder<Heights>& c) { c.method("windowDidResize:", &Heights::resized); }
-        std::vector<double> seen;
-    };
     const Ref<Heights> heights = velt::make<Heights>();
     prefs().setDelegate(heights);
     goTo("Appearance");
@@ -208,17 +208,16 @@ TEST_F(ReaderProgram, TakesTheColoursOfTheWells) {
     openPreferences();
     goTo("Appearance");
     click("Paper");
-    const id panel = velt::send(NSColorPanel::entry().object(), "sharedColorPanel");
-    velt::send(panel,
-               "setColor:", VELT_NSCOLOR_INIT(nil, "", VELT_ID(0.25), VELT_ID(0.5), VELT_ID(0.75), VELT_ID(1.0)));
+    NSColorPanel& panel = NSColorPanel::sharedColorPanel();
+    panel.picked(VELT_NSCOLOR_INIT(nil, "", VELT_ID(0.25), VELT_ID(0.5), VELT_ID(0.75), VELT_ID(1.0)));
     EXPECT_NEAR(0.25, redOf("backgroundColor"), 0.003);
     EXPECT_NEAR(0.16, redOf("textColor"), 0.003);
     click("Text");
-    velt::send(panel, "setColor:", VELT_NSCOLOR_INIT(nil, "", VELT_ID(1.0), VELT_ID(1.0), VELT_ID(1.0), VELT_ID(1.0)));
+    panel.picked(VELT_NSCOLOR_INIT(nil, "", VELT_ID(1.0), VELT_ID(1.0), VELT_ID(1.0), VELT_ID(1.0)));
     EXPECT_NEAR(1.0, redOf("textColor"), 0.003);
     EXPECT_NEAR(0.25, redOf("backgroundColor"), 0.003);
     NSColorWell::deactivateAll();
-    VELT_NSWINDOW_CLOSE(panel);
+    panel.close();
     startAgain();
     EXPECT_NEAR(1.0, redOf("textColor"), 0.003);
     EXPECT_NEAR(0.25, redOf("backgroundColor"), 0.003);
@@ -229,6 +228,10 @@ TEST_F(ReaderProgram, AsksBeforeItIsClosedWhenToldTo) {
     goTo("Advanced");
     keepPicture(prefs().widget(), "preferences-advanced");
     click("Ask before it is closed");
+    closePreferences(prefs(), window());
+    openPreferences();
+    window().makeKeyWindow();
+    ASSERT_TRUE(QTest::qWaitFor([this] { return window().isKeyWindow(); }, kWait));
     pressKey(window(), Qt::Key_W, kCommand);
     Ref<NSWindow> sheet = waitForSheet(program->window);
     ASSERT_TRUE(sheet);
@@ -257,9 +260,7 @@ TEST_F(ReaderProgram, OpensWhereItWasClosedUnlessToldOtherwise) {
 
 TEST_F(ReaderProgram, ClosesTheWindowThatHasTheKeyboard) {
     openPreferences();
-    press(Qt::Key_W, kCommand);
-    EXPECT_TRUE(QTest::qWaitFor([this] { return !prefs().isVisible() && window().isKeyWindow(); }, kWait));
-    EXPECT_TRUE(window().isVisible());
+    closePreferences(prefs(), window());
     pressKey(window(), Qt::Key_W, kCommand);
     EXPECT_TRUE(QTest::qWaitFor([this] { return !window().isVisible(); }, kWait));
 }

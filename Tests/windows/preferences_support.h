@@ -22,12 +22,21 @@ inline void clickPane(NSWindow& window, const char* label, Qt::KeyboardModifiers
 /// The view within another one that has that title or that tool tip; nil without one.
 inline id viewNamed(const id& around, std::string_view name) {
     for (const Ref<NSView>& each : as<NSView>(around)->subviewList()) {
-        const id view(each);
+        const id view(each), tip = VELT_NSVIEW_TOOLTIP(view);
         if (is<NSButton>(view) && utf8(VELT_NSBUTTON_TITLE(view)) == name) return view;
-        if (utf8(VELT_NSVIEW_TOOLTIP(view)) == name) return view;
+        if (isString(tip) && utf8(tip) == name) return view;
         if (id within = viewNamed(view, name); !within.isNil()) return within;
     }
     return nil;
+}
+
+/// Closes a preferences window by the program's key, and goes back to the main window, as desktops do by themselves.
+inline void closePreferences(NSWindow& prefs, NSWindow& main) {
+    pressKey(prefs, Qt::Key_W, Qt::ControlModifier);
+    EXPECT_FALSE(prefs.isVisible());
+    EXPECT_TRUE(main.isVisible());
+    main.makeKeyWindow();
+    EXPECT_TRUE(QTest::qWaitFor([&] { return main.isKeyWindow(); }, 2000));
 }
 
 /// Clicks a control of the pane that is shown.
