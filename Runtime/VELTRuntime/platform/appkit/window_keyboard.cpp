@@ -80,7 +80,8 @@ id velt::firstKeyView(const NSWindow& window) {
     if (!is<NSView>(first) || as<NSView>(first)->canBecomeKeyView()) return first;
     std::vector<NSView*> within;
     collectKeyViews(*as<NSView>(first), within);
-    const auto taker = std::find_if(within.begin(), within.end(), [](NSView* view) { return view->canBecomeKeyView(); });
+    const auto taker =
+        std::find_if(within.begin(), within.end(), [](NSView* view) { return view->canBecomeKeyView(); });
     return taker == within.end() ? first : object(*taker);
 }
 
