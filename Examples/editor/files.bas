@@ -111,6 +111,7 @@ Class SourceEditor Inherits SourceWindow
   End Sub
 
   Sub CloseFile(sender)
+    If preferences.CloseIfKey() Then Return
     If sources.Count = 1 Then
       PerformSelector1(window, "performClose:", Me)
       Return
@@ -239,6 +240,7 @@ Class SourceEditor Inherits SourceWindow
 
   Sub WindowWillClose(notification)
     KeepSettings()
+    PerformSelector0(preferences, "close")
   End Sub
 
   ' 0 means no, 1 yes, 2 that the answer comes later.

@@ -190,242 +190,246 @@ void SourceEditor::saveFileAs(id) {
 
 void SourceEditor::closeFile(id) {
     VELTS("files.bas", "SourceEditor.CloseFile", "114", "");
+    if (VELT_CBOOL(preferences->closeIfKey())) return;
+    VELTS("files.bas", "SourceEditor.CloseFile", "115", "");
     if (VELT_CBOOL(VELT_EQUAL(VELT_NSMUTABLEARRAY_COUNT(sources), number(1)))) {
-        VELTS("files.bas", "SourceEditor.CloseFile", "115", "");
-        VELT_NSOBJECT_PERFORMSELECTOR1(window, "performClose:"_v, id(this));
         VELTS("files.bas", "SourceEditor.CloseFile", "116", "");
+        VELT_NSOBJECT_PERFORMSELECTOR1(window, "performClose:"_v, id(this));
+        VELTS("files.bas", "SourceEditor.CloseFile", "117", "");
         return;
     }
-    VELTS("files.bas", "SourceEditor.CloseFile", "118", "");
-    closing = current();
     VELTS("files.bas", "SourceEditor.CloseFile", "119", "");
-    VELT_NSMUTABLEARRAY_REMOVEALL(unanswered);
+    closing = current();
     VELTS("files.bas", "SourceEditor.CloseFile", "120", "");
-    if (VELT_CBOOL(closing->edited)) VELT_NSMUTABLEARRAY_APPEND(unanswered, closing);
+    VELT_NSMUTABLEARRAY_REMOVEALL(unanswered);
     VELTS("files.bas", "SourceEditor.CloseFile", "121", "");
+    if (VELT_CBOOL(closing->edited)) VELT_NSMUTABLEARRAY_APPEND(unanswered, closing);
+    VELTS("files.bas", "SourceEditor.CloseFile", "122", "");
     askNext(VELT__STRING("tab"_v));
 }
 
 void SourceEditor::quit(id sender) {
-    VELTS("files.bas", "SourceEditor.Quit", "125", "");
+    VELTS("files.bas", "SourceEditor.Quit", "126", "");
     VELT_NSAPPLICATION_TERMINATE(application(), sender);
 }
 
 id SourceEditor::hasChanges() {
-    VELTS("files.bas", "SourceEditor.HasChanges", "130", "");
-    VELT_NSMUTABLEARRAY_REMOVEALL(unanswered);
     VELTS("files.bas", "SourceEditor.HasChanges", "131", "");
+    VELT_NSMUTABLEARRAY_REMOVEALL(unanswered);
+    VELTS("files.bas", "SourceEditor.HasChanges", "132", "");
     const id last = VELT_SUB(VELT_NSMUTABLEARRAY_COUNT(sources), number(1));
     for (id i = number(0); VELT_CBOOL(VELT_SMALLEREQUAL(i, last)); i = VELT_ADD(i, number(1))) {
-        VELTS("files.bas", "SourceEditor.HasChanges", "132", "");
+        VELTS("files.bas", "SourceEditor.HasChanges", "133", "");
         if (VELT_CBOOL(toSource(VELT_NSMUTABLEARRAY_OBJECT(sources, i))->edited))
             VELT_NSMUTABLEARRAY_APPEND(unanswered, VELT_NSMUTABLEARRAY_OBJECT(sources, i));
     }
-    VELTS("files.bas", "SourceEditor.HasChanges", "134", "");
+    VELTS("files.bas", "SourceEditor.HasChanges", "135", "");
     return VELT__BOOLEAN(VELT_GREATER(VELT_NSMUTABLEARRAY_COUNT(unanswered), number(0)));
 }
 
 void SourceEditor::askNext(id what) {
-    VELTS("files.bas", "SourceEditor.AskNext", "139", "");
+    VELTS("files.bas", "SourceEditor.AskNext", "140", "");
     if (VELT_CBOOL(VELT_EQUAL(VELT_NSMUTABLEARRAY_COUNT(unanswered), number(0)))) {
-        VELTS("files.bas", "SourceEditor.AskNext", "140", "");
-        proceed(VELT__STRING(what));
         VELTS("files.bas", "SourceEditor.AskNext", "141", "");
+        proceed(VELT__STRING(what));
+        VELTS("files.bas", "SourceEditor.AskNext", "142", "");
         return;
     }
-    VELTS("files.bas", "SourceEditor.AskNext", "143", "");
-    showSource(toSource(VELT_NSMUTABLEARRAY_OBJECT(unanswered, number(0))));
     VELTS("files.bas", "SourceEditor.AskNext", "144", "");
+    showSource(toSource(VELT_NSMUTABLEARRAY_OBJECT(unanswered, number(0))));
+    VELTS("files.bas", "SourceEditor.AskNext", "145", "");
     VELT_BEGINALERTSHEET(id(this), VELT_CONCAT(VELT_CONCAT("Save the changes to “"_v, current()->name()), "”?"_v),
                          "They are lost if you do not save them."_v, what, "Save"_v, "Cancel"_v, "Don’t Save"_v);
 }
 
 void SourceEditor::alertSheetDidEnd(id, id code, id what) {
-    VELTS("files.bas", "SourceEditor.AlertSheetDidEnd", "149", "");
-    if (VELT_CBOOL(VELT_EQUAL(what, "report"_v))) return;
     VELTS("files.bas", "SourceEditor.AlertSheetDidEnd", "150", "");
+    if (VELT_CBOOL(VELT_EQUAL(what, "report"_v))) return;
+    VELTS("files.bas", "SourceEditor.AlertSheetDidEnd", "151", "");
     if (VELT_CBOOL(VELT_EQUAL(code, number(1000)))) {
-        VELTS("files.bas", "SourceEditor.AlertSheetDidEnd", "151", "");
+        VELTS("files.bas", "SourceEditor.AlertSheetDidEnd", "152", "");
         saveThen(toSource(VELT_NSMUTABLEARRAY_OBJECT(unanswered, number(0))), VELT__STRING(what));
-    } else if (VELTS("files.bas", "SourceEditor.AlertSheetDidEnd", "152", ""),
+    } else if (VELTS("files.bas", "SourceEditor.AlertSheetDidEnd", "153", ""),
                VELT_CBOOL(VELT_EQUAL(code, number(1002)))) {
-        VELTS("files.bas", "SourceEditor.AlertSheetDidEnd", "153", "");
+        VELTS("files.bas", "SourceEditor.AlertSheetDidEnd", "154", "");
         goOn(VELT__STRING(what));
     } else {
-        VELTS("files.bas", "SourceEditor.AlertSheetDidEnd", "155", "");
+        VELTS("files.bas", "SourceEditor.AlertSheetDidEnd", "156", "");
         give(VELT__STRING(what), boolean(false));
     }
 }
 
 void SourceEditor::goOn(id what) {
-    VELTS("files.bas", "SourceEditor.GoOn", "161", "");
-    if (VELT_CBOOL(VELT_EQUAL(what, "nothing"_v))) return;
     VELTS("files.bas", "SourceEditor.GoOn", "162", "");
-    VELT_NSMUTABLEARRAY_REMOVE(unanswered, number(0));
+    if (VELT_CBOOL(VELT_EQUAL(what, "nothing"_v))) return;
     VELTS("files.bas", "SourceEditor.GoOn", "163", "");
+    VELT_NSMUTABLEARRAY_REMOVE(unanswered, number(0));
+    VELTS("files.bas", "SourceEditor.GoOn", "164", "");
     VELT_NSOBJECT_PERFORMSELECTORNEXTRUNLOOP(id(this), "askNext:"_v, what);
 }
 
 void SourceEditor::saveThen(velt::Ref<Source> saved, id what) {
-    VELTS("files.bas", "SourceEditor.SaveThen", "167", "");
+    VELTS("files.bas", "SourceEditor.SaveThen", "168", "");
     if (VELT_CBOOL(VELT_EQUAL(saved->path, ""_v))) {
-        VELTS("files.bas", "SourceEditor.SaveThen", "168", "");
+        VELTS("files.bas", "SourceEditor.SaveThen", "169", "");
         askForFile(saved, VELT__STRING(what));
-    } else if (VELTS("files.bas", "SourceEditor.SaveThen", "169", ""),
+    } else if (VELTS("files.bas", "SourceEditor.SaveThen", "170", ""),
                VELT_CBOOL(saveTo(saved, VELT__STRING(saved->path)))) {
-        VELTS("files.bas", "SourceEditor.SaveThen", "170", "");
+        VELTS("files.bas", "SourceEditor.SaveThen", "171", "");
         goOn(VELT__STRING(what));
     } else {
-        VELTS("files.bas", "SourceEditor.SaveThen", "172", "");
+        VELTS("files.bas", "SourceEditor.SaveThen", "173", "");
         give(VELT__STRING(what), boolean(false));
     }
 }
 
 id SourceEditor::saveTo(velt::Ref<Source> saved, id path) {
-    VELTS("files.bas", "SourceEditor.SaveTo", "177", "");
+    VELTS("files.bas", "SourceEditor.SaveTo", "178", "");
     if (VELT_CBOOL(VELT_NOT(saved->save(VELT__STRING(path))))) {
-        VELTS("files.bas", "SourceEditor.SaveTo", "178", "");
+        VELTS("files.bas", "SourceEditor.SaveTo", "179", "");
         tellOfFailure(
             VELT__STRING(VELT_CONCAT(VELT_CONCAT("“"_v, VELT_FILENAME(path)), "” cannot be saved."_v)),
             VELT__STRING("Choose a folder in which you may write, on a disk with room. Your text is still here."_v));
-        VELTS("files.bas", "SourceEditor.SaveTo", "179", "");
+        VELTS("files.bas", "SourceEditor.SaveTo", "180", "");
         return VELT__BOOLEAN(boolean(false));
     }
-    VELTS("files.bas", "SourceEditor.SaveTo", "181", "");
-    say(VELT__STRING("Saved."_v));
     VELTS("files.bas", "SourceEditor.SaveTo", "182", "");
-    rememberFile(VELT__STRING(path));
+    say(VELT__STRING("Saved."_v));
     VELTS("files.bas", "SourceEditor.SaveTo", "183", "");
+    rememberFile(VELT__STRING(path));
+    VELTS("files.bas", "SourceEditor.SaveTo", "184", "");
     return VELT__BOOLEAN(boolean(true));
 }
 
 void SourceEditor::askForFile(velt::Ref<Source> saved, id what) {
-    VELTS("files.bas", "SourceEditor.AskForFile", "187", "");
-    saving = saved;
     VELTS("files.bas", "SourceEditor.AskForFile", "188", "");
-    id panel = VELT_NSOBJECT_PERFORMSELECTOR0(ofClass<NSSavePanel>(), "savePanel"_v);
+    saving = saved;
     VELTS("files.bas", "SourceEditor.AskForFile", "189", "");
-    VELT_NSSAVEPANEL_TITLE(panel, "Save Source"_v);
+    id panel = VELT_NSOBJECT_PERFORMSELECTOR0(ofClass<NSSavePanel>(), "savePanel"_v);
     VELTS("files.bas", "SourceEditor.AskForFile", "190", "");
-    VELT_PROPERTY(panel, "requiredFileType"_v, "bas"_v);
+    VELT_NSSAVEPANEL_TITLE(panel, "Save Source"_v);
     VELTS("files.bas", "SourceEditor.AskForFile", "191", "");
+    VELT_PROPERTY(panel, "requiredFileType"_v, "bas"_v);
+    VELTS("files.bas", "SourceEditor.AskForFile", "192", "");
     velt::send(panel, "beginSheetForDirectory:file:modalForWindow:modalDelegate:didEndSelector:contextInfo:", nil,
                saved->name(), window, id(this), "savePanelDidEnd:returnCode:contextInfo:"_v, what);
 }
 
 void SourceEditor::savePanelDidEnd(id panel, id code, id what) {
-    VELTS("files.bas", "SourceEditor.SavePanelDidEnd", "195", "");
-    id saved = VELT__BOOLEAN(boolean(false));
     VELTS("files.bas", "SourceEditor.SavePanelDidEnd", "196", "");
+    id saved = VELT__BOOLEAN(boolean(false));
+    VELTS("files.bas", "SourceEditor.SavePanelDidEnd", "197", "");
     if (VELT_CBOOL(VELT_EQUAL(code, number(1))))
         saved = VELT__BOOLEAN(saveTo(saving, VELT__STRING(VELT_CSTRING(VELT_PROPERTY(panel, "filename"_v)))));
-    VELTS("files.bas", "SourceEditor.SavePanelDidEnd", "197", "");
-    saving = nullptr;
     VELTS("files.bas", "SourceEditor.SavePanelDidEnd", "198", "");
+    saving = nullptr;
+    VELTS("files.bas", "SourceEditor.SavePanelDidEnd", "199", "");
     if (VELT_CBOOL(saved)) {
-        VELTS("files.bas", "SourceEditor.SavePanelDidEnd", "199", "");
+        VELTS("files.bas", "SourceEditor.SavePanelDidEnd", "200", "");
         goOn(VELT__STRING(what));
     } else {
-        VELTS("files.bas", "SourceEditor.SavePanelDidEnd", "201", "");
+        VELTS("files.bas", "SourceEditor.SavePanelDidEnd", "202", "");
         give(VELT__STRING(what), boolean(false));
     }
 }
 
 void SourceEditor::proceed(id what) {
-    VELTS("files.bas", "SourceEditor.Proceed", "206", "");
+    VELTS("files.bas", "SourceEditor.Proceed", "207", "");
     if (VELT_CBOOL(VELT_EQUAL(what, "tab"_v))) {
-        VELTS("files.bas", "SourceEditor.Proceed", "207", "");
-        removeSource(closing);
         VELTS("files.bas", "SourceEditor.Proceed", "208", "");
+        removeSource(closing);
+        VELTS("files.bas", "SourceEditor.Proceed", "209", "");
         closing = nullptr;
-    } else if (VELTS("files.bas", "SourceEditor.Proceed", "209", ""), VELT_CBOOL(VELT_EQUAL(what, "window"_v))) {
-        VELTS("files.bas", "SourceEditor.Proceed", "210", "");
+    } else if (VELTS("files.bas", "SourceEditor.Proceed", "210", ""), VELT_CBOOL(VELT_EQUAL(what, "window"_v))) {
+        VELTS("files.bas", "SourceEditor.Proceed", "211", "");
         VELT_NSWINDOW_CLOSE(window);
     } else {
-        VELTS("files.bas", "SourceEditor.Proceed", "212", "");
+        VELTS("files.bas", "SourceEditor.Proceed", "213", "");
         give(VELT__STRING(what), boolean(true));
     }
 }
 
 void SourceEditor::give(id what, id answer) {
-    VELTS("files.bas", "SourceEditor.Give", "218", "");
-    VELT_NSMUTABLEARRAY_REMOVEALL(unanswered);
     VELTS("files.bas", "SourceEditor.Give", "219", "");
+    VELT_NSMUTABLEARRAY_REMOVEALL(unanswered);
+    VELTS("files.bas", "SourceEditor.Give", "220", "");
     if (VELT_CBOOL(VELT_EQUAL(what, "quit"_v)))
         VELT_NSOBJECT_PERFORMSELECTOR1(application(), "replyToApplicationShouldTerminate:"_v, answer);
 }
 
 id SourceEditor::validateMenuItem(id item) {
-    VELTS("files.bas", "SourceEditor.ValidateMenuItem", "224", "");
-    id action = VELT__STRING(VELT_PROPERTY(item, "action"_v));
     VELTS("files.bas", "SourceEditor.ValidateMenuItem", "225", "");
+    id action = VELT__STRING(VELT_PROPERTY(item, "action"_v));
+    VELTS("files.bas", "SourceEditor.ValidateMenuItem", "226", "");
     if (VELT_CBOOL(VELT_EQUAL(action, "clearRecent:"_v)))
         return VELT__BOOLEAN(VELT_GREATER(VELT_NSMUTABLEARRAY_COUNT(settings->recent), number(0)));
-    VELTS("files.bas", "SourceEditor.ValidateMenuItem", "226", "");
+    VELTS("files.bas", "SourceEditor.ValidateMenuItem", "227", "");
     if (VELT_CBOOL(VELT_EQUAL(action, "saveFile:"_v)))
         return VELT__BOOLEAN(VELT_ORELSE(current()->edited, VELT_EQUAL(current()->path, ""_v)));
-    VELTS("files.bas", "SourceEditor.ValidateMenuItem", "227", "");
+    VELTS("files.bas", "SourceEditor.ValidateMenuItem", "228", "");
     if (VELT_CBOOL(VELT_EQUAL(action, "printSource:"_v)))
         return VELT__BOOLEAN(VELT_NSOBJECT_RESPONDSTOSELECTOR(current()->view, "PrintShowingPrintPanel:::"_v));
-    VELTS("files.bas", "SourceEditor.ValidateMenuItem", "228", "");
+    VELTS("files.bas", "SourceEditor.ValidateMenuItem", "229", "");
     if (VELT_CBOOL(VELT_ORELSE(VELT_EQUAL(action, "nextTab:"_v), VELT_EQUAL(action, "previousTab:"_v))))
         return VELT__BOOLEAN(VELT_GREATER(VELT_NSMUTABLEARRAY_COUNT(sources), number(1)));
-    VELTS("files.bas", "SourceEditor.ValidateMenuItem", "229", "");
+    VELTS("files.bas", "SourceEditor.ValidateMenuItem", "230", "");
     if (VELT_CBOOL(VELT_EQUAL(action, "useSelection:"_v)))
         return VELT__BOOLEAN(VELT_UNEQUAL(VELT_NSTEXTVIEW_SELECTEDTEXT(current()->view), ""_v));
-    VELTS("files.bas", "SourceEditor.ValidateMenuItem", "230", "");
+    VELTS("files.bas", "SourceEditor.ValidateMenuItem", "231", "");
     if (VELT_CBOOL(VELT_CONTAINS(" findNext: findPrevious: replaceOne: replaceAll: "_v,
                                  VELT_CONCAT(VELT_CONCAT(" "_v, action), " "_v), boolean(true))))
         return VELT__BOOLEAN(VELT_UNEQUAL(search->needle, ""_v));
-    VELTS("files.bas", "SourceEditor.ValidateMenuItem", "231", "");
+    VELTS("files.bas", "SourceEditor.ValidateMenuItem", "232", "");
     return VELT__BOOLEAN(boolean(true));
 }
 
 id SourceEditor::windowShouldClose(id) {
-    VELTS("files.bas", "SourceEditor.WindowShouldClose", "235", "");
-    if (VELT_CBOOL(VELT_NOT(hasChanges()))) return VELT__BOOLEAN(boolean(true));
     VELTS("files.bas", "SourceEditor.WindowShouldClose", "236", "");
-    askNext(VELT__STRING("window"_v));
+    if (VELT_CBOOL(VELT_NOT(hasChanges()))) return VELT__BOOLEAN(boolean(true));
     VELTS("files.bas", "SourceEditor.WindowShouldClose", "237", "");
+    askNext(VELT__STRING("window"_v));
+    VELTS("files.bas", "SourceEditor.WindowShouldClose", "238", "");
     return VELT__BOOLEAN(boolean(false));
 }
 
 void SourceEditor::windowWillClose(id) {
-    VELTS("files.bas", "SourceEditor.WindowWillClose", "241", "");
+    VELTS("files.bas", "SourceEditor.WindowWillClose", "242", "");
     keepSettings();
+    VELTS("files.bas", "SourceEditor.WindowWillClose", "243", "");
+    VELT_NSOBJECT_PERFORMSELECTOR0(preferences, "close"_v);
 }
 
 id SourceEditor::applicationShouldTerminate(id) {
-    VELTS("files.bas", "SourceEditor.ApplicationShouldTerminate", "246", "");
-    if (VELT_CBOOL(VELT_UNEQUAL(VELT_PROPERTY(window, "attachedSheet"_v), nil))) return VELT__INTEGER(number(0));
-    VELTS("files.bas", "SourceEditor.ApplicationShouldTerminate", "247", "");
-    if (VELT_CBOOL(VELT_NOT(hasChanges()))) return VELT__INTEGER(number(1));
     VELTS("files.bas", "SourceEditor.ApplicationShouldTerminate", "248", "");
-    VELT_NSWINDOW_SHOW(window);
+    if (VELT_CBOOL(VELT_UNEQUAL(VELT_PROPERTY(window, "attachedSheet"_v), nil))) return VELT__INTEGER(number(0));
     VELTS("files.bas", "SourceEditor.ApplicationShouldTerminate", "249", "");
-    askNext(VELT__STRING("quit"_v));
+    if (VELT_CBOOL(VELT_NOT(hasChanges()))) return VELT__INTEGER(number(1));
     VELTS("files.bas", "SourceEditor.ApplicationShouldTerminate", "250", "");
+    VELT_NSWINDOW_SHOW(window);
+    VELTS("files.bas", "SourceEditor.ApplicationShouldTerminate", "251", "");
+    askNext(VELT__STRING("quit"_v));
+    VELTS("files.bas", "SourceEditor.ApplicationShouldTerminate", "252", "");
     return VELT__INTEGER(number(2));
 }
 
 void SourceEditor::applicationDidFinishLaunching(id) {
-    VELTS("files.bas", "SourceEditor.ApplicationDidFinishLaunching", "255", "");
+    VELTS("files.bas", "SourceEditor.ApplicationDidFinishLaunching", "257", "");
     if (VELT_CBOOL(VELT_GREATER(VELT_NSMUTABLEARRAY_COUNT(sources), number(0))))
         showSource(toSource(VELT_NSMUTABLEARRAY_OBJECT(sources, number(0))));
 }
 
 void SourceEditor::applicationWillTerminate(id) {
-    VELTS("files.bas", "SourceEditor.ApplicationWillTerminate", "259", "");
+    VELTS("files.bas", "SourceEditor.ApplicationWillTerminate", "261", "");
     keepSettings();
 }
 
 id SourceEditor::applicationOpenFile(id, id path) {
-    VELTS("files.bas", "SourceEditor.ApplicationOpenFile", "263", "");
+    VELTS("files.bas", "SourceEditor.ApplicationOpenFile", "265", "");
     return VELT__BOOLEAN(openPath(VELT__STRING(path)));
 }
 
 void SourceEditor::showKeys(id) {
-    VELTS("files.bas", "SourceEditor.ShowKeys", "267", "");
+    VELTS("files.bas", "SourceEditor.ShowKeys", "269", "");
     VELT_INFORMATIONALALERTPANEL(
         "The editor by keys"_v,
         "Escape offers every name that fits. Behind a dot come the members, behind a parenthesis the arguments, behind “As” the types; the arrows choose one and Return takes it. Tab shifts the selected lines. Ctrl+Page Down and Ctrl+Page Up go from tab to tab."_v,

@@ -1,77 +1,87 @@
-' The sheet in which a person sets the editor up.
+' The window in which a person sets the editor up. The controls are bound to the settings, so that each change acts at
+' once in every source.
 
-Class Preferences
+Class Preferences Inherits VLPreferences
   Public Dim owner
-  Public Dim settings As Settings
-  Public Dim window As NSWindow
-  Public Dim fontSizes As NSPopUpButton
-  Public Dim formats As CheckBox
-  Public Dim margin As CheckBox
+  Public Dim panes As NSMutableArray = New NSMutableArray
+  Public Dim size As Label
 
-  Sub Build(editor, kept As Settings)
-    owner = editor
-    settings = kept
-    window = New NSPanel
-    window.Title = "Preferences"
-    window.ContentSize = Size(360, 160)
-    Dim words As Label = New Label
-    words.StringValue = "Size of the text:"
-    words.Frame = Rect(16, 120, 120, 22)
-    window.Append(words)
-    fontSizes = New NSPopUpButton
-    fontSizes.Frame = Rect(144, 118, 90, 28)
-    fontSizes.ToolTip = "Size of the text"
-    For i = 6 To 48
-      fontSizes.Append(CString(i))
-    Next
-    window.Append(fontSizes)
-    formats = AddBox("Format lines while they are typed", 88)
-    margin = AddBox("Show line numbers and breakpoints", 62)
-    AddButton("OK", "done:", 262, Character(13))
-    AddButton("Cancel", "leave:", 176, Character(27))
-    window.InitialFirstResponder = fontSizes
-    window.RecalculateKeyViewLoop()
-  End Sub
-
-  Function AddBox(caption As String, y As Integer) As CheckBox
-    Dim box As CheckBox = New CheckBox
-    box.Title = caption
-    box.Frame = Rect(16, y, 328, 22)
-    window.Append(box)
-    Return box
+  Function PreferencesItemIdentifiers() As NSArray
+    Return Split("Text Editing", " ")
   End Function
 
-  Sub AddButton(caption As String, action As String, x As Integer, key As String)
-    Dim button As PushButton = New PushButton(Me, "")
-    Property(button, "target", Me)
-    Property(button, "action", action)
-    button.Title = caption
-    button.Frame = Rect(x, 14, 82, 28)
-    button.KeyEquivalent = key
-    window.Append(button)
-  End Sub
+  Function PreferencesItems() As NSMutableArray
+    If panes.Count = 0 Then
+      BuildText(AddPane(90))
+      BuildEditing(AddPane(90))
+      ShowSize()
+    End If
+    Return panes
+  End Function
 
-  Sub Show()
-    fontSizes.Select(Round(settings.fontSize, 0) - 6)
-    formats.State = settings.formats
-    margin.State = settings.margin
-    BeginSheet(Me, window, "preferences")
-  End Sub
+  Function PreferencesDefaults() As NSMutableDictionary
+    Dim usual As NSMutableDictionary = New NSMutableDictionary
+    usual("EditorFontSize") = 12.0
+    usual("EditorMargin") = True
+    usual("EditorFormats") = True
+    usual("EditorCompletes") = True
+    Return usual
+  End Function
 
-  Sub Done(sender)
-    settings.SetFontSize(fontSizes.Selected + 6)
-    settings.formats = formats.State = 1
-    settings.margin = margin.State = 1
-    settings.Keep()
+  Sub PreferencesChanged(key As String)
+    If panes.Count > 0 Then ShowSize()
     PerformSelector1(owner, "settingsChanged:", Me)
-    EndSheet(window, 1)
   End Sub
 
-  Sub Leave(sender)
-    EndSheet(window, 0)
+  Sub BuildText(pane As NSView)
+    Dim words As Label = New Label
+    words.StringValue = "Size of the text:"
+    words.Frame = Rect(24, 50, 124, 22)
+    pane.Append(words)
+    size = New Label
+    size.Alignment = 1
+    size.Frame = Rect(148, 50, 48, 22)
+    pane.Append(size)
+    Dim stepper As NSStepper = New NSStepper
+    stepper.Frame = Rect(204, 47, 22, 28)
+    stepper.ToolTip = "Size of the text"
+    Property(stepper, "minValue", 6)
+    Property(stepper, "maxValue", 48)
+    Property(stepper, "valueWraps", False)
+    Bind(stepper, "doubleValue", NSUserDefaults, "EditorFontSize", Nil)
+    pane.Append(stepper)
+    AddBox(pane, "Show line numbers and breakpoints", "EditorMargin", 16)
   End Sub
 
-  Sub SheetDidEnd(sheet, code As Integer, what As String) Alias "sheetDidEnd:returnCode:contextInfo:"
-    window.Hide()
+  Sub BuildEditing(pane As NSView)
+    AddBox(pane, "Format lines while they are typed", "EditorFormats", 50)
+    AddBox(pane, "Offer names while they are typed", "EditorCompletes", 16)
   End Sub
+
+  Function AddPane(height As Integer) As NSView
+    Dim pane As NSView = New NSView
+    pane.Frame = Rect(0, 0, 380, height)
+    panes.Append(pane)
+    Return pane
+  End Function
+
+  Sub AddBox(pane As NSView, caption As String, key As String, y As Integer)
+    Dim box As CheckBox = New CheckBox
+    box.Title = caption
+    box.Frame = Rect(22, y, 334, 24)
+    Bind(box, "state", NSUserDefaults, key, Nil)
+    pane.Append(box)
+  End Sub
+
+  Sub ShowSize()
+    size.StringValue = CString(CInteger(NSUserDefaults.Get("EditorFontSize"))) & " pt"
+  End Sub
+
+  ' Close means the window that has the keyboard. Whether it was this one.
+  Function CloseIfKey() As Boolean
+    If panes.Count = 0 Then Return False
+    If Not PerformSelector0(Me, "window").IsKeyWindow Then Return False
+    PerformSelector0(Me, "close")
+    Return True
+  End Function
 End Class

@@ -1,26 +1,27 @@
-// preferences.bas: the sheet in which a person sets the editor up.
+// preferences.bas: the window in which a person sets the editor up.
 #pragma once
 
-#include "editor/settings.h"
 #include "editor/window_values.h"
 
 namespace editor {
 
-class Preferences : public NSObject {
-    VELT_OBJECT(Preferences, NSObject)
+class Preferences : public VLPreferences {
+    VELT_OBJECT(Preferences, VLPreferences)
 
 public:
-    id owner, window, fontSizes, formats, margin;
-    velt::Ref<Settings> settings;
+    id owner, panes = velt::make<NSMutableArray>(), size;
 
     static void describe(velt::ClassBuilder<Preferences>& c);
-    void build(id editor, velt::Ref<Settings> kept);
-    id addBox(id caption, id y);
-    void addButton(id caption, id action, id x, id key);
-    void show();
-    void done(id sender);
-    void leave(id sender);
-    void sheetDidEnd(id sheet, id code, id what);
+    id itemIdentifiers();
+    id items();
+    id defaults();
+    void changed(id key);
+    void buildText(id pane);
+    void buildEditing(id pane);
+    id addPane(id height);
+    void addBox(id pane, id caption, id key, id y);
+    void showSize();
+    id closeIfKey();
 };
 
 }  // namespace editor

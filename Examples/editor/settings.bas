@@ -3,20 +3,15 @@
 Class Settings
   Public Dim fontSize As Double = 12
   Public Dim formats As Boolean = True
+  Public Dim completes As Boolean = True
   Public Dim margin As Boolean = True
   Public Dim recent As NSMutableArray = New NSMutableArray
   Public Dim frame As NSArray
 
-  Sub Restore()
-    Dim usual As NSMutableDictionary = New NSMutableDictionary
-    usual("EditorFontSize") = 12.0
-    usual("EditorFormats") = True
-    usual("EditorMargin") = True
+  Sub Restore(usual As NSMutableDictionary)
     usual("EditorRecentFiles") = New NSMutableArray
     NSUserDefaults.RegisterDefaults(usual)
-    fontSize = NSUserDefaults.Get("EditorFontSize")
-    formats = NSUserDefaults.Get("EditorFormats")
-    margin = NSUserDefaults.Get("EditorMargin")
+    Adopt()
     frame = NSUserDefaults.Get("EditorFrame")
     Dim kept As NSArray = NSUserDefaults.Get("EditorRecentFiles")
     recent = New NSMutableArray
@@ -25,10 +20,15 @@ Class Settings
     Next
   End Sub
 
+  ' What the preferences window changes.
+  Sub Adopt()
+    fontSize = NSUserDefaults.Get("EditorFontSize")
+    formats = NSUserDefaults.Get("EditorFormats")
+    completes = NSUserDefaults.Get("EditorCompletes")
+    margin = NSUserDefaults.Get("EditorMargin")
+  End Sub
+
   Sub Keep()
-    NSUserDefaults.Set("EditorFontSize", fontSize)
-    NSUserDefaults.Set("EditorFormats", formats)
-    NSUserDefaults.Set("EditorMargin", margin)
     NSUserDefaults.Set("EditorRecentFiles", recent)
     If frame <> Nil Then NSUserDefaults.Set("EditorFrame", frame)
     NSUserDefaults.Synchronize()
@@ -43,6 +43,6 @@ Class Settings
   End Sub
 
   Sub SetFontSize(size As Double)
-    fontSize = Max(6.0, Min(48.0, size))
+    NSUserDefaults.Set("EditorFontSize", Max(6.0, Min(48.0, size)))
   End Sub
 End Class

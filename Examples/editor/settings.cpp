@@ -6,51 +6,45 @@ namespace editor {
 void Settings::describe(velt::ClassBuilder<Settings>& c) {
     c.property("fontSize", &Settings::fontSize)
         .property("formats", &Settings::formats)
+        .property("completes", &Settings::completes)
         .property("margin", &Settings::margin)
         .property("recent", &Settings::recent)
         .property("frame", &Settings::frame);
 }
 
-void Settings::restore() {
-    VELTS("settings.bas", "Settings.Restore", "11", "");
-    id usual = VELT__NSMUTABLEDICTIONARY(velt::make<NSMutableDictionary>());
+void Settings::restore(id usual) {
     VELTS("settings.bas", "Settings.Restore", "12", "");
-    VELT_NSMUTABLEDICTIONARY_INSERT(usual, "EditorFontSize"_v, VELT_ID(12.0));
-    VELTS("settings.bas", "Settings.Restore", "13", "");
-    VELT_NSMUTABLEDICTIONARY_INSERT(usual, "EditorFormats"_v, boolean(true));
-    VELTS("settings.bas", "Settings.Restore", "14", "");
-    VELT_NSMUTABLEDICTIONARY_INSERT(usual, "EditorMargin"_v, boolean(true));
-    VELTS("settings.bas", "Settings.Restore", "15", "");
     VELT_NSMUTABLEDICTIONARY_INSERT(usual, "EditorRecentFiles"_v, velt::make<NSMutableArray>());
-    VELTS("settings.bas", "Settings.Restore", "16", "");
+    VELTS("settings.bas", "Settings.Restore", "13", "");
     VELT_NSUSERDEFAULTS_REGISTERDEFAULTS(nil, usual);
-    VELTS("settings.bas", "Settings.Restore", "17", "");
-    fontSize = VELT__DOUBLE(VELT_NSUSERDEFAULTS_GET(nil, "EditorFontSize"_v));
-    VELTS("settings.bas", "Settings.Restore", "18", "");
-    formats = VELT__BOOLEAN(VELT_NSUSERDEFAULTS_GET(nil, "EditorFormats"_v));
-    VELTS("settings.bas", "Settings.Restore", "19", "");
-    margin = VELT__BOOLEAN(VELT_NSUSERDEFAULTS_GET(nil, "EditorMargin"_v));
-    VELTS("settings.bas", "Settings.Restore", "20", "");
+    VELTS("settings.bas", "Settings.Restore", "14", "");
+    adopt();
+    VELTS("settings.bas", "Settings.Restore", "15", "");
     frame = VELT__NSARRAY(VELT_NSUSERDEFAULTS_GET(nil, "EditorFrame"_v));
-    VELTS("settings.bas", "Settings.Restore", "21", "");
+    VELTS("settings.bas", "Settings.Restore", "16", "");
     id kept = VELT__NSARRAY(VELT_NSUSERDEFAULTS_GET(nil, "EditorRecentFiles"_v));
-    VELTS("settings.bas", "Settings.Restore", "22", "");
+    VELTS("settings.bas", "Settings.Restore", "17", "");
     recent = VELT__NSMUTABLEARRAY(velt::make<NSMutableArray>());
-    VELTS("settings.bas", "Settings.Restore", "23", "");
+    VELTS("settings.bas", "Settings.Restore", "18", "");
     const id last = VELT_SUB(VELT_NSARRAY_COUNT(kept), number(1));
     for (id i = number(0); VELT_CBOOL(VELT_SMALLEREQUAL(i, last)); i = VELT_ADD(i, number(1))) {
-        VELTS("settings.bas", "Settings.Restore", "24", "");
+        VELTS("settings.bas", "Settings.Restore", "19", "");
         VELT_NSMUTABLEARRAY_APPEND(recent, VELT_NSARRAY_OBJECT(kept, i));
     }
 }
 
+void Settings::adopt() {
+    VELTS("settings.bas", "Settings.Adopt", "25", "");
+    fontSize = VELT__DOUBLE(VELT_NSUSERDEFAULTS_GET(nil, "EditorFontSize"_v));
+    VELTS("settings.bas", "Settings.Adopt", "26", "");
+    formats = VELT__BOOLEAN(VELT_NSUSERDEFAULTS_GET(nil, "EditorFormats"_v));
+    VELTS("settings.bas", "Settings.Adopt", "27", "");
+    completes = VELT__BOOLEAN(VELT_NSUSERDEFAULTS_GET(nil, "EditorCompletes"_v));
+    VELTS("settings.bas", "Settings.Adopt", "28", "");
+    margin = VELT__BOOLEAN(VELT_NSUSERDEFAULTS_GET(nil, "EditorMargin"_v));
+}
+
 void Settings::keep() {
-    VELTS("settings.bas", "Settings.Keep", "29", "");
-    VELT_NSUSERDEFAULTS_SET(nil, "EditorFontSize"_v, fontSize);
-    VELTS("settings.bas", "Settings.Keep", "30", "");
-    VELT_NSUSERDEFAULTS_SET(nil, "EditorFormats"_v, formats);
-    VELTS("settings.bas", "Settings.Keep", "31", "");
-    VELT_NSUSERDEFAULTS_SET(nil, "EditorMargin"_v, margin);
     VELTS("settings.bas", "Settings.Keep", "32", "");
     VELT_NSUSERDEFAULTS_SET(nil, "EditorRecentFiles"_v, recent);
     VELTS("settings.bas", "Settings.Keep", "33", "");
@@ -73,7 +67,7 @@ void Settings::remember(id path) {
 
 void Settings::setFontSize(id size) {
     VELTS("settings.bas", "Settings.SetFontSize", "46", "");
-    fontSize = VELT__DOUBLE(VELT_MAX(VELT_ID(6.0), VELT_MIN(VELT_ID(48.0), size)));
+    VELT_NSUSERDEFAULTS_SET(nil, "EditorFontSize"_v, VELT_MAX(VELT_ID(6.0), VELT_MIN(VELT_ID(48.0), size)));
 }
 
 }  // namespace editor

@@ -141,13 +141,13 @@ Class Source
     If what = Character(10) Then
       If settings.formats Then Tell(what)
     ElseIf what = "." OrElse what = "(" Then
-      If KnowsWhatFollows(what) Then
+      If settings.completes AndAlso KnowsWhatFollows(what) Then
         Tell(what)
       Else
         CloseCompletion()
       End If
     ElseIf what = " " Then
-      If AsksForType() Then TellOfType()
+      If settings.completes AndAlso AsksForType() Then TellOfType()
     Else
       Tell(what)
     End If

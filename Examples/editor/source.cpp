@@ -219,7 +219,7 @@ void Source::tellOf(id what) {
     } else if (VELTS("source.bas", "Source.TellOf", "143", ""),
                VELT_CBOOL(VELT_ORELSE(VELT_EQUAL(what, "."_v), VELT_EQUAL(what, "("_v)))) {
         VELTS("source.bas", "Source.TellOf", "144", "");
-        if (VELT_CBOOL(knowsWhatFollows(VELT__STRING(what)))) {
+        if (VELT_CBOOL(VELT_ANDALSO(settings->completes, knowsWhatFollows(VELT__STRING(what))))) {
             VELTS("source.bas", "Source.TellOf", "145", "");
             tell(VELT__STRING(what));
         } else {
@@ -228,7 +228,7 @@ void Source::tellOf(id what) {
         }
     } else if (VELTS("source.bas", "Source.TellOf", "149", ""), VELT_CBOOL(VELT_EQUAL(what, " "_v))) {
         VELTS("source.bas", "Source.TellOf", "150", "");
-        if (VELT_CBOOL(asksForType())) tellOfType();
+        if (VELT_CBOOL(VELT_ANDALSO(settings->completes, asksForType()))) tellOfType();
     } else {
         VELTS("source.bas", "Source.TellOf", "152", "");
         tell(VELT__STRING(what));

@@ -14,7 +14,7 @@ Class SourceWindow
   Public Dim untitled As Integer = 0
 
   Sub Build()
-    settings.Restore()
+    settings.Restore(preferences.PreferencesDefaults())
     window = New NSWindow
     window.ContentMinSize = Size(420, 260)
     window.ContentSize = Size(860, 620)
@@ -34,7 +34,8 @@ Class SourceWindow
     window.Append(position)
     window.Delegate = Me
     findSheet.Build(Me, search)
-    preferences.Build(Me, settings)
+    preferences.owner = Me
+    PerformSelector1(preferences, "initWithWindowNibName:", "Preferences")
     If settings.frame = Nil Then
       window.Center()
     Else
@@ -103,6 +104,7 @@ Class SourceWindow
   End Sub
 
   Sub SettingsChanged(sender)
+    settings.Adopt()
     For i = 0 To sources.Count - 1
       sources(i).Dress()
     Next
@@ -178,16 +180,14 @@ Class SourceWindow
   ' Looks.
   Sub BiggerText(sender)
     settings.SetFontSize(settings.fontSize + 1)
-    SettingsChanged(sender)
   End Sub
 
   Sub SmallerText(sender)
     settings.SetFontSize(settings.fontSize - 1)
-    SettingsChanged(sender)
   End Sub
 
   Sub ShowPreferences(sender)
-    preferences.Show()
+    PerformSelector1(preferences, "showWindow:", sender)
   End Sub
 
   ' From the last tab to the first one, and back.

@@ -38,7 +38,7 @@ void SourceWindow::describe(velt::ClassBuilder<SourceWindow>& c) {
 
 void SourceWindow::build() {
     VELTS("window.bas", "SourceWindow.Build", "17", "");
-    settings->restore();
+    settings->restore(preferences->defaults());
     VELTS("window.bas", "SourceWindow.Build", "18", "");
     window = VELT_NSWINDOW_INIT(id(this), "");
     VELTS("window.bas", "SourceWindow.Build", "19", "");
@@ -78,13 +78,15 @@ void SourceWindow::build() {
     VELTS("window.bas", "SourceWindow.Build", "36", "");
     findSheet->build(id(this), search);
     VELTS("window.bas", "SourceWindow.Build", "37", "");
-    preferences->build(id(this), settings);
+    preferences->owner = id(this);
     VELTS("window.bas", "SourceWindow.Build", "38", "");
+    VELT_NSOBJECT_PERFORMSELECTOR1(preferences, "initWithWindowNibName:"_v, "Preferences"_v);
+    VELTS("window.bas", "SourceWindow.Build", "39", "");
     if (VELT_CBOOL(VELT_EQUAL(settings->frame, nil))) {
-        VELTS("window.bas", "SourceWindow.Build", "39", "");
+        VELTS("window.bas", "SourceWindow.Build", "40", "");
         VELT_NSWINDOW_CENTER(window);
     } else {
-        VELTS("window.bas", "SourceWindow.Build", "41", "");
+        VELTS("window.bas", "SourceWindow.Build", "42", "");
         VELT_NSWINDOW_FRAME(window, VELT_RECT_INIT(nil, "", VELT_NSARRAY_OBJECT(settings->frame, number(0)),
                                                    VELT_NSARRAY_OBJECT(settings->frame, number(1)),
                                                    VELT_NSARRAY_OBJECT(settings->frame, number(2)),
@@ -93,214 +95,212 @@ void SourceWindow::build() {
 }
 
 velt::Ref<Source> SourceWindow::current() {
-    VELTS("window.bas", "SourceWindow.Current", "47", "");
+    VELTS("window.bas", "SourceWindow.Current", "48", "");
     return toSource(VELT_PROPERTY(tabs, "selectedTabViewItem.identifier"_v));
 }
 
 velt::Ref<Source> SourceWindow::addSource() {
-    VELTS("window.bas", "SourceWindow.AddSource", "51", "");
-    velt::Ref<Source> added = velt::make<Source>();
     VELTS("window.bas", "SourceWindow.AddSource", "52", "");
-    untitled = VELT__INTEGER(VELT_ADD(untitled, number(1)));
+    velt::Ref<Source> added = velt::make<Source>();
     VELTS("window.bas", "SourceWindow.AddSource", "53", "");
-    added->title = VELT__STRING("Untitled"_v);
+    untitled = VELT__INTEGER(VELT_ADD(untitled, number(1)));
     VELTS("window.bas", "SourceWindow.AddSource", "54", "");
+    added->title = VELT__STRING("Untitled"_v);
+    VELTS("window.bas", "SourceWindow.AddSource", "55", "");
     if (VELT_CBOOL(VELT_GREATER(untitled, number(1))))
         added->title = VELT__STRING(VELT_CONCAT("Untitled "_v, VELT_CSTRING(untitled)));
-    VELTS("window.bas", "SourceWindow.AddSource", "55", "");
-    added->build(id(this), language, settings);
     VELTS("window.bas", "SourceWindow.AddSource", "56", "");
-    VELT_NSMUTABLEARRAY_APPEND(sources, added);
+    added->build(id(this), language, settings);
     VELTS("window.bas", "SourceWindow.AddSource", "57", "");
-    VELT_NSOBJECT_PERFORMSELECTOR1(tabs, "addTabViewItem:"_v, added->item);
+    VELT_NSMUTABLEARRAY_APPEND(sources, added);
     VELTS("window.bas", "SourceWindow.AddSource", "58", "");
+    VELT_NSOBJECT_PERFORMSELECTOR1(tabs, "addTabViewItem:"_v, added->item);
+    VELTS("window.bas", "SourceWindow.AddSource", "59", "");
     return added;
 }
 
 void SourceWindow::removeSource(velt::Ref<Source> removed) {
-    VELTS("window.bas", "SourceWindow.RemoveSource", "62", "");
-    VELT_NSOBJECT_PERFORMSELECTOR0(removed->view, "stopCompletionTimer"_v);
     VELTS("window.bas", "SourceWindow.RemoveSource", "63", "");
-    VELT_NSMUTABLEARRAY_REMOVEOBJECT(sources, removed);
+    VELT_NSOBJECT_PERFORMSELECTOR0(removed->view, "stopCompletionTimer"_v);
     VELTS("window.bas", "SourceWindow.RemoveSource", "64", "");
-    VELT_NSOBJECT_PERFORMSELECTOR1(tabs, "removeTabViewItem:"_v, removed->item);
+    VELT_NSMUTABLEARRAY_REMOVEOBJECT(sources, removed);
     VELTS("window.bas", "SourceWindow.RemoveSource", "65", "");
+    VELT_NSOBJECT_PERFORMSELECTOR1(tabs, "removeTabViewItem:"_v, removed->item);
+    VELTS("window.bas", "SourceWindow.RemoveSource", "66", "");
     showSource(current());
 }
 
 void SourceWindow::showSource(velt::Ref<Source> shown) {
-    VELTS("window.bas", "SourceWindow.ShowSource", "70", "");
-    if (VELT_CBOOL(VELT_EQUAL(shown, nil))) return;
     VELTS("window.bas", "SourceWindow.ShowSource", "71", "");
-    VELT_NSOBJECT_PERFORMSELECTOR1(tabs, "selectTabViewItem:"_v, shown->item);
+    if (VELT_CBOOL(VELT_EQUAL(shown, nil))) return;
     VELTS("window.bas", "SourceWindow.ShowSource", "72", "");
-    VELT_NSWINDOW_MAKEFIRSTRESPONDER(window, shown->view);
+    VELT_NSOBJECT_PERFORMSELECTOR1(tabs, "selectTabViewItem:"_v, shown->item);
     VELTS("window.bas", "SourceWindow.ShowSource", "73", "");
+    VELT_NSWINDOW_MAKEFIRSTRESPONDER(window, shown->view);
+    VELTS("window.bas", "SourceWindow.ShowSource", "74", "");
     refresh();
 }
 
 void SourceWindow::didSelectTab(id, id) {
-    VELTS("window.bas", "SourceWindow.DidSelectTab", "77", "");
-    say(VELT__STRING(""_v));
     VELTS("window.bas", "SourceWindow.DidSelectTab", "78", "");
+    say(VELT__STRING(""_v));
+    VELTS("window.bas", "SourceWindow.DidSelectTab", "79", "");
     refresh();
 }
 
 void SourceWindow::refresh() {
-    VELTS("window.bas", "SourceWindow.Refresh", "83", "");
-    velt::Ref<Source> shown = current();
     VELTS("window.bas", "SourceWindow.Refresh", "84", "");
-    if (VELT_CBOOL(VELT_EQUAL(shown, nil))) return;
+    velt::Ref<Source> shown = current();
     VELTS("window.bas", "SourceWindow.Refresh", "85", "");
-    VELT_NSWINDOW_TITLE(window, shown->name());
+    if (VELT_CBOOL(VELT_EQUAL(shown, nil))) return;
     VELTS("window.bas", "SourceWindow.Refresh", "86", "");
-    VELT_PROPERTY(window, "documentEdited"_v, shown->edited);
+    VELT_NSWINDOW_TITLE(window, shown->name());
     VELTS("window.bas", "SourceWindow.Refresh", "87", "");
+    VELT_PROPERTY(window, "documentEdited"_v, shown->edited);
+    VELTS("window.bas", "SourceWindow.Refresh", "88", "");
     VELT_NSCONTROL_STRINGVALUE(
         position, VELT_CONCAT(VELT_CONCAT(VELT_CONCAT("Line "_v, VELT_CSTRING(shown->lineNumber())), ", column "_v),
                               VELT_CSTRING(shown->column())));
 }
 
 void SourceWindow::say(id what) {
-    VELTS("window.bas", "SourceWindow.Say", "91", "");
+    VELTS("window.bas", "SourceWindow.Say", "92", "");
     VELT_NSCONTROL_STRINGVALUE(message, what);
 }
 
 void SourceWindow::sourceChanged(id) {
-    VELTS("window.bas", "SourceWindow.SourceChanged", "95", "");
+    VELTS("window.bas", "SourceWindow.SourceChanged", "96", "");
     refresh();
 }
 
 void SourceWindow::sourceMoved(id moved) {
-    VELTS("window.bas", "SourceWindow.SourceMoved", "99", "");
+    VELTS("window.bas", "SourceWindow.SourceMoved", "100", "");
     if (VELT_CBOOL(VELT_EQUALEQUAL(moved, current()))) {
-        VELTS("window.bas", "SourceWindow.SourceMoved", "100", "");
-        say(VELT__STRING(""_v));
         VELTS("window.bas", "SourceWindow.SourceMoved", "101", "");
+        say(VELT__STRING(""_v));
+        VELTS("window.bas", "SourceWindow.SourceMoved", "102", "");
         refresh();
     }
 }
 
 void SourceWindow::settingsChanged(id) {
-    VELTS("window.bas", "SourceWindow.SettingsChanged", "106", "");
+    VELTS("window.bas", "SourceWindow.SettingsChanged", "107", "");
+    settings->adopt();
+    VELTS("window.bas", "SourceWindow.SettingsChanged", "108", "");
     const id last = VELT_SUB(VELT_NSMUTABLEARRAY_COUNT(sources), number(1));
     for (id i = number(0); VELT_CBOOL(VELT_SMALLEREQUAL(i, last)); i = VELT_ADD(i, number(1))) {
-        VELTS("window.bas", "SourceWindow.SettingsChanged", "107", "");
+        VELTS("window.bas", "SourceWindow.SettingsChanged", "109", "");
         toSource(VELT_NSMUTABLEARRAY_OBJECT(sources, i))->dress();
     }
 }
 
 void SourceWindow::sourceCommand(id sender) {
-    VELTS("window.bas", "SourceWindow.SourceCommand", "113", "");
+    VELTS("window.bas", "SourceWindow.SourceCommand", "115", "");
     VELT_NSOBJECT_PERFORMSELECTOR0(current()->view, VELT_NSMENUITEM_REPRESENTEDOBJECT(sender));
 }
 
 void SourceWindow::toggleBreakpoint(id) {
-    VELTS("window.bas", "SourceWindow.ToggleBreakpoint", "117", "");
-    VELT_VLTEXTVIEW_TOGGLEBREAKPOINT(current()->view);
-    VELTS("window.bas", "SourceWindow.ToggleBreakpoint", "118", "");
-    id count = VELT__INTEGER(VELT_NSARRAY_COUNT(VELT_VLTEXTVIEW_BREAKPOINTS(current()->view)));
     VELTS("window.bas", "SourceWindow.ToggleBreakpoint", "119", "");
+    VELT_VLTEXTVIEW_TOGGLEBREAKPOINT(current()->view);
+    VELTS("window.bas", "SourceWindow.ToggleBreakpoint", "120", "");
+    id count = VELT__INTEGER(VELT_NSARRAY_COUNT(VELT_VLTEXTVIEW_BREAKPOINTS(current()->view)));
+    VELTS("window.bas", "SourceWindow.ToggleBreakpoint", "121", "");
     if (VELT_CBOOL(VELT_EQUAL(count, number(1)))) {
-        VELTS("window.bas", "SourceWindow.ToggleBreakpoint", "120", "");
+        VELTS("window.bas", "SourceWindow.ToggleBreakpoint", "122", "");
         say(VELT__STRING("1 breakpoint."_v));
     } else {
-        VELTS("window.bas", "SourceWindow.ToggleBreakpoint", "122", "");
+        VELTS("window.bas", "SourceWindow.ToggleBreakpoint", "124", "");
         say(VELT__STRING(VELT_CONCAT(VELT_CSTRING(count), " breakpoints."_v)));
     }
 }
 
 void SourceWindow::showFind(id) {
-    VELTS("window.bas", "SourceWindow.ShowFind", "128", "");
+    VELTS("window.bas", "SourceWindow.ShowFind", "130", "");
     findSheet->show(current()->view);
 }
 
 void SourceWindow::findNext(id) {
-    VELTS("window.bas", "SourceWindow.FindNext", "132", "");
+    VELTS("window.bas", "SourceWindow.FindNext", "134", "");
     report(VELT__BOOLEAN(search->findNext(current()->view)));
 }
 
 void SourceWindow::findPrevious(id) {
-    VELTS("window.bas", "SourceWindow.FindPrevious", "136", "");
+    VELTS("window.bas", "SourceWindow.FindPrevious", "138", "");
     report(VELT__BOOLEAN(search->findPrevious(current()->view)));
 }
 
 void SourceWindow::replaceOne(id) {
-    VELTS("window.bas", "SourceWindow.ReplaceOne", "140", "");
+    VELTS("window.bas", "SourceWindow.ReplaceOne", "142", "");
     report(VELT__BOOLEAN(search->replaceOne(current()->view)));
 }
 
 void SourceWindow::replaceAll(id) {
-    VELTS("window.bas", "SourceWindow.ReplaceAll", "144", "");
+    VELTS("window.bas", "SourceWindow.ReplaceAll", "146", "");
     replaced(search->replaceAll(current()->view));
 }
 
 void SourceWindow::report(id found) {
-    VELTS("window.bas", "SourceWindow.Report", "148", "");
-    if (VELT_CBOOL(found)) return;
-    VELTS("window.bas", "SourceWindow.Report", "149", "");
-    VELT_BEEP();
     VELTS("window.bas", "SourceWindow.Report", "150", "");
+    if (VELT_CBOOL(found)) return;
+    VELTS("window.bas", "SourceWindow.Report", "151", "");
+    VELT_BEEP();
+    VELTS("window.bas", "SourceWindow.Report", "152", "");
     say(VELT__STRING(VELT_CONCAT(VELT_CONCAT("“"_v, search->needle), "” was not found."_v)));
 }
 
 void SourceWindow::replaced(id count) {
-    VELTS("window.bas", "SourceWindow.Replaced", "154", "");
+    VELTS("window.bas", "SourceWindow.Replaced", "156", "");
     if (VELT_CBOOL(VELT_EQUAL(count, number(1)))) {
-        VELTS("window.bas", "SourceWindow.Replaced", "155", "");
+        VELTS("window.bas", "SourceWindow.Replaced", "157", "");
         say(VELT__STRING("1 occurrence replaced."_v));
     } else {
-        VELTS("window.bas", "SourceWindow.Replaced", "157", "");
+        VELTS("window.bas", "SourceWindow.Replaced", "159", "");
         say(VELT__STRING(VELT_CONCAT(VELT_CSTRING(count), " occurrences replaced."_v)));
     }
 }
 
 void SourceWindow::useSelection(id) {
-    VELTS("window.bas", "SourceWindow.UseSelection", "162", "");
+    VELTS("window.bas", "SourceWindow.UseSelection", "164", "");
     search->needle = VELT__STRING(VELT_NSTEXTVIEW_SELECTEDTEXT(current()->view));
 }
 
 void SourceWindow::goToLine(id) {
-    VELTS("window.bas", "SourceWindow.GoToLine", "166", "");
+    VELTS("window.bas", "SourceWindow.GoToLine", "168", "");
     id lines = VELT__INTEGER(VELT_ADD(
         VELT_COUNT(VELT_NSTEXTVIEW_VALUE(current()->view), VELT_CHARACTER(number(10)), boolean(true)), number(1)));
-    VELTS("window.bas", "SourceWindow.GoToLine", "167", "");
+    VELTS("window.bas", "SourceWindow.GoToLine", "169", "");
     id answer =
         VELT_INPUTPANEL("Go to line"_v, VELT_CONCAT(VELT_CONCAT("A number from 1 to "_v, VELT_CSTRING(lines)), "."_v),
                         VELT_CSTRING(current()->lineNumber()));
-    VELTS("window.bas", "SourceWindow.GoToLine", "168", "");
-    if (VELT_CBOOL(VELT_EQUAL(answer, nil))) return;
-    VELTS("window.bas", "SourceWindow.GoToLine", "169", "");
-    id line = VELT__INTEGER(number(VELT_CINTEGER(VELT_TRIM(answer))));
     VELTS("window.bas", "SourceWindow.GoToLine", "170", "");
+    if (VELT_CBOOL(VELT_EQUAL(answer, nil))) return;
+    VELTS("window.bas", "SourceWindow.GoToLine", "171", "");
+    id line = VELT__INTEGER(number(VELT_CINTEGER(VELT_TRIM(answer))));
+    VELTS("window.bas", "SourceWindow.GoToLine", "172", "");
     if (VELT_CBOOL(VELT_ANDALSO(VELT_GREATEREQUAL(line, number(1)), VELT_SMALLEREQUAL(line, lines)))) {
-        VELTS("window.bas", "SourceWindow.GoToLine", "171", "");
+        VELTS("window.bas", "SourceWindow.GoToLine", "173", "");
         VELT_VLTEXTVIEW_GOTOLINE(current()->view, line);
     } else {
-        VELTS("window.bas", "SourceWindow.GoToLine", "173", "");
+        VELTS("window.bas", "SourceWindow.GoToLine", "175", "");
         VELT_BEEP();
-        VELTS("window.bas", "SourceWindow.GoToLine", "174", "");
+        VELTS("window.bas", "SourceWindow.GoToLine", "176", "");
         say(VELT__STRING(VELT_CONCAT(VELT_CONCAT("There is no line “"_v, answer), "”."_v)));
     }
 }
 
 void SourceWindow::biggerText(id) {
-    VELTS("window.bas", "SourceWindow.BiggerText", "180", "");
+    VELTS("window.bas", "SourceWindow.BiggerText", "182", "");
     settings->setFontSize(VELT__DOUBLE(VELT_ADD(settings->fontSize, number(1))));
-    VELTS("window.bas", "SourceWindow.BiggerText", "181", "");
-    settingsChanged(nil);
 }
 
 void SourceWindow::smallerText(id) {
-    VELTS("window.bas", "SourceWindow.SmallerText", "185", "");
-    settings->setFontSize(VELT__DOUBLE(VELT_SUB(settings->fontSize, number(1))));
     VELTS("window.bas", "SourceWindow.SmallerText", "186", "");
-    settingsChanged(nil);
+    settings->setFontSize(VELT__DOUBLE(VELT_SUB(settings->fontSize, number(1))));
 }
 
-void SourceWindow::showPreferences(id) {
+void SourceWindow::showPreferences(id sender) {
     VELTS("window.bas", "SourceWindow.ShowPreferences", "190", "");
-    preferences->show();
+    VELT_NSOBJECT_PERFORMSELECTOR1(preferences, "showWindow:"_v, sender);
 }
 
 void SourceWindow::nextTab(id) {

@@ -4,7 +4,9 @@ Class NotesWindow
   Public Dim window As NSWindow
   Public Dim bar As NSToolbar
   Public Dim split As VerticalSplitView
+  Public Dim sidebar As VLBackgroundView
   Public Dim table As NSTableView
+  Public Dim total As Label
   Public Dim text As NSTextView
   Public Dim search As NSSearchField
   Public Dim book As Notebook = New Notebook
@@ -18,6 +20,7 @@ Class NotesWindow
     window.ContentMinSize = Size(460, 260)
     window.ContentSize = Size(780, 480)
     BuildTable()
+    BuildSidebar()
     text = New NSTextView(Me)
     text.RichText = False
     text.AllowsUndo = True
@@ -27,7 +30,7 @@ Class NotesWindow
     split.AutoresizingMask = 18
     Property(split, "dividerStyle", 2)
     Property(split, "delegate", Me)
-    split.Append(table)
+    split.Append(sidebar)
     split.Append(text)
     window.Append(split)
     search = New NSSearchField(Me, "searchNotes:")
@@ -51,6 +54,21 @@ Class NotesWindow
     table.ToolTip = "Notes"
     AddColumn("title", "Title", 170, True)
     AddColumn("changed", "Changed", 130, False)
+  End Sub
+
+  ' The list, and below it how many notes there are, on a shade through which the window is seen.
+  Sub BuildSidebar()
+    sidebar = New VLBackgroundView
+    sidebar.Frame = Rect(0, 0, 320, 480)
+    sidebar.SetBackgroundGradient(New NSColor(0.5, 0.5, 0.55, 0.25), New NSColor(0.5, 0.5, 0.55, 0.05))
+    table.Frame = Rect(8, 32, 304, 440)
+    table.AutoresizingMask = 18
+    sidebar.Append(table)
+    total = New Label
+    total.Frame = Rect(12, 6, 296, 20)
+    total.AutoresizingMask = 2
+    total.ToolTip = "How many notes are listed"
+    sidebar.Append(total)
   End Sub
 
   ' The column is sorted by its own key; a first click sorts in that direction.
@@ -159,7 +177,16 @@ Class NotesWindow
     table.SelectRow(RowOf(note))
     PerformSelector1(table, "scrollRowToVisible:", RowOf(note))
     listing = False
+    total.StringValue = TotalText()
   End Sub
+
+  Function TotalText() As String
+    Dim count As Integer = book.notes.Count
+    Dim words As String = CString(count) & " notes"
+    If count = 1 Then words = "1 note"
+    If shown.Count < count Then Return CString(shown.Count) & " of " & words
+    Return words
+  End Function
 
   Function RowOf(note As Note) As Integer
     For i = 0 To shown.Count - 1
@@ -278,9 +305,9 @@ Class NotesWindow
 
   ' A window that gets wider gives the room to the text.
   Sub ResizePanes(split, before As Size) Alias "splitView:resizeSubviewsWithOldSize:"
-    Dim left As Double = table.Width
+    Dim left As Double = sidebar.Width
     Dim right As Double = split.Width - left - Property(split, "dividerThickness")
-    table.Frame = Rect(0, 0, left, split.Height)
+    sidebar.Frame = Rect(0, 0, left, split.Height)
     text.Frame = Rect(split.Width - right, 0, right, split.Height)
   End Sub
 
@@ -290,7 +317,7 @@ Class NotesWindow
     usual("FontSize") = 13.0
     usual("SortKey") = "changed"
     usual("SortAscending") = False
-    usual("ListWidth") = 310.0
+    usual("ListWidth") = 326.0
     NSUserDefaults.RegisterDefaults(usual)
     Dim sorting As NSMutableArray = New NSMutableArray
     sorting.Append(SortedBy(NSUserDefaults.Get("SortKey"), NSUserDefaults.Get("SortAscending")))
@@ -312,7 +339,7 @@ Class NotesWindow
     frame.Append(window.Width)
     frame.Append(window.Height)
     NSUserDefaults.Set("WindowFrame", frame)
-    NSUserDefaults.Set("ListWidth", table.Width)
+    NSUserDefaults.Set("ListWidth", sidebar.Width)
     NSUserDefaults.Set("FontSize", fontSize)
     Dim sorting = Property(table, "sortDescriptors")(0)
     NSUserDefaults.Set("SortKey", Property(sorting, "key"))

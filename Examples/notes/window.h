@@ -9,7 +9,7 @@ class NotesWindow : public NSObject {
     VELT_OBJECT(NotesWindow, NSObject)
 
 public:
-    id window, bar, split, table, text, search;
+    id window, bar, split, sidebar, table, total, text, search;
     velt::Ref<Notebook> book = velt::make<Notebook>();
     id shown = velt::make<NSMutableArray>();
     velt::Ref<Note> current;
@@ -18,6 +18,7 @@ public:
     static void describe(velt::ClassBuilder<NotesWindow>& c);
     void build();
     void buildTable();
+    void buildSidebar();
     void addColumn(id key, id title, id width, id ascending);
     id sortedBy(id key, id ascending);
 
@@ -35,6 +36,7 @@ public:
     void tableViewSelectionDidChange(id notification);
     void listNotes();
     void fillTable(velt::Ref<Note> note);
+    id totalText();
     id rowOf(velt::Ref<Note> note);
     void showNote(velt::Ref<Note> note);
     void showBook(velt::Ref<Notebook> opened);

@@ -230,6 +230,21 @@ TEST_F(EditorCompletion, OfAProgramWorksByItsMessages) {
     EXPECT_VALUE("q 999", velt::send(made, "popupAssistantAt:forView:", point(0, 0), shown.view));
 }
 
+TEST_F(EditorCompletion, HasAControllerOfItsWindowWhoCancelsItByClosing) {
+    shown.type("some.");
+    whenOpen([&] {
+        const id controller = velt::as<NSWindow>(myFloatingKeyWindow)->nextResponder();
+        ASSERT_TRUE(velt::is<Autocompletion>(controller));
+        EXPECT_TRUE(velt::is<NSWindowController>(controller));
+        EXPECT_EQ(myFloatingKeyWindow, velt::send(controller, "window"));
+        velt::send(controller, "close");
+    });
+    EXPECT_EQ("some.", shown.text());
+    const id program = velt::make<Autocompletion>();
+    EXPECT_TRUE(velt::send(program, "window").isNil());
+    velt::send(program, "close");
+}
+
 TEST(EditorCompletionNames, AreSortedAndDifferent) {
     const id names = wordArray({"b", "a", "B", "a"});
     EXPECT_EQ("(B, a, b)", velt::utf8(velt::description(velt::send(names, "sortedUniqueArray"))));

@@ -1,6 +1,7 @@
 // The example editor, worked by keys as a person does who has no mouse.
 #include "editor_support.h"
 #include "file_dialog_support.h"
+#include "preferences_support.h"
 
 #include "editor/files.h"
 #include "support/processes.h"
@@ -22,7 +23,8 @@ constexpr const char* kShelf = "' a shelf\n"
 constexpr const char* kList = "one two\nTWO twofold\n";
 
 void forgetSettings() {
-    for (const char* key : {"EditorFontSize", "EditorFormats", "EditorMargin", "EditorRecentFiles", "EditorFrame"}) {
+    for (const char* key :
+         {"EditorFontSize", "EditorFormats", "EditorCompletes", "EditorMargin", "EditorRecentFiles", "EditorFrame"}) {
         VELT_NSUSERDEFAULTS_REMOVE(nil, str(key));
     }
 }
@@ -137,6 +139,19 @@ struct EditorProgram : testing::Test {
         ASSERT_TRUE(sheet);
         work(*sheet);
         EXPECT_TRUE(QTest::qWaitFor([this] { return window().attachedSheet().isNil(); }, 2000));
+    }
+    /// Opens the preferences, works a pane of them, and closes them.
+    void inPreferences(const char* pane, const std::function<void(NSWindow&)>& work) const {
+        press(Qt::Key_Comma, kCommand);
+        const Ref<NSWindow> prefs(velt::as<NSWindow>(program->preferences->window()));
+        ASSERT_TRUE(QTest::qWaitFor([&] { return prefs->isKeyWindow(); }, 2000));
+        ASSERT_NO_FATAL_FAILURE(clickPane(*prefs, pane));
+        ASSERT_TRUE(QTest::qWaitFor([&] { return velt::utf8(prefs->title()) == pane; }, 2000));
+        work(*prefs);
+        closePreferences(*prefs, window());
+    }
+    double fontSizeOf(const id& source) const {
+        return VELT_CDOUBLE(velt::send(VELT_NSTEXTVIEW_FONT(editor::toSource(source)->view), "pointSize"));
     }
     static void typeInto(NSWindow& sheet, const char* text) {
         for (; *text; ++text) QTest::keyClick(sheet.widget().windowHandle(), *text);
@@ -258,22 +273,47 @@ TEST_F(EditorProgram, FormatsLinesWhileTheyAreTypedUnlessToldOtherwise) {
     EXPECT_EQ(std::string(kShelf) + "if a = b then\n  print a\n  ", text());
     press(Qt::Key_Z, kCommand);
     press(Qt::Key_Z, kCommand);
-    inSheet(Qt::Key_Comma, [this](NSWindow& sheet) {
-        VELT_NSBUTTON_STATE(program->preferences->formats, editor::number(0));
-        VELT_NSPOPUPBUTTON_SELECTTITLE(program->preferences->fontSizes, "18"_v);
-        keepPicture(sheet.widget(), "editor-preferences");
-        pressKey(sheet, Qt::Key_Return);
+    inPreferences("Editing", [](NSWindow& prefs) {
+        keepPicture(prefs.widget(), "editor-preferences-editing");
+        clickNamed(prefs, "Format lines while they are typed");
     });
-    EXPECT_EQ(18.0, VELT_CDOUBLE(velt::send(VELT_NSTEXTVIEW_FONT(view()), "pointSize")));
+    EXPECT_EQ("[• shelf.bas] list.bas ", tabs()) << "what was closed are the preferences";
     toEnd();
     type("\nif c=d then\nx");
     EXPECT_TRUE(text().ends_with("\nif c=d then\nx")) << text();
-    // Nothing of that is lost when the sheet is left.
-    inSheet(Qt::Key_Comma, [this](NSWindow& sheet) {
-        VELT_NSBUTTON_STATE(program->preferences->formats, editor::number(1));
-        pressKey(sheet, Qt::Key_Escape);
+}
+
+TEST_F(EditorProgram, OffersNamesWhileTheyAreTypedUnlessToldOtherwise) {
+    inPreferences("Editing", [](NSWindow& prefs) { clickNamed(prefs, "Offer names while they are typed"); });
+    toEnd();
+    type("books.");
+    EXPECT_FALSE(waitsForCompletion());
+    type("\ndim x as ");
+    EXPECT_FALSE(waitsForCompletion());
+    inPreferences("Editing", [](NSWindow& prefs) { clickNamed(prefs, "Offer names while they are typed"); });
+    type("\nbooks.");
+    EXPECT_TRUE(waitsForCompletion());
+}
+
+TEST_F(EditorProgram, ChangesTheLooksOfAllSourcesFromThePreferences) {
+    inPreferences("Text", [this](NSWindow& prefs) {
+        // The size of the text has the keyboard.
+        for (int i = 0; i < 3; ++i) pressKey(prefs, Qt::Key_Up);
+        keepPicture(prefs.widget(), "editor-preferences-text");
+        const id sources = program->sources;
+        for (const id& source : velt::arrayOf(sources)->items()) EXPECT_EQ(15, fontSizeOf(source));
+        EXPECT_EQ("15 pt", velt::utf8(VELT_NSCONTROL_STRINGVALUE(program->preferences->size)));
+        EXPECT_TRUE(VELT_CBOOL(velt::send(view(), "showsLineNumbers")));
+        clickNamed(prefs, "Show line numbers and breakpoints");
+        EXPECT_FALSE(VELT_CBOOL(velt::send(view(), "showsLineNumbers")));
+        // The window's keys and the preferences' go on together.
+        pressKey(window(), Qt::Key_Plus, kCommand);
+        EXPECT_EQ("16 pt", velt::utf8(VELT_NSCONTROL_STRINGVALUE(program->preferences->size)));
     });
-    EXPECT_FALSE(VELT_CBOOL(program->settings->formats));
+    close();
+    start({shelf});
+    EXPECT_EQ(16, fontSizeOf(current()));
+    EXPECT_FALSE(VELT_CBOOL(velt::send(view(), "showsLineNumbers")));
 }
 
 TEST_F(EditorProgram, FindsByTheSheetAndGoesOnWithoutIt) {

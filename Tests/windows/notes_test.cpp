@@ -417,7 +417,7 @@ TEST_F(NotesProgram, IsTheNextTimeAsItWasLeft) {
     start();
     EXPECT_EQ("[Bread] Garden Train ", list());
     EXPECT_EQ(15.0, VELT_CDOUBLE(program->fontSize));
-    EXPECT_EQ(222.0, VELT_CDOUBLE(VELT_NSVIEW_WIDTH(program->table)));
+    EXPECT_EQ(222.0, VELT_CDOUBLE(VELT_NSVIEW_WIDTH(program->sidebar)));
     EXPECT_EQ(600.0, window().frame().size.width);
     EXPECT_EQ(400.0, window().frame().size.height);
     EXPECT_EQ(path, velt::utf8(program->book->path));
@@ -429,9 +429,41 @@ TEST_F(NotesProgram, KeepsTheSearchInItsToolbarWhenItIsNarrow) {
     EXPECT_TRUE(velt::as<NSView>(program->search)->widget().isVisible());
     keepPicture(window().widget(), "notes-narrow");
     // The list keeps its width, the text gives way.
-    const double list = VELT_CDOUBLE(VELT_NSVIEW_WIDTH(program->table));
+    const double list = VELT_CDOUBLE(VELT_NSVIEW_WIDTH(program->sidebar));
     window().setContentSize({700, 300});
-    EXPECT_EQ(list, VELT_CDOUBLE(VELT_NSVIEW_WIDTH(program->table)));
+    EXPECT_EQ(list, VELT_CDOUBLE(VELT_NSVIEW_WIDTH(program->sidebar)));
+}
+
+TEST_F(NotesProgram, SaysBelowTheListHowManyNotesThereAre) {
+    const auto total = [this] { return velt::utf8(VELT_NSCONTROL_STRINGVALUE(program->total)); };
+    EXPECT_EQ("3 notes", total());
+    press(Qt::Key_F, kShifted);
+    type("water");
+    EXPECT_TRUE(QTest::qWaitFor([&] { return total() == "2 of 3 notes"; }, 2000)) << total();
+    press(Qt::Key_N, kCommand);
+    EXPECT_EQ("4 notes", total());
+    for (const char* left : {"3 notes", "2 notes", "1 note", "0 notes"}) {
+        program->deleteNote(nil);
+        const Ref<NSWindow> sheet = waitForSheet(program->window);
+        ASSERT_TRUE(sheet);
+        pressKey(*sheet, Qt::Key_Return);
+        EXPECT_TRUE(QTest::qWaitFor([&] { return total() == left; }, 2000)) << total();
+        EXPECT_TRUE(QTest::qWaitFor([this] { return window().attachedSheet().isNil(); }, 2000));
+    }
+}
+
+TEST_F(NotesProgram, HasItsListOnAShadeThatFollowsTheDesktopsColours) {
+    const auto shade = [this] {
+        const QImage seen = velt::as<NSView>(program->sidebar)->widget().grab().toImage();
+        return seen.pixelColor(seen.width() / 2, seen.height() - 2).lightness();
+    };
+    const QPalette before = QApplication::palette();
+    EXPECT_LT(128, shade());
+    QApplication::setPalette(darkPalette());
+    EXPECT_TRUE(QTest::qWaitFor([&] { return shade() < 100; }, 2000)) << shade();
+    keepPicture(window().widget(), "notes-dark");
+    QApplication::setPalette(before);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return shade() > 128; }, 2000)) << shade();
 }
 
 TEST_F(NotesProgram, FindsAndReplacesWithinANote) {

@@ -1,12 +1,11 @@
 // Preferences windows: panes by a toolbar, a window that takes each pane's size, defaults that are watched.
-#include "panels_support.h"
+#include "preferences_support.h"
 
 #include "VELTRuntime/platform/appkit/toolbars/toolbar_widget.h"
 #include "VELTRuntime/platform/foundation/dictionary.h"
 #include "VELTRuntime/platform/foundation/user_defaults.h"
 
 #include <QElapsedTimer>
-#include <QToolButton>
 
 using namespace velt::test;
 using velt::Ref;
@@ -57,15 +56,8 @@ struct ShownPrefs {
     NSView& page() const { return *velt::as<NSView>(window().contentView()); }
     std::vector<Ref<NSView>> hosted() const { return page().subviewList().at(0)->subviewList(); }
     bool shows(const Ref<NSView>& view) const { return hosted().size() == 1 && hosted()[0].get() == view.get(); }
-    /// The toolbar makes its buttons anew when another one is chosen, so nothing of them is touched after the click.
     void click(const char* label, Qt::KeyboardModifiers held = Qt::NoModifier) const {
-        QToolButton* found = nullptr;
-        for (QToolButton* button : window().widget().findChildren<QToolButton*>()) {
-            if (button->isVisible() && button->text() == QString::fromUtf8(label)) found = button;
-        }
-        ASSERT_NE(nullptr, found) << label;
-        QWidget* top = found->window();
-        QTest::mouseClick(top->windowHandle(), Qt::LeftButton, held, found->mapTo(top, found->rect().center()));
+        clickPane(window(), label, held);
     }
 
     Ref<TwoPanes> prefs = velt::make<TwoPanes>();

@@ -186,7 +186,7 @@ void Autocompletion::place(NSPoint point) {
     const NSRect screen = velt::visibleScreenFrame();
     frame.origin.x = std::max(screen.origin.x, std::min(frame.origin.x, screen.origin.x + screen.size.width - width));
     if (frame.origin.y < screen.origin.y) frame.origin.y = point.y + kRowHeight;
-    velt::as<FloatingKeyWindow>(window_)->setFrame(frame);
+    windowPointer()->setFrame(frame);
 }
 
 long Autocompletion::popupAssistantAt(NSPoint point, const id&) {
@@ -204,7 +204,7 @@ long Autocompletion::popupAssistantAt(NSPoint point, const id&) {
     }
     const Ref<VLTextView> keptView(editor);
     const Ref<FloatingKeyWindow> window = velt::make<FloatingKeyWindow>();
-    window_ = window;
+    setWindow(window);
     const id outer = std::exchange(myFloatingKeyWindow, window);
     const Ref<NSScrollView> around = velt::make<NSScrollView>();
     around->setBorderType(velt::kLineBorder);
@@ -241,7 +241,7 @@ long Autocompletion::popupAssistantAt(NSPoint point, const id&) {
     list.setDelegate(nil);
     list.setTarget(nil);
     window->close();
-    window_ = nil;
+    setWindow(nil);
     myFloatingKeyWindow = outer;
     const long result = code();
     if (!ownPopup_) popup_ = nullptr;
@@ -262,6 +262,15 @@ void Autocompletion::keyDown(const id& event) {
     const bool withCommand = key.modifierFlags() & NSEvent::kCommand;
     const id characters = withCommand ? key.charactersIgnoringModifiers() : key.characters();
     if (velt::isString(characters)) popup_->keyTyped(std::u16string(velt::textOf(characters)), withCommand);
+}
+
+void Autocompletion::close() {
+    const Ref<Autocompletion> kept(this);
+    if (loop_ && popup_ && !popup_->result()) {
+        popup_->end(velt::PopupResult::Cancelled);
+    } else {
+        NSWindowController::close();
+    }
 }
 
 void Autocompletion::myInsert(const id&, const id& terminator) {
@@ -294,20 +303,21 @@ void Autocompletion::updateBracket() {
 }
 
 void Autocompletion::visitOwned(velt::OwnedVisitor& visitor) {
-    for (id* field : {&view_, &list_, &window_}) visitor.visit(*field);
-    NSResponder::visitOwned(visitor);
+    for (id* field : {&view_, &list_}) visitor.visit(*field);
+    NSWindowController::visitOwned(visitor);
 }
 
 void Autocompletion::dissolve() {
     popup_ = nullptr;
     ownPopup_.reset();
     ownWindow_.reset();
-    NSResponder::dissolve();
+    NSWindowController::dissolve();
 }
 
 void Autocompletion::describe(velt::ClassBuilder<Autocompletion>& c) {
     c.method("initWithCompletions::::::", &Autocompletion::initWithCompletions)
         .method("popupAssistantAt:forView:", &Autocompletion::popupAssistantAt)
+        .method("close", &Autocompletion::close)
         .method("myInsert::", &Autocompletion::myInsert)
         .method("insertText:", &Autocompletion::insertText)
         .method("deleteBackward:", &Autocompletion::deleteBackward)

@@ -3,7 +3,7 @@
 
 #include "VELTRuntime/editor/completion_popup.h"
 #include "VELTRuntime/platform/appkit/tables/table_view.h"
-#include "VELTRuntime/platform/appkit/window.h"
+#include "VELTRuntime/platform/appkit/window_controller.h"
 
 class QEventLoop;
 class VLTextView;
@@ -35,9 +35,9 @@ public:
     static void describe(velt::ClassBuilder<AutoCompleteList>& c);
 };
 
-/// A completion that is being shown, or a program's own.
-class VELT_EXPORT Autocompletion final : public NSResponder {
-    VELT_OBJECT(Autocompletion, NSResponder)
+/// A completion that is being shown, or a program's own. Its window is there while the list is open.
+class VELT_EXPORT Autocompletion final : public NSWindowController {
+    VELT_OBJECT(Autocompletion, NSWindowController)
 public:
     Autocompletion();
     /// Shows a popup of the editor's.
@@ -48,6 +48,9 @@ public:
     id initWithCompletions(const id& candidates, const id& view, NSRange typed, bool as, bool dot, bool bracket);
     /// Shows the list below a point of the screen until it ends; returns its code.
     long popupAssistantAt(NSPoint point, const id& view);
+
+    /// Cancels an open list; it is not only out of sight.
+    void close();
 
     void myInsert(const id& sender, const id& terminator);
     void insertText(const id& text);
@@ -79,7 +82,7 @@ private:
     void type(std::u16string_view keys);
     void place(NSPoint point);
 
-    id view_, list_, window_;
+    id view_, list_;
     velt::CompletionPopup* popup_ = nullptr;
     std::unique_ptr<OwnWindow> ownWindow_;
     std::unique_ptr<velt::CompletionPopup> ownPopup_;

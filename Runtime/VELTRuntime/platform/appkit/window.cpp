@@ -236,7 +236,7 @@ void NSWindow::show(bool activate) {
         shown.show();
         NSApplication::sharedApplication().windowOpens(*this);
         velt::tellFollowers(*this, velt::LeaderChange::Shown);
-        if (firstResponder() == object(this)) makeFirstResponder(initialFirstResponder_);
+        if (firstResponder() == object(this)) makeFirstResponder(velt::firstKeyView(*this));
     } else if (shown.isMinimized()) {
         shown.showNormal();
     }
@@ -400,11 +400,13 @@ void NSWindow::syncWidget() {
 void NSWindow::placeWidget() {
     if (!widget_) return;
     placing_ = true;
-    syncLimits();
-    const NSRect content = velt::contentRectForFrame(frame_, styleMask_);
     // A menu bar and toolbars are above the content, outside of the frame's arithmetic.
     const int extra = widget_->isVisible() ? std::max(0, widget_->height() - widget_->centralWidget()->height())
                                            : heightOfBars(*widget_);
+    syncLimits();
+    // What the content may be limits the window at once, not only when its layout is looked at next.
+    widget_->layout()->activate();
+    const NSRect content = velt::contentRectForFrame(frame_, styleMask_);
     const int height = static_cast<int>(std::lround(content.size.height)) + extra;
     const int top = static_cast<int>(std::lround(mainScreenHeight() - content.origin.y)) - height;
     // The toolkit never shows what has no size; a window without content is its title bar.

@@ -4,6 +4,7 @@
 #include "VELTRuntime/platform/appkit/menus/menu_bar.h"
 #include "VELTRuntime/platform/appkit/toolbars/toolbar.h"
 #include "VELTRuntime/platform/appkit/window.h"
+#include "VELTRuntime/platform/appkit/window_widget.h"
 #include "VELTRuntime/values/string.h"
 
 #include <QGuiApplication>
@@ -74,6 +75,16 @@ bool isWithin(const id& cell, const NSWindow& window) {
 
 }  // namespace
 
+id velt::firstKeyView(const NSWindow& window) {
+    id first = window.initialFirstResponder();
+    if (!is<NSView>(first) || as<NSView>(first)->canBecomeKeyView()) return first;
+    std::vector<NSView*> within;
+    collectKeyViews(*as<NSView>(first), within);
+    const auto taker =
+        std::find_if(within.begin(), within.end(), [](NSView* view) { return view->canBecomeKeyView(); });
+    return taker == within.end() ? first : object(*taker);
+}
+
 id NSWindow::firstResponder() const {
     QWidget* focus = velt::behindMenuBar(widget_ ? widget_->focusWidget() : nullptr);
     // A control's widget may hand the keyboard to a part of itself.
@@ -133,7 +144,7 @@ void NSWindow::selectNextKeyView(const id&) {
     if (velt::is<NSView>(now)) {
         selectKeyViewFollowingView(velt::as<NSView>(now));
     } else {
-        makeFirstResponder(initialFirstResponder_);
+        makeFirstResponder(velt::firstKeyView(*this));
     }
 }
 void NSWindow::selectPreviousKeyView(const id&) {
@@ -141,7 +152,7 @@ void NSWindow::selectPreviousKeyView(const id&) {
     if (velt::is<NSView>(now)) {
         selectKeyViewPrecedingView(velt::as<NSView>(now));
     } else {
-        makeFirstResponder(initialFirstResponder_);
+        makeFirstResponder(velt::firstKeyView(*this));
     }
 }
 void NSWindow::selectKeyViewFollowingView(NSView* view) {

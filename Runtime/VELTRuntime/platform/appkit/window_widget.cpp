@@ -53,6 +53,16 @@ void WindowWidget::keyPressEvent(QKeyEvent* event) {
     if (!taken) QMainWindow::keyPressEvent(event);
 }
 
+bool WindowWidget::focusNextPrevChild(bool next) {
+    // Where nobody has the keyboard yet, Tab begins where the program says.
+    if (window_ && !focusWidget()) {
+        bool taken = false;
+        runReported([&] { taken = window_->makeFirstResponder(firstKeyView(*window_)) && focusWidget(); });
+        if (taken) return true;
+    }
+    return QMainWindow::focusNextPrevChild(next);
+}
+
 bool WindowWidget::event(QEvent* event) {
     // The event that ends this widget leaves nothing to look at.
     if (!window_) return QMainWindow::event(event);

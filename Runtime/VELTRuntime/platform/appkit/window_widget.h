@@ -1,11 +1,16 @@
 // The toolkit's window of an NSWindow: reports what the desktop and the person do with it.
 #pragma once
 
+#include "VELTRuntime/values/value.h"
+
 #include <QMainWindow>
 
 class NSWindow;
 
 namespace velt {
+
+/// Who gets a window's keyboard first: its initial first responder, or else the first view in it that takes keys.
+id firstKeyView(const NSWindow& window);
 
 /// Holds the content view and gives it its size.
 class ContentHolder final : public QWidget {
@@ -33,6 +38,7 @@ protected:
     void moveEvent(QMoveEvent* event) override;
     void changeEvent(QEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
+    bool focusNextPrevChild(bool next) override;
     bool event(QEvent* event) override;
 
 private:
