@@ -5,6 +5,7 @@
 #include "VELTRuntime/platform/appkit/text/text_widget.h"
 #include "VELTRuntime/platform/foundation/array.h"
 #include "VELTRuntime/platform/foundation/notification_center.h"
+#include "VELTRuntime/platform/foundation/plain_text.h"
 #include "VELTRuntime/platform/object/message.h"
 
 #include <QApplication>
@@ -35,11 +36,6 @@ public:
 private:
     const QPointer<TextWidget> widget_;
 };
-
-bool isPlain(const NSAttributedString& text) {
-    const auto runs = text.runs().runs();
-    return runs.empty() || (runs.size() == 1 && runs[0].attributes.isNil());
-}
 
 }  // namespace
 
