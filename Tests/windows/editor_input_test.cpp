@@ -71,7 +71,8 @@ protected:
         auto* drag = new QDrag(&page());
         drag->setMimeData(data);
         bool isDragged = false;
-        QTimer::singleShot(0, drag, [&] {
+        QObject here;
+        QTimer::singleShot(0, &here, [&] {
             isDragged = drag->source() != nullptr;
             drop(*data, place, action);
             QDrag::cancel();

@@ -240,7 +240,8 @@ void ViewTarget::takeBack(const EditList& edits) {
 }
 
 void ViewTarget::beginCommand() {
-    id manager = view_.undoManager();
+    // A command within another one has that one's; the view would catch up for who asks it.
+    id manager = batch_ && !undoManagers_.empty() ? undoManagers_.front() : view_.undoManager();
     if (is<NSUndoManager>(manager)) as<NSUndoManager>(manager)->beginUndoGrouping();
     undoManagers_.push_back(std::move(manager));
     if (undoManagers_.size() == 1 && canGather()) begin();
