@@ -103,6 +103,7 @@ void open(const char* path) {
     form::Steps more;
     velt::send(shown.view, VELT_SELECTOR("performSyntaxHighlighting::"), shown.view, VELT_ID(static_cast<BOOL>(1)));
     more.end("coloured");
+    malloc_trim(0);
     const double coloured = static_cast<double>(form::residentKilobytes() - before);
     std::printf("coloured_memory %.3f\n", coloured * 1024 / units);
 }

@@ -3,8 +3,6 @@
 #include "windows/editor_support.h"
 
 #include <QScrollBar>
-#include <QTextBlock>
-#include <QTextLayout>
 #include <QWheelEvent>
 #include <numeric>
 
@@ -30,8 +28,7 @@ public:
     }
     /// The height at which a line, counted from 1, is shown.
     int middleOf(int line) const {
-        QTextCursor cursor(widget->document()->findBlockByNumber(line - 1));
-        return widget->cursorRect(cursor).center().y();
+        return widget->caretRect(editor().buffer().lineStart(static_cast<std::size_t>(line - 1))).center().y();
     }
     void click(int line) const {
         QTest::mouseClick(margin(), Qt::LeftButton, {}, {margin()->width() / 2, middleOf(line)});
@@ -43,7 +40,7 @@ public:
     }
     bool hasMark(int line) const { return dotsLike(row(line), QColor(0xD3, 0x3C, 0x35)) > 20; }
     bool hasSeparator(int line) const {
-        const int top = middleOf(line) - widget->cursorRect().height() / 2;
+        const int top = middleOf(line) - widget->caretRect().height() / 2;
         const QImage shown = margin()->grab({0, top - 2, margin()->width(), 5}).toImage();
         return dotsLike(shown, widget->palette().color(QPalette::Highlight)) > 20;
     }
@@ -105,7 +102,7 @@ TEST(EditorMargins, CanBeAskedForBeforeTheViewIsShown) {
     velt::send(view, "setFrame:", rect(0, 0, 200, 150));
     VELT_NSWINDOW_APPEND(window.window, view);
     window.show();
-    const auto& widget = static_cast<QPlainTextEdit&>(velt::as<NSView>(view)->widget());
+    const auto& widget = *velt::as<VLTextView>(view)->existingTextWidget();
     EXPECT_LT(20, widget.width() - widget.viewport()->width() - widget.verticalScrollBar()->width());
 }
 
@@ -222,14 +219,13 @@ TEST(EditorMargins, LeaveClicksToASubclassThatWantsThem) {
     velt::send(view, "setShowsLineNumbers:", boolean(true));
     VELT_NSWINDOW_APPEND(window.window, id(view));
     window.show();
-    auto& widget = static_cast<QPlainTextEdit&>(view->widget());
+    auto& widget = *view->existingTextWidget();
     QWidget* margin = nullptr;
     for (QWidget* child : widget.findChildren<QWidget*>(Qt::FindDirectChildrenOnly)) {
         if (child->accessibleName() == "Line numbers and breakpoints") margin = child;
     }
     ASSERT_TRUE(margin);
-    QTextCursor second(widget.document()->findBlockByNumber(1));
-    QTest::mouseClick(margin, Qt::LeftButton, {}, {5, widget.cursorRect(second).center().y()});
+    QTest::mouseClick(margin, Qt::LeftButton, {}, {5, widget.caretRect(4).center().y()});
     EXPECT_EQ(std::vector<long>{2}, view->heard);
     EXPECT_EQ("()", velt::utf8(velt::description(VELT_VLTEXTVIEW_BREAKPOINTS(id(view)))));
 }
@@ -324,11 +320,7 @@ TEST(EditorZoom, ShowsTheTextsOwnFontsLargerAndKeepsThem) {
     velt::send(shown.view, "setFont:", NSFont::userFixedPitch(10));
     const id storage = velt::send(shown.view, "textStorage");
     velt::send(storage, "addAttribute:value:range:", str("NSFont"), NSFont::userFixedPitch(30), range(6, 5));
-    const auto sizeAt = [&](int position) {
-        QTextCursor cursor(shown.widget->document());
-        cursor.setPosition(position + 1);
-        return cursor.charFormat().font().pixelSize();
-    };
+    const auto sizeAt = [&](int position) { return drawnFormat(*shown.widget, 0, position).font().pixelSize(); };
     EXPECT_EQ(30, sizeAt(7));
     velt::send(shown.view, "setZoomFactor:", real(2));
     EXPECT_EQ(60, sizeAt(7));
@@ -345,10 +337,10 @@ TEST(EditorZoom, ShowsTheTextsOwnFontsLargerAndKeepsThem) {
 
 TEST(EditorZoom, TakesMarginAndInsertionPointAlong) {
     const MarginWindow shown(lines(30));
-    const int width = shown.margin()->width(), height = shown.widget->cursorRect().height();
+    const int width = shown.margin()->width(), height = shown.widget->caretRect().height();
     velt::send(shown.view, "setZoomFactor:", real(2));
     QApplication::processEvents();
-    EXPECT_NEAR(2 * height, shown.widget->cursorRect().height(), 3);
+    EXPECT_NEAR(2 * height, shown.widget->caretRect().height(), 3);
     EXPECT_LT(width * 3 / 2, shown.margin()->width());
     EXPECT_FALSE(shown.margin()->geometry().intersects(shown.widget->viewport()->geometry()));
     shown.click(3);
@@ -360,11 +352,11 @@ TEST(EditorZoom, TakesMarginAndInsertionPointAlong) {
 
 TEST(EditorLines, ThatDoNotBreakScrollSideways) {
     const EditorWindow shown("begin" + std::string(400, '-') + "end\nnext\n", true);
-    EXPECT_EQ(QPlainTextEdit::WidgetWidth, shown.widget->lineWrapMode());
+    EXPECT_TRUE(shown.widget->breaksLines());
     VELT_VLTEXTVIEW_TURNOFFWRAPPING(shown.view);
     QApplication::processEvents();
-    EXPECT_EQ(QPlainTextEdit::NoWrap, shown.widget->lineWrapMode());
-    EXPECT_EQ(1, shown.widget->document()->firstBlock().layout()->lineCount());
+    EXPECT_FALSE(shown.widget->breaksLines());
+    EXPECT_EQ(1, shown.widget->layoutOf(0).lineCount());
     EXPECT_LT(0, shown.widget->horizontalScrollBar()->maximum());
     EXPECT_TRUE(shown.widget->horizontalScrollBar()->isVisible());
     const id container = velt::send(shown.view, "textContainer");

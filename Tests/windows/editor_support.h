@@ -2,13 +2,13 @@
 #pragma once
 
 #include "support/control_window.h"
+#include "support/shown_text.h"
 
 #include "VELTRuntime/editor/view/editor_state.h"
 #include "VELTRuntime/platform/foundation/array.h"
 #include "VELTRuntime/platform/foundation/run_loop.h"
 
 #include <QElapsedTimer>
-#include <QPlainTextEdit>
 #include <QTimer>
 #include <functional>
 #include <initializer_list>
@@ -107,7 +107,7 @@ public:
         VELT_NSWINDOW_SHOW(window);
         EXPECT_TRUE(windowBecomesActive(as<NSWindow>(window)->widget()));
         VELT_NSWINDOW_MAKEFIRSTRESPONDER(window, view);
-        widget = qobject_cast<QPlainTextEdit*>(&as<NSView>(view)->widget());
+        widget = editor().existingTextWidget();
     }
     ~EditorWindow() {
         VELT_NSTEXTVIEW_DELEGATE(view, nil);
@@ -159,7 +159,7 @@ public:
 
     id window = VELT_NSWINDOW_INIT(nil, "");
     id view = VELT_VLTEXTVIEW_INIT(nil, "");
-    QPlainTextEdit* widget = nullptr;
+    TextWidget* widget = nullptr;
 };
 
 }  // namespace velt::test

@@ -10,10 +10,6 @@ namespace {
 
 constexpr std::size_t kLongest = std::numeric_limits<std::uint32_t>::max();
 
-bool endsLine(char16_t unit) {
-    return unit == u'\n' || unit == u'\r' || unit == 0x85 || unit == 0x2028 || unit == 0x2029;
-}
-
 }  // namespace
 
 SourceBuffer::SourceBuffer(std::u16string_view text) {
@@ -81,41 +77,17 @@ void SourceBuffer::replace(NSRange range, std::u16string_view with) {
     gap_ += with.size();
     gapLength_ -= with.size();
 
-    // Whether a line starts at a position depends on the units on both sides of it.
-    const std::size_t first = lineStarts_.firstFrom(range.location);
-    const std::size_t last = lineStarts_.firstFrom(endOf(range) + 1);
-    lineStarts_.replace(first, last - first, {});
-    lineStarts_.resize(first, static_cast<std::uint32_t>(newLength));
-    std::vector<LineStart> added;
-    appendLineStarts({range.location, with.size()}, added);
-    lineStarts_.replace(first, 0, added);
-
+    const std::size_t behind = range.location + with.size();
+    lines_.replace(range.location, range.length, with, range.location > 0 ? at(range.location - 1) : u'\0',
+                   behind < newLength ? at(behind) : u'\0');
     ++version_;
     const std::vector<SourceListener*> listeners = listeners_;
     for (SourceListener* listener : listeners) listener->textChanged(range, with.size());
 }
 
-bool SourceBuffer::isLineStart(std::size_t position) const {
-    if (position == 0) return false;
-    const char16_t before = at(position - 1);
-    return endsLine(before) && !(before == u'\r' && position < length() && at(position) == u'\n');
-}
-
-/// The starts of lines from a range's begin to its end, both included.
-void SourceBuffer::appendLineStarts(NSRange range, std::vector<LineStart>& to) const {
-    const auto take = [&](std::size_t position) {
-        if (isLineStart(position)) to.push_back({static_cast<std::uint32_t>(position)});
-    };
-    take(range.location);
-    const std::u16string_view units = view(range);
-    for (std::size_t i = 0; i < units.size(); ++i) {
-        if (endsLine(units[i])) take(range.location + i + 1);
-    }
-}
-
 NSRange SourceBuffer::line(std::size_t index) const {
     assert(index < lineCount());
-    return rangeBetween(lineStart(index), index + 1 < lineCount() ? lineStart(index + 1) : length());
+    return rangeBetween(lines_.start(index), lines_.end(index));
 }
 
 NSRange SourceBuffer::lineRange(NSRange range) const {

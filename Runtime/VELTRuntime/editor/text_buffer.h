@@ -1,12 +1,11 @@
 // The text of the editor: quick to change anywhere near the last change, and knows its lines without walking them.
 //
-// Positions and lengths count UTF-16 code units. A line ends with "\n", "\r", "\r\n", U+0085, U+2028 or U+2029, which
-// belongs to it; behind the last line end there is one more line, which may be empty.
+// Positions and lengths count UTF-16 code units.
 #pragma once
 
-#include "VELTRuntime/editor/moving_list.h"
 #include "VELTRuntime/export.h"
 #include "VELTRuntime/values/structures.h"
+#include "VELTRuntime/values/text/line_index.h"
 
 #include <array>
 #include <memory>
@@ -68,10 +67,10 @@ public:
     void removeListener(SourceListener& listener) { std::erase(listeners_, &listener); }
 
     /// The number of lines, at least 1. Lines are numbered from 0 here.
-    std::size_t lineCount() const { return lineStarts_.size() + 1; }
+    std::size_t lineCount() const { return lines_.count(); }
     /// The line that holds a position; the text's end belongs to the last one.
-    std::size_t lineAt(std::size_t position) const { return lineStarts_.firstFrom(position + 1); }
-    std::size_t lineStart(std::size_t line) const { return line == 0 ? 0 : lineStarts_.position(line - 1); }
+    std::size_t lineAt(std::size_t position) const { return lines_.lineAt(position); }
+    std::size_t lineStart(std::size_t line) const { return lines_.start(line); }
     /// A line with its line end.
     NSRange line(std::size_t index) const;
     /// The lines that hold the units of a range, or for an empty range its position.
@@ -85,19 +84,13 @@ public:
     std::optional<std::size_t> findLast(char16_t unit, NSRange within) const;
 
 private:
-    struct LineStart {
-        std::uint32_t position;
-    };
-
     void moveGap(std::size_t to) const;
     void reserveGap(std::size_t wanted);
-    bool isLineStart(std::size_t position) const;
-    void appendLineStarts(NSRange range, std::vector<LineStart>& to) const;
 
     mutable std::unique_ptr<char16_t[]> units_;
     mutable std::size_t gap_ = 0;
     std::size_t gapLength_ = 0, capacity_ = 0;
-    MovingList<LineStart> lineStarts_;  // without the first line's
+    LineIndex lines_;
     std::uint64_t version_ = 0;
     std::vector<SourceListener*> listeners_;
 };

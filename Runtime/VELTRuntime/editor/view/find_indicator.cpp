@@ -47,11 +47,8 @@ void showFindIndicator(VLTextView& view, NSRange range) {
     if (!widget || !widget->isVisible()) return;
     QWidget& page = *widget->viewport();
     delete page.findChild<Plate*>(QStringLiteral("findIndicator"), Qt::FindDirectChildrenOnly);
-    QTextCursor cursor(widget->document());
-    cursor.setPosition(static_cast<int>(range.location));
-    const QRect begin = widget->cursorRect(cursor);
-    cursor.setPosition(static_cast<int>(range.location + range.length));
-    const QRect end = widget->cursorRect(cursor);
+    const QRect begin = widget->caretRect(range.location);
+    const QRect end = widget->caretRect(range.location + range.length);
     // A match over several lines is lit on its first one.
     QRect around = begin.top() == end.top() ? begin.united(end) : begin.united(begin.translated(page.width(), 0));
     around = around.intersected(page.rect());

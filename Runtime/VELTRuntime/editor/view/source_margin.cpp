@@ -6,10 +6,9 @@
 
 #include <QAccessible>
 #include <QApplication>
+#include <QPaintEvent>
 #include <QPainter>
 #include <QStyle>
-#include <QTextBlock>
-#include <QTextLayout>
 #include <QWheelEvent>
 #include <algorithm>
 #include <cmath>
@@ -35,19 +34,24 @@ SourceMargin::SourceMargin(TextWidget& text) : QWidget(&text), text_(text) {
     setCursor(Qt::ArrowCursor);
     text.installEventFilter(this);
     text.viewport()->installEventFilter(this);
-    connect(&text, &QPlainTextEdit::blockCountChanged, this, &SourceMargin::place);
+    text.onLineCount = [this] { place(); };
     place();
     show();
 }
 
 void SourceMargin::leave() {
-    text_.disconnect(this);
+    text_.onLineCount = nullptr;
     text_.removeEventFilter(this);
     text_.viewport()->removeEventFilter(this);
     takeRoom(0);
     hide();
     setParent(nullptr);
     deleteLater();
+}
+
+void SourceMargin::listsChanged(const VLTextView& shown) {
+    const TextWidget* text = shown.existingTextWidget();
+    if (SourceMargin* margin = text ? of(*text) : nullptr) margin->update();
 }
 
 SourceMargin* SourceMargin::of(const TextWidget& text) {
@@ -68,7 +72,7 @@ int SourceMargin::markWidth() const { return text_.fontMetrics().height(); }
 
 int SourceMargin::wantedWidth() const {
     int digits = 1;
-    for (int lines = text_.blockCount(); lines >= 10; lines /= 10) ++digits;
+    for (std::size_t lines = text_.lineCount(); lines >= 10; lines /= 10) ++digits;
     const int digit = text_.fontMetrics().horizontalAdvance(QLatin1Char('9'));
     return markWidth() + std::max(digits, kFewestDigits) * digit + 2 * kGap;
 }
@@ -93,7 +97,12 @@ void SourceMargin::place() {
 
 bool SourceMargin::eventFilter(QObject* watched, QEvent* event) {
     switch (event->type()) {
-    case QEvent::Paint: update(); break;  // whatever has changed in the text's view may be seen here too
+    case QEvent::Paint: {
+        // Whatever has changed in the text's view may be seen here too.
+        const QRect drawn = static_cast<QPaintEvent*>(event)->rect();
+        if (watched == text_.viewport()) update(0, drawn.top(), width(), drawn.height());
+        break;
+    }
     case QEvent::Resize:
     case QEvent::Move:
         // The viewport's place is the last to be known.
@@ -109,25 +118,6 @@ bool SourceMargin::eventFilter(QObject* watched, QEvent* event) {
 }
 
 // What it shows.
-
-std::vector<SourceMargin::Row> SourceMargin::rows(const VLTextView& view) const {
-    std::vector<Row> seen;
-    const SourceBuffer& buffer = view.buffer();
-    const QTextBlock current = text_.textCursor().block();
-    QTextBlock block = text_.firstVisibleBlock();
-    double top = text_.blockBoundingGeometry(block).translated(text_.contentOffset()).top();
-    for (; block.isValid() && top < height(); block = block.next()) {
-        const double bottom = top + text_.blockBoundingRect(block).height();
-        if (const QTextLayout* layout = block.layout(); layout->lineCount() > 0) {
-            const QTextLine first = layout->lineAt(0);
-            const QRectF row(0, top + first.y(), width(), first.height());
-            seen.push_back({buffer.lineAt(static_cast<std::size_t>(block.position())), block == current,
-                            row.toAlignedRect(), first.ascent()});
-        }
-        top = bottom;
-    }
-    return seen;
-}
 
 std::vector<std::size_t> SourceMargin::linesOf(const VLTextView& view, const id& list) {
     std::vector<std::size_t> lines;
@@ -154,7 +144,7 @@ void SourceMargin::drawMark(QPainter& painter, const QRect& place) const {
     painter.drawEllipse(QPointF(column.center().x() + 0.5, place.top() + centre), size / 2, size / 2);
 }
 
-void SourceMargin::paintEvent(QPaintEvent*) {
+void SourceMargin::paintEvent(QPaintEvent* event) {
     const VLTextView* shown = view();
     if (!shown) return;
     QPainter painter(this);
@@ -172,17 +162,20 @@ void SourceMargin::paintEvent(QPaintEvent*) {
     describe(broken);
     painter.setFont(text_.font());
     const QFontMetrics metrics = text_.fontMetrics();
-    for (const Row& row : rows(*shown)) {
+    const std::size_t current = text_.lineOf(text_.insertionPoint());
+    for (const TextWidget::ShownRow& row : text_.firstRowsInSight()) {
+        const QRect here(0, row.place.top(), width(), row.place.height());
+        if (!here.intersects(event->rect())) continue;
         if (std::binary_search(separated.begin(), separated.end(), row.line)) {
-            painter.fillRect(QRect(0, row.place.top(), width() - 1, 1), text_.palette().color(QPalette::Highlight));
+            painter.fillRect(QRect(0, here.top(), width() - 1, 1), text_.palette().color(QPalette::Highlight));
         }
-        if (std::binary_search(broken.begin(), broken.end(), row.line)) drawMark(painter, row.place);
+        if (std::binary_search(broken.begin(), broken.end(), row.line)) drawMark(painter, here);
         const QString number = QString::number(row.line + 1);
         const int wide = metrics.horizontalAdvance(number);
-        const QRect place = QStyle::visualRect(layoutDirection(), rect(),
-                                               {width() - kGap - 1 - wide, row.place.top(), wide, row.place.height()});
-        painter.setPen(row.isCurrent ? ink : mixed(ground, ink, 0.6));
-        painter.drawText(QPointF(place.left(), row.place.top() + row.ascent), number);
+        const QRect place =
+            QStyle::visualRect(layoutDirection(), rect(), {width() - kGap - 1 - wide, here.top(), wide, here.height()});
+        painter.setPen(row.line == current ? ink : mixed(ground, ink, 0.6));
+        painter.drawText(QPointF(place.left(), here.top() + row.ascent), number);
     }
 }
 
@@ -201,10 +194,10 @@ void SourceMargin::mousePressEvent(QMouseEvent* event) {
     VLTextView* shown = view();
     if (!shown || event->button() != Qt::LeftButton) return event->ignore();
     const Ref<VLTextView> kept(shown);
-    const QTextBlock block = text_.cursorForPosition({0, qRound(event->position().y())}).block();
-    const QRectF place = text_.blockBoundingGeometry(block).translated(text_.contentOffset());
-    if (event->position().y() >= place.bottom()) return;  // below the last line
-    const std::size_t line = kept->buffer().lineAt(static_cast<std::size_t>(block.position())) + 1;
+    const int y = qRound(event->position().y());
+    const std::size_t number = text_.lineOf(text_.positionAt({0, y}));
+    if (number + 1 == text_.lineCount() && y > text_.caretRect(kept->buffer().length()).bottom()) return;
+    const std::size_t line = number + 1;
     runReported([&] { send(id(kept), VELT_SELECTOR("toggleBreakpointAtLine:"), VELT_ID(static_cast<long>(line))); });
 }
 

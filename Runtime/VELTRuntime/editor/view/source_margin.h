@@ -16,6 +16,8 @@ public:
 
     /// The margin of a text's widget; null without one.
     static SourceMargin* of(const TextWidget& text);
+    /// Shows the breakpoints and separators of a view anew, if it has a margin.
+    static void listsChanged(const VLTextView& view);
     /// Gives the text its room back, and ends when its own events are over.
     void leave();
 
@@ -27,16 +29,7 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
-    /// A line that begins in sight, and where the first of its rows lies.
-    struct Row {
-        std::size_t line = 0;  // from 0 on
-        bool isCurrent = false;
-        QRect place;
-        double ascent = 0;
-    };
-
     VLTextView* view() const;
-    std::vector<Row> rows(const VLTextView& view) const;
     /// The lines that hold entries of a list, in order.
     static std::vector<std::size_t> linesOf(const VLTextView& view, const id& list);
     int markWidth() const;

@@ -4,6 +4,7 @@
 #include "VELTRuntime/editor/breakpoints.h"
 #include "VELTRuntime/editor/view/editor_state.h"
 #include "VELTRuntime/editor/view/source_layer.h"
+#include "VELTRuntime/editor/view/source_margin.h"
 #include "VELTRuntime/editor/view/source_view_parts.h"
 #include "VELTRuntime/platform/appkit/containers/scroll_view.h"
 #include "VELTRuntime/platform/appkit/containers/scrolling.h"
@@ -136,7 +137,7 @@ void VLTextView::moveEntriesFrom(std::size_t position, int by) {
         NSMutableArray* entries = mutableArrayOf(list);
         if (entries && velt::moveEntries(*entries, position, by)) moved = true;
     }
-    if (moved) setNeedsDisplay(true);
+    if (moved) velt::SourceMargin::listsChanged(*this);
 }
 
 // Colours.
@@ -295,7 +296,7 @@ void VLTextView::keyUp(const id& event) {
             NSMutableArray* entries = mutableArrayOf(list);
             if (entries && velt::keyReleased(buffer(), caret, kBackspaceKeyCode, *entries)) moved = true;
         }
-        if (moved) setNeedsDisplay(true);
+        if (moved) velt::SourceMargin::listsChanged(*this);
     }
     NSTextView::keyUp(event);
 }

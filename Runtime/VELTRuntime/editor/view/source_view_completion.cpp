@@ -112,10 +112,10 @@ void VLTextView::setCompletionType(bool as, bool members, bool arguments) {
 }
 
 NSPoint VLTextView::insertionPointGlobalCoordinate() const {
-    const velt::TextWidget* widget = existingTextWidget();
+    velt::TextWidget* widget = existingTextWidget();
     const QScreen* screen = QGuiApplication::primaryScreen();
     if (!widget || !screen) return {};
-    const QRect caret = widget->cursorRect();
+    const QRect caret = widget->caretRect();
     const QPoint below = widget->viewport()->mapToGlobal(caret.bottomLeft());
     return {static_cast<double>(below.x()), static_cast<double>(screen->geometry().height() - below.y())};
 }

@@ -20,12 +20,12 @@ constexpr double kSmallestZoom = 0.2, kLargestZoom = 5, kSteps = 10;
 
 void VLTextView::setLineSeparators(const id& positions) {
     lineSeparators_ = positions;
-    temporaryAttributesChanged();
+    SourceMargin::listsChanged(*this);
 }
 
 void VLTextView::setBreakpoints(const id& positions) {
     breakpoints_ = positions;
-    temporaryAttributesChanged();
+    SourceMargin::listsChanged(*this);
 }
 
 void VLTextView::toggleBreakpointAtLine(long line) {
@@ -35,7 +35,7 @@ void VLTextView::toggleBreakpointAtLine(long line) {
     if (line < 1 || !velt::is<NSMutableArray>(list)) return;
     auto& entries = *velt::as<NSMutableArray>(list);
     if (velt::toggleBreakpointOfLine(buffer(), static_cast<std::size_t>(line), entries)) parts->target.highlightAll();
-    temporaryAttributesChanged();
+    SourceMargin::listsChanged(*this);
 }
 
 void VLTextView::setShowsLineNumbers(bool flag) {

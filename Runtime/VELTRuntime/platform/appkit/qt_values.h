@@ -9,12 +9,11 @@
 
 namespace velt {
 
-/// A string value's text; empty for nil and for what is no string.
-inline QString qtText(const id& value) {
-    if (!isString(value)) return {};
-    const std::u16string_view text = textOf(value);
+inline QString qtText(std::u16string_view text) {
     return QString(reinterpret_cast<const QChar*>(text.data()), static_cast<qsizetype>(text.size()));
 }
+/// A string value's text; empty for nil and for what is no string.
+inline QString qtText(const id& value) { return isString(value) ? qtText(textOf(value)) : QString(); }
 
 /// A new string value of a text.
 inline id textValue(const QString& text) {

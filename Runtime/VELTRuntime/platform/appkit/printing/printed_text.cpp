@@ -4,7 +4,7 @@
 #include "VELTRuntime/platform/appkit/printing/print_info.h"
 #include "VELTRuntime/platform/appkit/qt_values.h"
 #include "VELTRuntime/platform/appkit/text/rich_text.h"
-#include "VELTRuntime/platform/appkit/text/shown_text.h"
+#include "VELTRuntime/platform/appkit/text/text_positions.h"
 
 #include <QPainter>
 #include <QTextLayout>
@@ -63,7 +63,8 @@ PrintedText::Paragraph PrintedText::paragraphAt(std::size_t begin) const {
 
 std::unique_ptr<QTextLayout> PrintedText::layoutOf(const Paragraph& paragraph) const {
     const std::size_t length = paragraph.end - paragraph.begin;
-    auto layout = std::make_unique<QTextLayout>(shownText(text_.view(), paragraph.begin, length), font_, &area_.device);
+    auto layout =
+        std::make_unique<QTextLayout>(qtText(text_.view().substr(paragraph.begin, length)), font_, &area_.device);
     layout->setTextOption(option_);
     QList<QTextLayout::FormatRange> formats;
     NSRange run;

@@ -1,5 +1,7 @@
 #include "VELTRuntime/platform/appkit/text/find_bar.h"
 
+#include "VELTRuntime/platform/appkit/qt_values.h"
+
 #include "VELTRuntime/platform/appkit/text/find_actions.h"
 
 #include <QCheckBox>
@@ -17,10 +19,6 @@ namespace {
 
 std::u16string unitsOf(const QString& text) {
     return {reinterpret_cast<const char16_t*>(text.utf16()), static_cast<std::size_t>(text.size())};
-}
-
-QString textOfUnits(const std::u16string& units) {
-    return QString(reinterpret_cast<const QChar*>(units.data()), static_cast<qsizetype>(units.size()));
 }
 
 QToolButton* makeButton(QWidget* parent, const QString& title, const char* name) {
@@ -105,8 +103,8 @@ FindBar::FindBar(QWidget& parent)
 
 void FindBar::show(FindRequest& request) {
     request_ = nullptr;  // setting the widgets is no answer
-    find_->setText(textOfUnits(request.text));
-    replace_->setText(textOfUnits(request.replacement));
+    find_->setText(qtText(request.text));
+    replace_->setText(qtText(request.replacement));
     caseMatters_->setChecked(!request.ignoresCase);
     wholeWords_->setChecked(request.wholeWords);
     wraps_->setChecked(request.wraps);

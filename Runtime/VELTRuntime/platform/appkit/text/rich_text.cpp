@@ -260,8 +260,7 @@ void fillDocument(QTextDocument& document, const NSAttributedString& text, const
     cursor.beginEditBlock();
     text.forEachRun([&](std::size_t begin, std::size_t end, const id& attributes) {
         const std::u16string_view piece = text.view().substr(begin, end - begin);
-        cursor.insertText(QString(reinterpret_cast<const QChar*>(piece.data()), static_cast<qsizetype>(piece.size())),
-                          charFormatOf(attributes));
+        cursor.insertText(qtText(piece), charFormatOf(attributes));
         if (const NSParagraphStyle* style = paragraphStyleOf(attributes)) {
             QTextCursor paragraphs(cursor);
             const bool endsParagraph = piece.back() == u'\n' && cursor.position() > 0;

@@ -86,7 +86,7 @@ void NSTextView::storageChanged(NSRange range, std::size_t newLength, bool textC
     const Ref<NSTextView> kept(this);
     TextWidget* widget = existingTextWidget();
     if (!textChanged) {
-        if (widget) widget->reformat(range, *storage_);
+        if (widget) widget->attributesChanged(range);
         return;
     }
     // What a program changes in the storage cannot be undone; what was done before it neither, unless it was appended.
@@ -96,25 +96,15 @@ void NSTextView::storageChanged(NSRange range, std::size_t newLength, bool textC
     }
     if (!editing_) last_ = {};
     layoutManager_->textChanged(range, newLength);
-    if (widget) widget->replaceShown(range, *storage_, newLength);
+    if (widget) widget->textChanged(range, newLength);
     if (isSelectionAhead_) return;
     std::vector<NSRange> moved;
     for (const NSRange& selected : ranges_) moved.push_back(velt::movedBy(selected, range, newLength));
+    // A selection that only goes along with what the program does to the text scrolls nothing.
+    const bool outer = widget && widget->keepsPlace();
+    if (widget && !editing_) widget->setKeepsPlace(true);
     select(std::move(moved), forward_);
-}
-
-void NSTextView::changedByWidget(NSRange range, const id& text) {
-    // The document is already as it will be.
-    registerUndo(range, velt::textOf(text).size());
-    const id attributes = storage()->attributesForReplacing(range);
-    const bool outer = std::exchange(editing_, true);
-    storage()->removeWatcher(*this);
-    storage()->replaceCharacters(range, *velt::make<NSAttributedString>(velt::textOf(text), attributes));
-    storage()->addWatcher(*this);
-    editing_ = outer;
-    layoutManager_->textChanged(range, velt::textOf(text).size());
-    select({velt::movedBy(selectedRange(), range, velt::textOf(text).size())}, true);
-    didChangeText();
+    if (widget = existingTextWidget(); widget) widget->setKeepsPlace(outer);
 }
 
 // The selection.
@@ -205,7 +195,7 @@ void NSTextView::scrollRangeToVisible(NSRange range) {
 }
 
 NSRange NSTextView::charactersIn(NSRect rect) const {
-    const TextWidget* widget = existingTextWidget();
+    TextWidget* widget = existingTextWidget();
     if (!widget || !widget->isVisible()) return {0, textLength()};
     return widget->charactersIn({rect.origin.x, rect.origin.y, rect.size.width, rect.size.height});
 }
@@ -232,7 +222,7 @@ void NSTextView::setRichText(bool flag) {
 }
 
 void NSTextView::temporaryAttributesChanged() {
-    if (TextWidget* widget = existingTextWidget()) widget->viewport()->update();
+    if (TextWidget* widget = existingTextWidget()) widget->temporaryAttributesChanged();
 }
 
 // The widget.
@@ -242,22 +232,16 @@ TextWidget* NSTextView::existingTextWidget() const {
     return static_cast<TextWidget*>(existingWidget());
 }
 
-std::unique_ptr<QWidget> NSTextView::makeWidget() {
-    auto widget = std::make_unique<TextWidget>();
-    widget->load(*storage());
-    return widget;
-}
+std::unique_ptr<QWidget> NSTextView::makeWidget() { return std::make_unique<TextWidget>(); }
 
 void NSTextView::syncWidget(QWidget& shown) {
     NSText::syncWidget(shown);
     auto& widget = static_cast<TextWidget&>(shown);
+    widget.fill();
     widget.setReadOnly(!isEditable());
-    Qt::TextInteractionFlags flags = Qt::NoTextInteraction;
-    if (isSelectable()) flags |= Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard;
-    if (isEditable()) flags |= Qt::TextEditorInteraction;
-    widget.setTextInteractionFlags(flags);
+    widget.setSelectable(isSelectable());
     const id usual = font();
-    widget.setScale(shownScale(), *storage());
+    widget.setScale(shownScale());
     widget.setFont(widget.scaled(velt::as<NSFont>(usual)->font()));
     QPalette palette;
     if (velt::is<NSColor>(textColor_)) {
@@ -270,15 +254,10 @@ void NSTextView::syncWidget(QWidget& shown) {
     widget.setPalette(palette);
     widget.viewport()->setAutoFillBackground(drawsBackground());
 
-    QTextOption option = widget.document()->defaultTextOption();
     constexpr Qt::Alignment kAlignments[] = {Qt::AlignLeft | Qt::AlignAbsolute, Qt::AlignRight | Qt::AlignAbsolute,
                                              Qt::AlignHCenter, Qt::AlignJustify, Qt::AlignLeading};
-    option.setAlignment(alignment() >= 0 && alignment() < 5 ? kAlignments[alignment()] : Qt::AlignLeading);
-    if (option.alignment() != widget.document()->defaultTextOption().alignment()) {
-        widget.document()->setDefaultTextOption(option);
-    }
-    const bool breaks = container_->widthTracksTextView() || container_->containerSize().width < kUnlimitedWidth;
-    widget.setLineWrapMode(breaks ? QPlainTextEdit::WidgetWidth : QPlainTextEdit::NoWrap);
+    widget.setAlignment(alignment() >= 0 && alignment() < 5 ? kAlignments[alignment()] : Qt::AlignLeading);
+    widget.setBreaksLines(container_->widthTracksTextView() || container_->containerSize().width < kUnlimitedWidth);
 
     // Within a scroll view this view scrolls in its place, with the bars that the scroll view wants.
     const id outer = velt::is<NSView>(superview()) ? velt::as<NSView>(superview())->superview() : id();

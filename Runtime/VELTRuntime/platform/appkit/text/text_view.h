@@ -108,7 +108,6 @@ public:
     void catchUp(NSRange range, const NSAttributedString& text);
     // The widget's reports.
     void selectedByWidget(std::size_t anchor, std::size_t position);
-    void changedByWidget(NSRange range, const id& text);
     void keyboardComes();
     void keyboardGoes();
     /// A person begins something else: what follows is undone apart from what was before.

@@ -3,7 +3,7 @@
 #include "VELTRuntime/platform/appkit/font.h"
 #include "VELTRuntime/platform/appkit/qt_values.h"
 #include "VELTRuntime/platform/appkit/text/find_actions.h"
-#include "VELTRuntime/platform/appkit/text/shown_text.h"
+#include "VELTRuntime/platform/appkit/text/text_positions.h"
 #include "VELTRuntime/platform/appkit/text/text_view.h"
 #include "VELTRuntime/platform/appkit/text/text_widget.h"
 #include "VELTRuntime/platform/object/exception.h"

@@ -1,178 +1,73 @@
+// How a text view's widget draws and scrolls.
 #include "VELTRuntime/platform/appkit/text/text_widget.h"
 
 #include "VELTRuntime/platform/appkit/event_delivery.h"
 #include "VELTRuntime/platform/appkit/qt_values.h"
 #include "VELTRuntime/platform/appkit/text/find_bar.h"
 #include "VELTRuntime/platform/appkit/text/rich_text.h"
-#include "VELTRuntime/platform/appkit/text/shown_text.h"
+#include "VELTRuntime/platform/appkit/text/text_accessible.h"
 #include "VELTRuntime/platform/appkit/text/text_view.h"
 #include "VELTRuntime/platform/appkit/view_events.h"
-#include "VELTRuntime/platform/foundation/attribute_names.h"
-#include "VELTRuntime/platform/foundation/dictionary.h"
 
-#include <QApplication>
+#include <QAccessible>
 #include <QPaintEvent>
 #include <QPainter>
 #include <QScrollBar>
-#include <QTextBlock>
+#include <QStyle>
+#include <cmath>
 
 namespace velt {
 
 namespace {
 
-/// While it exists, what happens in the document is the view's doing.
-class Applying {
+constexpr int kMargin = 4;  // around the text
+constexpr double kTabDistance = 80;
+constexpr std::size_t kMostLooks = 256;
+const QEvent::Type kUpdateSeen = static_cast<QEvent::Type>(QEvent::registerEventType());
+
+/// While it exists, a flag is set.
+class Setting {
 public:
-    explicit Applying(bool& flag) : flag_(flag), before_(std::exchange(flag, true)) {}
-    ~Applying() { flag_ = before_; }
-    Applying(const Applying&) = delete;
-    Applying& operator=(const Applying&) = delete;
+    explicit Setting(bool& flag) : flag_(flag), before_(std::exchange(flag, true)) {}
+    ~Setting() { flag_ = before_; }
+    Setting(const Setting&) = delete;
+    Setting& operator=(const Setting&) = delete;
 
 private:
     bool& flag_;
     bool before_;
 };
 
-constexpr std::size_t kAtOnce = 65536;  // longer texts are shown piece by piece
-constexpr std::size_t kPiece = 262144;  // a blink's worth of work
-
-/// Where a piece of a text may end from a position on: behind a line, if one ends soon.
-std::size_t pieceEnd(std::u16string_view text, std::size_t position) {
-    constexpr std::size_t kSoon = 4096;
-    if (position >= text.size()) return text.size();
-    const std::size_t lineEnd = text.substr(position, kSoon).find(u'\n');
-    return lineEnd == text.npos ? position : position + lineEnd + 1;
-}
-
-bool isPlain(const NSAttributedString& text) {
-    const std::span<const RunList::Run> runs = text.runs().runs();
-    return runs.empty() || (runs.size() == 1 && runs[0].attributes.isNil());
-}
-
 }  // namespace
 
 TextWidget::TextWidget() {
-    setUndoRedoEnabled(false);  // the view's undo manager keeps what was done
+    installTextAccessibility();
     setFrameShape(QFrame::NoFrame);
-    setWordWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
-    connect(document(), &QTextDocument::contentsChange, this,
-            [this](int position, int removed, int added) { documentChanged(position, removed, added); });
-    connect(this, &QPlainTextEdit::cursorPositionChanged, this, [this] { selectionMoved(); });
-    connect(this, &QPlainTextEdit::selectionChanged, this, [this] { selectionMoved(); });
+    setFocusPolicy(Qt::WheelFocus);
+    setAttribute(Qt::WA_InputMethodEnabled);
+    setAttribute(Qt::WA_KeyCompression);
+    viewport()->setAutoFillBackground(true);
+    viewport()->setBackgroundRole(QPalette::Base);
+    viewport()->setMouseTracking(true);
+    viewport()->setCursor(Qt::IBeamCursor);
+    setAcceptDrops(true);
+    verticalScrollBar()->setSingleStep(1);
+    lines_.reset();
+    updateStyle();
 }
+
+TextWidget::~TextWidget() = default;
 
 NSTextView* TextWidget::view() const {
     NSView* shown = viewOf(this);
     return shown ? static_cast<NSTextView*>(shown) : nullptr;
 }
 
-// The text.
+// What is drawn.
 
-void TextWidget::load(const NSAttributedString& text) {
-    const Applying scope(applying_);
-    loading_.stop();
-    if (isPlain(text)) {
-        loaded_ = text.length() > kAtOnce ? pieceEnd(text.view(), kAtOnce) : text.length();
-        setPlainText(velt::shownText(text.view(), 0, loaded_));
-        if (loaded_ < text.length()) loading_.start(0, this);
-    } else {
-        loaded_ = text.length();
-        clear();
-        QTextCursor cursor(document());
-        cursor.beginEditBlock();
-        insertRuns(cursor, text, {0, text.length()});
-        cursor.endEditBlock();
-    }
-    assert(static_cast<std::size_t>(document()->characterCount()) == loaded_ + 1);
-}
-
-void TextWidget::loadPiece(const NSAttributedString& text) {
-    const std::size_t begin = loaded_;
-    {
-        const Applying scope(applying_);
-        QTextCursor cursor(document());
-        cursor.movePosition(QTextCursor::End);
-        loaded_ = pieceEnd(text.view(), begin + kPiece);
-        cursor.insertText(velt::shownText(text.view(), begin, loaded_ - begin), QTextCharFormat());
-    }
-    if (loaded_ == text.length()) loading_.stop();
-    const auto reaches = [&](const NSRange& range) { return range.location + range.length >= begin; };
-    if (std::max(anchor_, position_) >= begin || std::any_of(further_.begin(), further_.end(), reaches)) {
-        select(anchor_, position_, std::vector<NSRange>(further_));
-    }
-}
-
-void TextWidget::loadUpTo(std::size_t position) {
+std::u16string_view TextWidget::shownText() const {
     const NSTextView* shown = view();
-    while (shown && loading_.isActive() && loaded_ <= position) loadPiece(shown->shown());
-}
-
-void TextWidget::timerEvent(QTimerEvent* event) {
-    if (event->timerId() != loading_.timerId()) return QPlainTextEdit::timerEvent(event);
-    if (const NSTextView* shown = view()) return loadPiece(shown->shown());
-    loading_.stop();
-}
-
-/// Shows a whole text without scrolling.
-void TextWidget::reload(const NSAttributedString& text) {
-    const int first = firstVisibleBlock().blockNumber(), sideways = horizontalScrollBar()->value();
-    const int last = first + viewport()->height() / std::max(1, fontMetrics().lineSpacing()) + 1;
-    load(text);
-    while (loading_.isActive() && document()->blockCount() <= last) loadPiece(text);
-    select(anchor_, position_, std::vector<NSRange>(further_));
-    verticalScrollBar()->setValue(document()->findBlockByNumber(first).firstLineNumber());
-    horizontalScrollBar()->setValue(sideways);
-}
-
-void TextWidget::insertRuns(QTextCursor& cursor, const NSAttributedString& text, NSRange range) {
-    const std::size_t end = range.location + range.length;
-    NSRange run;
-    for (std::size_t at = range.location; at < end; at = run.location + run.length) {
-        const id& attributes = text.runs().at(at, &run).attributes;
-        const std::size_t last = std::min<std::size_t>(end, run.location + run.length);
-        cursor.insertText(velt::shownText(text.view(), at, last - at), formatOf(attributes));
-    }
-}
-
-void TextWidget::replaceShown(NSRange range, const NSAttributedString& text, std::size_t newLength) {
-    if (range.location == 0 && newLength == text.length()) return keepsPlace_ ? reload(text) : load(text);
-    const std::size_t rangeEnd = range.location + range.length;
-    if (loading_.isActive() && range.location > loaded_) return;  // it comes with the rest
-    const bool isLong = std::max<std::size_t>(range.length, newLength) > kAtOnce;
-    if ((isLong && isPlain(text)) || (loading_.isActive() && rangeEnd >= loaded_)) return reload(text);
-    const Applying scope(applying_);
-    loaded_ += newLength - range.length;
-    NSRange inserted{range.location, newLength};
-    // A carriage return is shown by the unit behind it.
-    if (range.location > 0 && text.view()[range.location - 1] == u'\r') {
-        --range.location, ++range.length;
-        --inserted.location, ++inserted.length;
-    }
-    QTextCursor cursor(document());
-    cursor.beginEditBlock();
-    cursor.setPosition(static_cast<int>(range.location));
-    cursor.setPosition(static_cast<int>(range.location + range.length), QTextCursor::KeepAnchor);
-    cursor.removeSelectedText();
-    insertRuns(cursor, text, inserted);
-    cursor.endEditBlock();
-    assert(static_cast<std::size_t>(document()->characterCount()) == loaded_ + 1);
-}
-
-void TextWidget::reformat(NSRange range, const NSAttributedString& text) {
-    loadUpTo(range.location + range.length);
-    const Applying scope(applying_);
-    QTextCursor cursor(document());
-    cursor.beginEditBlock();
-    NSRange run;
-    const std::size_t end = range.location + range.length;
-    for (std::size_t at = range.location; at < end; at = run.location + run.length) {
-        const id& attributes = text.runs().at(at, &run).attributes;
-        cursor.setPosition(static_cast<int>(at));
-        cursor.setPosition(static_cast<int>(std::min<std::size_t>(end, run.location + run.length)),
-                           QTextCursor::KeepAnchor);
-        cursor.setCharFormat(formatOf(attributes));
-    }
-    cursor.endEditBlock();
+    return shown ? shown->shown().view() : std::u16string_view();
 }
 
 QFont TextWidget::scaled(QFont font) const {
@@ -181,173 +76,451 @@ QFont TextWidget::scaled(QFont font) const {
     return font;
 }
 
-QTextCharFormat TextWidget::formatOf(const id& attributes) const {
+const QTextCharFormat& TextWidget::formatOf(const id& attributes) const {
+    const void* key = attributes.object();
+    const auto known = looks_.find(key);
+    if (known != looks_.end()) return known->second.second;
     QTextCharFormat format = charFormatOf(attributes);
     if (scale_ != 1 && format.hasProperty(QTextFormat::FontPixelSize)) format.setFont(scaled(format.font()));
-    return format;
+    if (looks_.size() >= kMostLooks) looks_.clear();
+    return looks_.emplace(key, std::pair(attributes, std::move(format))).first->second.second;
 }
 
-void TextWidget::setScale(double scale, const NSAttributedString& text) {
+QList<QTextLayout::FormatRange> TextWidget::formatsOf(NSRange range) const {
+    QList<QTextLayout::FormatRange> formats;
+    const NSTextView* shown = view();
+    if (!shown) return formats;
+    const std::size_t end = range.location + range.length;
+    const auto add = [&](const id& attributes, const NSRange& run) {
+        if (attributes.isNil()) return;
+        const std::size_t from = std::max<std::size_t>(run.location, range.location);
+        const std::size_t to = std::min<std::size_t>(run.location + run.length, end);
+        formats.append({static_cast<int>(from - range.location), static_cast<int>(to - from), formatOf(attributes)});
+    };
+    NSRange run;
+    const RunList& own = shown->shown().runs();
+    for (std::size_t at = range.location; at < end; at = run.location + run.length) {
+        const id& attributes = own.at(at, &run).attributes;
+        add(attributes, run);
+    }
+    const TemporaryLayer& layer = shown->temporaryLayer();
+    const std::size_t last = std::min(end, layer.length());
+    for (std::size_t at = range.location; at < last; at = run.location + run.length) add(layer.at(at, run), run);
+    return formats;
+}
+
+void TextWidget::updateStyle() {
+    LineStyle laid;
+    laid.font = font();
+    laid.alignment = alignment_;
+    laid.direction = layoutDirection();
+    laid.tabDistance = kTabDistance * scale_;
+    laid.breaks = breaksLines_;
+    laid.width = viewport()->width() - 2 * kMargin - style()->pixelMetric(QStyle::PM_TextCursorWidth);
+    if (!lines_.setStyle(laid)) return;
+    layOutSeen();
+    viewport()->update();
+}
+
+void TextWidget::setScale(double scale) {
     if (scale == scale_) return;
-    setTabStopDistance(tabStopDistance() / scale_ * scale);
     scale_ = scale;
-    for (const RunList::Run& run : text.runs().runs()) {
-        if (!run.attributes.isNil()) return reformat({0, text.length()}, text);
+    looks_.clear();
+    lines_.forgetAll();
+    updateStyle();
+}
+
+void TextWidget::setAlignment(Qt::Alignment alignment) {
+    alignment_ = alignment;
+    updateStyle();
+}
+
+void TextWidget::setBreaksLines(bool flag) {
+    breaksLines_ = flag;
+    updateStyle();
+}
+
+// Changes.
+
+void TextWidget::fill() {
+    if (!isFilled_) textReplaced();
+}
+
+void TextWidget::textReplaced() {
+    isFilled_ = true;
+    const std::size_t before = lineCount(), lengthBefore = lines_.index().textLength();
+    lines_.reset();
+    top_ = keepsPlace_ ? ShownLines::Row{std::min(top_.line, lineCount() - 1), 0} : ShownLines::Row{};
+    if (!keepsPlace_) horizontalScrollBar()->setValue(0);
+    layOutSeen();
+    viewport()->update();
+    if (onLineCount && lineCount() != before) onLineCount();
+    tellReadersOfText({0, lengthBefore}, lines_.index().textLength());
+}
+
+void TextWidget::textChanged(NSRange range, std::size_t newLength) {
+    if (range.location == 0 && newLength == shownText().size()) return textReplaced();
+    const ShownLines::Change change = lines_.replace(range, newLength);
+    const auto lastBefore = static_cast<std::ptrdiff_t>(change.last) - change.added;
+    if (lastBefore < static_cast<std::ptrdiff_t>(top_.line)) {
+        // What is seen stays where it is.
+        top_.line = static_cast<std::size_t>(static_cast<std::ptrdiff_t>(top_.line) + change.added);
+    } else if (top_.line > change.first) {
+        top_ = {std::min(top_.line, lineCount() - 1), 0};
+    }
+    layOutSeen();
+    double height = 0;
+    for (std::size_t number = change.first; change.heightBefore && number <= change.last; ++number) {
+        height += lines_.line(number).height;
+        if (height > *change.heightBefore) break;
+    }
+    const bool isAllElseInPlace = change.added == 0 && change.heightBefore == height;
+    updateLines(change.first, isAllElseInPlace ? change.last : lineCount() - 1);
+    if (onLineCount && change.added != 0) onLineCount();
+    tellReadersOfText(range, newLength);
+}
+
+void TextWidget::attributesChanged(NSRange range) {
+    const LineIndex& index = lines_.index();
+    lines_.forget(index.lineAt(range.location), index.lineAt(range.location + range.length));
+    layOutSeen();
+    updateLines(index.lineAt(range.location), lineCount() - 1);
+}
+
+void TextWidget::temporaryAttributesChanged() {
+    lines_.looksChanged();
+    askForUpdate();
+}
+
+/// What is seen is looked at again before it is next drawn.
+void TextWidget::askForUpdate() {
+    if (std::exchange(updateIsAsked_, true)) return;
+    QCoreApplication::postEvent(this, new QEvent(kUpdateSeen));
+}
+
+/// Has the lines in sight drawn anew whose looks are others by now.
+void TextWidget::updateSeen() {
+    updateIsAsked_ = false;
+    std::vector<std::size_t> others;
+    bool isHigher = false;
+    forEachLineInSight([&](std::size_t number, double) {
+        const double height = lines_.line(number).height;
+        if (!lines_.refresh(number)) return;
+        others.push_back(number);
+        isHigher = isHigher || lines_.line(number).height != height;
+    });
+    layOutSeen();
+    for (const std::size_t number : others) updateLines(number, isHigher ? lineCount() - 1 : number);
+}
+
+// Where lines are.
+
+double TextWidget::left() const { return kMargin - horizontalScrollBar()->value(); }
+
+template <class Each> void TextWidget::forEachLineInSight(Each&& each) {
+    const double bottom = viewport()->height();
+    const std::size_t count = lineCount();
+    double y = topOf({top_.line, 0});
+    for (std::size_t number = top_.line; number < count && y < bottom; ++number) {
+        each(number, y);
+        y += lines_.line(number).height;
     }
 }
 
-/// What the toolkit changed on its own account, such as the end of a drag to another program.
-void TextWidget::documentChanged(int position, int, int added) {
-    NSTextView* shown = view();
-    if (applying_ || !shown) return;
-    // The counts may take in the end of the last paragraph, so the end is reckoned from the end of the text.
-    const auto now = static_cast<std::size_t>(document()->characterCount()) - 1;
-    loaded_ = now;
-    const std::size_t old = shown->shown().length(), begin = static_cast<std::size_t>(position);
-    const std::size_t end = std::min(begin + static_cast<std::size_t>(added), now), behind = now - end;
-    if (begin > end || behind > old || begin > old - behind) return;
-    const std::size_t oldEnd = old - behind;
-    QTextCursor cursor(document());
-    cursor.setPosition(position);
-    cursor.setPosition(static_cast<int>(end), QTextCursor::KeepAnchor);
-    const QString piece = cursor.selectedText();
-    if (piece == velt::shownText(shown->shown().view(), begin, oldEnd - begin)) return;
-    const Applying scope(applying_);
-    runReported([&] {
-        shown->changedByWidget({begin, oldEnd - begin}, string(std::u16string_view(programText(piece))));
-    });
+/// Where a row begins, from the viewport's top. Far from what is seen it is reckoned from the font's height.
+double TextWidget::topOf(const ShownLines::Row& row) {
+    constexpr std::size_t kNear = 400;
+    const auto within = [this](const ShownLines::Row& of) {
+        return of.row == 0 ? 0 : lines_.lineOf({of.line, std::min(of.row, lines_.line(of.line).rows - 1)}).y();
+    };
+    double y = (top_ == ShownLines::Row{} ? kMargin : 0) - within(top_);
+    const std::size_t low = std::min(row.line, top_.line), high = std::max(row.line, top_.line);
+    if (high - low > kNear) {
+        const double height = QFontMetricsF(font()).height();
+        const double between = static_cast<double>(high - low) * height;
+        return row.line > top_.line ? y + between : y - between;
+    }
+    double between = 0;
+    for (std::size_t number = low; number < high; ++number) between += lines_.line(number).height;
+    return (row.line < top_.line ? y - between : y + between) + within(row);
 }
 
-// The selection.
+ShownLines::Row TextWidget::rowAtHeight(double height) {
+    double y = topOf({top_.line, 0});
+    std::size_t number = top_.line;
+    const std::size_t last = lineCount() - 1;
+    while (number < last && y + lines_.line(number).height <= height) y += lines_.line(number++).height;
+    while (number > 0 && y > height) y -= lines_.line(--number).height;
+    const ShownLines::Line& found = lines_.line(number);
+    std::size_t row = 0;
+    while (row + 1 < found.rows && y + found.layout.lineAt(static_cast<int>(row) + 1).y() <= height) ++row;
+    return {number, row};
+}
 
-void TextWidget::select(std::size_t anchor, std::size_t position, const std::vector<NSRange>& further) {
-    const Applying scope(applying_);
-    const auto place = [this](std::size_t wanted) { return static_cast<int>(std::min(wanted, loaded_)); };
-    anchor_ = anchor, position_ = position, further_ = further;
-    QTextCursor cursor(document());
-    cursor.setPosition(place(anchor));
-    cursor.setPosition(place(position), QTextCursor::KeepAnchor);
-    lastPosition_ = place(position);
-    // The toolkit scrolls to a cursor that it is given, even to the one that it has.
-    const QTextCursor before = textCursor();
-    if (before.anchor() != cursor.anchor() || before.position() != cursor.position()) {
-        const int down = verticalScrollBar()->value(), sideways = horizontalScrollBar()->value();
-        setTextCursor(cursor);
-        if (keepsPlace_) {
-            verticalScrollBar()->setValue(down);
-            horizontalScrollBar()->setValue(sideways);
+/// How many rows are in sight when the last one is at the foot.
+std::size_t TextWidget::lastRowsInSight() {
+    double room = viewport()->height();
+    std::size_t rows = 0;
+    const double height = std::ceil(QFontMetricsF(font()).height());
+    if (!breaksLines_ && lines_.highestRow() <= height) return static_cast<std::size_t>(std::max(1.0, room / height));
+    for (std::size_t number = lineCount(); number-- > 0;) {
+        const ShownLines::Line& line = lines_.line(number);
+        for (std::size_t row = line.rows; row-- > 0;) {
+            const double begin = line.layout.lineAt(static_cast<int>(row)).y();
+            const double end = row + 1 < line.rows ? line.layout.lineAt(static_cast<int>(row) + 1).y() : line.height;
+            room -= end - begin;
+            if (room < 0) return std::max<std::size_t>(rows, 1);
+            ++rows;
         }
     }
-    QList<QTextEdit::ExtraSelection> shown;
-    for (const NSRange& range : further) {
-        QTextEdit::ExtraSelection selection;
-        selection.cursor = cursor;
-        selection.cursor.setPosition(place(range.location));
-        selection.cursor.setPosition(place(range.location + range.length), QTextCursor::KeepAnchor);
-        selection.format.setBackground(palette().brush(QPalette::Highlight));
-        selection.format.setForeground(palette().brush(QPalette::HighlightedText));
-        shown.append(selection);
-    }
-    if (!shown.isEmpty() || !extraSelections().isEmpty()) setExtraSelections(shown);
+    return rows;
 }
 
-void TextWidget::selectionMoved() {
-    NSTextView* shown = view();
-    if (applying_ || !shown) return;
-    const std::u16string_view text = shown->shown().view();
-    QTextCursor cursor = textCursor();
-    const int position = cursor.position();
-    // Nobody stands within a line end: who comes from the left goes on behind it, all others stay before it.
-    if (splitsLineEnd(text, static_cast<std::size_t>(position))) {
-        const int moved = position == lastPosition_ + 1 ? position + 1 : position - 1;
-        cursor.setPosition(moved, cursor.hasSelection() ? QTextCursor::KeepAnchor : QTextCursor::MoveAnchor);
-        const Applying scope(applying_);
-        setTextCursor(cursor);
+void TextWidget::layOutSeen() {
+    top_.line = std::min(top_.line, lineCount() - 1);
+    top_.row = std::min(top_.row, lines_.line(top_.line).rows - 1);
+    std::size_t last = top_.line;
+    forEachLineInSight([&](std::size_t number, double) { last = number; });
+    lines_.trim(top_.line, last);
+    updateBars();
+}
+
+void TextWidget::updateBars() {
+    if (settingBars_) return;
+    const Setting setting(settingBars_);
+    const std::size_t inSight = lastRowsInSight(), rows = lines_.rowCount();
+    const auto most = static_cast<int>(rows > inSight ? rows - inSight : 0);
+    const auto before = static_cast<int>(lines_.rowsBefore(top_));
+    QScrollBar& down = *verticalScrollBar();
+    if (before > most) {
+        top_ = lines_.rowAt(static_cast<std::size_t>(most));
+        viewport()->update();
     }
-    lastPosition_ = cursor.position();
-    runReported([&] {
-        shown->selectedByWidget(static_cast<std::size_t>(cursor.anchor()), static_cast<std::size_t>(cursor.position()));
-    });
+    down.setRange(0, most);
+    down.setPageStep(static_cast<int>(inSight));
+    down.setValue(std::min(before, most));
+    QScrollBar& sideways = *horizontalScrollBar();
+    const int room = viewport()->width() - style()->pixelMetric(QStyle::PM_TextCursorWidth);
+    const int wide = breaksLines_ ? 0 : static_cast<int>(std::ceil(lines_.widest())) + 2 * kMargin;
+    sideways.setRange(0, std::max(0, wide - room));
+    sideways.setPageStep(room);
+    sideways.setSingleStep(20);
+}
+
+void TextWidget::scrollContentsBy(int dx, int dy) {
+    if (settingBars_ && dx == 0) return;
+    if (dy != 0 && !settingBars_) {
+        top_ = lines_.rowAt(static_cast<std::size_t>(verticalScrollBar()->value()));
+        layOutSeen();
+    }
+    viewport()->update();
+}
+
+void TextWidget::setTop(const ShownLines::Row& row) {
+    if (row == top_) return;
+    top_ = row;
+    layOutSeen();
+    viewport()->update();
 }
 
 void TextWidget::reveal(std::size_t position) {
-    loadUpTo(position + kAtOnce);
-    const QTextCursor before = textCursor();
-    const auto place = static_cast<int>(position);
-    if (before.position() == place) return ensureCursorVisible();
-    const Applying scope(applying_);
-    QTextCursor cursor(document());
-    cursor.setPosition(place);
-    setTextCursor(cursor);
-    ensureCursorVisible();
-    const int value = verticalScrollBar()->value(), sideways = horizontalScrollBar()->value();
-    setTextCursor(before);
-    verticalScrollBar()->setValue(value);
-    horizontalScrollBar()->setValue(sideways);
-}
-
-NSRange TextWidget::charactersIn(const QRectF& rect) const {
-    QTextCursor first = cursorForPosition(rect.topLeft().toPoint());
-    QTextCursor last = cursorForPosition(rect.bottomRight().toPoint());
-    first.movePosition(QTextCursor::StartOfLine);
-    last.movePosition(QTextCursor::EndOfLine);
-    const auto begin = static_cast<unsigned long>(first.position());
-    return {begin, std::max<unsigned long>(begin, static_cast<unsigned long>(last.position())) - begin};
-}
-
-std::pair<std::size_t, std::size_t> TextWidget::reachOf(QTextCursor::MoveOperation operation) {
-    loadAll();
-    QTextCursor cursor = textCursor();
-    cursor.movePosition(operation, QTextCursor::KeepAnchor);
-    return {static_cast<std::size_t>(cursor.selectionStart()), static_cast<std::size_t>(cursor.selectionEnd())};
-}
-
-// Temporary attributes: formats of the layout, which are no part of the document. Only those of the paragraphs that are
-// about to be drawn are ever worked out.
-
-void TextWidget::showTemporaryFormats(const QTextBlock& block, const NSTextView& shown) {
-    QTextLayout* layout = block.layout();
-    if (!layout->preeditAreaText().isEmpty()) return;  // they are the input method's then
-    QList<QTextLayout::FormatRange> formats;
-    const TemporaryLayer& layer = shown.temporaryLayer();
-    const auto begin = static_cast<std::size_t>(block.position());
-    const std::size_t end = std::min(begin + static_cast<std::size_t>(block.length()), layer.length());
-    NSRange run;
-    for (std::size_t at = begin; at < end; at = run.location + run.length) {
-        const id attributes = layer.at(at, run);
-        if (attributes.isNil()) continue;
-        const std::size_t last = std::min<std::size_t>(end, run.location + run.length);
-        formats.append({static_cast<int>(at - begin), static_cast<int>(last - at), formatOf(attributes)});
+    if (viewport()->height() <= 0) return;
+    const ShownLines::Row row = lines_.rowOf(position);
+    const double room = viewport()->height(), y = topOf(row);
+    const double height = lines_.lineOf(row).height();
+    if (row < top_ || y < 0 || y + height > room) {
+        // What is a screen away comes to the middle, all else to the edge that it is behind.
+        const bool isFar = y < -room || y > 2 * room;
+        const bool isAbove = row < top_ || y < 0;
+        double above = isFar ? (room - height) / 2 : isAbove ? 0 : room - std::ceil(height);
+        ShownLines::Row top = row;
+        while (above > 0 && top != ShownLines::Row{}) {
+            const ShownLines::Row before = top.row > 0
+                                               ? ShownLines::Row{top.line, top.row - 1}
+                                               : ShownLines::Row{top.line - 1, lines_.line(top.line - 1).rows - 1};
+            above -= std::ceil(lines_.lineOf(before).height());
+            if (above >= 0) top = before;
+        }
+        setTop(top);
     }
-    if (formats == layout->formats()) return;
-    layout->setFormats(formats);
-    document()->markContentsDirty(block.position(), block.length());
+    if (breaksLines_) return;
+    const double x = lines_.xOf(position) + left();
+    QScrollBar& sideways = *horizontalScrollBar();
+    constexpr int kBeside = 20;
+    if (x < kMargin)
+        sideways.setValue(sideways.value() + static_cast<int>(std::floor(x)) - kBeside);
+    else if (x > viewport()->width() - kMargin)
+        sideways.setValue(sideways.value() + static_cast<int>(std::ceil(x)) - viewport()->width() + kBeside);
 }
 
-void TextWidget::showTemporaryFormats() {
-    const NSTextView* shown = view();
-    if (!shown) return;
-    const Applying scope(applying_);
-    QTextBlock block = firstVisibleBlock();
-    double top = blockBoundingGeometry(block).translated(contentOffset()).top();
-    for (; block.isValid() && top <= viewport()->height(); block = block.next()) {
-        showTemporaryFormats(block, *shown);
-        top += blockBoundingRect(block).height();
+QRect TextWidget::caretRect(std::size_t position) {
+    const ShownLines::Row row = lines_.rowOf(position);
+    const QTextLine shown = lines_.lineOf(row);
+    const double x = lines_.xOf(position) + left();
+    const int width = style()->pixelMetric(QStyle::PM_TextCursorWidth);
+    return {static_cast<int>(x), static_cast<int>(topOf(row)), width, static_cast<int>(std::ceil(shown.height()))};
+}
+
+std::size_t TextWidget::positionAt(const QPoint& place) {
+    const ShownLines::Row row = rowAtHeight(place.y());
+    return lines_.positionAt(row, place.x() - left());
+}
+
+NSRange TextWidget::charactersIn(const QRectF& rect) {
+    const ShownLines::Row first = rowAtHeight(rect.top()), last = rowAtHeight(rect.bottom());
+    const std::size_t begin = lines_.positionAt(first, -1e6);
+    const std::size_t end = lines_.moved(lines_.positionAt(last, -1e6), QTextCursor::EndOfLine, 0);
+    return {begin, std::max(begin, end) - begin};
+}
+
+std::vector<TextWidget::ShownRow> TextWidget::firstRowsInSight() {
+    std::vector<ShownRow> rows;
+    forEachLineInSight([&](std::size_t number, double y) {
+        const QTextLine first = lines_.line(number).layout.lineAt(0);
+        rows.push_back({number, QRectF(0, y, viewport()->width(), first.height()).toAlignedRect(), first.ascent()});
+    });
+    return rows;
+}
+
+void TextWidget::updateLines(std::size_t first, std::size_t last) {
+    double from = -1, to = -1;
+    forEachLineInSight([&](std::size_t number, double y) {
+        if (number < first || number > last) return;
+        if (to < 0) from = y;
+        to = y + lines_.line(number).height;
+    });
+    const int bottom = last + 1 >= lineCount() ? viewport()->height() : static_cast<int>(std::ceil(to));
+    if (to < 0 && bottom < viewport()->height()) return;
+    const int top = to < 0 ? 0 : static_cast<int>(std::floor(from));
+    viewport()->update(0, top, viewport()->width(), bottom - top);
+}
+
+void TextWidget::resizeEvent(QResizeEvent* event) {
+    QAbstractScrollArea::resizeEvent(event);
+    updateStyle();
+    layOutSeen();
+    if (isFindBarShown()) placeFindBar();
+}
+
+void TextWidget::showEvent(QShowEvent* event) {
+    QAbstractScrollArea::showEvent(event);
+    layOutSeen();
+    if (!std::exchange(wasShown_, true)) reveal(position_);
+}
+
+void TextWidget::changeEvent(QEvent* event) {
+    QAbstractScrollArea::changeEvent(event);
+    switch (event->type()) {
+    case QEvent::FontChange:
+    case QEvent::LayoutDirectionChange: updateStyle(); break;
+    case QEvent::PaletteChange:
+        looks_.clear();  // links have the palette's colour
+        lines_.forgetAll();
+        layOutSeen();
+        viewport()->update();
+        break;
+    case QEvent::ActivationChange:
+    case QEvent::EnabledChange: viewport()->update(); break;
+    default: break;
     }
+}
+
+// Drawing.
+
+void TextWidget::drawLine(QPainter& painter, std::size_t number, const QPointF& place, const QRectF& clip) {
+    const ShownLines::Line& line = lines_.line(number);
+    const NSRange range = lines_.content(number);
+    const std::size_t end = range.location + range.length;
+    const bool endsHere = number + 1 < lineCount();
+    QList<QTextLayout::FormatRange> selections;
+    const QPalette colors = palette();
+    const auto select = [&](std::size_t from, std::size_t to) {
+        if (from >= to || to <= range.location || from > end) return;
+        QTextLayout::FormatRange shown;
+        shown.start = static_cast<int>(std::max<std::size_t>(from, range.location) - range.location);
+        shown.length = static_cast<int>(std::min(to, end) - range.location) - shown.start;
+        shown.format.setBackground(colors.brush(QPalette::Highlight));
+        shown.format.setForeground(colors.brush(QPalette::HighlightedText));
+        if (shown.length > 0) selections.append(shown);
+        if (!endsHere || to <= end) return;
+        // A selected line end is seen, too.
+        const QTextLine last = line.layout.lineAt(static_cast<int>(line.rows) - 1);
+        const double x = place.x() + last.cursorToX(static_cast<int>(range.length));
+        const double width = QFontMetricsF(font()).averageCharWidth();
+        const double begin = line.layout.text().isRightToLeft() ? x - width : x;
+        painter.fillRect(QRectF(begin, place.y() + last.y(), width, line.height - last.y()),
+                         colors.brush(QPalette::Highlight));
+    };
+    select(selectionBegin(), selectionEnd());
+    for (const NSRange& other : further_) select(other.location, other.location + other.length);
+    line.layout.draw(&painter, place, selections, clip);
+}
+
+void TextWidget::drawCaret(QPainter& painter, std::size_t position) {
+    const ShownLines::Row row = lines_.rowOf(position);
+    const ShownLines::Line& line = lines_.line(row.line);
+    const QPointF place(left() + lines_.leftOf(line), topOf({row.line, 0}));
+    line.layout.drawCursor(&painter, place, lines_.placeInLayout(position),
+                           style()->pixelMetric(QStyle::PM_TextCursorWidth));
 }
 
 void TextWidget::paintEvent(QPaintEvent* event) {
-    showTemporaryFormats();
-    QPlainTextEdit::paintEvent(event);
+    if (updateIsAsked_) updateSeen();
+    const std::size_t rows = lines_.rowCount();
+    const double widest = lines_.widest();
+    QPainter painter(viewport());
+    painter.setPen(palette().color(QPalette::Text));
+    const QRectF clip = event->rect();
+    forEachLineInSight([&](std::size_t number, double y) {
+        const ShownLines::Line& line = lines_.line(number);
+        if (y + line.height <= clip.top() || y > clip.bottom()) return;
+        drawLine(painter, number, {left() + lines_.leftOf(line), y}, clip);
+    });
+    const bool isComposing = !lines_.composed().text.isEmpty();
+    if (caretIsLit_ && !(isComposing && lines_.composed().hidesCaret)) drawCaret(painter, position_);
+    if (dropPlace_) drawCaret(painter, *dropPlace_);
+    // Lines that came into sight may have brought rows; the bars learn of them when nothing is being drawn.
+    if (lines_.rowCount() != rows || lines_.widest() != widest) askForUpdate();
     NSTextView* shown = view();
     if (!shown) return;
     const Selector draws = Selector::named("drawRect:");
     if (shown->isa().method(draws) == NSTextView::entry().method(draws)) return;
     // A program's subclass draws over the text.
     const Ref<NSView> kept(shown);
-    QPainter painter(viewport());
-    const QRectF dirty = event->rect();
-    runReported([&] { shown->draw(painter, {{dirty.x(), dirty.y()}, {dirty.width(), dirty.height()}}); });
+    runReported([&] { shown->draw(painter, {{clip.x(), clip.y()}, {clip.width(), clip.height()}}); });
+}
+
+// Those who have the text read to them hear of changes.
+
+void TextWidget::tellReadersOfText(NSRange range, std::size_t newLength) {
+    if (!QAccessible::isActive()) return;
+    constexpr char16_t kUnknown = u'\uFFFC';  // what is gone cannot be read any more
+    const QString removed(static_cast<qsizetype>(range.length), QChar(kUnknown));
+    const QString added = qtText(shownText().substr(range.location, newLength));
+    QAccessibleTextUpdateEvent event(this, static_cast<int>(range.location), removed, added);
+    QAccessible::updateAccessibility(&event);
+}
+
+void TextWidget::tellReadersOfSelection() {
+    if (!QAccessible::isActive()) return;
+    QAccessibleTextCursorEvent moved(this, static_cast<int>(position_));
+    QAccessible::updateAccessibility(&moved);
+    QAccessibleTextSelectionEvent selected(this, static_cast<int>(selectionBegin()), static_cast<int>(selectionEnd()));
+    QAccessible::updateAccessibility(&selected);
+}
+
+void TextWidget::updateCaret() {
+    const QRect rect = caretRect();
+    viewport()->update(rect.adjusted(-2, -1, 2, 1));
+}
+
+bool TextWidget::event(QEvent* event) {
+    if (event->type() == kUpdateSeen) {
+        updateSeen();
+        return true;
+    }
+    if (event->type() == QEvent::ShortcutOverride && takesShortcut(static_cast<QKeyEvent&>(*event))) return true;
+    return QAbstractScrollArea::event(event);
 }
 
 // The find bar.
@@ -386,25 +559,6 @@ void TextWidget::placeFindBar() {
         const QRect area = contentsRect();
         findBar_->setGeometry(area.left(), area.bottom() + 1 - height, area.width(), height);
     }
-}
-
-void TextWidget::resizeEvent(QResizeEvent* event) {
-    QPlainTextEdit::resizeEvent(event);
-    if (isFindBarShown()) placeFindBar();
-}
-
-void TextWidget::focusInEvent(QFocusEvent* event) {
-    QPlainTextEdit::focusInEvent(event);
-    if (NSTextView* shown = view()) runReported([&] { shown->keyboardComes(); });
-}
-
-void TextWidget::focusOutEvent(QFocusEvent* event) {
-    QPlainTextEdit::focusOutEvent(event);
-    // A menu or the find bar only borrows the keyboard.
-    const QWidget* next = QApplication::focusWidget();
-    const bool lent = event->reason() == Qt::PopupFocusReason || (findBar_ && next && findBar_->isAncestorOf(next));
-    NSTextView* shown = view();
-    if (shown && !lent) runReported([&] { shown->keyboardGoes(); });
 }
 
 }  // namespace velt

@@ -1,14 +1,18 @@
-// The widget of a text view: shows the text and its temporary attributes, and hands what a person does to the view.
+// The widget of a text view: draws the text of the view's storage and its temporary attributes, and hands what a person
+// does to the view.
 //
-// It never changes the text by itself: keys, input methods, drops and pastes become messages to the view, and the
-// document follows the view's storage unit by unit. Moving about and selecting are the toolkit's own.
+// It keeps no text of its own and never changes the view's by itself: keys, input methods, drops and pastes become
+// messages to the view, which tells of every change. Moving about and selecting are done here.
 #pragma once
 
+#include "VELTRuntime/export.h"
+#include "VELTRuntime/platform/appkit/text/shown_lines.h"
 #include "VELTRuntime/platform/foundation/attributed_string.h"
 
+#include <QAbstractScrollArea>
 #include <QBasicTimer>
-#include <QPlainTextEdit>
-#include <limits>
+#include <QElapsedTimer>
+#include <functional>
 
 class NSTextView;
 
@@ -16,26 +20,29 @@ namespace velt {
 
 class FindBar;
 
-class TextWidget final : public QPlainTextEdit {
+class VELT_EXPORT TextWidget final : public QAbstractScrollArea, private LineSource {
 public:
     TextWidget();
+    ~TextWidget() override;
 
-    /// Shows a whole text. The document gets the rest of a long one while nothing else happens, or when it is asked
-    /// for.
-    void load(const NSAttributedString& text);
-    /// Has the text in the document as far as a position at least.
-    void loadUpTo(std::size_t position);
-    void loadAll() { loadUpTo(std::numeric_limits<std::size_t>::max()); }
-    /// A range of what is shown has become another part of the text, of that length from the same place.
-    void replaceShown(NSRange range, const NSAttributedString& text, std::size_t newLength);
-    /// While it is set, showing another text or selection does not scroll.
+    // The text. All of it is the view's; these say what of it is another one now.
+    /// Shows the view's text, once the widget has one.
+    void fill();
+    void textReplaced();
+    void textChanged(NSRange range, std::size_t newLength);
+    void attributesChanged(NSRange range);
+    void temporaryAttributesChanged();
+    /// While it is set, another text or selection does not scroll.
     void setKeepsPlace(bool flag) { keepsPlace_ = flag; }
-    /// Shows the attributes of a range anew.
-    void reformat(NSRange range, const NSAttributedString& text);
+    bool keepsPlace() const { return keepsPlace_; }
+
+    // The selection, as the view has it.
     void select(std::size_t anchor, std::size_t position, const std::vector<NSRange>& further);
+    std::size_t insertionPoint() const { return position_; }
     /// Scrolls so that a position can be seen.
     void reveal(std::size_t position);
-    NSRange charactersIn(const QRectF& rect) const;
+
+    // What a person does.
     /// Moves the insertion point as a command of that name says; false when there is none.
     bool move(const QString& command);
     /// The range from the insertion point to where a deleting command reaches.
@@ -44,67 +51,161 @@ public:
     bool interpretKey();
     bool hasKey() const { return key_ != nullptr; }
 
-    /// Shows the find bar, or takes the keyboard to it.
+    // The find bar.
+    /// Shows it, or takes the keyboard to it.
     void showFindBar();
     void closeFindBar();
     bool isFindBarShown() const;
     /// Says beside what is looked for how the search went.
     void tellFindResult(const QString& text);
 
-    /// Shows all fonts that many times their size; the text's own stay as they are. The text's fonts are shown anew.
-    void setScale(double scale, const NSAttributedString& text);
+    // How it is shown.
+    void setReadOnly(bool flag);
+    bool isReadOnly() const { return isReadOnly_; }
+    void setSelectable(bool flag);
+    bool isSelectable() const { return isSelectable_; }
+    void setAlignment(Qt::Alignment alignment);
+    /// Lines break at the widget's edge.
+    void setBreaksLines(bool flag);
+    bool breaksLines() const { return breaksLines_; }
+    /// Shows all fonts that many times their size; the text's own stay as they are.
+    void setScale(double scale);
     QFont scaled(QFont font) const;
 
+    // Places, in dots of the viewport.
+    /// The line as it is laid out; its text is what is drawn.
+    const QTextLayout& layoutOf(std::size_t line) { return lines_.line(line).layout; }
+    std::size_t lineCount() const { return lines_.index().count(); }
+    std::size_t lineOf(std::size_t position) const { return lines_.index().lineAt(position); }
+    QRect caretRect(std::size_t position);
+    QRect caretRect() { return caretRect(position_); }
+    std::size_t positionAt(const QPoint& place);
+    NSRange charactersIn(const QRectF& rect);
+    struct ShownRow {
+        std::size_t line = 0;
+        QRect place;
+        double ascent = 0;
+    };
+    /// The first rows of the lines that begin in sight.
+    std::vector<ShownRow> firstRowsInSight();
+    /// Called when there are more or fewer lines.
+    std::function<void()> onLineCount;
     // For what is shown beside the text.
-    using QPlainTextEdit::blockBoundingGeometry;
-    using QPlainTextEdit::blockBoundingRect;
-    using QPlainTextEdit::contentOffset;
-    using QPlainTextEdit::firstVisibleBlock;
-    using QPlainTextEdit::setViewportMargins;
-    using QPlainTextEdit::viewportMargins;
+    using QAbstractScrollArea::setViewportMargins;
+    using QAbstractScrollArea::viewportMargins;
+
+    QVariant inputMethodQuery(Qt::InputMethodQuery query) const override;
+    QSize sizeHint() const override { return {256, 192}; }
 
 protected:
     bool event(QEvent* event) override;
+    bool viewportEvent(QEvent* event) override;
     void timerEvent(QTimerEvent* event) override;
+    void changeEvent(QEvent* event) override;
+    bool focusNextPrevChild(bool next) override;
     void keyPressEvent(QKeyEvent* event) override;
     void keyReleaseEvent(QKeyEvent* event) override;
     void inputMethodEvent(QInputMethodEvent* event) override;
-    bool viewportEvent(QEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
+    void wheelEvent(QWheelEvent* event) override;
     void contextMenuEvent(QContextMenuEvent* event) override;
+    void dragEnterEvent(QDragEnterEvent* event) override;
+    void dragMoveEvent(QDragMoveEvent* event) override;
+    void dragLeaveEvent(QDragLeaveEvent* event) override;
     void dropEvent(QDropEvent* event) override;
     void focusInEvent(QFocusEvent* event) override;
     void focusOutEvent(QFocusEvent* event) override;
+    void showEvent(QShowEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
-    QMimeData* createMimeDataFromSelection() const override;
-    bool canInsertFromMimeData(const QMimeData* source) const override;
-    void insertFromMimeData(const QMimeData* source) override;
-    void wheelEvent(QWheelEvent* event) override;
+    void scrollContentsBy(int dx, int dy) override;
 
 private:
-    NSTextView* view() const;
-    void documentChanged(int position, int removed, int added);
-    void selectionMoved();
-    void reload(const NSAttributedString& text);
-    void loadPiece(const NSAttributedString& text);
-    void showTemporaryFormats();
-    void showTemporaryFormats(const QTextBlock& block, const NSTextView& view);
-    void placeFindBar();
-    bool pressKey(QKeyEvent& event);
-    QTextCharFormat formatOf(const id& attributes) const;
-    void insertRuns(QTextCursor& cursor, const NSAttributedString& text, NSRange range);
+    /// What a person selects by as the mouse is drawn.
+    enum class Unit { Characters, Words, Lines };
 
-    bool keepsPlace_ = false;
-    bool applying_ = false;  // what happens in the document is the view's doing
-    int lastPosition_ = 0;
-    int turned_ = 0;  // of the wheel, since the last step of the zoom
+    std::u16string_view shownText() const override;
+    QList<QTextLayout::FormatRange> formatsOf(NSRange range) const override;
+    const QTextCharFormat& formatOf(const id& attributes) const;
+    NSTextView* view() const;
+
+    // Layout and scrolling.
+    void updateStyle();
+    void layOutSeen();
+    void updateBars();
+    void askForUpdate();
+    void updateSeen();
+    std::size_t lastRowsInSight();
+    double topOf(const ShownLines::Row& row);
+    ShownLines::Row rowAtHeight(double height);
+    template <class Each> void forEachLineInSight(Each&& each);
+    double left() const;
+    void setTop(const ShownLines::Row& row);
+    void updateLines(std::size_t first, std::size_t last);
+    void updateCaret();
+    void placeFindBar();
+
+    // Drawing.
+    void drawLine(QPainter& painter, std::size_t number, const QPointF& place, const QRectF& clip);
+    void drawCaret(QPainter& painter, std::size_t position);
+    void blink();
+    void showCaret();
+
+    // Selecting.
+    std::size_t selectionBegin() const { return std::min(anchor_, position_); }
+    std::size_t selectionEnd() const { return std::max(anchor_, position_); }
+    bool hasSelection() const { return anchor_ != position_; }
+    void place(std::size_t position, bool keepsAnchor);
+    void selectByPerson(std::size_t anchor, std::size_t position);
+    void moveBy(QTextCursor::MoveOperation operation, bool keepsAnchor);
+    void moveByPage(bool down, bool keepsAnchor);
+    bool moveByKey(const QKeyEvent& event);
+    static bool isMovement(const QKeyEvent& event);
+    NSRange unitAt(std::size_t position) const;
+    void extendTo(std::size_t position);
+    void offerSelection() const;
+    void tellReadersOfText(NSRange range, std::size_t newLength);
+    void tellReadersOfSelection();
+
+    bool pressKey(QKeyEvent& event);
+    /// The key is for the text, though the program may use it elsewhere. False when the toolkit is to decide.
+    bool takesShortcut(QKeyEvent& event);
+    void compose(const QInputMethodEvent& event);
+    bool canInsert(const QMimeData& source) const;
+    void insert(const QMimeData& source);
+    std::unique_ptr<QMimeData> selectionData() const;
+    void startDrag();
+    void setDropPlace(std::optional<std::size_t> position);
+    /// The link at a place of the viewport; nil when there is none.
+    id attributeUnder(const id& name, const QPoint& place, std::size_t* position = nullptr);
+    void updateMouseCursor(const QPoint& place);
+
+    ShownLines lines_{*this};
+    ShownLines::Row top_;
+    bool keepsPlace_ = false, settingBars_ = false, updateIsAsked_ = false, wasShown_ = false, isFilled_ = false;
+    bool isReadOnly_ = false, isSelectable_ = true, breaksLines_ = true;
+    Qt::Alignment alignment_ = Qt::AlignLeading;
     double scale_ = 1;
-    std::size_t loaded_ = 0;  // so much of the text is in the document
-    QBasicTimer loading_;
-    std::size_t anchor_ = 0, position_ = 0;  // the selection as it was last asked for, and what else is selected
+    // How attributes look, by their dictionaries, which are kept so that each stays what it is.
+    mutable std::map<const void*, std::pair<id, QTextCharFormat>> looks_;
+
+    std::size_t anchor_ = 0, position_ = 0;
     std::vector<NSRange> further_;
+    std::optional<double> across_;  // where the insertion point wants to be while it moves up and down
+    bool caretIsLit_ = false;
+    QBasicTimer blinking_, scrolling_;
+    std::optional<std::size_t> dropPlace_;
+
+    Unit unit_ = Unit::Characters;
+    NSRange unitRange_;  // where drawing the mouse began
+    bool isSelecting_ = false, mayDrag_ = false;
+    QPoint pressed_, drawnTo_;
+    QElapsedTimer sinceDoubleClick_;
+    int turned_ = 0;  // of the wheel, since the last step of the zoom
+
     QKeyEvent* key_ = nullptr;
     FindBar* findBar_ = nullptr;
 };

@@ -1,30 +1,21 @@
-// What a person does in a text view's widget, as messages to the view.
+// What a person types into a text view's widget, as messages to the view.
 #include "VELTRuntime/platform/appkit/event.h"
 #include "VELTRuntime/platform/appkit/event_delivery.h"
-#include "VELTRuntime/platform/appkit/font.h"
 #include "VELTRuntime/platform/appkit/menus/menu_bar.h"
 #include "VELTRuntime/platform/appkit/qt_values.h"
 #include "VELTRuntime/platform/appkit/text/find_bar.h"
-#include "VELTRuntime/platform/appkit/text/rich_text.h"
 #include "VELTRuntime/platform/appkit/text/text_view.h"
 #include "VELTRuntime/platform/appkit/text/text_widget.h"
 #include "VELTRuntime/platform/appkit/view_events.h"
-#include "VELTRuntime/platform/foundation/attribute_names.h"
-#include "VELTRuntime/platform/foundation/dictionary.h"
 
-#include <QDesktopServices>
-#include <QDropEvent>
+#include <QApplication>
 #include <QKeyEvent>
-#include <QMenu>
-#include <QMimeData>
-#include <QUrl>
 #include <algorithm>
 #include <iterator>
 
 namespace velt {
 
 namespace {
-
 /// A key of the desktop and the command that it stands for.
 struct KeyCommand {
     QKeySequence::StandardKey key;
@@ -66,29 +57,6 @@ struct KeyZoom {
 constexpr KeyZoom kKeyZooms[] = {
     {Qt::Key_Plus, "zoomIn:"}, {Qt::Key_Equal, "zoomIn:"}, {Qt::Key_Minus, "zoomOut:"}, {Qt::Key_0, "resetZoom:"}};
 
-struct Movement {
-    const char* command;
-    QTextCursor::MoveOperation operation;
-};
-constexpr Movement kMovements[] = {
-    {"moveLeft", QTextCursor::Left},
-    {"moveRight", QTextCursor::Right},
-    {"moveUp", QTextCursor::Up},
-    {"moveDown", QTextCursor::Down},
-    {"moveBackward", QTextCursor::PreviousCharacter},
-    {"moveForward", QTextCursor::NextCharacter},
-    {"moveWordLeft", QTextCursor::WordLeft},
-    {"moveWordRight", QTextCursor::WordRight},
-    {"moveWordBackward", QTextCursor::PreviousWord},
-    {"moveWordForward", QTextCursor::NextWord},
-    {"moveToBeginningOfLine", QTextCursor::StartOfLine},
-    {"moveToEndOfLine", QTextCursor::EndOfLine},
-    {"moveToBeginningOfParagraph", QTextCursor::StartOfBlock},
-    {"moveToEndOfParagraph", QTextCursor::EndOfBlock},
-    {"moveToBeginningOfDocument", QTextCursor::Start},
-    {"moveToEndOfDocument", QTextCursor::End},
-};
-
 constexpr Qt::KeyboardModifiers kCommandModifiers = Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier;
 
 /// The key types a text. The third level of a keyboard may come with Control and Alt.
@@ -106,28 +74,35 @@ bool typesText(const QKeyEvent& event) {
 
 // Keys.
 
-bool TextWidget::event(QEvent* event) {
-    if (event->type() == QEvent::ShortcutOverride) {
-        // The program's own use of a key comes first; what everyone undoes, copies and pastes with means the same
-        // there.
-        const auto& key = static_cast<QKeyEvent&>(*event);
-        const bool isEverywhere = std::any_of(std::begin(kKeyCommands), std::begin(kKeyCommands) + kEverywhere,
-                                              [&](const KeyCommand& row) { return key.matches(row.key); });
-        if (!isEverywhere && (key.modifiers() & kCommandModifiers) && mainMenuHasKey(key)) return event->ignore(), true;
-        for (const KeyFind& find : kKeyFinds) {
-            if (key.matches(find.key)) return event->accept(), true;
-        }
+bool TextWidget::takesShortcut(QKeyEvent& key) {
+    // The program's own use of a key comes first; what everyone undoes, copies and pastes with means the same there.
+    const bool isEverywhere = std::any_of(std::begin(kKeyCommands), std::begin(kKeyCommands) + kEverywhere,
+                                          [&](const KeyCommand& row) { return key.matches(row.key); });
+    if (!isEverywhere && (key.modifiers() & kCommandModifiers) && mainMenuHasKey(key)) return key.ignore(), true;
+    const auto matches = [&](const auto& row) { return key.matches(row.key); };
+    const bool isTyped = !(key.modifiers() & kCommandModifiers) && !isReadOnly_ &&
+                         (key.key() < Qt::Key_Escape || key.key() == Qt::Key_Return || key.key() == Qt::Key_Enter ||
+                          key.key() == Qt::Key_Tab || key.key() == Qt::Key_Backtab);
+    const bool isCommand = std::any_of(std::begin(kKeyCommands), std::end(kKeyCommands), [&](const KeyCommand& row) {
+        return matches(row) && !(row.edits && isReadOnly_);
+    });
+    if (isTyped || isCommand || std::any_of(std::begin(kKeyFinds), std::end(kKeyFinds), matches) ||
+        (isSelectable_ && isMovement(key))) {
+        key.accept();
+        return true;
     }
-    return QPlainTextEdit::event(event);
+    return false;
 }
+
+bool TextWidget::focusNextPrevChild(bool next) { return isReadOnly_ && QAbstractScrollArea::focusNextPrevChild(next); }
 
 void TextWidget::keyPressEvent(QKeyEvent* event) {
     NSTextView* shown = view();
-    if (!shown) return QPlainTextEdit::keyPressEvent(event);
+    if (!shown) return QAbstractScrollArea::keyPressEvent(event);
     const Ref<NSTextView> kept(shown);
-    loadAll();
     runReported([&] { kept->commandBegins(); });
     event->accept();
+    showCaret();
     QKeyEvent* outer = std::exchange(key_, event);
     deliver(*kept, VELT_SELECTOR("keyDown:"), NSEvent::ofKey(NSEvent::Type::KeyDown, *event, kept->windowPointer()));
     key_ = outer;
@@ -137,7 +112,7 @@ void TextWidget::keyReleaseEvent(QKeyEvent* event) {
     if (NSTextView* shown = view()) {
         deliver(*shown, VELT_SELECTOR("keyUp:"), NSEvent::ofKey(NSEvent::Type::KeyUp, *event, shown->windowPointer()));
     }
-    QPlainTextEdit::keyReleaseEvent(event);
+    QAbstractScrollArea::keyReleaseEvent(event);
 }
 
 bool TextWidget::interpretKey() {
@@ -149,7 +124,7 @@ bool TextWidget::interpretKey() {
 
 bool TextWidget::pressKey(QKeyEvent& event) {
     NSTextView& shown = *view();
-    const bool edits = !isReadOnly();
+    const bool edits = !isReadOnly_;
     const auto command = [&](const char* selector) { return shown.doCommand(string(std::string_view(selector))); };
     for (const KeyFind& find : kKeyFinds) {
         if (event.matches(find.key)) return shown.find(find.action), true;
@@ -180,34 +155,47 @@ bool TextWidget::pressKey(QKeyEvent& event) {
         send(id(static_cast<NSObject*>(&shown)), VELT_SELECTOR("insertText:"), textValue(event.text()));
         return true;
     }
-    QPlainTextEdit::keyPressEvent(&event);  // moving about
-    return event.isAccepted();
+    return moveByKey(event);
 }
 
-bool TextWidget::move(const QString& command) {
-    loadAll();
-    QString name = command.chopped(1);
-    const QString extending = QStringLiteral("AndModifySelection");
-    const bool extends = name.endsWith(extending);
-    if (extends) name.chop(extending.size());
-    for (const Movement& movement : kMovements) {
-        if (name != QLatin1String(movement.command)) continue;
-        moveCursor(movement.operation, extends ? QTextCursor::KeepAnchor : QTextCursor::MoveAnchor);
-        return true;
+// Input methods.
+
+/// Shows what is being composed at the insertion point; it is no part of the text.
+void TextWidget::compose(const QInputMethodEvent& event) {
+    ComposedText composed;
+    composed.position = position_;
+    composed.text = event.preeditString();
+    composed.caret = static_cast<int>(composed.text.size());
+    for (const QInputMethodEvent::Attribute& attribute : event.attributes()) {
+        if (attribute.type == QInputMethodEvent::Cursor) {
+            composed.caret = attribute.start;
+            composed.hidesCaret = attribute.length == 0;
+        } else if (attribute.type == QInputMethodEvent::TextFormat) {
+            const QTextCharFormat format = attribute.value.value<QTextFormat>().toCharFormat();
+            if (format.isValid()) composed.formats.append({attribute.start, attribute.length, format});
+        }
     }
-    return false;
+    if (composed.formats.isEmpty() && !composed.text.isEmpty()) {
+        QTextCharFormat underlined;
+        underlined.setFontUnderline(true);
+        composed.formats.append({0, static_cast<int>(composed.text.size()), underlined});
+    }
+    const std::size_t before = lineOf(std::min(lines_.composed().position, lines_.index().textLength()));
+    lines_.setComposed(std::move(composed));
+    layOutSeen();
+    updateLines(std::min(before, lineOf(position_)), lineCount() - 1);
+    reveal(position_);
 }
 
 void TextWidget::inputMethodEvent(QInputMethodEvent* event) {
-    loadAll();
     NSTextView* shown = view();
-    if (!shown || isReadOnly()) return QPlainTextEdit::inputMethodEvent(event);
+    if (!shown || isReadOnly_) return event->ignore();
     const Ref<NSTextView> kept(shown);
+    event->accept();
     runReported([&] {
         const bool commits = !event->commitString().isEmpty() || event->replacementLength() > 0;
         if (commits) {
-            QInputMethodEvent ends;
-            QPlainTextEdit::inputMethodEvent(&ends);  // what was being composed makes room for what came of it
+            compose({});  // what was being composed makes room for what came of it
             NSRange range = kept->selectedRange();
             if (event->replacementLength() > 0) {
                 const auto begin = static_cast<long>(range.location) + event->replacementStart();
@@ -221,180 +209,65 @@ void TextWidget::inputMethodEvent(QInputMethodEvent* event) {
             kept->deleteSelection(nil);
         }
     });
-    if (!event->preeditString().isEmpty() && textCursor().hasSelection()) return;  // it may not be replaced
-    QInputMethodEvent composing(event->preeditString(), event->attributes());
-    QPlainTextEdit::inputMethodEvent(&composing);
-    event->accept();
-}
-
-// The mouse.
-
-bool TextWidget::viewportEvent(QEvent* event) {
-    NSTextView* shown = view();
-    switch (event->type()) {
-    case QEvent::MouseButtonPress:
-    case QEvent::MouseButtonRelease:
-    case QEvent::MouseButtonDblClick:
-    case QEvent::MouseMove:
-    case QEvent::Wheel:
-        if (shown && offerToProgram(*shown, *viewport(), *event)) return true;
-        break;
-    default: break;
+    for (const QInputMethodEvent::Attribute& attribute : event->attributes()) {
+        if (attribute.type != QInputMethodEvent::Selection) continue;
+        const auto line = static_cast<long>(lines_.index().start(lineOf(position_)));
+        const auto length = static_cast<long>(lines_.index().textLength());
+        const auto within = [&](long wanted) { return static_cast<std::size_t>(std::clamp(wanted, 0L, length)); };
+        selectByPerson(within(line + attribute.start), within(line + attribute.start + attribute.length));
     }
-    return QPlainTextEdit::viewportEvent(event);
+    if (!event->preeditString().isEmpty() && hasSelection()) return;  // it may not be replaced
+    if (!event->preeditString().isEmpty() || !lines_.composed().text.isEmpty()) compose(*event);
 }
 
-void TextWidget::wheelEvent(QWheelEvent* event) {
-    NSTextView* shown = view();
-    const bool zooms = shown && event->modifiers() == Qt::ControlModifier &&
-                       respondsTo(id(static_cast<NSObject*>(shown)), VELT_SELECTOR("zoomIn:"));
-    if (!zooms) return QPlainTextEdit::wheelEvent(event);
-    const Ref<NSTextView> kept(shown);
-    event->accept();
-    // Fine wheels add up to the steps of coarse ones.
-    const int turn = event->angleDelta().y();
-    if ((turn > 0) != (turned_ > 0)) turned_ = 0;
-    turned_ += turn;
-    for (; std::abs(turned_) >= QWheelEvent::DefaultDeltasPerStep;
-         turned_ -= turned_ > 0 ? QWheelEvent::DefaultDeltasPerStep : -QWheelEvent::DefaultDeltasPerStep) {
-        const bool larger = turned_ > 0;
-        runReported([&] { kept->doCommand(larger ? "zoomIn:"_v : "zoomOut:"_v); });
-    }
-}
-
-void TextWidget::mousePressEvent(QMouseEvent* event) {
-    loadAll();
-    if (NSTextView* shown = view()) runReported([&] { shown->commandBegins(); });
-    QPlainTextEdit::mousePressEvent(event);
-}
-
-void TextWidget::mouseReleaseEvent(QMouseEvent* event) {
-    QPlainTextEdit::mouseReleaseEvent(event);
-    NSTextView* shown = view();
-    const bool follows = isReadOnly() || event->modifiers() & Qt::ControlModifier;
-    if (!shown || event->button() != Qt::LeftButton || textCursor().hasSelection() || !follows) return;
-    if (anchorAt(event->pos()).isEmpty()) return;
-    const Ref<NSTextView> kept(shown);
-    runReported([&] {
-        const auto place = static_cast<long>(cursorForPosition(event->pos()).position());
-        if (place >= static_cast<long>(kept->shown().length())) return;
-        const id link = kept->shown().attributeAt(attribute::link(), place);
-        const Selector asks = Selector::named("textView:clickedOnLink:atIndex:");
-        if (respondsTo(kept->delegate(), asks) &&
-            VELT_CBOOL(send(kept->delegate(), asks, id(kept), link, VELT_ID(place)))) {
-            return;
-        }
-        QDesktopServices::openUrl(QUrl(qtText(description(link))));
-    });
-}
-
-void TextWidget::contextMenuEvent(QContextMenuEvent* event) {
-    NSTextView* shown = view();
-    if (!shown) return;
-    struct Item {
-        const char* title;
-        const char* command;
-        bool enabled;
+QVariant TextWidget::inputMethodQuery(Qt::InputMethodQuery query) const {
+    auto& self = const_cast<TextWidget&>(*this);  // places are laid out when they are asked for
+    const NSRange line = lines_.content(lineOf(position_));
+    const auto within = [&](std::size_t position) {
+        const std::size_t end = line.location + line.length;
+        return static_cast<int>(std::clamp<std::size_t>(position, line.location, end) - line.location);
     };
-    const bool edits = !isReadOnly(), selected = textCursor().hasSelection();
-    const bool undoes = shown->allowsUndo() && edits;
-    auto* manager = to<NSUndoManager>(shown->undoManager());
-    const Item items[] = {
-        {"Undo", "undo:", undoes && manager && manager->canUndo()},
-        {"Redo", "redo:", undoes && manager && manager->canRedo()},
-        {nullptr, nullptr, false},
-        {"Cut", "cut:", edits && selected},
-        {"Copy", "copy:", selected},
-        {"Paste", "paste:", edits && canPaste()},
-        {"Delete", "delete:", edits && selected},
-        {nullptr, nullptr, false},
-        {"Select All", "selectAll:", shown->shown().length() > 0},
+    const auto textOf = [this](std::size_t from, std::size_t to) {
+        return qtText(shownText().substr(from, to - from));
     };
-    auto* menu = new QMenu(this);
-    menu->setAttribute(Qt::WA_DeleteOnClose);
-    for (const Item& item : items) {
-        if (!item.title) {
-            menu->addSeparator();
-            continue;
-        }
-        QAction* action = menu->addAction(QString::fromLatin1(item.title));
-        action->setEnabled(item.enabled);
-        connect(action, &QAction::triggered, this, [this, command = item.command] {
-            NSTextView* asked = view();
-            if (!asked) return;
-            const Ref<NSTextView> kept(asked);
-            runReported([&] {
-                kept->commandBegins();
-                kept->doCommand(string(std::string_view(command)));
-            });
-        });
+    constexpr std::size_t kAround = 1024;
+    switch (query) {
+    case Qt::ImEnabled: return isEnabled() && !isReadOnly_;
+    case Qt::ImReadOnly: return isReadOnly_;
+    case Qt::ImCursorRectangle: return self.caretRect(position_).translated(viewport()->pos());
+    case Qt::ImAnchorRectangle: return self.caretRect(anchor_).translated(viewport()->pos());
+    case Qt::ImInputItemClipRectangle: return viewport()->geometry();
+    case Qt::ImFont: return font();
+    case Qt::ImCursorPosition: return within(position_);
+    case Qt::ImAnchorPosition: return within(anchor_);
+    case Qt::ImAbsolutePosition: return static_cast<int>(position_);
+    case Qt::ImSurroundingText: return textOf(line.location, line.location + line.length);
+    case Qt::ImCurrentSelection: return textOf(selectionBegin(), selectionEnd());
+    case Qt::ImTextBeforeCursor: return textOf(position_ - std::min(position_, kAround), position_);
+    case Qt::ImTextAfterCursor: return textOf(position_, std::min(position_ + kAround, lines_.index().textLength()));
+    case Qt::ImHints: return static_cast<int>(inputMethodHints() | Qt::ImhMultiLine);
+    default: return QAbstractScrollArea::inputMethodQuery(query);
     }
-    menu->popup(event->globalPos());
 }
 
-// Clipboard and drags.
+// The keyboard comes and goes.
 
-id textFrom(const QMimeData& source, bool rich) {
-    if (rich && source.hasHtml()) return attributedFromHtml(source.html());
-    return source.hasText() ? textValue(source.text()) : id();
+void TextWidget::focusInEvent(QFocusEvent* event) {
+    QAbstractScrollArea::focusInEvent(event);
+    showCaret();
+    if (hasSelection() || !further_.empty()) viewport()->update();
+    if (NSTextView* shown = view()) runReported([&] { shown->keyboardComes(); });
 }
 
-std::unique_ptr<QMimeData> mimeDataOf(const NSAttributedString& text, bool rich, const QFont& font) {
-    auto data = std::make_unique<QMimeData>();
-    const std::u16string_view units = text.view();
-    data->setText(QString(reinterpret_cast<const QChar*>(units.data()), static_cast<qsizetype>(units.size())));
-    const auto runs = text.runs().runs();
-    const bool plain = runs.empty() || (runs.size() == 1 && runs[0].attributes.isNil());
-    if (rich && !plain) data->setHtml(htmlOf(text, font));
-    return data;
-}
-
-QMimeData* TextWidget::createMimeDataFromSelection() const {
+void TextWidget::focusOutEvent(QFocusEvent* event) {
+    QAbstractScrollArea::focusOutEvent(event);
+    if (!lines_.composed().text.isEmpty()) QGuiApplication::inputMethod()->commit();
+    showCaret();
+    // A menu or the find bar only borrows the keyboard.
+    const QWidget* next = QApplication::focusWidget();
+    const bool lent = event->reason() == Qt::PopupFocusReason || (findBar_ && next && findBar_->isAncestorOf(next));
     NSTextView* shown = view();
-    if (!shown) return nullptr;
-    const id part = shown->shown().attributedSubstring(shown->selectedRange());
-    return mimeDataOf(*attributedStringOf(part), shown->isRichText(), document()->defaultFont()).release();
-}
-
-bool TextWidget::canInsertFromMimeData(const QMimeData* source) const {
-    return !isReadOnly() && (source->hasText() || source->hasHtml());
-}
-
-void TextWidget::insertFromMimeData(const QMimeData* source) {
-    NSTextView* shown = view();
-    if (!shown) return;
-    const Ref<NSTextView> kept(shown);
-    runReported([&] {
-        const id text = textFrom(*source, kept->isRichText());
-        kept->commandBegins();
-        if (!text.isNil()) send(kept, VELT_SELECTOR("insertText:"), text);
-    });
-}
-
-void TextWidget::dropEvent(QDropEvent* event) {
-    loadAll();
-    QDragLeaveEvent leave;
-    QPlainTextEdit::dragLeaveEvent(&leave);  // the drop's caret goes
-    NSTextView* shown = view();
-    if (!shown || !canInsertFromMimeData(event->mimeData())) return event->ignore();
-    const Ref<NSTextView> kept(shown);
-    auto place = static_cast<unsigned long>(cursorForPosition(event->position().toPoint()).position());
-    const bool moves = event->dropAction() == Qt::MoveAction && event->source() == viewport();
-    event->acceptProposedAction();
-    runReported([&] {
-        const id text = textFrom(*event->mimeData(), kept->isRichText());
-        const NSRange from = kept->selectedRange();
-        if (text.isNil() || (moves && place >= from.location && place <= from.location + from.length)) return;
-        kept->commandBegins();
-        if (moves) {
-            if (!kept->change(from, ""_v)) return;
-            if (place > from.location) place -= from.length;
-        }
-        if (!kept->change({place, 0}, text)) return;
-        const std::size_t length = isString(text) ? textOf(text).size() : attributedStringOf(text)->length();
-        kept->setSelectedRange({place, length});
-    });
-    setFocus(Qt::OtherFocusReason);
+    if (shown && !lent) runReported([&] { shown->keyboardGoes(); });
 }
 
 }  // namespace velt
