@@ -58,7 +58,74 @@ TEST(Completions, OpenOnePopupForTwoDotsInQuickSuccession) {
     EXPECT_EQ(2, editor.completion.runningCount());
     editor.rest();
     EXPECT_EQ(1, editor.popupsShown);
+    EXPECT_EQ(0, editor.completion.runningCount());
+}
+
+TEST(Completions, CountTimersThatWereGivenUpAsAnsweredWithTheLastOne) {
+    for (const char16_t* last : {u"\u001B", u"na\r"}) {
+        CompletingEditor editor(u"a");
+        editor.scripts.push_back([&](CompletionPopup& popup) {
+            EXPECT_EQ(1, editor.completion.runningCount());
+            popup.keyTyped(last, false);
+        });
+        editor.type(u"(b..");
+        editor.completion.requestAll();
+        EXPECT_EQ(4, editor.completion.runningCount());
+        editor.rest();
+        EXPECT_EQ(0, editor.completion.runningCount());
+        EXPECT_TRUE(editor.completion.running().empty());
+        // Types are offered again.
+        editor.type(u" as ");
+        EXPECT_TRUE(editor.isTimerRunning);
+    }
+}
+
+TEST(Completions, CountATimerThatWasStoppedAsAnsweredWithTheNextOne) {
+    CompletingEditor editor(u"a");
+    editor.type(u".");
+    editor.completion.stopTimer();
     EXPECT_EQ(1, editor.completion.runningCount());
+    editor.type(u".");
+    EXPECT_EQ(2, editor.completion.runningCount());
+    editor.rest();
+    EXPECT_EQ(0, editor.completion.runningCount());
+}
+
+TEST(Completions, GoOnAskingWhenTheHostLetsThePersonTypeMeanwhile) {
+    class SlowHost final : public CompletingEditor {
+    public:
+        using CompletingEditor::CompletingEditor;
+        Names members(const std::u16string& expression) override {
+            const Names answer = CompletingEditor::members(expression);
+            if (!meanwhile.empty()) type(std::exchange(meanwhile, {}));
+            if (std::exchange(waitsForTimer, false)) rest();
+            return answer;
+        }
+        std::u16string meanwhile;
+        bool waitsForTimer = false;
+    };
+    for (const bool waitsForTimer : {false, true}) {
+        SlowHost editor(u"a");
+        editor.meanwhile = u"b.";
+        editor.waitsForTimer = waitsForTimer;
+        editor.scripts.push_back([&](CompletionPopup& popup) {
+            EXPECT_EQ(kMembers, popup.modes());
+            EXPECT_EQ(4U, editor.completion.running()[0].location);
+        });
+        editor.type(u".");
+        editor.rest();
+        EXPECT_EQ((std::vector<std::string>{"a", "a.b"}), editor.asked);
+        EXPECT_EQ(1, editor.popupsShown);
+        EXPECT_EQ(0, editor.completion.runningCount());
+        EXPECT_TRUE(editor.completion.running().empty());
+    }
+    SlowHost editor(u"a");
+    editor.meanwhile = u"x as ";
+    editor.scripts.push_back([](CompletionPopup& popup) { EXPECT_EQ(kTypes, popup.modes()); });
+    editor.type(u".");
+    editor.rest();
+    EXPECT_EQ(1, editor.popupsShown);
+    EXPECT_EQ(0, editor.completion.runningCount());
 }
 
 TEST(Completions, ShowTheSignatureBehindAParenthesis) {

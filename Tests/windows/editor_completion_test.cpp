@@ -20,6 +20,7 @@ public:
     id members(const id& view, const id& expression) {
         EXPECT_TRUE(velt::is<VLTextView>(view));
         asked += "members(" + velt::utf8(expression) + ") ";
+        if (meanwhile) std::exchange(meanwhile, {})();
         return names;
     }
     id signature(const id&, const id& expression) {
@@ -46,6 +47,7 @@ public:
             .owns(&CompletingHost::names);
     }
     std::string asked;
+    std::function<void()> meanwhile;  // before an answer comes
     id names = wordArray({"title", "count", "Count", "items(", "title"});
     unsigned long place = 0;
     id typed;
@@ -134,6 +136,128 @@ TEST_F(EditorCompletion, OpensOncePerRestOfTyping) {
     velt::RunLoop::current().runOnce(0.6);
     EXPECT_EQ(1, opened);
     EXPECT_EQ("members(a.b) ", host->asked);
+}
+
+TEST_F(EditorCompletion, IsNoLongerCountedOnceItsListIsClosedHoweverQuicklyItWasAskedFor) {
+    for (const Qt::Key last : {Qt::Key_Escape, Qt::Key_Return}) {
+        shown.type("left(a...");
+        EXPECT_EQ(4, running());
+        whenOpen([&] {
+            EXPECT_EQ(1, running());
+            if (last == Qt::Key_Return) shown.type("ti");
+            shown.key(last);
+        });
+        EXPECT_EQ(0, running());
+        EXPECT_EQ("()", velt::utf8(velt::description(velt::send(shown.view, "runningCompletions"))));
+        shown.type(" dim x as ");
+        EXPECT_EQ(1, running());
+        whenOpen([&] {
+            EXPECT_EQ("Date Integer String ", rows());
+            shown.key(Qt::Key_Escape);
+        });
+        EXPECT_EQ(0, running());
+    }
+}
+
+TEST_F(EditorCompletion, GoesOnWithTheLastOneAskedForWhileTheListIsOpen) {
+    shown.type("a.");
+    for (const char* keys : {"b.", "c.", "d."}) {
+        whenOpen([&] { shown.type(keys); });
+        EXPECT_EQ(1, running());
+    }
+    EXPECT_EQ("members(a) members(a.b) members(a.b.c) ", host->asked);
+    EXPECT_EQ("a.b.c.d.", shown.text());
+    // Each that gave way comes back when the one above it is closed.
+    int opened = 0;
+    id last;
+    QTimer keys;
+    QObject::connect(&keys, &QTimer::timeout, [&] {
+        if (myFloatingKeyWindow.isNil() || myFloatingKeyWindow == last) return;
+        last = myFloatingKeyWindow;
+        ++opened;
+        shown.key(Qt::Key_Escape);
+    });
+    keys.start(2);
+    QElapsedTimer clock;
+    clock.start();
+    while (running() > 0 && clock.elapsed() < 8000) velt::RunLoop::current().runOnce(0.02);
+    EXPECT_EQ(0, running());
+    EXPECT_EQ(4, opened);
+    EXPECT_EQ("a.b.c.d.", shown.text());
+}
+
+TEST_F(EditorCompletion, AsksASlowHostAgainForWhatWasTypedMeanwhile) {
+    host->meanwhile = [&] { shown.type("b."); };
+    shown.type("a.");
+    whenOpen([&] {
+        EXPECT_EQ("members(a) members(a.b) ", host->asked);
+        EXPECT_EQ("Count count items( title ", rows());
+        EXPECT_EQ(1, running());
+        shown.type("ti");
+        shown.key(Qt::Key_Return);
+    });
+    EXPECT_EQ("a.b.title", shown.text());
+    EXPECT_EQ(0, running());
+    // A host may also come back after the next one was answered.
+    host->meanwhile = [&] {
+        shown.type("c.");
+        whenOpen([&] { shown.key(Qt::Key_Escape); });
+    };
+    shown.type(".");
+    QElapsedTimer clock;
+    clock.start();
+    while (running() > 0 && clock.elapsed() < 8000) velt::RunLoop::current().runOnce(0.02);
+    EXPECT_EQ(0, running());
+    EXPECT_TRUE(myFloatingKeyWindow.isNil());
+    EXPECT_EQ("members(a) members(a.b) members(a.b.title) members(a.b.title.c) ", host->asked);
+}
+
+TEST_F(EditorCompletion, IsAnsweredByAHostThatKnowsNothing) {
+    VELT_NSTEXTVIEW_DELEGATE(shown.view, nil);
+    shown.type("a");
+    shown.key(Qt::Key_Escape);
+    shown.key(Qt::Key_Escape);
+    EXPECT_EQ(2, running());
+    whenOpen([&] {
+        EXPECT_EQ("", rows());
+        shown.key(Qt::Key_Escape);
+    });
+    EXPECT_EQ(0, running());
+}
+
+TEST_F(EditorCompletion, IsAsHighAsItsNamesNeedOnItsSideOfTheLine) {
+    const auto frame = [] { return velt::as<NSWindow>(myFloatingKeyWindow)->frame(); };
+    const Ref<NSMutableArray> many = velt::make<NSMutableArray>();
+    for (int i = 0; i < 30; ++i) many->append(str("name" + std::to_string(i)));
+    host->names = many;
+    for (const bool isAbove : {false, true}) {
+        // The window's foot is at the screen's for a list that has no room below its line.
+        VELT_NSWINDOW_FRAME(shown.window, VELT_ID(NSRect{{50, isAbove ? 0.0 : 300.0}, {500, 322}}));
+        VELT_NSTEXTVIEW_VALUE(shown.view, str(isAbove ? std::string(12, '\n').append("x") : "x"));
+        shown.select(isAbove ? 13 : 1);
+        shown.type(".");
+        whenOpen([&] {
+            const NSRect ten = frame();
+            shown.type("name1");
+            shown.type("9");
+            const NSRect one = frame();
+            EXPECT_NEAR((ten.size.height - 4) / 10, one.size.height - 4, 0.01);
+            EXPECT_EQ(ten.origin.x, one.origin.x);
+            EXPECT_EQ(ten.size.width, one.size.width);
+            if (isAbove)
+                EXPECT_EQ(ten.origin.y, one.origin.y);
+            else
+                EXPECT_EQ(ten.origin.y + ten.size.height, one.origin.y + one.size.height);
+            keepPicture(velt::as<NSWindow>(myFloatingKeyWindow)->widget(), "completion-one");
+            shown.key(Qt::Key_Backspace);
+            shown.key(Qt::Key_Backspace);
+            EXPECT_EQ(ten.origin.y, frame().origin.y);
+            EXPECT_EQ(ten.size.height, frame().size.height);
+            EXPECT_EQ(static_cast<int>(ten.size.height), list()->window()->height());
+            keepPicture(velt::as<NSWindow>(myFloatingKeyWindow)->widget(), "completion-ten");
+            shown.key(Qt::Key_Escape);
+        });
+    }
 }
 
 TEST_F(EditorCompletion, OffersTypesBehindAs) {

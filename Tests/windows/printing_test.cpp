@@ -4,10 +4,14 @@
 #include "VELTRuntime/platform/appkit/application_object.h"
 #include "VELTRuntime/platform/foundation/url.h"
 
+#include <QDesktopServices>
+#include <QDir>
+#include <QFileInfo>
 #include <QPrintDialog>
 #include <QPrinterInfo>
 #include <QRadioButton>
 #include <QSpinBox>
+#include <QTextBrowser>
 #include <QTimer>
 #include <functional>
 
@@ -81,6 +85,40 @@ public:
 private:
     QTimer timer_;
 };
+
+/// The desktop's viewer of files. While it lives, temporary files are in a folder of their own.
+class Viewer : public QTextBrowser {
+public:
+    Viewer() {
+        qputenv("TMPDIR", QByteArray::fromStdString(folder_.file("")));
+        QDesktopServices::setUrlHandler(QStringLiteral("file"), this, "setSource");
+    }
+    ~Viewer() override {
+        QDesktopServices::unsetUrlHandler(QStringLiteral("file"));
+        if (usual_.isNull())
+            qunsetenv("TMPDIR");
+        else
+            qputenv("TMPDIR", usual_);
+    }
+    static int temporaryFiles() { return static_cast<int>(QDir::temp().entryList(QDir::Files).size()); }
+
+    std::vector<std::string> opened;
+
+protected:
+    void doSetSource(const QUrl& url, QTextDocument::ResourceType) override {
+        opened.push_back(url.toLocalFile().toStdString());
+    }
+
+private:
+    const QByteArray usual_ = qgetenv("TMPDIR");
+    const TemporaryFolder folder_;
+};
+
+id previewSettings() {
+    const id info = settings();
+    velt::send(info, "setJobDisposition:", str("NSPrintPreviewJob"));
+    return info;
+}
 
 }  // namespace
 
@@ -215,6 +253,61 @@ TEST(PrintedViews, NeedAPrinterUnlessAFileIsNamed) {
     view->setFrame({{0, 0}, {100, 100}});
     EXPECT_FALSE(print(*view));
     EXPECT_EQ("", view->heard);
+}
+
+TEST(PrintPreviews, AreShownByTheDesktopsViewer) {
+    const PrintingIntoAFile file;
+    Viewer viewer;
+    const Ref<PrintedView> view = velt::make<PrintedView>();
+    view->setFrame({{0, 0}, {400, 1000}});
+    EXPECT_TRUE(print(*view, previewSettings()));
+    EXPECT_EQ("1 2 ", view->heard);
+    ASSERT_EQ(1U, viewer.opened.size());
+    EXPECT_EQ("pdf", QFileInfo(QString::fromStdString(viewer.opened[0])).suffix().toStdString());
+    EXPECT_EQ("%PDF", contentOf(viewer.opened[0]).substr(0, 4));
+    EXPECT_FALSE(file.isPrinted());
+    if (pdfToolsAreThere()) {
+        const QImage page = pageImage(viewer.opened[0]);
+        EXPECT_EQ(QSize(595, 842), page.size());
+        EXPECT_EQ(QColor(Qt::red), page.pixelColor(297, 120));
+    }
+    // Each has a file of its own.
+    EXPECT_TRUE(print(*view, previewSettings()));
+    ASSERT_EQ(2U, viewer.opened.size());
+    EXPECT_NE(viewer.opened[0], viewer.opened[1]);
+}
+
+TEST(PrintPreviews, ShowThePagesThatThePersonChose) {
+    const PrintingIntoAFile file;
+    Viewer viewer;
+    const Ref<PrintedView> view = velt::make<PrintedView>();
+    view->setFrame({{0, 0}, {100, 2000}});
+    const Answer answer([](QPrintDialog& dialog) {
+        dialog.findChild<QRadioButton*>("printRange")->click();
+        dialog.findChild<QSpinBox*>("to")->setValue(3);
+        dialog.findChild<QSpinBox*>("from")->setValue(3);
+        dialog.accept();
+    });
+    EXPECT_TRUE(print(*view, previewSettings(), true));
+    EXPECT_TRUE(answer.asked);
+    EXPECT_EQ("3 ", view->heard);
+    EXPECT_EQ(1U, viewer.opened.size());
+    EXPECT_FALSE(file.isPrinted());
+}
+
+TEST(PrintPreviews, LeaveNoFileBehindWhenSomethingFails) {
+    const PrintingIntoAFile file;
+    Viewer viewer;
+    const Ref<PrintedView> view = velt::make<PrintedView>();
+    view->setFrame({{0, 0}, {100, 100}});
+    view->raises = true;
+    EXPECT_RAISES("NSGenericException: no more ink", print(*view, previewSettings()));
+    view->raises = false;
+    const id narrow = previewSettings();
+    velt::send(narrow, "setLeftMargin:", real(2000));
+    EXPECT_FALSE(print(*view, narrow));
+    EXPECT_TRUE(viewer.opened.empty());
+    EXPECT_EQ(0, Viewer::temporaryFiles());
 }
 
 TEST(PrintPanels, CanBeCancelled) {

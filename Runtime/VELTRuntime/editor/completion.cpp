@@ -38,6 +38,7 @@ void Completion::textTyped(std::size_t position, std::u16string_view typed) {
     lastInsertion_ = position + typed.size();
     const bool isDot = typed == u".", isParenthesis = typed == u"(";
     if (isDot || isParenthesis) {
+        ++request_;
         modes_ = {.members = isDot, .arguments = isParenthesis};
         nextInsertion_ = lastInsertion_;
         const auto& text = target_.buffer();
@@ -50,12 +51,14 @@ void Completion::textTyped(std::size_t position, std::u16string_view typed) {
     if (position >= kAs.size() + 1 && isBehindAs(target_, lastInsertion_)) modes_ = {.types = true};
     // Types stay asked for until something else is: any later space opens them. Programs rely on it.
     if (!modes_.types || typed != u" ") return;
+    ++request_;
     nextInsertion_ = lastInsertion_;
     giveWay();
     if (runningCount_ == 0) startTimer();
 }
 
 void Completion::requestAll() {
+    ++request_;
     expression_ = kEveryName;
     modes_ = {.members = true};
     lastInsertion_ = nextInsertion_ = target_.selectedRange().location + 2;
@@ -64,25 +67,38 @@ void Completion::requestAll() {
 
 void Completion::startTimer() {
     stopTimer();
+    if (isAsked_) ++replacedTimers_;
     ++runningCount_;
+    isAsked_ = isTimerPending_ = true;
     host_.startTimer(kDelay);
 }
 
-void Completion::stopTimer() { host_.stopTimer(); }
+void Completion::stopTimer() {
+    isTimerPending_ = false;
+    host_.stopTimer();
+}
+
+std::optional<std::vector<std::u16string>> Completion::askHost() {
+    if (modes_.types) return host_.types();
+    if (modes_.members) return host_.members(expression_);
+    if (modes_.arguments) return std::vector{host_.signature(expression_), std::u16string()};
+    return std::nullopt;
+}
 
 void Completion::timerFired() {
     stopTimer();
-    std::vector<std::u16string> candidates;
-    if (modes_.types) {
-        candidates = host_.types();
-    } else if (modes_.members) {
-        candidates = host_.members(expression_);
-    } else if (modes_.arguments) {
-        candidates = {host_.signature(expression_), std::u16string()};
-    } else {
-        return;
+    runningCount_ -= std::exchange(replacedTimers_, 0);
+    for (;;) {
+        const unsigned long asked = request_;
+        std::optional<std::vector<std::u16string>> candidates = askHost();
+        if (asked == request_) {
+            isAsked_ = false;
+            if (candidates) open(std::move(*candidates), nextInsertion_, lengthFrom(nextInsertion_, lastInsertion_));
+            return;
+        }
+        // A host may let the person type on while it looks for an answer: the answer is to what nobody asks any more.
+        if (isTimerPending_ || !isAsked_) return;
     }
-    open(std::move(candidates), nextInsertion_, lengthFrom(nextInsertion_, lastInsertion_));
 }
 
 void Completion::giveWay() {

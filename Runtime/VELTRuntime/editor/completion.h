@@ -45,7 +45,7 @@ public:
     /// of them. Returns when the popup has ended.
     void open(std::vector<std::u16string> candidates, std::size_t location, std::ptrdiff_t length);
 
-    /// A timer more counts as started; one that runs is stopped.
+    /// A timer more counts as started; one that runs is stopped, and counts as answered when the new one is.
     void startTimer();
     void stopTimer();
 
@@ -76,6 +76,7 @@ public:
     const CompletionPopup* popup() const { return popup_; }
 
 private:
+    std::optional<std::vector<std::u16string>> askHost();
     void popupChose() override { popTop(); }
     void popTop();
     void giveWay();
@@ -91,6 +92,9 @@ private:
     std::u16string expression_;
     std::size_t lastInsertion_ = 0, nextInsertion_ = 0;
     long runningCount_ = 0;
+    long replacedTimers_ = 0;                        // started, and given up for another one before an answer came
+    unsigned long request_ = 0;                      // counts what was asked for
+    bool isTimerPending_ = false, isAsked_ = false;  // isAsked_: no popup has answered the last request yet
     std::vector<Running> running_;
     CompletionPopup* popup_ = nullptr;
 };

@@ -59,6 +59,8 @@ public:
     /// What was typed since the popup opened.
     const std::u16string& typed() const { return typed_; }
     std::size_t rowCount() const { return shown_.size(); }
+    /// The most rows that there can be.
+    std::size_t candidateCount() const { return candidates_.count(); }
     /// The text of a row; in argument help HTML.
     const std::u16string& row(std::size_t index) const { return candidates_.name(shown_[index]); }
     std::optional<std::size_t> selectedRow() const { return selected_; }

@@ -145,6 +145,7 @@ void Autocompletion::popupChanged() {
     auto& list = *velt::as<AutoCompleteList>(list_);
     const bool outer = std::exchange(syncing_, true);
     list.typed = velt::string(popup_->typed());
+    fit();
     list.reloadData();
     if (const auto row = popup_->selectedRow()) {
         list.selectRow(static_cast<long>(*row), false);
@@ -171,22 +172,36 @@ void Autocompletion::doubleClicked(const id&) {
 
 // Showing it.
 
-void Autocompletion::place(NSPoint point) {
+/// The window's frame with so many names in its list.
+NSRect Autocompletion::frameFor(long rows) const {
     const bool isHelp = popup_->modes().arguments;
     double width = kColumnWidth;
     if (isHelp && popup_->rowCount() > 0) {
         const id help = objectValue(nil, nil, 0);
         width = std::max(width, velt::providers().textSize(help, nil).width + 4 * kBorder + kRowHeight);
     }
-    const long rows = isHelp ? 1 : std::clamp(numberOfRows(nil), 1L, kMostRows);
-    auto& list = *velt::as<AutoCompleteList>(list_);
-    const double height = static_cast<double>(rows) * (kRowHeight + list.intercellSpacing().height) + 2 * kBorder;
-    NSRect frame{{point.x, point.y - height}, {width + 2 * kBorder, height}};
-    // Within the screen; above the line where there is no room below it.
+    const double row = kRowHeight + velt::as<AutoCompleteList>(list_)->intercellSpacing().height;
+    const double height = static_cast<double>(isHelp ? 1 : std::clamp(rows, 1L, kMostRows)) * row + 2 * kBorder;
     const NSRect screen = velt::visibleScreenFrame();
-    frame.origin.x = std::max(screen.origin.x, std::min(frame.origin.x, screen.origin.x + screen.size.width - width));
-    if (frame.origin.y < screen.origin.y) frame.origin.y = point.y + kRowHeight;
-    windowPointer()->setFrame(frame);
+    return {{std::max(screen.origin.x, std::min(foot_.x, screen.origin.x + screen.size.width - width)),
+             isAbove_ ? foot_.y + kRowHeight : foot_.y - height},
+            {width + 2 * kBorder, height}};
+}
+
+/// Below the line, or above it where there is no room for all names below it.
+void Autocompletion::place(NSPoint point) {
+    foot_ = point;
+    isAbove_ = false;
+    isAbove_ = frameFor(static_cast<long>(popup_->candidateCount())).origin.y < velt::visibleScreenFrame().origin.y;
+    windowPointer()->setFrame(frameFor(numberOfRows(nil)));
+}
+
+/// As high as its names need, on the side of the line on which it is.
+void Autocompletion::fit() {
+    NSWindow* window = windowPointer();
+    if (!window) return;
+    const NSRect frame = frameFor(numberOfRows(nil)), now = window->frame();
+    if (frame.size.height != now.size.height) window->setFrame({frame.origin, {now.size.width, frame.size.height}});
 }
 
 long Autocompletion::popupAssistantAt(NSPoint point, const id&) {

@@ -80,9 +80,13 @@ private:
     struct OwnWindow;
     void makeList();
     void type(std::u16string_view keys);
+    NSRect frameFor(long rows) const;
     void place(NSPoint point);
+    void fit();
 
     id view_, list_;
+    NSPoint foot_;  // of the insertion point, on the screen
+    bool isAbove_ = false;
     velt::CompletionPopup* popup_ = nullptr;
     std::unique_ptr<OwnWindow> ownWindow_;
     std::unique_ptr<velt::CompletionPopup> ownPopup_;

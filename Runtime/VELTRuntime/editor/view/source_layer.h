@@ -7,6 +7,8 @@
 
 namespace velt {
 
+class ViewTarget;
+
 /// Keeps a buffer in step with a storage, and its inks. Attributes that a program lays get inks of their own, one for
 /// each different background and one for each different rest.
 class SourceLayer final : public TemporaryLayer {
@@ -17,6 +19,10 @@ public:
     const SourceBuffer& buffer() const { return buffer_; }
     /// For changes that the storage gets later, as one.
     SourceBuffer& changeableBuffer() { return buffer_; }
+    const NSTextStorage& storage() const { return *storage_; }
+    /// Who made changes that only the buffer has; null when there are none.
+    ViewTarget* ahead() const { return ahead_; }
+    void setAhead(ViewTarget* target) { ahead_ = target; }
     /// The storage gets what the buffer has already.
     void setIsAhead(bool flag) { isAhead_ = flag; }
     Highlighter& highlighter() { return highlighter_; }
@@ -35,6 +41,7 @@ private:
     SourceBuffer buffer_;
     DisplayAttributes inks_;
     Highlighter highlighter_;
+    ViewTarget* ahead_ = nullptr;
     bool isAhead_ = false;
     std::vector<id> laid_;  // what programs laid; its first one is behind the editor's own inks
 };

@@ -39,7 +39,7 @@ id boxed(std::optional<bool> found) { return found ? VELT_ID(static_cast<BOOL>(*
 
 }  // namespace
 
-VLTextView::VLTextView(NSRect frame) : NSTextView(frame) {
+VLTextView::VLTextView(NSRect frame) : NSTextView(frame), layer_(nullptr) {
     const id storage = textStorage(), manager = layoutManager();
     auto layer = std::make_unique<velt::SourceLayer>(Ref<NSTextStorage>(velt::as<NSTextStorage>(storage)));
     layer_ = layer.get();
@@ -80,6 +80,15 @@ void VLTextView::dissolve() {
 }
 
 const velt::SourceBuffer& VLTextView::buffer() const { return layer_->buffer(); }
+
+void VLTextView::textNeeded() const {
+    if (velt::ViewTarget* ahead = layer_ ? layer_->ahead() : nullptr) ahead->giveToView();
+}
+
+id VLTextView::undoManager() {
+    textNeeded();
+    return NSTextView::undoManager();
+}
 
 // Files.
 

@@ -158,12 +158,14 @@ public:
     /// Moves breakpoints and line separators from a position on.
     void moveEntriesFrom(std::size_t position, int by);
 
+    id undoManager() override;
     void visitOwned(velt::OwnedVisitor& visitor) override;
     void dissolve() override;
     static void describe(velt::ClassBuilder<VLTextView>& c);
 
 protected:
     void syncWidget(QWidget& widget) override;
+    void textNeeded() const override;
     double shownScale() const override { return zoomFactor_; }
 
 private:

@@ -5,6 +5,7 @@
 #include "VELTRuntime/platform/appkit/text/text_widget.h"
 #include "VELTRuntime/platform/foundation/array.h"
 #include "VELTRuntime/platform/foundation/notification_center.h"
+#include "VELTRuntime/platform/foundation/plain_text.h"
 #include "VELTRuntime/platform/object/message.h"
 
 #include <QApplication>
@@ -19,6 +20,26 @@ constexpr std::string_view kDelegateHears[] = {
     "textView:shouldChangeTextInRange:replacementString:", "textDidChange:", "textViewDidChangeSelection:"};
 constexpr std::string_view kObserversHear[] = {"NSTextDidChangeNotification",
                                                "NSTextViewDidChangeSelectionNotification"};
+
+/// The view and the layer.
+constexpr std::uint32_t kOwnersOfStorage = 2;
+
+/// Has the view catch up before its widget works on an event: a program that is told of a change may have waited for
+/// some.
+class Watch final : public QObject {
+public:
+    Watch(ViewTarget& target, TextWidget& widget) : target_(target) {
+        widget.installEventFilter(this);
+        widget.viewport()->installEventFilter(this);
+    }
+    bool eventFilter(QObject*, QEvent*) override {
+        target_.giveToView();
+        return false;
+    }
+
+private:
+    ViewTarget& target_;
+};
 
 /// While it exists, what is shown anew and selected does not scroll the view.
 class PlaceKeeper {
@@ -36,11 +57,6 @@ private:
     const QPointer<TextWidget> widget_;
 };
 
-bool isPlain(const NSAttributedString& text) {
-    const auto runs = text.runs().runs();
-    return runs.empty() || (runs.size() == 1 && runs[0].attributes.isNil());
-}
-
 }  // namespace
 
 Class& SourceEdits::entry() {
@@ -48,9 +64,27 @@ Class& SourceEdits::entry() {
     return cls;
 }
 
-/// Somebody may want to know of each change, or the changes are more than text.
+ViewTarget::ViewTarget(VLTextView& view, SourceLayer* layer) : view_(view), layer_(layer) {}
+
+ViewTarget::~ViewTarget() {
+    if (layer_ && layer_->ahead() == this) layer_->setAhead(nullptr);
+}
+
+/// The changes are nothing but text, and whoever looks at it comes through the view.
+bool ViewTarget::canGather() const {
+    if (!layer_ || &view_.isa() != &VLTextView::entry() || !view_.isEditable() || !isPlain(layer_->storage())) {
+        return false;
+    }
+    if (layer_->storage().ownerCount() > kOwnersOfStorage) return false;
+    const auto ours = static_cast<std::uint32_t>(undoManagers_.size() + 1);
+    if (!undoManagers_.empty() && undoManagers_[0].isObject() && undoManagers_[0].object()->ownerCount() > ours) {
+        return false;
+    }
+    return !respondsTo(view_.delegate(), VELT_SELECTOR("undoManagerForTextView:"));
+}
+
+/// Somebody may want to know of each change.
 bool ViewTarget::isHeard() const {
-    if (!layer_ || &view_.isa() != &VLTextView::entry() || !view_.isEditable() || !isPlain(view_.shown())) return true;
     const id delegate = view_.delegate();
     for (const std::string_view name : kDelegateHears) {
         if (respondsTo(delegate, Selector::named(name))) return true;
@@ -62,6 +96,21 @@ bool ViewTarget::isHeard() const {
     return false;
 }
 
+void ViewTarget::begin() {
+    if (batch_ || layer_->ahead()) return;
+    batch_.emplace(Batch{isHeard(), rangesOfView()});
+    layer_->setAhead(this);
+    if (TextWidget* widget = view_.existingTextWidget()) watch_ = std::make_unique<Watch>(*this, *widget);
+}
+
+void ViewTarget::end() {
+    if (!batch_) return;
+    giveToView();
+    batch_.reset();
+    watch_.reset();
+    layer_->setAhead(nullptr);
+}
+
 std::vector<NSRange> ViewTarget::rangesOfView() const {
     const id list = view_.selectedRanges();
     std::vector<NSRange> ranges;
@@ -69,9 +118,15 @@ std::vector<NSRange> ViewTarget::rangesOfView() const {
     return ranges;
 }
 
-std::vector<NSRange> ViewTarget::selectedRanges() const { return batch_ ? batch_->selected : rangesOfView(); }
+std::vector<NSRange> ViewTarget::selectedRanges() const {
+    return batch_ && !isTold() ? batch_->selected : rangesOfView();
+}
 
 void ViewTarget::setSelectedRanges(std::vector<NSRange> ranges) {
+    if (isTold()) {
+        batch_->isSelectionNew = true;
+        return view_.selectAhead(std::move(ranges));
+    }
     if (batch_) {
         batch_->selected = std::move(ranges);
         batch_->isSelectionNew = true;
@@ -83,13 +138,17 @@ void ViewTarget::setSelectedRanges(std::vector<NSRange> ranges) {
 }
 
 bool ViewTarget::shouldChange(NSRange range, std::u16string_view with) {
-    if (batch_ && !batch_->edits.isEmpty()) return true;
-    giveToView();
+    if (batch_ && !isTold() && !batch_->edits.isEmpty()) return true;
+    if (!isTold()) giveToView();
     const bool may = VELT_CBOOL(send(self(), VELT_SELECTOR("shouldChangeTextInRange:replacementString:"),
                                      VELT_ID(range), string(std::u16string_view(with)))) != 0;
-    // Who was told that editing begins may have changed anything.
-    if (batch_ && isHeard()) batch_.reset();
-    if (batch_) batch_->selected = rangesOfView();
+    // Who was asked, or told that editing begins, may have changed anything.
+    if (batch_ && !canGather()) {
+        end();
+    } else if (batch_ && !isTold()) {
+        batch_->isHeard = isHeard();
+        batch_->selected = rangesOfView();
+    }
     return may && endOf(range) <= buffer().length();
 }
 
@@ -103,12 +162,27 @@ void ViewTarget::record(NSRange range, std::u16string_view with) {
     batch_->edits.add(range.location, buffer.view(range), with);
     buffer.replace(range, with);
     batch_->changed.textChanged(range, with.size());
-    for (NSRange& selected : batch_->selected) selected = movedBy(selected, range, with.size());
     if (batch_->shown) batch_->shown = movedBy(*batch_->shown, range, with.size());
+    if (isTold()) return view_.moveSelectionAhead(range, with.size());
+    for (NSRange& selected : batch_->selected) selected = movedBy(selected, range, with.size());
 }
 
 void ViewTarget::didChange() {
-    if (!batch_) send(self(), VELT_SELECTOR("didChangeText"));
+    if (!batch_ || isTold()) send(self(), VELT_SELECTOR("didChangeText"));
+}
+
+/// Puts a text in the place of a range without asking, with the insertion point behind it.
+void ViewTarget::put(NSRange range, std::u16string_view with) {
+    replace(range, with);
+    setSelectedRanges({{std::min(range.location + with.size(), buffer().length()), 0}});
+    didChange();
+    // Where somebody put the insertion point meanwhile counts.
+    const std::vector<NSRange> now = selectedRanges();
+    const NSRange caret{endOf(now.front()), 0};
+    if (batch_)
+        batch_->shown = caret;
+    else
+        view_.scrollRangeToVisible(caret);
 }
 
 void ViewTarget::insertText(std::u16string_view text) {
@@ -116,78 +190,65 @@ void ViewTarget::insertText(std::u16string_view text) {
         send(self(), VELT_SELECTOR("insertText:"), string(text));
         return;
     }
-    const NSRange range = batch_->selected.front();
-    if (!shouldChange(range, text)) return;
-    if (!batch_) {
-        change(range, text);
-        return view_.setSelectedRange({std::min(range.location + text.size(), buffer().length()), 0});
-    }
-    record(range, text);
-    batch_->selected = {{range.location + text.size(), 0}};
-    batch_->shown = batch_->selected.front();
+    const std::vector<NSRange> selected = selectedRanges();
+    if (shouldChange(selected.front(), text)) put(selected.front(), text);
 }
 
-/// The view gets what has gathered.
 void ViewTarget::giveToView() {
-    if (!batch_) return;
+    if (!batch_ || (batch_->edits.isEmpty() && !batch_->isSelectionNew)) return;
+    // Taken first: what shows the text asks for it.
+    Batch given = std::exchange(*batch_, Batch{batch_->isHeard, batch_->selected});
     const PlaceKeeper keeper(view_.existingTextWidget());
-    Batch given = std::exchange(*batch_, Batch{batch_->selected, {}, {}});
     if (!given.edits.isEmpty()) {
         const NSRange now = *given.changed.range();
-        const NSRange before{now.location, now.length + view_.textLength() - buffer().length()};
-        // One message takes all of it back.
-        const bool isUndoable = view_.allowsUndo();
-        view_.setAllowsUndo(false);
+        const NSRange before{now.location, now.length + layer_->storage().length() - buffer().length()};
+        const Ref<NSAttributedString> text = make<NSAttributedString>(buffer().view(now));
         layer_->setIsAhead(true);
-        view_.replaceCharactersWithAttributed(before, *make<NSAttributedString>(buffer().view(now)));
+        view_.catchUp(before, *text);
         layer_->setIsAhead(false);
-        view_.setAllowsUndo(isUndoable);
+        // One message takes all of it back.
         const id manager = view_.undoManager();
-        if (isUndoable && is<NSUndoManager>(manager)) {
+        if (view_.allowsUndo() && is<NSUndoManager>(manager)) {
             const id arguments[] = {make<SourceEdits>(std::move(given.edits))};
             as<NSUndoManager>(manager)->registerUndo(self(), VELT_SELECTOR("restoreEdits:"), arguments);
         }
-        given.isSelectionNew = true;
     }
-    if (!given.isSelectionNew) return;
-    const Ref<NSMutableArray> list = make<NSMutableArray>();
-    for (const NSRange& range : given.selected) list->append(VELT_ID(range));
-    view_.setSelectedRanges(list);
+    if (given.isSelectionNew || !given.isHeard) {
+        const Ref<NSMutableArray> list = make<NSMutableArray>();
+        for (const NSRange& range : given.isHeard ? rangesOfView() : given.selected) list->append(VELT_ID(range));
+        view_.setSelectedRanges(list);
+    }
     if (given.shown) view_.scrollRangeToVisible(*given.shown);
-    if (given.changed.range()) view_.didChangeText();
+    if (!given.isHeard && given.changed.range()) view_.didChangeText();
 }
 
 void ViewTarget::takeBack(const EditList& edits) {
-    const bool isOne = !batch_ && !isHeard();
-    if (isOne) batch_.emplace(Batch{rangesOfView(), {}, {}});
+    const bool gathers = !batch_ && canGather();
+    struct Gathering {
+        ~Gathering() {
+            if (target) target->end();
+        }
+        ViewTarget* target;
+    } const gathering{gathers ? this : nullptr};
+    if (gathers) begin();
     edits.takeBack([&](NSRange range, std::u16string_view with) {
         if (endOf(range) > buffer().length()) return;
-        if (!isOne) {
-            send(self(), VELT_SELECTOR("restoreCharactersInRange:from:"), VELT_ID(range),
-                 make<NSAttributedString>(with));
-            return;
-        }
-        record(range, with);
-        batch_->selected = {{range.location + with.size(), 0}};
-        batch_->shown = batch_->selected.front();
+        if (batch_ && gathers && !canGather()) end();
+        if (batch_ && gathers) return put(range, with);
+        send(self(), VELT_SELECTOR("restoreCharactersInRange:from:"), VELT_ID(range), make<NSAttributedString>(with));
     });
-    if (!isOne) return;
-    giveToView();
-    batch_.reset();
 }
 
 void ViewTarget::beginCommand() {
-    id manager = view_.undoManager();
+    // A command within another one has that one's; the view would catch up for who asks it.
+    id manager = batch_ && !undoManagers_.empty() ? undoManagers_.front() : view_.undoManager();
     if (is<NSUndoManager>(manager)) as<NSUndoManager>(manager)->beginUndoGrouping();
     undoManagers_.push_back(std::move(manager));
-    if (!batch_ && undoManagers_.size() == 1 && !isHeard()) batch_.emplace(Batch{rangesOfView(), {}, {}});
+    if (undoManagers_.size() == 1 && canGather()) begin();
 }
 
 void ViewTarget::endCommand() {
-    if (undoManagers_.size() == 1) {
-        giveToView();
-        batch_.reset();
-    }
+    if (undoManagers_.size() == 1) end();
     const id manager = std::move(undoManagers_.back());
     undoManagers_.pop_back();
     // The program may have ended the group.

@@ -1,6 +1,7 @@
 // An editor view as the editor's commands see it. Every change goes to the view as messages by name, so that a
-// program's subclass and its delegate have their say. Where nobody would have one, the changes of a command are made on
-// the editor's own copy of the text, and the view gets them as one; all else is as if they had come one by one.
+// program's subclass has its say. Where nobody would have one, the changes of a command are made on the editor's own
+// copy of the text, and the view gets them as one. Whoever is asked and told of single changes is, in their order; the
+// view catches up as soon as somebody looks at it.
 #pragma once
 
 #include "VELTRuntime/editor/changed_range.h"
@@ -8,6 +9,8 @@
 #include "VELTRuntime/editor/edit_target.h"
 #include "VELTRuntime/editor/view/source_layer.h"
 #include "VELTRuntime/editor/view/source_view.h"
+
+class QObject;
 
 namespace velt {
 
@@ -24,7 +27,8 @@ public:
 class ViewTarget final : public EditTarget {
 public:
     /// Without the layer each change goes to the view.
-    explicit ViewTarget(VLTextView& view, SourceLayer* layer = nullptr) : view_(view), layer_(layer) {}
+    explicit ViewTarget(VLTextView& view, SourceLayer* layer = nullptr);
+    ~ViewTarget() override;
 
     const SourceBuffer& buffer() const override { return view_.buffer(); }
     std::vector<NSRange> selectedRanges() const override;
@@ -42,20 +46,27 @@ public:
     void beep() override;
     /// Takes the changes of a command back, as a message of the undo manager.
     void takeBack(const EditList& edits);
+    /// The view gets what has gathered.
+    void giveToView();
 
 private:
     /// What a command has changed that the view does not know of yet.
     struct Batch {
-        std::vector<NSRange> selected;
-        EditList edits;
-        ChangedRange changed;
+        bool isHeard = false;           // somebody is told of each change, and the view has the selection
+        std::vector<NSRange> selected;  // otherwise
+        EditList edits{};
+        ChangedRange changed{};
         std::optional<NSRange> shown{};  // where the insertion point was shown last
         bool isSelectionNew = false;
     };
 
+    bool canGather() const;
     bool isHeard() const;
+    void begin();
+    void end();
+    bool isTold() const { return batch_ && batch_->isHeard; }
     std::vector<NSRange> rangesOfView() const;
-    void giveToView();
+    void put(NSRange range, std::u16string_view with);
     void record(NSRange range, std::u16string_view with);
     id self() const { return id(static_cast<NSObject*>(&view_)); }
     void highlight(bool whole);
@@ -63,7 +74,8 @@ private:
     VLTextView& view_;
     SourceLayer* layer_;
     std::optional<Batch> batch_;
-    std::vector<id> undoManagers_;  // in which the running commands began their groups
+    std::unique_ptr<QObject> watch_;  // for events of the view's widget
+    std::vector<id> undoManagers_;    // in which the running commands began their groups
 };
 
 }  // namespace velt

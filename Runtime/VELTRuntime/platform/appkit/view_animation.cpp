@@ -2,6 +2,7 @@
 
 #include "VELTRuntime/platform/appkit/application_object.h"
 #include "VELTRuntime/platform/appkit/event_delivery.h"
+#include "VELTRuntime/platform/appkit/panels/frame_animation.h"
 #include "VELTRuntime/platform/appkit/window.h"
 #include "VELTRuntime/platform/foundation/array.h"
 #include "VELTRuntime/platform/foundation/dictionary.h"
@@ -18,13 +19,6 @@ using velt::Ref;
 namespace {
 
 enum class Effect { None, FadeIn, FadeOut };
-
-double between(double a, double b, double part) { return a + (b - a) * part; }
-
-NSRect between(const NSRect& a, const NSRect& b, double part) {
-    return {{between(a.origin.x, b.origin.x, part), between(a.origin.y, b.origin.y, part)},
-            {between(a.size.width, b.size.width, part), between(a.size.height, b.size.height, part)}};
-}
 
 bool isText(const id& value, std::string_view text) { return velt::isString(value) && velt::utf8(value) == text; }
 
@@ -54,7 +48,7 @@ public:
         }
     }
     void go(double part) {
-        if (moves_) setFrame(between(first_, last_, part));
+        if (moves_) setFrame(velt::between(first_, last_, part));
         if (effect_ != Effect::None) setOpacity(effect_ == Effect::FadeIn ? part : 1 - part);
     }
     void arrive() {

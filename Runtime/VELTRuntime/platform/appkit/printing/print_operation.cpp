@@ -92,6 +92,7 @@ bool NSPrintOperation::runOperation() {
     if (isDisposition(*info_, u"NSPrintCancelJob")) return false;
     const Current running(*this);
     const bool saves = isDisposition(*info_, u"NSPrintSaveJob");
+    const bool previews = isDisposition(*info_, u"NSPrintPreviewJob");
     const QString path = QString::fromStdString(saves ? info_->savingPath() : std::string());
     Wishes wishes;
     if (showsPrintPanel_) {
@@ -99,10 +100,11 @@ bool NSPrintOperation::runOperation() {
         if (saves) printer.setOutputFormat(QPrinter::PdfFormat);
         if (!path.isEmpty()) printer.setOutputFileName(path);
         if (!ask(printer, wishes)) return false;
+        if (previews) return preview(wishes);
         if (printer.outputFormat() == QPrinter::PdfFormat) return printToFile(printer.outputFileName(), wishes);
         return printTo(printer, wishes);
     }
-    if (isDisposition(*info_, u"NSPrintPreviewJob")) return preview(wishes);
+    if (previews) return preview(wishes);
     if (saves) return printToFile(path, wishes);
     const QPrinterInfo usual = QPrinterInfo::defaultPrinter();
     if (usual.isNull()) return false;
@@ -150,10 +152,13 @@ bool NSPrintOperation::printToFile(const QString& path, const Wishes& wishes) {
 
 bool NSPrintOperation::preview(const Wishes& wishes) {
     QTemporaryFile file(QDir::tempPath() + QStringLiteral("/XXXXXX.pdf"));
-    file.setAutoRemove(false);  // the viewer opens it when this program may long have ended
     if (!file.open()) return false;
     file.close();
-    return printToFile(file.fileName(), wishes) && QDesktopServices::openUrl(QUrl::fromLocalFile(file.fileName()));
+    if (!printToFile(file.fileName(), wishes) || !QDesktopServices::openUrl(QUrl::fromLocalFile(file.fileName()))) {
+        return false;
+    }
+    file.setAutoRemove(false);  // the viewer opens it when this program may long have ended
+    return true;
 }
 
 bool NSPrintOperation::printTo(QPagedPaintDevice& device, const Wishes& wishes) {

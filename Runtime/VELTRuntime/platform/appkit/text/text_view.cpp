@@ -49,13 +49,13 @@ void NSTextView::visitOwned(velt::OwnedVisitor& visitor) {
 
 // The text.
 
-id NSTextView::string() const { return storage_->string(); }
+id NSTextView::string() const { return storage()->string(); }
 
 void NSTextView::setString(const id& text) {
     const id content = VELT_CSTRING(text);
     if (undoManager_) undoManager_->removeAllActionsWithTarget(id(static_cast<NSObject*>(this)));
     last_ = {};
-    storage_->setAttributedString(*velt::make<NSAttributedString>(velt::textOf(content)));
+    storage()->setAttributedString(*velt::make<NSAttributedString>(velt::textOf(content)));
 }
 
 void NSTextView::requireRange(const char* operation, NSRange range) const {
@@ -71,14 +71,14 @@ void NSTextView::replaceCharacters(NSRange range, const id& text) {
     const id content = VELT_CSTRING(text);
     const std::u16string_view units = velt::textOf(content);
     replaceCharactersWithAttributed(range,
-                                    *velt::make<NSAttributedString>(units, storage_->attributesForReplacing(range)));
+                                    *velt::make<NSAttributedString>(units, storage()->attributesForReplacing(range)));
 }
 
 void NSTextView::replaceCharactersWithAttributed(NSRange range, const NSAttributedString& text) {
     requireRange("replaceCharactersInRange:withAttributedString:", range);
     registerUndo(range, text.length());
     const bool outer = std::exchange(editing_, true);
-    storage_->replaceCharacters(range, text);
+    storage()->replaceCharacters(range, text);
     editing_ = outer;
 }
 
@@ -97,6 +97,7 @@ void NSTextView::storageChanged(NSRange range, std::size_t newLength, bool textC
     if (!editing_) last_ = {};
     layoutManager_->textChanged(range, newLength);
     if (widget) widget->textChanged(range, newLength);
+    if (isSelectionAhead_) return;
     std::vector<NSRange> moved;
     for (const NSRange& selected : ranges_) moved.push_back(velt::movedBy(selected, range, newLength));
     // A selection that only goes along with what the program does to the text scrolls nothing.
@@ -144,6 +145,27 @@ void NSTextView::select(std::vector<NSRange> ranges, bool forward) {
     if (!same) tell("textViewDidChangeSelection:", "NSTextViewDidChangeSelectionNotification");
 }
 
+void NSTextView::selectAhead(std::vector<NSRange> ranges) {
+    last_ = {};
+    if (ranges == ranges_) return;
+    ranges_ = std::move(ranges);
+    tell("textViewDidChangeSelection:", "NSTextViewDidChangeSelectionNotification");
+}
+
+void NSTextView::moveSelectionAhead(NSRange range, std::size_t newLength) {
+    std::vector<NSRange> moved;
+    for (const NSRange& selected : ranges_) moved.push_back(velt::movedBy(selected, range, newLength));
+    selectAhead(std::move(moved));
+}
+
+void NSTextView::catchUp(NSRange range, const NSAttributedString& text) {
+    const bool wasAhead = std::exchange(isSelectionAhead_, true), wasEditing = std::exchange(editing_, true);
+    storage_->replaceCharacters(range, text);
+    editing_ = wasEditing;
+    isSelectionAhead_ = wasAhead;
+    showSelection();
+}
+
 void NSTextView::showSelection() {
     TextWidget* widget = existingTextWidget();
     if (!widget) return;
@@ -184,18 +206,18 @@ id NSTextView::font() const { return velt::is<NSFont>(font_) ? font_ : id(velt::
 
 void NSTextView::setFont(const id& font) {
     font_ = font;
-    if (textLength() > 0) storage_->removeAttribute(velt::attribute::font(), {0, storage_->length()});
+    if (textLength() > 0) storage()->removeAttribute(velt::attribute::font(), {0, storage()->length()});
     changed();
 }
 
 void NSTextView::setTextColor(const id& color) {
     textColor_ = color;
-    if (textLength() > 0) storage_->removeAttribute(velt::attribute::foregroundColor(), {0, storage_->length()});
+    if (textLength() > 0) storage()->removeAttribute(velt::attribute::foregroundColor(), {0, storage()->length()});
     changed();
 }
 
 void NSTextView::setRichText(bool flag) {
-    if (!flag && textLength() > 0) storage_->setAttributes(nil, {0, storage_->length()});
+    if (!flag && textLength() > 0) storage()->setAttributes(nil, {0, storage()->length()});
     NSText::setRichText(flag);
 }
 
@@ -205,7 +227,10 @@ void NSTextView::temporaryAttributesChanged() {
 
 // The widget.
 
-TextWidget* NSTextView::existingTextWidget() const { return static_cast<TextWidget*>(existingWidget()); }
+TextWidget* NSTextView::existingTextWidget() const {
+    textNeeded();
+    return static_cast<TextWidget*>(existingWidget());
+}
 
 std::unique_ptr<QWidget> NSTextView::makeWidget() { return std::make_unique<TextWidget>(); }
 

@@ -28,11 +28,11 @@ public:
     void setString(const id& text) override;
     void replaceCharacters(NSRange range, const id& text) override;
     virtual void replaceCharactersWithAttributed(NSRange range, const NSAttributedString& text);
-    virtual id textStorage() const { return storage_; }
-    virtual std::size_t textLength() const { return storage_->length(); }
+    virtual id textStorage() const { return storage(); }
+    virtual std::size_t textLength() const { return storage()->length(); }
     /// The text; valid until it is changed.
-    virtual std::u16string_view text() const { return storage_->view(); }
-    virtual id attributedPart(NSRange range) const { return storage_->attributedSubstring(range); }
+    virtual std::u16string_view text() const { return storage()->view(); }
+    virtual id attributedPart(NSRange range) const { return storage()->attributedSubstring(range); }
     virtual id undoManager();
 
     // The selection; further ranges are shown, and copied with the first one.
@@ -100,7 +100,12 @@ public:
     const velt::TemporaryLayer& temporaryLayer() const { return layoutManager_->temporaryLayer(); }
     NSRange charactersIn(NSRect rect) const;
     velt::TextWidget* existingTextWidget() const;
-    const NSAttributedString& shown() const { return *storage_; }
+    const NSAttributedString& shown() const { return *storage(); }
+    // For a subclass that changes many places before anybody looks: the selection goes ahead, as if the text had been
+    // changed, and the text comes behind it as one.
+    void moveSelectionAhead(NSRange range, std::size_t newLength);
+    void selectAhead(std::vector<NSRange> ranges);
+    void catchUp(NSRange range, const NSAttributedString& text);
     // The widget's reports.
     void selectedByWidget(std::size_t anchor, std::size_t position);
     void keyboardComes();
@@ -121,6 +126,8 @@ public:
 protected:
     std::unique_ptr<QWidget> makeWidget() override;
     void syncWidget(QWidget& widget) override;
+    /// The text or what shows it is about to be used.
+    virtual void textNeeded() const {}
     /// How many times its size the text is shown.
     virtual double shownScale() const { return 1; }
 
@@ -135,6 +142,7 @@ private:
         id before;      // what was there, an attributed string
     };
 
+    const velt::Ref<NSTextStorage>& storage() const { return textNeeded(), storage_; }
     void storageChanged(NSRange range, std::size_t newLength, bool textChanged) override;
     void registerUndo(NSRange range, std::size_t newLength);
     bool joinUndo(NSRange range, std::size_t newLength, const id& before);
@@ -155,6 +163,7 @@ private:
     std::vector<NSRange> ranges_{NSRange{}};
     bool forward_ = true;  // the insertion point is at the end of the selection
     bool allowsUndo_ = true, editing_ = false, begun_ = false;
+    bool isSelectionAhead_ = false;  // of a change of the storage that is under way
     Joins joins_ = Joins::No;
     Undoable last_;
 };

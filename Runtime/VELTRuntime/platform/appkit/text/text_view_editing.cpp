@@ -110,7 +110,7 @@ bool NSTextView::shouldChangeText(NSRange range, const id& replacement) {
     if (!isEditable()) return false;
     static const velt::Selector begins = velt::Selector::named("textShouldBeginEditing:");
     static const velt::Selector asks = velt::Selector::named("textView:shouldChangeTextInRange:replacementString:");
-    const TextWidget* widget = existingTextWidget();
+    const QWidget* widget = existingWidget();
     const bool starts = !begun_ && widget && widget->hasFocus();
     if (starts && velt::respondsTo(delegate(), begins) && !VELT_CBOOL(velt::send(delegate(), begins, object(this)))) {
         return false;
