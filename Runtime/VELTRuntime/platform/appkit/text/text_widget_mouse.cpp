@@ -7,6 +7,7 @@
 #include "VELTRuntime/platform/appkit/text/text_widget.h"
 #include "VELTRuntime/platform/appkit/view_events.h"
 #include "VELTRuntime/platform/foundation/attribute_names.h"
+#include "VELTRuntime/platform/foundation/plain_text.h"
 
 #include <QApplication>
 #include <QClipboard>
@@ -252,9 +253,7 @@ id textFrom(const QMimeData& source, bool rich) {
 std::unique_ptr<QMimeData> mimeDataOf(const NSAttributedString& text, bool rich, const QFont& font) {
     auto data = std::make_unique<QMimeData>();
     data->setText(qtText(text.view()));
-    const auto runs = text.runs().runs();
-    const bool plain = runs.empty() || (runs.size() == 1 && runs[0].attributes.isNil());
-    if (rich && !plain) data->setHtml(htmlOf(text, font));
+    if (rich && !isPlain(text)) data->setHtml(htmlOf(text, font));
     return data;
 }
 
