@@ -14,8 +14,10 @@
 
 #include <QApplication>
 #include <QEventLoop>
+#include <QLayout>
 #include <QMainWindow>
 #include <QWindow>
+#include <cmath>
 
 using velt::CompletionPopup;
 using velt::Ref;
@@ -201,7 +203,18 @@ void Autocompletion::fit() {
     if (!velt::is<FloatingKeyWindow>(window_)) return;
     auto& window = *velt::as<FloatingKeyWindow>(window_);
     const NSRect frame = frameFor(numberOfRows(nil)), now = window.frame();
-    if (frame.size.height != now.size.height) window.setFrame({frame.origin, {now.size.width, frame.size.height}});
+    if (frame.size.height == now.size.height) return;
+    QMainWindow& shown = window.widget();
+    QRect place = shown.geometry();
+    window.setFrame({frame.origin, {now.size.width, frame.size.height}});
+    // The toolkit keeps a window as large as its content was until the new size has come to its layout.
+    shown.layout()->activate();
+    const int height = static_cast<int>(std::lround(frame.size.height));
+    if (isAbove_)
+        place.setTop(place.bottom() + 1 - height);
+    else
+        place.setHeight(height);
+    shown.setGeometry(place);
 }
 
 long Autocompletion::popupAssistantAt(NSPoint point, const id&) {
