@@ -248,6 +248,7 @@ TEST_F(EditorCompletion, IsAsHighAsItsNamesNeedOnItsSideOfTheLine) {
                 EXPECT_EQ(ten.origin.y, one.origin.y);
             else
                 EXPECT_EQ(ten.origin.y + ten.size.height, one.origin.y + one.size.height);
+            EXPECT_EQ(static_cast<int>(one.size.height), list()->window()->height());
             keepPicture(velt::as<NSWindow>(myFloatingKeyWindow)->widget(), "completion-one");
             shown.key(Qt::Key_Backspace);
             shown.key(Qt::Key_Backspace);

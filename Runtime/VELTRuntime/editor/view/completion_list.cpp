@@ -14,8 +14,10 @@
 
 #include <QApplication>
 #include <QEventLoop>
+#include <QLayout>
 #include <QMainWindow>
 #include <QWindow>
+#include <cmath>
 
 using velt::CompletionPopup;
 using velt::Ref;
