@@ -14,10 +14,8 @@
 
 #include <QApplication>
 #include <QEventLoop>
-#include <QLayout>
 #include <QMainWindow>
 #include <QWindow>
-#include <cmath>
 
 using velt::CompletionPopup;
 using velt::Ref;
