@@ -15,6 +15,7 @@
 #include <map>
 #include <memory>
 #include <optional>
+#include <tuple>
 
 namespace velt {
 
@@ -61,7 +62,8 @@ public:
     /// A row of a line.
     struct Row {
         std::size_t line = 0, row = 0;
-        friend auto operator<=>(const Row&, const Row&) = default;
+        friend bool operator==(const Row&, const Row&) = default;
+        friend bool operator<(const Row& a, const Row& b) { return std::tie(a.line, a.row) < std::tie(b.line, b.row); }
     };
     /// Which lines an edit has touched, as they are now, how many more there are, and how high these were; nothing
     /// where not all were laid out.
