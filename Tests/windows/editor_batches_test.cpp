@@ -31,8 +31,8 @@ std::string stateOf(const EditorWindow& shown) {
 }
 
 /// Writes down all that it hears, and what it sees of the view then.
-class Listener : public NSObject {
-    VELT_OBJECT(Listener, NSObject)
+class ChangeListener : public NSObject {
+    VELT_OBJECT(ChangeListener, NSObject)
 
 public:
     bool shouldChange(const id& view, const id& range, const id& text) {
@@ -41,10 +41,10 @@ public:
     }
     void changed(const id& notification) { note("!", velt::send(notification, "object")); }
     void selected(const id& notification) { note("s", velt::send(notification, "object")); }
-    static void describe(velt::ClassBuilder<Listener>& c) {
-        c.method("textView:shouldChangeTextInRange:replacementString:", &Listener::shouldChange)
-            .method("textDidChange:", &Listener::changed)
-            .method("textViewDidChangeSelection:", &Listener::selected);
+    static void describe(velt::ClassBuilder<ChangeListener>& c) {
+        c.method("textView:shouldChangeTextInRange:replacementString:", &ChangeListener::shouldChange)
+            .method("textDidChange:", &ChangeListener::changed)
+            .method("textViewDidChangeSelection:", &ChangeListener::selected);
     }
     std::string log;
     unsigned long calls = 0, looks = 0, refuses = 0;
@@ -127,7 +127,7 @@ public:
     }
     /// How often the listeners look at the text and refuse a change; 0 for never.
     void listen(unsigned long looks, unsigned long refuses) {
-        for (const Ref<Listener>& each : {stepHost, toldHost}) {
+        for (const Ref<ChangeListener>& each : {stepHost, toldHost}) {
             each->log.clear();
             each->calls = 0;
             each->looks = looks;
@@ -177,7 +177,7 @@ public:
 
     EditorWindow atOnce, bySteps, told;
     const std::array<const EditorWindow*, 3> all{&atOnce, &bySteps, &told};
-    Ref<Listener> stepHost = velt::make<Listener>(), toldHost = velt::make<Listener>();
+    Ref<ChangeListener> stepHost = velt::make<ChangeListener>(), toldHost = velt::make<ChangeListener>();
     // Who has the storage itself sees each change in it at once.
     const id storage = velt::send(bySteps.view, "textStorage");
 
