@@ -56,7 +56,7 @@ protected:
         return text;
     }
 
-    ControlWindow window;
+    ControlWindow window{{{50, 60}, {340, 260}}};
     Ref<NSTextView> view;
     TextWidget* widget = nullptr;
 };
