@@ -75,7 +75,11 @@ void VLTextView::visitOwned(velt::OwnedVisitor& visitor) {
 }
 
 void VLTextView::dissolve() {
-    if (parts_) parts_->completion.stopTimer();
+    if (parts_) {
+        parts_->completion.stopTimer();
+        parts_->target.leave();
+    }
+    layer_ = nullptr;  // it ends with the layout manager
     NSTextView::dissolve();
 }
 

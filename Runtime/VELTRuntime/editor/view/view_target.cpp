@@ -66,8 +66,13 @@ Class& SourceEdits::entry() {
 
 ViewTarget::ViewTarget(VLTextView& view, SourceLayer* layer) : view_(view), layer_(layer) {}
 
-ViewTarget::~ViewTarget() {
+ViewTarget::~ViewTarget() { leave(); }
+
+void ViewTarget::leave() {
     if (layer_ && layer_->ahead() == this) layer_->setAhead(nullptr);
+    layer_ = nullptr;
+    batch_.reset();
+    watch_.reset();
 }
 
 /// The changes are nothing but text, and whoever looks at it comes through the view.

@@ -30,6 +30,9 @@ public:
     explicit ViewTarget(VLTextView& view, SourceLayer* layer = nullptr);
     ~ViewTarget() override;
 
+    /// The layer is about to end: what the view has not got yet is dropped, as the view ends with it.
+    void leave();
+
     const SourceBuffer& buffer() const override { return view_.buffer(); }
     std::vector<NSRange> selectedRanges() const override;
     void setSelectedRanges(std::vector<NSRange> ranges) override;
