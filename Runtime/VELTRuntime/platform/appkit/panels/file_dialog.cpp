@@ -74,7 +74,7 @@ void FileDialog::accept() {
         if (!mayChoose(path)) return refuse(path);
     }
     chosen_ = files;
-    QDialog::accept();
+    QDialog::accept();  // NOLINT(bugprone-parent-virtual-call): the file dialog itself would ask about them again
 }
 
 QStringList FileDialog::paths() const {

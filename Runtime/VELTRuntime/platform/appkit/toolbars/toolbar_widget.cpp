@@ -25,7 +25,7 @@ QIcon toolbarIcon(const NSToolbarItem& item) {
 
 QString toolbarName(const NSToolbarItem& item) {
     for (const id& text : {item.paletteLabel(), item.label(), item.toolTip(), item.itemIdentifier()}) {
-        if (const QString name = qtText(text); !name.isEmpty()) return name;
+        if (QString name = qtText(text); !name.isEmpty()) return name;
     }
     return {};
 }
