@@ -96,7 +96,7 @@ void open(const char* path) {
     shown.widget().viewport()->update();
     watch.wait();
     steps.end("open");
-    editor::loadAll();
+    editor::settle();
     malloc_trim(0);
     const auto units = static_cast<double>(shown.editor().textLength());
     std::printf("memory %.3f\n", static_cast<double>(form::residentKilobytes() - before) * 1024 / units);
@@ -113,7 +113,7 @@ template <class Command> void command(const std::string& text, bool hasDelegate,
     const Shown shown(hasDelegate);
     shown.set(text);
     velt::send(shown.view, VELT_SELECTOR("performSyntaxHighlighting::"), shown.view, VELT_ID(static_cast<BOOL>(1)));
-    editor::loadAll();
+    editor::settle();
     form::Steps steps;
     run(shown.view);
     steps.end("done");
@@ -121,7 +121,7 @@ template <class Command> void command(const std::string& text, bool hasDelegate,
     steps.end("painted");
     VELT_NSTEXTVIEW_UNDO(shown.view);
     steps.end("undone");
-    editor::loadAll();
+    editor::settle();
     if (VELT_CBOOL(VELT_NSTEXTVIEW_CANUNDO(shown.view))) std::printf("undone_in_several_steps 1\n");
     if (velt::utf8(VELT_NSTEXTVIEW_VALUE(shown.view)) != text) std::printf("not_undone 1\n");
 }

@@ -44,8 +44,8 @@ inline void settle() {
     for (int i = 0; i < 3; ++i) QApplication::processEvents();
 }
 
-/// A long text comes into the document while nothing else happens.
-inline void loadAll() {
+/// What a peer puts off until nothing else happens, it does now.
+inline void finishAll() {
     for (int i = 0; i < 500; ++i) QApplication::processEvents();
 }
 
@@ -112,7 +112,7 @@ template <class Peer, class Widget> int runPeer(int count, char** arguments) {
         const int lines = std::atoi(arguments[2]);
         peer.setText(source(lines));
         peer.goToLine(lines / 2);
-        loadAll();
+        finishAll();
         typeKeys(widget, *widget.viewport());
     }
     if (work == "open") {
@@ -128,7 +128,7 @@ template <class Peer, class Widget> int runPeer(int count, char** arguments) {
         steps.end("open");
         const auto units = static_cast<double>(text.size());
         text = {};
-        loadAll();
+        finishAll();
         malloc_trim(0);
         std::printf("memory %.3f\n", static_cast<double>(form::residentKilobytes() - before) * 1024 / units);
         form::Steps more;

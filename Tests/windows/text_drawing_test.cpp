@@ -142,6 +142,10 @@ TEST_F(TextDrawing, LeavesASelectionAtTheEndThatAMovementGoesTo) {
     view->setSelectedRange({4, 3});
     key(Qt::Key_Right);
     EXPECT_EQ("{7, 0}", selected());
+    view->setSelectedRange({3, 0});
+    key(Qt::Key_Home, Qt::ShiftModifier);  // with the insertion point at the begin of the text
+    key(Qt::Key_Right);
+    EXPECT_EQ("{3, 0}", selected());
     view->setSelectedRange({4, 3});
     key(Qt::Key_Down);
     EXPECT_EQ("{18, 0}", selected());

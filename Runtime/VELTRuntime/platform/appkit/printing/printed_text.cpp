@@ -5,6 +5,7 @@
 #include "VELTRuntime/platform/appkit/qt_values.h"
 #include "VELTRuntime/platform/appkit/text/rich_text.h"
 #include "VELTRuntime/platform/appkit/text/text_positions.h"
+#include "VELTRuntime/values/text/line_index.h"
 
 #include <QPainter>
 #include <QTextLayout>
@@ -18,8 +19,6 @@ constexpr double kTabStop = 80;  // as on the screen
 
 constexpr Qt::Alignment kAlignments[] = {Qt::AlignLeft | Qt::AlignAbsolute, Qt::AlignRight | Qt::AlignAbsolute,
                                          Qt::AlignHCenter, Qt::AlignJustify, Qt::AlignLeading};
-
-bool endsLine(char16_t unit) { return unit == u'\n' || unit == u'\r' || unit == u'\u2029'; }
 
 }  // namespace
 

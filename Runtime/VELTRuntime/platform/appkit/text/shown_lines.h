@@ -96,7 +96,6 @@ public:
 
     /// A line, laid out. Valid until something changes or is trimmed.
     Line& line(std::size_t number);
-    bool isLaidOut(std::size_t number) const { return lines_.count(number) > 0; }
     /// The looks of lines may be others by now.
     void looksChanged() { ++looks_; }
     /// Gives a laid out line its looks anew where they are others by now; whether they were.

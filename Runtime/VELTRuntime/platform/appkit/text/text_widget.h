@@ -163,7 +163,7 @@ private:
     void selectByPerson(std::size_t anchor, std::size_t position);
     void moveBy(QTextCursor::MoveOperation operation, bool keepsAnchor);
     void moveByPage(bool down, bool keepsAnchor);
-    bool moveByKey(const QKeyEvent& event);
+    bool moveByKey(QKeyEvent& event);
     static bool isMovement(const QKeyEvent& event);
     NSRange unitAt(std::size_t position) const;
     void extendTo(std::size_t position);

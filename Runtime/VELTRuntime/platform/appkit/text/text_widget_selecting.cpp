@@ -1,5 +1,6 @@
 // How a person moves about and selects in a text view's widget.
 #include "VELTRuntime/platform/appkit/event_delivery.h"
+#include "VELTRuntime/platform/appkit/text/text_positions.h"
 #include "VELTRuntime/platform/appkit/text/text_view.h"
 #include "VELTRuntime/platform/appkit/text/text_widget.h"
 #include "VELTRuntime/platform/appkit/view_events.h"
@@ -122,7 +123,7 @@ void TextWidget::moveBy(QTextCursor::MoveOperation operation, bool keepsAnchor) 
         // A selection is left at the end that the movement goes to.
         const bool isSideways = operation == QTextCursor::Left || operation == QTextCursor::Right;
         const std::size_t next = lines_.moved(from, operation, 0);
-        if (isSideways) return place(next < from || from == 0 ? selectionBegin() : selectionEnd(), false);
+        if (isSideways) return place(next < from || next == 0 ? selectionBegin() : selectionEnd(), false);
         if (operation == QTextCursor::Up) from = selectionBegin();
         if (operation == QTextCursor::Down) from = selectionEnd();
     }
@@ -143,8 +144,7 @@ void TextWidget::moveByPage(bool down, bool keepsAnchor) {
     across_ = across;
 }
 
-bool TextWidget::moveByKey(const QKeyEvent& event) {
-    auto& key = const_cast<QKeyEvent&>(event);  // which only asks
+bool TextWidget::moveByKey(QKeyEvent& key) {
     if (!isSelectable_) {
         QAbstractScrollArea::keyPressEvent(&key);  // scrolls
         return key.isAccepted();
@@ -166,8 +166,7 @@ bool TextWidget::moveByKey(const QKeyEvent& event) {
     return false;
 }
 
-bool TextWidget::isMovement(const QKeyEvent& event) {
-    auto& key = const_cast<QKeyEvent&>(event);
+bool TextWidget::isMovement(const QKeyEvent& key) {
     return std::any_of(std::begin(kKeyMovements), std::end(kKeyMovements),
                        [&](const KeyMovement& row) { return key.matches(row.moves) || key.matches(row.selects); });
 }
@@ -203,27 +202,18 @@ NSRange TextWidget::unitAt(std::size_t position) const {
     const std::u16string_view text = line.length > 0 ? lines_.text().substr(line.location, line.length) : u"";
     if (text.empty()) return {position, 0};
     std::size_t begin = std::min<std::size_t>(position - line.location, text.size());
-    // Behind the last character of a line, or of a word, that one is meant.
+    // Behind the last character of a line, that one is meant.
+    if (begin == text.size()) begin = positionBefore(text, begin);
     const auto kindAt = [&](std::size_t at) {
         const bool isPair =
             at + 1 < text.size() && QChar::isHighSurrogate(text[at]) && QChar::isLowSurrogate(text[at + 1]);
         return kindOf(isPair ? QChar::surrogateToUcs4(text[at], text[at + 1]) : text[at]);
     };
-    const auto before = [&](std::size_t at) {
-        return at > 1 && QChar::isLowSurrogate(text[at - 1]) && QChar::isHighSurrogate(text[at - 2]) ? at - 2 : at - 1;
-    };
-    if (begin == text.size()) begin = before(begin);
     const CharacterKind kind = kindAt(begin);
-    std::size_t end = begin;
-    const auto behind = [&](std::size_t at) {
-        return at + 1 < text.size() && QChar::isHighSurrogate(text[at]) && QChar::isLowSurrogate(text[at + 1]) ? at + 2
-                                                                                                               : at + 1;
-    };
-    if (kind == CharacterKind::Other) {
-        end = behind(begin);  // signs stand for themselves
-    } else {
-        while (begin > 0 && kindAt(before(begin)) == kind) begin = before(begin);
-        while (end < text.size() && kindAt(end) == kind) end = behind(end);
+    std::size_t end = positionAfter(text, begin);
+    if (kind != CharacterKind::Other) {  // signs stand for themselves
+        while (begin > 0 && kindAt(positionBefore(text, begin)) == kind) begin = positionBefore(text, begin);
+        while (end < text.size() && kindAt(end) == kind) end = positionAfter(text, end);
     }
     return {line.location + begin, end - begin};
 }
