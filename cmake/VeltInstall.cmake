@@ -25,7 +25,8 @@ foreach(library IN ITEMS VELTRuntime VELTRuntimeUI)
   endif()
 endforeach()
 
-install(FILES README.md LICENSE CHANGELOG.md DESTINATION ${CMAKE_INSTALL_DOCDIR})
+install(FILES README.md LICENSE CHANGELOG.md CONTRIBUTING.md DESTINATION ${CMAKE_INSTALL_DOCDIR})
+install(FILES Benchmarks/README.md DESTINATION ${CMAKE_INSTALL_DOCDIR}/Benchmarks)
 install(DIRECTORY Documentation/ DESTINATION ${CMAKE_INSTALL_DOCDIR}/Documentation)
 install(DIRECTORY Examples DESTINATION ${CMAKE_INSTALL_DOCDIR})
 
@@ -34,6 +35,7 @@ set(CPACK_PACKAGE_NAME libveltruntime-dev)
 set(CPACK_PACKAGE_CONTACT "VELTRuntime developers <developers@veltruntime.invalid>")
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 set(CPACK_DEBIAN_PACKAGE_DEPENDS "libcurl4 | libcurl3-gnutls")  # loaded at the first URL
+set(CPACK_DEBIAN_PACKAGE_SUGGESTS "g++, cmake, pkg-config, qt6-base-dev")  # the last for the examples with windows
 set(CPACK_DEBIAN_PACKAGE_SECTION libdevel)
 set(CPACK_DEBIAN_PACKAGE_GENERATE_SHLIBS ON)
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
