@@ -9,7 +9,7 @@
 /// Always a new empty string; programs rely on it.
 VELT_EXPORT id VELT_NSCONTROL_ACTIONNAME(const id& control);
 /// Lets the control call a method of its target: the one of that name with a colon behind it, or else the one of that
-/// name. Nothing when the target has neither. Raises "'String' expected".
+/// name. Nothing when the target has neither. The name goes through VELT_CSTRING.
 VELT_EXPORT id VELT_NSCONTROL_ACTIONNAME(const id& control, const id& name);
 
 /// A text cell with the empty string or a text; its action as for controls.
