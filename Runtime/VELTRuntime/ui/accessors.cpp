@@ -90,8 +90,7 @@ id command(const id& receiver, const Wrapper& wrapper) {
 }
 
 void connectAction(const id& object, const id& owner, const char* action) {
-    if (!action || !*action) return;
-    if (!respondsTo(owner, Selector::named(action))) return;
+    if (!methodNamed(owner, action)) return;
     send(object, VELT_SELECTOR("setAction:"), string(std::string_view(action)));
     send(object, VELT_SELECTOR("setTarget:"), owner);
 }

@@ -22,7 +22,7 @@ id newMenu(const char* constructor, const id& title) {
 id newItem(const id& owner, const char* action, const id& title) {
     requireMainThread("VELT_NSMENUITEM_INIT");
     Ref<NSMenuItem> item = make<NSMenuItem>(title);
-    if (action && respondsTo(owner, Selector::named(action))) item->setActionName(ui::stringOfLiteral(action));
+    if (methodNamed(owner, action)) item->setActionName(ui::stringOfLiteral(action));
     item->setTarget(owner);
     return item;
 }

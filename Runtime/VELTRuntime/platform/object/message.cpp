@@ -88,6 +88,12 @@ bool respondsTo(const id& receiver, Selector selector) {
     return cls && methodOf(receiver, *cls, selector);
 }
 
+Selector methodNamed(const id& receiver, const char* name) {
+    if (!name || !*name) return {};
+    const Selector selector = Selector::named(name);
+    return respondsTo(receiver, selector) ? selector : Selector();
+}
+
 id description(const id& value) {
     if (NSObject* object = value.object()) return object->description();
     return value.isNil() ? id() : numberText(value);
