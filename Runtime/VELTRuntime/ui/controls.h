@@ -6,6 +6,10 @@
 #define VELT_WRAPPER_TABLE "VELTRuntime/ui/controls.def"
 #include "VELTRuntime/ui/accessor_declarations.h"
 
+/// The font of a control and of a cell; raises "'NSFont' expected" when it answers with something else.
+VELT_EXPORT id VELT_NSCONTROL_FONT(const id& control);
+VELT_EXPORT id VELT_NSCELL_FONT(const id& cell);
+
 /// Always a new empty string; programs rely on it.
 VELT_EXPORT id VELT_NSCONTROL_ACTIONNAME(const id& control);
 /// Lets the control call a method of its target: the one of that name with a colon behind it, or else the one of that
