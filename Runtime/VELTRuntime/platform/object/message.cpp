@@ -95,8 +95,12 @@ Selector methodNamed(const id& receiver, const char* name) {
 }
 
 id description(const id& value) {
-    if (NSObject* object = value.object()) return object->description();
-    return value.isNil() ? id() : numberText(value);
+    NSObject* object = value.object();
+    if (!object) return value.isNil() ? id() : numberText(value);
+    // What asks counts on a text, whatever a program's class answers.
+    id text = object->description();
+    if (!isString(text)) text = object->NSObject::description();
+    return text;
 }
 
 bool isEqual(const id& a, const id& b) {

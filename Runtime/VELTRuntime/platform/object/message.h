@@ -123,7 +123,8 @@ VELT_EXPORT Selector methodNamed(const id& receiver, const char* name);
 /// Raises the failure of a message that the receiver lacks.
 [[noreturn]] VELT_EXPORT void raiseNotUnderstood(const id& receiver, std::string_view selector);
 
-/// What any value answers about itself; nil has no text, equals nothing and hashes to 0.
+/// What any value answers about itself. A description is a string, whatever the class answers; nil has none, equals
+/// nothing and hashes to 0.
 VELT_EXPORT id description(const id& value);
 VELT_EXPORT bool isEqual(const id& a, const id& b);
 VELT_EXPORT std::size_t hash(const id& value);
