@@ -10,7 +10,7 @@ KINDS = {
     "Unsigned": ("an unsigned integer", "0", "VELT_CBYTE", "'Integer' expected"),
     "Double": ("a Double", "0.0", "VELT_CDOUBLE", "'Double' expected"),
     "Single": ("a Single", "0.0", "VELT_CSINGLE", "'Single' expected"),
-    "Text": ("a new string", "nil", "VELT_CSTRING", NO_TEXT),
+    "Text": ("a new string that cannot be changed", "nil", "VELT_CSTRING", NO_TEXT),
     "MutableText": ("a new string that may be changed", "nil", "VELT_CSTRING", NO_TEXT),
     "RichText": ("an attributed string", "nil", "VELT_CATTRIBUTEDSTRING", "'AttributedString' expected"),
     "Point": ("a point", "the zero point", "VELT_CNSPOINT", "'Point' expected"),

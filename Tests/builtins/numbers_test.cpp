@@ -146,7 +146,11 @@ TEST(MathFamily, ComputesTheFunctionsAndIgnoresItsReceiver) {
     EXPECT_DOUBLE_EQ(1 + 1e-12 * 1000, VELT_CDOUBLE(VELT_CMATH_COMPOUND(nil, real(1e-12), integer(1000))));
     EXPECT_VALUE("d 24", VELT_CMATH_GAMMA(nil, integer(5)));
     EXPECT_DOUBLE_EQ(std::log(24), VELT_CDOUBLE(VELT_CMATH_LGAMMA(nil, integer(5))));
+    EXPECT_VALUE("d -0.25", VELT_CMATH_ANNUITY(nil, integer(-3), integer(2)));
     EXPECT_VALUE("d 12", VELT_CMATH_SCALB(nil, integer(3), integer(2)));
+    EXPECT_VALUE("d 67108864", VELT_CMATH_SCALB(nil, real(0x1p-1074), integer(1100)));  // 2^1100 is no double
+    EXPECT_VALUE("d 0", VELT_CMATH_SCALB(nil, integer(0), integer(2000)));
+    EXPECT_VALUE("d inf", VELT_CMATH_SCALB(nil, real(HUGE_VAL), integer(-2000)));
     EXPECT_EQ(std::atan2(1, -1), VELT_CDOUBLE(VELT_CMATH_ATAN2(nil, integer(1), integer(-1))));
     EXPECT_EQ(std::remainder(7, 4), VELT_CDOUBLE(VELT_CMATH_REMAINDER(nil, integer(7), integer(4))));
     EXPECT_CAST_FAILURE("'Double' expected", VELT_CMATH_ATAN2(nil, nil, integer(1)));

@@ -3,7 +3,6 @@
 #include "VELTRuntime/editor/completion_candidates.h"
 #include "VELTRuntime/editor/completion_expression.h"
 #include "VELTRuntime/editor/word_characters.h"
-#include "VELTRuntime/values/text/casing.h"
 #include "VELTRuntime/values/text/utf.h"
 #include "support/generated.h"
 

@@ -5,6 +5,7 @@
 #include "VELTRuntime/editor/word_characters.h"
 #include "VELTRuntime/values/text/casing.h"
 #include "VELTRuntime/values/text/reading.h"
+#include "VELTRuntime/values/text/utf.h"
 
 #include "formatting.h"
 

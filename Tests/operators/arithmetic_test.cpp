@@ -110,3 +110,12 @@ TEST(Concatenation, SharesNothingThatCanBeSeen) {
     EXPECT_EQ("zero123456789" + std::string(60, 'x') + "!", velt::utf8(all[60]));
     EXPECT_EQ("0123456789" + std::string(61, 'x'), velt::utf8(all[61]));
 }
+
+TEST(Concatenation, RefusesATextThatIsTooLongBeforeItReadsIt) {
+    const id head = str("twenty units of text");
+    const char16_t unit = u'x';
+    const std::u16string_view endless(&unit, (std::size_t{1} << 32) - 1);
+    EXPECT_RAISES("NSRangeException: a string of 4294967315 characters is too long",
+                  velt::asMutableString(head).append(endless));
+    EXPECT_VALUE("'twenty units of text'", head);
+}

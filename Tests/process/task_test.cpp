@@ -402,6 +402,7 @@ TEST(VLTaskAccessors, SetAndReadTheProcess) {
     EXPECT_VALUE("nil", VELT_VLTASK_PATH(task));
     EXPECT_VALUE("nil", VELT_VLTASK_PATH(task, VELT_ID(5L)));
     EXPECT_VALUE("'5'", VELT_VLTASK_PATH(task));
+    EXPECT_TRUE(asString(VELT_VLTASK_PATH(task)).isFrozen());
     EXPECT_VALUE("nil", VELT_VLTASK_CURRENTDIRECTORY(task, "/tmp"_v));
     EXPECT_VALUE("'/tmp'", VELT_VLTASK_CURRENTDIRECTORY(task));
     EXPECT_VALUE("nil", VELT_VLTASK_ARGUMENTS(task));

@@ -29,6 +29,7 @@ id window() { return VELT_NSWINDOW_INIT(nil, ""); }
 id button() { return VELT_PUSHBUTTON_INIT(nil, ""); }
 id page() { return VELT_NSTEXTVIEW_INIT(nil, ""); }
 id editor() { return VELT_VLTEXTVIEW_INIT(nil, ""); }
+id cell() { return VELT_NSCELL_INIT(nil, ""); }
 id search() { return VELT_NSSEARCHFIELD_INIT(nil, ""); }
 id table() { return VELT_NSTABLEVIEW_INIT(nil, ""); }
 id column() { return VELT_NSTABLECOLUMN_INIT(nil, "column"); }
@@ -145,6 +146,8 @@ const std::vector<Call>& calls() {
         CALL(NSAPPLICATION_SHOWOTHERAPPLICATION, application, integer(-1)),
         CALL(NSEVENT_KEY, event),
         CALL(NSFONT_FONT, button),
+        CALL(NSCONTROL_FONT, button),
+        CALL(NSCELL_FONT, cell),
         CALL(NSCONTROL_ACTIONNAME, button, str("nothing")),
         CALL(NSMENU_APPEND, menu, str("item")),
         CALL(NSMENU_APPENDMENU, menu, someMenu()),

@@ -241,10 +241,14 @@ TEST(Fonts, AreSetAndReadBack) {
     EXPECT_TRUE(VELT_NSFONT_FONT(holder).isNil());
     VELT_NSFONT_FONT(holder, font);
     EXPECT_EQ(font, VELT_NSFONT_FONT(holder));
+    EXPECT_EQ(font, VELT_NSCONTROL_FONT(holder));
+    EXPECT_EQ(font, VELT_NSCELL_FONT(holder));
     EXPECT_CAST_FAILURE("'NSFont' expected", VELT_NSFONT_FONT(holder, str("no font")));
     EXPECT_EQ(font, VELT_NSFONT_FONT(holder));
     holder->font = str("no font");
     EXPECT_CAST_FAILURE("'NSFont' expected", VELT_NSFONT_FONT(holder));
+    EXPECT_CAST_FAILURE("'NSFont' expected", VELT_NSCONTROL_FONT(holder));
+    EXPECT_CAST_FAILURE("'NSFont' expected", VELT_NSCELL_FONT(holder));
     EXPECT_TRUE(VELT_NSFONT_FONT(nil).isNil());
 }
 

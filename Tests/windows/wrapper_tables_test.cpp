@@ -211,6 +211,7 @@ TEST_P(WrapperTables, GiveBackWhatWasSet) {
     case ValueKind::MutableText:
         EXPECT_VALUE("'Grüße'", back);
         EXPECT_NE(back, row.get(receiver)) << "a fresh copy each time";
+        EXPECT_EQ(row.kind == ValueKind::Text, velt::asString(back).isFrozen());
         break;
     case ValueKind::RichText: EXPECT_TRUE(velt::isEqual(value, back)); break;
     default:

@@ -6,6 +6,7 @@
 #include "VELTRuntime/platform/foundation/data.h"
 #include "VELTRuntime/platform/foundation/dictionary.h"
 #include "VELTRuntime/platform/foundation/property_list/property_list.h"
+#include "VELTRuntime/platform/object/class.h"
 
 using namespace velt;
 
@@ -14,8 +15,7 @@ namespace {
 /// The bytes at a location; raises the failure when they cannot be read.
 std::string bytesAt(const id& location, const char* failed) {
     requireStrings(location);
-    std::string reason;
-    auto bytes = readLocation(locationOf(utf8(location)), reason);
+    auto bytes = readLocation(locationOf(utf8(location)));
     if (!bytes) raise(kRuntimeException, failed);
     return std::move(*bytes);
 }
@@ -34,8 +34,7 @@ id propertyListAt(const id& location, bool (*isOfKind)(const id&), const char* f
 }
 
 id written(std::string_view bytes, const id& location) {
-    std::string reason;
-    return VELT_ID(static_cast<BOOL>(writeLocation(locationOf(utf8(location)), bytes, reason)));
+    return boxResult(writeLocation(locationOf(utf8(location)), bytes));
 }
 
 id writtenAsPropertyList(const id& root, const id& location) {
@@ -44,7 +43,7 @@ id writtenAsPropertyList(const id& root, const id& location) {
     try {
         bytes = writePropertyList(root, PropertyListForm::Xml);
     } catch (const PropertyListError&) {
-        return VELT_ID(static_cast<BOOL>(0));
+        return boxResult(false);
     }
     return written(bytes, location);
 }

@@ -1,17 +1,16 @@
 #include "VELTRuntime/builtins/collections.h"
 
-#include "VELTRuntime/operators/borrowed.h"
 #include "VELTRuntime/platform/foundation/data.h"
 #include "VELTRuntime/platform/foundation/dictionary.h"
 #include "VELTRuntime/platform/object/exception.h"
 #include "VELTRuntime/platform/object/message.h"
+#include "VELTRuntime/values/borrowed.h"
 #include "VELTRuntime/values/string.h"
 
 using namespace velt;
 
 namespace {
 
-id boolean(bool value) { return VELT_ID(static_cast<BOOL>(value)); }
 id count(std::size_t value) { return VELT_ID(static_cast<unsigned long>(value)); }
 
 /// The receiver as what it has to be, or null for nil; raises when it does not understand the message.
@@ -30,6 +29,9 @@ NSMutableDictionary* changedDictionary(const id& dictionary, const char* message
     return receiver(mutableDictionaryOf(dictionary), dictionary, message);
 }
 
+/// The key that a value stands for: a string itself, anything else by its text.
+id keyOf(const id& value) { return isString(value) ? value : VELT_CSTRING(value); }
+
 id arrayCount(const id& array) {
     const NSArray* elements = arrayReceiver(array, "count");
     return count(elements ? elements->count() : 0);
@@ -37,7 +39,7 @@ id arrayCount(const id& array) {
 
 id arrayContains(const id& array, const id& value) {
     const NSArray* elements = arrayReceiver(array, "containsObject:");
-    return boolean(elements && elements->indexOf(value) >= 0);
+    return boxResult(elements && elements->indexOf(value) >= 0);
 }
 
 id dictionaryCount(const id& dictionary) {
@@ -63,7 +65,7 @@ id dictionaryKey(const id& dictionary, const id& position) {
 
 id dictionaryContains(const id& dictionary, const id& key) {
     const NSDictionary* entries = dictionaryReceiver(dictionary, "objectForKey:");
-    return boolean(entries && !entries->objectForKey(isString(key) ? key : VELT_CSTRING(key)).isNil());
+    return boxResult(entries && !entries->objectForKey(keyOf(key)).isNil());
 }
 
 id dataCount(const id& data) {
@@ -105,7 +107,7 @@ id slowDictionaryObject(Word dictionary, Word keyOrPosition) {
 id slowDictionarySet(Word dictionary, Word key, Word value) {
     const Borrowed receiver(dictionary), name(key), entry(value);
     NSMutableDictionary* entries = changedDictionary(receiver, "setObject:forKey:");
-    if (entries) entries->setObject(entry, isString(name) ? id(static_cast<const id&>(name)) : VELT_CSTRING(name));
+    if (entries) entries->setObject(entry, keyOf(name));
     return nil;
 }
 
@@ -151,7 +153,7 @@ VELT_BOTH_DICTIONARIES(CONTAINS, dictionaryContains, (const id& dictionary, cons
 
 id VELT_NSMUTABLEDICTIONARY_REMOVE(const id& dictionary, const id& key) {
     NSMutableDictionary* entries = changedDictionary(dictionary, "removeObjectForKey:");
-    if (entries) entries->removeObject(isString(key) ? key : VELT_CSTRING(key));
+    if (entries) entries->removeObject(keyOf(key));
     return nil;
 }
 

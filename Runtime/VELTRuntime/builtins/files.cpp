@@ -66,7 +66,7 @@ id VELT_FILE_CREATEFILE(const id&, const id& path) { return boxResult(defaultMan
 
 id VELT_NSFILEMANAGER_INIT(const id& owner, const char* action) {
     id manager(&NSFileManager::defaultManager());
-    if (action && respondsTo(owner, Selector::named(action))) {
+    if (methodNamed(owner, action)) {
         send(manager, VELT_SELECTOR("setAction:"), velt::string(std::string_view(action)));
         send(manager, VELT_SELECTOR("setTarget:"), owner);
     }

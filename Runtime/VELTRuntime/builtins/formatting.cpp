@@ -1,12 +1,9 @@
 // Numbers as text, by templates.
 #include "VELTRuntime/builtins/string_arguments.h"
 #include "VELTRuntime/builtins/strings.h"
-#include "VELTRuntime/platform/object/providers.h"
 
-#include <clocale>
 #include <cstdio>
 #include <locale.h>
-#include <unistd.h>
 
 using namespace velt;
 
@@ -76,11 +73,4 @@ id VELT_HEX(const id& value) {
     char digits[24];
     const int length = std::snprintf(digits, sizeof digits, "%llX", static_cast<unsigned long long>(VELT_CLONG(value)));
     return velt::string(std::string_view(digits, static_cast<std::size_t>(length)));
-}
-
-id VELT_BEEP() {
-    const auto sound = providers().soundAlert;
-    // Without a desktop the terminal's own bell.
-    if (!(sound && sound()) && isatty(STDERR_FILENO)) std::fputc('\a', stderr);
-    return nil;
 }

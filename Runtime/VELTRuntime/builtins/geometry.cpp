@@ -1,5 +1,6 @@
 #include "VELTRuntime/builtins/geometry.h"
 
+#include "VELTRuntime/platform/object/class.h"
 #include "VELTRuntime/platform/object/exception.h"
 #include "VELTRuntime/platform/object/providers.h"
 #include "VELTRuntime/values/boxing.h"
@@ -13,7 +14,6 @@ using Shape = NSValue::Shape;
 
 double coordinate(const id& value) { return static_cast<double>(VELT_CBYTE(value)); }
 unsigned long position(const id& value) { return static_cast<unsigned long>(VELT_CBYTE(value)); }
-id boolean(bool value) { return VELT_ID(static_cast<BOOL>(value)); }
 
 /// How a structure is found behind a value, and what its cast failure says.
 template <class Structure> struct Kind;
@@ -125,23 +125,23 @@ id VELT_UNIONRECT(const id& a, const id& b) {
 id VELT_POINTINRECT(const id& point, const id& rect) {
     const NSPoint p = VELT_CNSPOINT(point);
     const NSRect r = VELT_CNSRECT(rect);
-    return boolean(r.origin.x <= p.x && p.x < maxX(r) && r.origin.y <= p.y && p.y < maxY(r));
+    return velt::boxResult(r.origin.x <= p.x && p.x < maxX(r) && r.origin.y <= p.y && p.y < maxY(r));
 }
 
 id VELT_CONTAINSRECT(const id& a, const id& b) {
     const NSRect p = VELT_CNSRECT(a), q = VELT_CNSRECT(b);
-    return boolean(!isEmpty(q) && p.origin.x <= q.origin.x && p.origin.y <= q.origin.y && maxX(q) <= maxX(p) &&
-                   maxY(q) <= maxY(p));
+    return velt::boxResult(!isEmpty(q) && p.origin.x <= q.origin.x && p.origin.y <= q.origin.y && maxX(q) <= maxX(p) &&
+                           maxY(q) <= maxY(p));
 }
 
 id VELT_INTERSECTSRECT(const id& a, const id& b) {
     const NSRect first = VELT_CNSRECT(a);
-    return boolean(!isEmpty(intersection(first, VELT_CNSRECT(b))));
+    return velt::boxResult(!isEmpty(intersection(first, VELT_CNSRECT(b))));
 }
 
 id VELT_ISEMPTYRECT(const id& rect) {
     const NSRect r = VELT_CNSRECT(rect);
-    return boolean(r.size.width <= 0 || r.size.height <= 0);
+    return velt::boxResult(r.size.width <= 0 || r.size.height <= 0);
 }
 
 id VELT_SCREENRECT() {

@@ -2,7 +2,7 @@
 
 #include "VELTRuntime/platform/foundation/bundle.h"
 #include "VELTRuntime/platform/foundation/interface_loader.h"
-#include "VELTRuntime/values/boxing.h"
+#include "VELTRuntime/platform/object/class.h"
 #include "VELTRuntime/values/conversions.h"
 #include "VELTRuntime/values/string.h"
 
@@ -13,5 +13,5 @@ id VELT_NSOBJECT_LOADNIB(const id& owner, const id& name) {
     if (!file.ends_with(".ui")) file += ".ui";
     const std::string failure = velt::loadInterface(NSBundle::mainBundle().resourcePath() + "/" + file, owner);
     if (!failure.empty()) std::fprintf(stderr, "The interface file cannot be loaded: %s\n", failure.c_str());
-    return VELT_ID(static_cast<BOOL>(failure.empty()));
+    return velt::boxResult(failure.empty());
 }

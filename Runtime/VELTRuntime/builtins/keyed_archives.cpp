@@ -22,9 +22,8 @@ id VELT_READKEYEDARCHIVE(const id& source) {
         raiseNotUnderstood(source, "characterAtIndex:");
     }
     requireStrings(source);
-    std::string failure;
-    const auto archive = readLocation(locationOf(utf8(source)), failure);
-    id root = archive ? NSKeyedUnarchiver::unarchive(*archive, &failure) : id();
+    const auto archive = readLocation(locationOf(utf8(source)));
+    id root = archive ? NSKeyedUnarchiver::unarchive(*archive) : id();
     if (root.isNil()) raiseReadFailed();
     return root;
 }
@@ -32,10 +31,9 @@ id VELT_READKEYEDARCHIVE(const id& source) {
 id VELT_WRITEKEYEDARCHIVE(const id& object, const id& destination) {
     if (dataOf(destination)) {
         // The archive is made and dropped, the data stays as it is: programs rely on it.
-        return VELT_ID(static_cast<BOOL>(!NSKeyedArchiver::archive(object).empty()));
+        return boxResult(!NSKeyedArchiver::archive(object).empty());
     }
     requireStrings(destination);
-    std::string failure;
     const std::string archive = NSKeyedArchiver::archive(object);
-    return VELT_ID(static_cast<BOOL>(writeLocation(locationOf(utf8(destination)), archive, failure)));
+    return boxResult(writeLocation(locationOf(utf8(destination)), archive));
 }

@@ -12,17 +12,16 @@ Location locationOf(std::string_view text) {
     return location;
 }
 
-std::optional<std::string> readLocation(const Location& location, std::string& failure) {
-    if (!location.url) return readFile(location.path, &failure);
-    if (location.url->isFile()) return readFile(location.url->filePath(), &failure);
+std::optional<std::string> readLocation(const Location& location) {
+    if (!location.url) return readFile(location.path);
+    if (location.url->isFile()) return readFile(location.url->filePath());
+    std::string failure;  // nobody is told: what cannot be read has one reason for programs
     return loadUrl(location.url->text(), failure);
 }
 
-bool writeLocation(const Location& location, std::string_view content, std::string& failure) {
-    if (!location.url) return writeFileAtomically(location.path, content, &failure);
-    if (location.url->isFile()) return writeFileAtomically(location.url->filePath(), content, &failure);
-    failure = location.url->text() + ": only files can be written";
-    return false;
+bool writeLocation(const Location& location, std::string_view content) {
+    if (!location.url) return writeFileAtomically(location.path, content);
+    return location.url->isFile() && writeFileAtomically(location.url->filePath(), content);
 }
 
 }  // namespace velt

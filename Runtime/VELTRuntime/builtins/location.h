@@ -19,12 +19,10 @@ struct Location {
 /// Reads a location string in UTF-8.
 VELT_EXPORT Location locationOf(std::string_view text);
 
-/// All bytes at a location, or nothing, with the reason in `failure`. URLs of the schemes http, https and file are
-/// read.
-VELT_EXPORT std::optional<std::string> readLocation(const Location& location, std::string& failure);
+/// All bytes at a location, or nothing. URLs of the schemes http, https and file are read.
+VELT_EXPORT std::optional<std::string> readLocation(const Location& location);
 
-/// Writes all bytes to a file, or to the file of a file URL, atomically. False, with the reason in `failure`, when that
-/// fails, and for other URLs.
-VELT_EXPORT bool writeLocation(const Location& location, std::string_view content, std::string& failure);
+/// Writes all bytes to a file, or to the file of a file URL, atomically. False when that fails, and for other URLs.
+VELT_EXPORT bool writeLocation(const Location& location, std::string_view content);
 
 }  // namespace velt

@@ -1,6 +1,7 @@
 // The standard math library's functions as built-ins, one to one. The first argument stands for the receiver and is
 // ignored; the operands go through VELT_CDOUBLE from left to right. Domain errors give NaNs and infinities. GAMMA is
-// the gamma function, LGAMMA the logarithm of its absolute value; COMPOUND is (1 + x)^y, ANNUITY (1 - (1 + x)^-y) / x.
+// the gamma function, LGAMMA the logarithm of its absolute value; SCALB is x * 2^y, COMPOUND (1 + x)^y, ANNUITY
+// (1 - (1 + x)^-y) / x.
 #pragma once
 
 #include "VELTRuntime/values/value.h"

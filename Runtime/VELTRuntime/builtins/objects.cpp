@@ -8,14 +8,6 @@
 
 using namespace velt;
 
-namespace {
-
-id boolean(bool value) { return VELT_ID(static_cast<BOOL>(value)); }
-
-Selector selectorNamed(const id& name) { return Selector::named(utf8(VELT_CSTRING(name))); }
-
-}  // namespace
-
 id VELT_PROPERTY(const id& object, const id& keyPath) {
     return send(object, VELT_SELECTOR("valueForKeyPath:"), VELT_CSTRING(keyPath));
 }
@@ -36,34 +28,32 @@ id VELT_NSOBJECT_INIT(const id& object) { return send(object, VELT_SELECTOR("ini
 
 id VELT_NSOBJECT_ISKINDOFCLASS(const id& object, const id& className) {
     const Class* cls = toClass(className);
-    return boolean(cls && isKindOf(object, *cls));
+    return boxResult(cls && isKindOf(object, *cls));
 }
 
 id VELT_NSOBJECT_ISMEMBEROFCLASS(const id& object, const id& className) {
     const Class* cls = toClass(className);
-    return boolean(cls && classOf(object) == cls);
+    return boxResult(cls && classOf(object) == cls);
 }
 
 id VELT_NSOBJECT_RESPONDSTOSELECTOR(const id& object, const id& selector) {
-    return boolean(respondsTo(object, selectorNamed(selector)));
+    return boxResult(respondsTo(object, toSelector(selector)));
 }
 
 id VELT_NSOBJECT_INSTANCESRESPONDSTOSELECTOR(const id& cls, const id& selector) {
-    const Selector named = selectorNamed(selector);
+    const Selector named = toSelector(selector);
     const Class* found = cls.isNil() ? nullptr : toClass(cls);
-    return boolean(found && found->method(named));
+    return boxResult(found && found->method(named));
 }
 
-id VELT_NSOBJECT_PERFORMSELECTOR0(const id& object, const id& selector) {
-    return send(object, selectorNamed(selector));
-}
+id VELT_NSOBJECT_PERFORMSELECTOR0(const id& object, const id& selector) { return send(object, toSelector(selector)); }
 
 id VELT_NSOBJECT_PERFORMSELECTOR1(const id& object, const id& selector, const id& argument) {
-    return send(object, selectorNamed(selector), argument);
+    return send(object, toSelector(selector), argument);
 }
 
 id VELT_NSOBJECT_PERFORMSELECTOR2(const id& object, const id& selector, const id& argument1, const id& argument2) {
-    return send(object, selectorNamed(selector), argument1, argument2);
+    return send(object, toSelector(selector), argument1, argument2);
 }
 
 id VELT_NSOBJECT_BIND(const id& object, const id& binding, const id& observed, const id& keyPath, const id& options) {

@@ -1,6 +1,7 @@
 #include "VELTRuntime/builtins/performing.h"
 
 #include "VELTRuntime/platform/foundation/run_loop.h"
+#include "VELTRuntime/platform/object/class_object.h"
 #include "VELTRuntime/platform/object/exception.h"
 #include "VELTRuntime/platform/object/message.h"
 #include "VELTRuntime/values/conversions.h"
@@ -12,8 +13,6 @@
 using namespace velt;
 
 namespace {
-
-Selector selectorOf(const id& name) { return Selector::named(utf8(VELT_CSTRING(name))); }
 
 /// One message on its way.
 struct Message {
@@ -55,7 +54,7 @@ void sendOnMainThread(const Message& message) {
     ClassBuilder<NSObject>(NSObject::entry())
         .method("performSelector:withObject:afterDelay:",
                 [](const id& self, const id* a) {
-                    sendLater(self, selectorOf(a[0]), a[1], VELT_CDOUBLE(a[2]));
+                    sendLater(self, toSelector(a[0]), a[1], VELT_CDOUBLE(a[2]));
                     return id();
                 })
         .method("performSelectorOnMainThread:withObject:waitUntilDone:",
@@ -72,18 +71,18 @@ void sendOnMainThread(const Message& message) {
 }  // namespace
 
 id VELT_NSOBJECT_PERFORMSELECTORDELAYED(const id& object, const id& selector, const id& argument, const id& delay) {
-    const Selector named = selectorOf(selector);
+    const Selector named = toSelector(selector);
     sendLater(object, named, argument, VELT_CDOUBLE(delay));
     return nil;
 }
 
 id VELT_NSOBJECT_PERFORMSELECTORNEXTRUNLOOP(const id& object, const id& selector, const id& argument) {
-    sendLater(object, selectorOf(selector), argument, 0.0);
+    sendLater(object, toSelector(selector), argument, 0.0);
     return nil;
 }
 
 id VELT_NSOBJECT_PERFORMSELECTORONMAINTHREAD(const id& object, const id& selector, const id& argument, const id& wait) {
-    const Message message{object, selectorOf(selector), argument};
+    const Message message{object, toSelector(selector), argument};
     const bool waits = VELT_CBOOL(wait) != 0;
     if (!waits) {
         RunLoop::main().perform([message] { message.send(); });

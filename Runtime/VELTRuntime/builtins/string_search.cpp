@@ -1,13 +1,13 @@
 // Searching and comparing strings.
 #include "VELTRuntime/builtins/string_arguments.h"
 #include "VELTRuntime/builtins/strings.h"
+#include "VELTRuntime/platform/object/class.h"
 #include "VELTRuntime/values/text/search.h"
 
 using namespace velt;
 
 namespace {
 
-id boolean(bool value) { return VELT_ID(static_cast<BOOL>(value)); }
 id position(std::size_t at) { return VELT_ID(static_cast<long>(at)); }
 id notFound() { return VELT_ID(-1L); }
 
@@ -39,7 +39,7 @@ id VELT_INSTRREV(const id& s, const id& find, const id& start, const id& respect
 
 id VELT_CONTAINS(const id& s, const id& find, const id& respectCase) {
     requireStrings(s, find);
-    return boolean(text::findFirst(textOf(s), textOf(find), caseRule(respectCase)).has_value());
+    return boxResult(text::findFirst(textOf(s), textOf(find), caseRule(respectCase)).has_value());
 }
 
 id VELT_COUNT(const id& s, const id& find, const id& respectCase) {
@@ -55,17 +55,17 @@ id VELT_STARTSWITH(const id& s, const id& prefix, const id& respectCase) {
     requireStrings(s, prefix);
     const text::Case rule = caseRule(respectCase);
     const std::u16string_view text = textOf(s), wanted = textOf(prefix);
-    if (text.size() < wanted.size()) return boolean(false);
-    return boolean(text::findFirst(text.substr(0, wanted.size()), wanted, rule).has_value());
+    if (text.size() < wanted.size()) return boxResult(false);
+    return boxResult(text::findFirst(text.substr(0, wanted.size()), wanted, rule).has_value());
 }
 
 id VELT_ENDSWITH(const id& s, const id& suffix, const id& respectCase) {
     requireStrings(s, suffix);
     const text::Case rule = caseRule(respectCase);
     const std::u16string_view text = textOf(s), wanted = textOf(suffix);
-    if (text.size() < wanted.size()) return boolean(false);
+    if (text.size() < wanted.size()) return boxResult(false);
     const auto match = text::findLast(text.substr(text.size() - wanted.size()), wanted, rule);
-    return boolean(match && match->position == 0);
+    return boxResult(match && match->position == 0);
 }
 
 id VELT_COMPARE(const id& a, const id& b, const id& respectCase) {

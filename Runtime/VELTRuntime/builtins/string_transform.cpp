@@ -5,7 +5,6 @@
 #include "VELTRuntime/platform/object/message.h"
 #include "VELTRuntime/values/text/search.h"
 
-#include <cstring>
 #include <unicode/uchar.h>
 
 using namespace velt;

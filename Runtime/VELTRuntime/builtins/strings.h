@@ -73,6 +73,3 @@ VELT_EXPORT id VELT_FORMATFLOAT(const id& value, const id& localized, const id& 
 VELT_EXPORT id VELT_FORMATDECIMAL(const id& value, const id& localized, const id& digits);
 /// Upper-case hexadecimal digits of VELT_CLONG of the value, of its two's complement when negative.
 VELT_EXPORT id VELT_HEX(const id& value);
-
-/// Sounds the alert; returns nil.
-VELT_EXPORT id VELT_BEEP();

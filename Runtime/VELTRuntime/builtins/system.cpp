@@ -1,4 +1,4 @@
-// The user, the bundle, the process, settings and notifications.
+// The user, the bundle, the process, the alert sound, settings and notifications.
 #include "VELTRuntime/builtins/system.h"
 
 #include "VELTRuntime/platform/foundation/bundle.h"
@@ -7,8 +7,12 @@
 #include "VELTRuntime/platform/foundation/user.h"
 #include "VELTRuntime/platform/foundation/user_defaults.h"
 #include "VELTRuntime/platform/object/message.h"
+#include "VELTRuntime/platform/object/providers.h"
 #include "VELTRuntime/values/class_casts.h"
 #include "VELTRuntime/values/string.h"
+
+#include <cstdio>
+#include <unistd.h>
 
 using namespace velt;
 
@@ -39,6 +43,13 @@ VELT_ANSWER(VELT_NSUSERDEFAULTS_SYNCHRONIZE, defaults().synchronize())
 id VELT_USER_HOMEDIRECTORYFORUSER(const id&, const id& user) {
     const auto home = homeFolderOf(utf8(VELT_CSTRING(user)));
     return home ? velt::string(*home) : id();
+}
+
+id VELT_BEEP() {
+    const auto sound = providers().soundAlert;
+    // Without a desktop the terminal's own bell.
+    if (!(sound && sound()) && isatty(STDERR_FILENO)) std::fputc('\a', stderr);
+    return nil;
 }
 
 id VELT_NSUSERDEFAULTS_REGISTERDEFAULTS(const id&, const id& values) {

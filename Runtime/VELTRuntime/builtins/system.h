@@ -1,4 +1,4 @@
-// The user, the program's folders, its process, its settings, notifications and files.
+// The user, the program's folders, its process, its settings, notifications, files and the alert sound.
 //
 // Functions that are named after a class and act on its one object ignore their first argument, as all but those of
 // file managers do. Texts (paths, keys, names) go through VELT_CSTRING, which raises "VLException" for nil. Tests and
@@ -29,6 +29,9 @@ VELT_EXPORT id VELT_NSPROCESSINFO_ARGUMENTS(const id& ignored);
 VELT_EXPORT id VELT_NSPROCESSINFO_ENVIRONMENT(const id& ignored);
 /// The process's number, an Integer.
 VELT_EXPORT id VELT_NSPROCESSINFO_PID(const id& ignored);
+
+/// Sounds the alert; returns nil.
+VELT_EXPORT id VELT_BEEP();
 
 /// Registers a dictionary (through VELT_CDICTIONARY) of values for settings that are not stored. Returns nil.
 VELT_EXPORT id VELT_NSUSERDEFAULTS_REGISTERDEFAULTS(const id& ignored, const id& defaults);

@@ -10,26 +10,20 @@ using namespace velt;
 
 namespace {
 
-/// The selector of a method that the owner has; none otherwise.
-Selector methodOf(const id& owner, const char* name) {
-    if (!name || !*name) return {};
-    const Selector selector = Selector::named(name);
-    return respondsTo(owner, selector) ? selector : Selector();
-}
-
-id isTrue(const id& thread, Selector question) {
+/// A thread's answer, False for nil.
+id answer(const id& thread, Selector question) {
     return thread.isNil() ? VELT_ID(BOOL{0}) : sendMessage(thread, question, {});
 }
 
 }  // namespace
 
 id VELT_NSTIMER_INIT(const id& owner, const char* method) {
-    const Selector selector = methodOf(owner, method);
+    const Selector selector = methodNamed(owner, method);
     return selector ? id(NSTimer::scheduled(0, owner, selector, nil, false)) : id();
 }
 
 id VELT_NSTIMER_INIT(const id& owner, const char* method, const id& seconds) {
-    const Selector selector = methodOf(owner, method);
+    const Selector selector = methodNamed(owner, method);
     return selector ? id(NSTimer::scheduled(VELT_CDOUBLE(seconds), owner, selector, nil, false)) : id();
 }
 
@@ -39,7 +33,7 @@ id VELT_NSTIMER_STOP(const id& timer) {
 }
 
 id VELT_NSTHREAD_INIT(const id& owner, const char* method) {
-    const Selector selector = methodOf(owner, method);
+    const Selector selector = methodNamed(owner, method);
     return selector ? id(make<NSThread>(owner, selector, nil)) : id();
 }
 
@@ -53,6 +47,6 @@ id VELT_NSTHREAD_CANCEL(const id& thread) {
     return nil;
 }
 
-id VELT_NSTHREAD_ISEXECUTING(const id& thread) { return isTrue(thread, VELT_SELECTOR("isExecuting")); }
-id VELT_NSTHREAD_ISFINISHED(const id& thread) { return isTrue(thread, VELT_SELECTOR("isFinished")); }
-id VELT_NSTHREAD_ISCANCELLED(const id& thread) { return isTrue(thread, VELT_SELECTOR("isCancelled")); }
+id VELT_NSTHREAD_ISEXECUTING(const id& thread) { return answer(thread, VELT_SELECTOR("isExecuting")); }
+id VELT_NSTHREAD_ISFINISHED(const id& thread) { return answer(thread, VELT_SELECTOR("isFinished")); }
+id VELT_NSTHREAD_ISCANCELLED(const id& thread) { return answer(thread, VELT_SELECTOR("isCancelled")); }

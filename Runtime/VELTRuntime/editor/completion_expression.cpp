@@ -2,6 +2,7 @@
 
 #include "VELTRuntime/editor/word_characters.h"
 #include "VELTRuntime/values/text/casing.h"
+#include "VELTRuntime/values/text/utf.h"
 
 namespace velt {
 

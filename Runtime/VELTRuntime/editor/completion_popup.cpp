@@ -2,7 +2,7 @@
 #include "VELTRuntime/editor/completion_popup.h"
 
 #include "VELTRuntime/editor/argument_help.h"
-#include "VELTRuntime/values/text/casing.h"
+#include "VELTRuntime/values/text/utf.h"
 
 #include <algorithm>
 #include <iterator>

@@ -2,7 +2,7 @@
 #include "VELTRuntime/editor/operator_spacing.h"
 
 #include "VELTRuntime/editor/word_characters.h"
-#include "VELTRuntime/values/text/casing.h"
+#include "VELTRuntime/values/text/utf.h"
 
 #include <algorithm>
 #include <array>

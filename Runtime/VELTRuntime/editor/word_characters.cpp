@@ -1,6 +1,6 @@
 #include "VELTRuntime/editor/word_characters.h"
 
-#include "VELTRuntime/values/text/casing.h"
+#include "VELTRuntime/values/text/utf.h"
 
 #include <array>
 #include <unicode/uchar.h>

@@ -1,9 +1,10 @@
 #include "VELTRuntime/operators/arithmetic.h"
 
-#include "VELTRuntime/operators/borrowed.h"
+#include "VELTRuntime/operators/operands.h"
 #include "VELTRuntime/platform/foundation/array.h"
 #include "VELTRuntime/platform/object/exception.h"
 #include "VELTRuntime/platform/object/message.h"
+#include "VELTRuntime/values/borrowed.h"
 #include "VELTRuntime/values/string.h"
 #include "VELTRuntime/values/text/writing.h"
 
@@ -12,8 +13,6 @@
 namespace velt {
 
 namespace {
-
-constexpr const char* kNumberExpected = "Number expected";
 
 [[noreturn]] void raiseUncomputable(const char* operation, std::int64_t dividend, std::int64_t divisor) {
     if (divisor == 0) {
@@ -62,8 +61,10 @@ Word promoted(Arithmetic operation, Word a, Word b) {
     return newInteger(compute(operation, integerReading(a), integerReading(b)));
 }
 
-void requireNumbers(Word a, Word b) {
-    if (!isNumber(a) || !isNumber(b)) raiseCast(kNumberExpected);
+/// The text of any value; nil has one here, too.
+id textOfAny(const id& value) {
+    const id text = description(value);
+    return text.isNil() ? string(u"(null)") : text;
 }
 
 /// A string followed by the text of any value.
@@ -76,14 +77,13 @@ Word stringAndText(const NSString& head, const id& tail) {
         std::copy(ascii.begin(), ascii.end(), units);
         return id(make<NSMutableString>(head, std::u16string_view(units, ascii.size()))).take();
     }
-    const id text = description(tail);
-    return id(make<NSMutableString>(head, text.isNil() ? std::u16string_view(u"(null)") : textOf(text))).take();
+    return id(make<NSMutableString>(head, textOf(textOfAny(tail)))).take();
 }
 
 }  // namespace
 
 Word slowArithmetic(Arithmetic operation, Word a, Word b) {
-    requireNumbers(a, b);
+    requireNumbers(kNumberExpected, a, b);
     return promoted(operation, a, b);
 }
 
@@ -103,21 +103,21 @@ Word slowAdd(Word x, Word y) {
 }
 
 Word integerQuotient(Word a, Word b) {
-    requireNumbers(a, b);
+    requireNumbers(kNumberExpected, a, b);
     const std::int64_t dividend = integerReading(a), divisor = integerReading(b);
     requireDivisible("\\", dividend, divisor);
     return newInteger(dividend / divisor);
 }
 
 Word remainderOf(Word a, Word b) {
-    requireNumbers(a, b);
+    requireNumbers(kNumberExpected, a, b);
     const std::int64_t dividend = integerReading(a), divisor = integerReading(b);
     requireDivisible("Mod", dividend, divisor);
     return newInteger(dividend % divisor);
 }
 
 Word negated(Word a) {
-    if (!isNumber(a)) raiseCast(kNumberExpected);
+    requireNumbers(kNumberExpected, a);
     if (isFloatingCode(numberCode(a))) return newDouble(-doubleReading(a));
     return newInteger(compute(Arithmetic::Subtract, 0, integerReading(a)));
 }
@@ -125,7 +125,7 @@ Word negated(Word a) {
 Word concatenated(Word x, Word y) {
     const Borrowed a(x), b(y);
     if (isString(x)) return stringAndText(asString(a), b);
-    const id head = x == kNilWord ? string(u"(null)") : description(a);
+    const id head = textOfAny(a);
     return stringAndText(asString(head), b);
 }
 

@@ -1,9 +1,9 @@
 #include "VELTRuntime/operators/comparison.h"
 
-#include "VELTRuntime/operators/borrowed.h"
+#include "VELTRuntime/operators/operands.h"
 #include "VELTRuntime/platform/object/class.h"
-#include "VELTRuntime/platform/object/exception.h"
 #include "VELTRuntime/platform/object/message.h"
+#include "VELTRuntime/values/borrowed.h"
 #include "VELTRuntime/values/string.h"
 #include "VELTRuntime/values/text/search.h"
 
@@ -24,7 +24,7 @@ bool sameClass(Word x, Word y) {
 }
 
 int slowOrder(Word x, Word y) {
-    if (!isNumber(x) || !isNumber(y)) raiseCast("'Boolean' or number expected");
+    requireNumbers(kBooleanOrNumberExpected, x, y);
     return compareNumbers(x, y);
 }
 

@@ -2,11 +2,11 @@
 
 #include "VELTRuntime/platform/foundation/file_contents.h"
 #include "VELTRuntime/platform/foundation/url.h"
+#include "VELTRuntime/platform/foundation/user.h"
 
 #include <algorithm>
 #include <cstdlib>
 #include <filesystem>
-#include <pwd.h>
 #include <sys/stat.h>
 #include <unistd.h>
 #include <unordered_set>
@@ -18,13 +18,6 @@ namespace {
 std::string environmentText(const char* name) {
     const char* value = std::getenv(name);
     return value ? value : "";
-}
-
-std::string homeFolder() {
-    std::string home = environmentText("HOME");
-    if (!home.empty()) return home;
-    const passwd* user = ::getpwuid(::getuid());
-    return user ? user->pw_dir : "/";
 }
 
 /// Parts between separators; those that are no absolute paths are ignored, as the base directory rules say.

@@ -1,11 +1,12 @@
 #include "VELTRuntime/process/launching.h"
 
+#include "VELTRuntime/builtins/string_arguments.h"
 #include "VELTRuntime/platform/foundation/process/child_process.h"
 #include "VELTRuntime/platform/foundation/url.h"
+#include "VELTRuntime/platform/object/class.h"
 #include "VELTRuntime/platform/object/exception.h"
 #include "VELTRuntime/process/desktop_entry.h"
 #include "VELTRuntime/process/file_types.h"
-#include "VELTRuntime/values/boxing.h"
 #include "VELTRuntime/values/conversions.h"
 #include "VELTRuntime/values/string.h"
 
@@ -15,10 +16,6 @@
 using namespace velt;
 
 namespace {
-
-void requireString(const id& value) {
-    if (!isString(value)) raiseCast("'String' expected");
-}
 
 std::string lowerCase(std::string text) {
     for (char& c : text) {
@@ -100,8 +97,6 @@ bool startFound(const std::optional<DesktopEntry>& entry, const std::optional<st
     return entry && start(*entry, argument);
 }
 
-id boxed(bool success) { return VELT_ID(static_cast<BOOL>(success)); }
-
 bool openFile(const std::string& path, const std::string& applicationName) {
     struct stat status;
     if (::stat(path.c_str(), &status) != 0) return false;
@@ -109,8 +104,8 @@ bool openFile(const std::string& path, const std::string& applicationName) {
 }
 
 id openFileWith(const id& path, const char* applicationName) {
-    requireString(path);
-    return boxed(openFile(utf8(path), applicationName));
+    requireStrings(path);
+    return boxResult(openFile(utf8(path), applicationName));
 }
 
 bool openAddress(const std::string& text, const UrlParts& parts) {
@@ -129,18 +124,18 @@ id VELT_FINDER(const id& path) { return openFileWith(path, "Finder"); }
 id VELT_VELTINTERFACEBUILDER(const id& path) { return openFileWith(path, "Interface Builder"); }
 
 id VELT_SAFARI(const id& text) {
-    requireString(text);
+    requireStrings(text);
     const std::string address = utf8(text);
     if (!address.starts_with('/')) {
-        if (const auto parts = parseUrl(address)) return boxed(openAddress(address, *parts));
+        if (const auto parts = parseUrl(address)) return boxResult(openAddress(address, *parts));
     }
-    return boxed(openFile(address, "Safari"));
+    return boxResult(openFile(address, "Safari"));
 }
 
 id VELT_LAUNCH(const id& applicationName, const id& file, const id& deactivate) {
     VELT_CBOOL(deactivate);
-    requireString(applicationName);
-    if (file.isNil()) return boxed(startFound(application(utf8(applicationName), std::nullopt), std::nullopt));
-    requireString(file);
-    return boxed(openFile(utf8(file), utf8(applicationName)));
+    requireStrings(applicationName);
+    if (file.isNil()) return boxResult(startFound(application(utf8(applicationName), std::nullopt), std::nullopt));
+    requireStrings(file);
+    return boxResult(openFile(utf8(file), utf8(applicationName)));
 }

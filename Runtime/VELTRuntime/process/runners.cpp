@@ -1,5 +1,6 @@
 #include "VELTRuntime/process/runners.h"
 
+#include "VELTRuntime/builtins/string_arguments.h"
 #include "VELTRuntime/builtins/strings.h"
 #include "VELTRuntime/platform/foundation/array.h"
 #include "VELTRuntime/platform/foundation/bundle.h"
@@ -73,10 +74,6 @@ std::vector<std::string> textsOf(const id& arguments) {
     return texts;
 }
 
-void requireString(const id& value) {
-    if (!isString(value)) raiseCast("'String' expected");
-}
-
 /// The executable's folder, and what lies in it.
 std::string executableFolder() { return utf8(VELT_FILEPATH(string(NSBundle::mainBundle().executablePath()))); }
 std::string compilerFile(const char* name) { return executableFolder() + "/Compiler/" + name; }
@@ -96,7 +93,7 @@ id runScript(const char* name, const id& arguments) {
 id VELT_RUN(const id& path) { return VELT_RUN(path, nil); }
 
 id VELT_RUN(const id& path, const id& arguments) {
-    requireString(path);
+    requireStrings(path);
     SpawnRequest request;
     request.path = utf8(path);
     request.arguments = textsOf(VELT_CARRAY(arguments));
@@ -104,7 +101,7 @@ id VELT_RUN(const id& path, const id& arguments) {
 }
 
 id VELT_BASH(const id& command, const id& arguments) {
-    requireString(command);
+    requireStrings(command);
     const std::vector<std::string> given = textsOf(VELT_CARRAY(arguments));
     const std::u16string_view text = textOf(command);
     const bool isScript = text.substr(0, text.find(u'\n')).find(u".sh") != text.npos;

@@ -19,7 +19,7 @@ id processOf(const id& task) { return send(task, VELT_SELECTOR("task")); }
 id get(const id& task, Selector selector) { return send(processOf(task), selector); }
 id getText(const id& task, Selector selector) {
     const id text = get(task, selector);
-    return text.isNil() ? nil : freshCopy(asString(text));
+    return isString(text) ? VELT_ID(static_cast<NSString*>(&asMutableString(text))) : text;
 }
 id getInteger(const id& task, Selector selector) {
     const id number = get(task, selector);

@@ -49,8 +49,10 @@ id get(const id& receiver, const Wrapper& wrapper, ValueKind kind) {
     begin(wrapper);
     if (receiver.isNil()) return zero(kind);
     if (kind != ValueKind::Text && kind != ValueKind::MutableText) return sendFrom(wrapper, receiver, {});
-    id text = sendFrom(wrapper, receiver, {});
-    return isString(text) ? freshCopy(asString(text)) : text;
+    const id text = sendFrom(wrapper, receiver, {});
+    if (!isString(text)) return text;
+    NSMutableString* const shown = &asMutableString(text);
+    return kind == ValueKind::MutableText ? VELT_ID(shown) : VELT_ID(static_cast<NSString*>(shown));
 }
 
 id converted(const id& value, ValueKind kind) {
@@ -88,8 +90,7 @@ id command(const id& receiver, const Wrapper& wrapper) {
 }
 
 void connectAction(const id& object, const id& owner, const char* action) {
-    if (!action || !*action) return;
-    if (!respondsTo(owner, Selector::named(action))) return;
+    if (!methodNamed(owner, action)) return;
     send(object, VELT_SELECTOR("setAction:"), string(std::string_view(action)));
     send(object, VELT_SELECTOR("setTarget:"), owner);
 }

@@ -35,7 +35,7 @@ enum class ValueKind {
     Unsigned,
     Double,
     Single,
-    Text,         // comes back as a new string
+    Text,         // comes back as a new string that cannot be changed
     MutableText,  // comes back as a new string that may be changed
     RichText,
     Point,

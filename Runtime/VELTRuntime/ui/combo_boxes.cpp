@@ -38,5 +38,5 @@ id VELT_NSCOMBOBOX_INDEX(const id& box, const id& value) {
 id VELT_NSCOMBOBOX_CONTAINS(const id& box, const id& value) {
     const id index = ui::pass(box, VELT_WRAPPER(NSCOMBOBOX_CONTAINS, "indexOfItemWithObjectValue:"), value);
     const bool found = !box.isNil() && VELT_CBYTE(index) != NSIndexSet::kNotFound;
-    return VELT_ID(static_cast<BOOL>(found));
+    return boxResult(found);
 }

@@ -14,57 +14,42 @@ using namespace velt;
 
 namespace {
 
-/// None of these classes has an action today; one that gets it has it connected.
-template <class T> Ref<T> made(const char* constructor, const id& owner, const char* action) {
+template <class T> Ref<T> made(const char* constructor) {
     requireMainThread(constructor);
-    Ref<T> object = make<T>();
-    if (respondsTo(object, Selector::named("setAction:"))) ui::connectAction(object, owner, action);
-    return object;
+    return make<T>();
 }
 
 }  // namespace
 
-id VELT_NSBOX_INIT(const id& owner, const char* action) { return made<NSBox>("VELT_NSBOX_INIT", owner, action); }
-id VELT_VERTICALLINE_INIT(const id& owner, const char* action) {
-    return made<NSBox>("VELT_VERTICALLINE_INIT", owner, action);
-}
-id VELT_HORIZONTALLINE_INIT(const id& owner, const char* action) {
-    return made<NSBox>("VELT_HORIZONTALLINE_INIT", owner, action);
-}
-id VELT_NSTABVIEW_INIT(const id& owner, const char* action) {
-    return made<NSTabView>("VELT_NSTABVIEW_INIT", owner, action);
-}
-id VELT_NSSCROLLVIEW_INIT(const id& owner, const char* action) {
-    return made<NSScrollView>("VELT_NSSCROLLVIEW_INIT", owner, action);
-}
-id VELT_NSSPLITVIEW_INIT(const id& owner, const char* action) {
-    return made<NSSplitView>("VELT_NSSPLITVIEW_INIT", owner, action);
-}
-id VELT_VERTICALSPLITVIEW_INIT(const id& owner, const char* action) {
-    Ref<NSSplitView> view = made<NSSplitView>("VELT_VERTICALSPLITVIEW_INIT", owner, action);
+id VELT_NSBOX_INIT(const id&, const char*) { return made<NSBox>("VELT_NSBOX_INIT"); }
+id VELT_VERTICALLINE_INIT(const id&, const char*) { return made<NSBox>("VELT_VERTICALLINE_INIT"); }
+id VELT_HORIZONTALLINE_INIT(const id&, const char*) { return made<NSBox>("VELT_HORIZONTALLINE_INIT"); }
+id VELT_NSTABVIEW_INIT(const id&, const char*) { return made<NSTabView>("VELT_NSTABVIEW_INIT"); }
+id VELT_NSSCROLLVIEW_INIT(const id&, const char*) { return made<NSScrollView>("VELT_NSSCROLLVIEW_INIT"); }
+id VELT_NSSPLITVIEW_INIT(const id&, const char*) { return made<NSSplitView>("VELT_NSSPLITVIEW_INIT"); }
+id VELT_VERTICALSPLITVIEW_INIT(const id&, const char*) {
+    Ref<NSSplitView> view = made<NSSplitView>("VELT_VERTICALSPLITVIEW_INIT");
     view->setVertical(true);
     return view;
 }
-id VELT_HORIZONTALSPLITVIEW_INIT(const id& owner, const char* action) {
-    Ref<NSSplitView> view = made<NSSplitView>("VELT_HORIZONTALSPLITVIEW_INIT", owner, action);
+id VELT_HORIZONTALSPLITVIEW_INIT(const id&, const char*) {
+    Ref<NSSplitView> view = made<NSSplitView>("VELT_HORIZONTALSPLITVIEW_INIT");
     view->setVertical(false);
     return view;
 }
-id VELT_NSPROGRESSINDICATOR_INIT(const id& owner, const char* action) {
-    Ref<NSProgressIndicator> indicator = made<NSProgressIndicator>("VELT_NSPROGRESSINDICATOR_INIT", owner, action);
+id VELT_NSPROGRESSINDICATOR_INIT(const id&, const char*) {
+    Ref<NSProgressIndicator> indicator = made<NSProgressIndicator>("VELT_NSPROGRESSINDICATOR_INIT");
     indicator->setIndeterminate(false);
     return indicator;
 }
-id VELT_INDETERMINATEPROGRESSINDICATOR_INIT(const id& owner, const char* action) {
-    Ref<NSProgressIndicator> indicator =
-        made<NSProgressIndicator>("VELT_INDETERMINATEPROGRESSINDICATOR_INIT", owner, action);
+id VELT_INDETERMINATEPROGRESSINDICATOR_INIT(const id&, const char*) {
+    Ref<NSProgressIndicator> indicator = made<NSProgressIndicator>("VELT_INDETERMINATEPROGRESSINDICATOR_INIT");
     indicator->setIndeterminate(true);
     indicator->startAnimation(nil);
     return indicator;
 }
-id VELT_CIRCULARPROGRESSINDICATOR_INIT(const id& owner, const char* action) {
-    Ref<NSProgressIndicator> indicator =
-        made<NSProgressIndicator>("VELT_CIRCULARPROGRESSINDICATOR_INIT", owner, action);
+id VELT_CIRCULARPROGRESSINDICATOR_INIT(const id&, const char*) {
+    Ref<NSProgressIndicator> indicator = made<NSProgressIndicator>("VELT_CIRCULARPROGRESSINDICATOR_INIT");
     indicator->setStyle(NSProgressIndicator::kSpinning);
     indicator->startAnimation(nil);
     return indicator;

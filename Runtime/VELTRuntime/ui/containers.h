@@ -6,8 +6,7 @@
 #define VELT_WRAPPER_TABLE "VELTRuntime/ui/containers.def"
 #include "VELTRuntime/ui/accessor_declarations.h"
 
-// All are new, of no size and in no view. An action is set, with the owner as its target, when the object has one and
-// the owner has a method of that name.
+// All are new, of no size and in no view. They have no action: the arguments are ignored.
 
 /// A box with the title "Title".
 VELT_EXPORT id VELT_NSBOX_INIT(const id& owner, const char* action);

@@ -10,6 +10,14 @@
 
 using namespace velt;
 
+id VELT_NSCONTROL_FONT(const id& control) {
+    return VELT_CNSFONT(ui::get(control, VELT_WRAPPER(NSCONTROL_FONT, "font"), ui::ValueKind::Object));
+}
+
+id VELT_NSCELL_FONT(const id& cell) {
+    return VELT_CNSFONT(ui::get(cell, VELT_WRAPPER(NSCELL_FONT, "font"), ui::ValueKind::Object));
+}
+
 id VELT_NSCONTROL_ACTIONNAME(const id&) { return string(std::u16string_view()); }  // programs rely on it
 
 id VELT_NSCONTROL_ACTIONNAME(const id& control, const id& name) {

@@ -12,8 +12,6 @@ using namespace velt;
 
 namespace {
 
-id asciiText(const char* text) { return string(std::string_view(text ? text : "")); }
-
 id newMenu(const char* constructor, const id& title) {
     requireMainThread(constructor);
     Ref<NSMenu> menu = make<NSMenu>(title);
@@ -24,7 +22,7 @@ id newMenu(const char* constructor, const id& title) {
 id newItem(const id& owner, const char* action, const id& title) {
     requireMainThread("VELT_NSMENUITEM_INIT");
     Ref<NSMenuItem> item = make<NSMenuItem>(title);
-    if (action && respondsTo(owner, Selector::named(action))) item->setActionName(asciiText(action));
+    if (methodNamed(owner, action)) item->setActionName(ui::stringOfLiteral(action));
     item->setTarget(owner);
     return item;
 }
@@ -54,12 +52,14 @@ id append(const char* function, const id& menu, const id& item) {
 
 }  // namespace
 
-id VELT_NSMENU_INIT(const id&, const char* title) { return newMenu("VELT_NSMENU_INIT", asciiText(title)); }
+id VELT_NSMENU_INIT(const id&, const char* title) { return newMenu("VELT_NSMENU_INIT", ui::stringOfLiteral(title)); }
 id VELT_NSMENU_INIT(const id&, const char*, const id& title) {
     return newMenu("VELT_NSMENU_INIT", VELT_CSTRING(title));
 }
 
-id VELT_NSMENUITEM_INIT(const id& owner, const char* action) { return newItem(owner, action, asciiText(action)); }
+id VELT_NSMENUITEM_INIT(const id& owner, const char* action) {
+    return newItem(owner, action, ui::stringOfLiteral(action));
+}
 id VELT_NSMENUITEM_INIT(const id& owner, const char* action, const id& title) {
     return newItem(owner, action, VELT_CSTRING(title));
 }

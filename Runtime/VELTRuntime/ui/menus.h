@@ -36,5 +36,5 @@ VELT_EXPORT id VELT_NSMENU_REMOVEALL(const id& menu);
 /// Always a new empty string; programs rely on it.
 VELT_EXPORT id VELT_NSMENUITEM_ACTIONNAME(const id& item);
 /// Lets the item call a method of its target: the one of that name with a colon behind it, or else the one of that
-/// name. Nothing when the target has neither. Raises "'String' expected".
+/// name. Nothing when the target has neither. The name goes through VELT_CSTRING.
 VELT_EXPORT id VELT_NSMENUITEM_ACTIONNAME(const id& item, const id& name);

@@ -252,8 +252,6 @@ id VELT_ENDEXPANDING(const id& view, const id& window) {
 
 namespace {
 
-id truth(bool flag) { return VELT_ID(static_cast<BOOL>(flag)); }
-
 /// A new array that may be changed of what another holds; an empty one for what is no array.
 id arrayCopy(const id& list) {
     const Ref<NSMutableArray> copied = make<NSMutableArray>();
@@ -269,10 +267,10 @@ id firstOf(const id& list) {
 }  // namespace
 
 void VELT_OPENPANEL_Init() {
-    VELT_idOPENPANEL_CANCHOOSEFILES = truth(true);
-    VELT_idOPENPANEL_CANCHOOSEDIRECTORIES = truth(false);
-    VELT_idOPENPANEL_RESOLVESALIASES = truth(false);
-    VELT_idOPENPANEL_ALLOWSMULTIPLESELECTION = truth(false);
+    VELT_idOPENPANEL_CANCHOOSEFILES = boxResult(true);
+    VELT_idOPENPANEL_CANCHOOSEDIRECTORIES = boxResult(false);
+    VELT_idOPENPANEL_RESOLVESALIASES = boxResult(false);
+    VELT_idOPENPANEL_ALLOWSMULTIPLESELECTION = boxResult(false);
 }
 
 #define VELT_OPENPANEL_OPTION(name, convert)                                                                           \
@@ -281,7 +279,7 @@ void VELT_OPENPANEL_Init() {
         VELT_idOPENPANEL_##name = convert(value);                                                                      \
         return nil;                                                                                                    \
     }
-#define VELT_OPENPANEL_FLAG(value) truth(VELT_CBOOL(value))
+#define VELT_OPENPANEL_FLAG(value) boxResult(VELT_CBOOL(value) != 0)
 VELT_OPENPANEL_OPTION(CANCHOOSEFILES, VELT_OPENPANEL_FLAG)
 VELT_OPENPANEL_OPTION(CANCHOOSEDIRECTORIES, VELT_OPENPANEL_FLAG)
 VELT_OPENPANEL_OPTION(RESOLVESALIASES, VELT_OPENPANEL_FLAG)
@@ -304,7 +302,7 @@ id VELT_NSOPENPANEL_RUN(const id&) {
     VELT_idOPENPANEL_FILENAMES = arrayCopy(confirmed ? panel.filenames() : id());
     VELT_idOPENPANEL_URLS = arrayCopy(confirmed ? panel.urls() : id());
     VELT_OPENPANEL_Init();
-    return truth(confirmed);
+    return boxResult(confirmed);
 }
 
 id VELT_NSOPENPANEL_FILENAMES(const id&) { return arrayCopy(VELT_idOPENPANEL_FILENAMES); }

@@ -20,7 +20,7 @@ id VELT_NSTABLEVIEW_INIT(const id& owner, const char* action) {
 
 id VELT_NSTABLECOLUMN_INIT(const id&, const char* identifier) {
     requireMainThread("VELT_NSTABLECOLUMN_INIT");
-    return make<NSTableColumn>(string(std::string_view(identifier ? identifier : "")));
+    return make<NSTableColumn>(ui::stringOfLiteral(identifier));
 }
 
 id VELT_NSTABLECOLUMN_INIT(const id&, const char*, const id& identifier, const id& title) {
@@ -47,11 +47,11 @@ id VELT_NSTABLEVIEW_SELECTROW(const id& table, const id& row) {
 id VELT_NSTABLECOLUMN_VISIBLE(const id& column) {
     const id hidden = ui::get(column, VELT_WRAPPER(NSTABLECOLUMN_VISIBLE, "isHidden"), ui::ValueKind::Boolean);
     // nil shows nothing.
-    return VELT_ID(static_cast<BOOL>(!column.isNil() && !VELT_CBOOL(hidden)));
+    return boxResult(!column.isNil() && !VELT_CBOOL(hidden));
 }
 
 id VELT_NSTABLECOLUMN_VISIBLE(const id& column, const id& flag) {
-    const id hidden = VELT_ID(static_cast<BOOL>(!VELT_CBOOL(flag)));
+    const id hidden = boxResult(!VELT_CBOOL(flag));
     ui::pass(column, VELT_WRAPPER(NSTABLECOLUMN_VISIBLE, "setHidden:"), hidden);
     return nil;
 }

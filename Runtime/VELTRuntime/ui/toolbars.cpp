@@ -3,28 +3,21 @@
 #include "VELTRuntime/platform/appkit/toolbars/toolbar.h"
 #include "VELTRuntime/ui/constructors.h"
 #include "VELTRuntime/values/boxing.h"
-#include "VELTRuntime/values/string.h"
 
 #define VELT_WRAPPER_TABLE "VELTRuntime/ui/toolbars.def"
 #include "VELTRuntime/ui/accessor_definitions.h"
 
 using namespace velt;
 
-namespace {
-
-id identifierOf(const char* text) { return string(std::string_view(text ? text : "")); }
-
-}  // namespace
-
 id VELT_NSTOOLBAR_INIT(const id& owner, const char* identifier) {
     requireMainThread("VELT_NSTOOLBAR_INIT");
-    Ref<NSToolbar> toolbar = make<NSToolbar>(identifierOf(identifier));
+    Ref<NSToolbar> toolbar = make<NSToolbar>(ui::stringOfLiteral(identifier));
     toolbar->setDelegate(owner);
     return toolbar;
 }
 
 id VELT_NSTOOLBARITEM_INIT(const id& owner, const char* action) {
-    return ui::newObject<NSToolbarItem>("VELT_NSTOOLBARITEM_INIT", owner, action, identifierOf(action));
+    return ui::newObject<NSToolbarItem>("VELT_NSTOOLBARITEM_INIT", owner, action, ui::stringOfLiteral(action));
 }
 
 id VELT_NSTOOLBAR_SHOW(const id& toolbar) {

@@ -115,5 +115,5 @@ id VELT_FIRSTRESPONDER_SENDACTION2(const id&, const id& name, const id& sender) 
     std::string action = utf8(name);
     if (action.find(':') == action.npos) action += ':';
     const bool answered = NSApplication::sharedApplication().sendAction(Selector::named(action), nil, sender);
-    return VELT_ID(static_cast<BOOL>(answered));
+    return boxResult(answered);
 }

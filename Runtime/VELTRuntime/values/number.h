@@ -69,7 +69,6 @@ inline std::int64_t asWholeWord(Word word) {
     return smallCode(word) == SmallCode::UnsignedLong ? static_cast<std::int64_t>(unsignedPayload(word))
                                                       : signedPayload(word);
 }
-inline bool isIntegerCode(NumberCode code) { return code == NumberCode::Long || code == NumberCode::Short; }
 inline bool isFloatingCode(NumberCode code) { return code == NumberCode::Double || code == NumberCode::Float; }
 
 /// A double cut off toward zero to 64 bits; what lies outside, and NaN, gives the smallest integer as the processor

@@ -51,6 +51,14 @@ std::string utf8(const id& string) { return utf8(textOf(string)); }
 
 using velt::text::copyUnits;
 
+namespace {
+
+[[noreturn]] void raiseTooLong(std::size_t length) {
+    velt::raise(velt::kRangeException, "a string of " + std::to_string(length) + " characters is too long");
+}
+
+}  // namespace
+
 velt::Class& NSString::entry() {
     static velt::Class& cls = velt::declareClass<NSString>("NSString", &NSObject::entry());
     return cls;
@@ -89,9 +97,7 @@ char16_t* NSMutableString::allocate(std::size_t length) {
         setLength(length, true);
         return inlineUnits_;
     }
-    if (length > kMostUnits) {
-        velt::raise(velt::kRangeException, "a string of " + std::to_string(length) + " characters is too long");
-    }
+    if (length > kMostUnits) raiseTooLong(length);
     velt::TextBuffer* buffer = velt::TextBuffer::create(length);
     buffer->setUsed(length);
     setLength(length, false);
@@ -124,7 +130,7 @@ NSMutableString::NSMutableString(const NSString& head, std::u16string_view tail)
         copyUnits(units + source.length(), tail);
         return;
     }
-    setLength(length, false);
+    if (length > kMostUnits) raiseTooLong(length);
     velt::TextBuffer* buffer = source.shared_.buffer;
     const std::size_t start = static_cast<std::size_t>(source.shared_.start - buffer->units());
     if (buffer->claim(start + source.length(), tail.size())) {
@@ -137,6 +143,7 @@ NSMutableString::NSMutableString(const NSString& head, std::u16string_view tail)
         shared_ = {buffer, buffer->units()};
         copyUnits(shared_.start, source.view());
     }
+    setLength(length, false);
     copyUnits(shared_.start + source.length(), tail);
 }
 

@@ -2,7 +2,6 @@
 
 #include "VELTRuntime/platform/object/class.h"
 #include "VELTRuntime/platform/object/message.h"
-#include "VELTRuntime/values/boxing.h"
 #include "VELTRuntime/values/string.h"
 
 #include <cstring>
@@ -29,7 +28,6 @@ constexpr TypeName kTypeNames[] = {
     {velt::kRangeCode, "Range"},
 };
 
-id boolean(bool value) { return VELT_ID(static_cast<BOOL>(value)); }
 bool isKind(const id& value, velt::Kind kind) { return velt::isKind(value.word(), kind); }
 
 }  // namespace
@@ -52,17 +50,17 @@ id VELT_CLONE(const id& value) { return velt::copy(value); }
 
 id VELT_INFO(const id& value) { return value.isNil() ? velt::string("nil") : velt::description(value); }
 
-id VELT_ISEQUALCLASS(const id& a, const id& b) { return boolean(velt::classOf(a) == velt::classOf(b)); }
-id VELT_ISEQUALVALUE(const id& a, const id& b) { return boolean(velt::isEqual(a, b)); }
-id VELT_ISEQUALOBJECT(const id& a, const id& b) { return boolean(a == b); }
+id VELT_ISEQUALCLASS(const id& a, const id& b) { return velt::boxResult(velt::classOf(a) == velt::classOf(b)); }
+id VELT_ISEQUALVALUE(const id& a, const id& b) { return velt::boxResult(velt::isEqual(a, b)); }
+id VELT_ISEQUALOBJECT(const id& a, const id& b) { return velt::boxResult(a == b); }
 
-id VELT_ISARRAY(const id& value) { return boolean(isKind(value, velt::Kind::MutableArray)); }
-id VELT_ISDICTIONARY(const id& value) { return boolean(isKind(value, velt::Kind::MutableDictionary)); }
-id VELT_ISSTRING(const id& value) { return boolean(velt::isString(value)); }
-id VELT_ISDATA(const id& value) { return boolean(isKind(value, velt::Kind::MutableData)); }
-id VELT_ISNUMBER(const id&) { return boolean(true); }
-id VELT_ISVALUE(const id&) { return boolean(true); }
+id VELT_ISARRAY(const id& value) { return velt::boxResult(isKind(value, velt::Kind::MutableArray)); }
+id VELT_ISDICTIONARY(const id& value) { return velt::boxResult(isKind(value, velt::Kind::MutableDictionary)); }
+id VELT_ISSTRING(const id& value) { return velt::boxResult(velt::isString(value)); }
+id VELT_ISDATA(const id& value) { return velt::boxResult(isKind(value, velt::Kind::MutableData)); }
+id VELT_ISNUMBER(const id&) { return velt::boxResult(true); }
+id VELT_ISVALUE(const id&) { return velt::boxResult(true); }
 
 #define VELT_DEFINE_PREDICATE(type, code)                                                                              \
-    id VELT_IS##type(const id& value) { return boolean(std::strcmp(velt::typeCode(value), code) == 0); }
+    id VELT_IS##type(const id& value) { return velt::boxResult(std::strcmp(velt::typeCode(value), code) == 0); }
 VELT_TYPE_PREDICATES(VELT_DEFINE_PREDICATE)

@@ -4,6 +4,16 @@ using namespace velt::test;
 
 namespace {
 
+/// Describes itself by something that need not be a text.
+class Wordless final : public NSObject {
+public:
+    explicit Wordless(const id& answer) : answer_(answer) {}
+    id description() const override { return answer_; }
+
+private:
+    id answer_;
+};
+
 class Counter : public NSObject {
     VELT_OBJECT(Counter, NSObject)
 public:
@@ -126,6 +136,17 @@ TEST(Messages, FailByNameAndDoNothingToNil) {
     EXPECT_TRUE(velt::respondsTo(counter, VELT_SELECTOR("add:")));
     EXPECT_FALSE(velt::respondsTo(counter, VELT_SELECTOR("add")));
     EXPECT_FALSE(velt::respondsTo(nil, VELT_SELECTOR("description")));
+}
+
+TEST(Descriptions, AreTextsWhateverAClassAnswers) {
+    for (const id& answer : {id(), integer(5), array()}) {
+        const id object = velt::make<Wordless>(answer);
+        for (const id& text : {velt::description(object), VELT_CSTRING(object), VELT_INFO(object),
+                               VELT_JOIN(array(object), str(",")), VELT_CONCAT(object, str(""))}) {
+            ASSERT_TRUE(velt::isString(text));
+            EXPECT_TRUE(velt::utf8(text).starts_with("<NSObject 0x")) << velt::utf8(text);
+        }
+    }
 }
 
 TEST(Messages, ReachNumbersInTheWord) {

@@ -1,6 +1,7 @@
 #include "VELTRuntime/platform/foundation/notification_center.h"
 
 #include "VELTRuntime/platform/foundation/observer_table.h"
+#include "VELTRuntime/platform/object/class_object.h"
 #include "VELTRuntime/platform/object/departures.h"
 #include "VELTRuntime/platform/object/exception.h"
 #include "VELTRuntime/platform/object/message.h"
@@ -82,7 +83,7 @@ void NSNotificationCenter::describe(velt::ClassBuilder<NSNotificationCenter>& c)
     using Center = NSNotificationCenter;
     c.method("addObserver:selector:name:object:",
              [](const id& self, const id* a) {
-                 as<Center>(self)->addObserver(a[0], Selector::named(utf8(VELT_CSTRING(a[1]))), a[2], a[3]);
+                 as<Center>(self)->addObserver(a[0], toSelector(a[1]), a[2], a[3]);
                  return id();
              })
         .method("removeObserver:",

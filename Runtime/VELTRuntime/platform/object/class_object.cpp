@@ -13,8 +13,6 @@ const ClassObject* classObjectOf(const id& value) {
 
 const Class& representedBy(const id& self) { return classObjectOf(self)->represented(); }
 
-Selector selectorNamedBy(const id& name) { return Selector::named(utf8(VELT_CSTRING(name))); }
-
 id superclassObject(const Class& cls) { return cls.superclass() ? cls.superclass()->object() : id(); }
 
 id newObject(const id& self, const id*) { return representedBy(self).newObject(); }
@@ -33,6 +31,8 @@ const Class* toClass(const id& value) {
     return Class::named(utf8(VELT_CSTRING(value)));
 }
 
+Selector toSelector(const id& value) { return Selector::named(utf8(VELT_CSTRING(value))); }
+
 void ClassObject::describe(ClassBuilder<ClassObject>& c) {
     c.method("class", [](const id& self, const id*) { return self; })
         .method("superclass", [](const id& self, const id*) { return superclassObject(representedBy(self)); })
@@ -45,7 +45,7 @@ void ClassObject::describe(ClassBuilder<ClassObject>& c) {
                     return boxResult(other && representedBy(self).isKindOf(*other));
                 })
         .method("instancesRespondToSelector:", [](const id& self, const id* a) {
-            return boxResult(representedBy(self).method(selectorNamedBy(a[0])) != nullptr);
+            return boxResult(representedBy(self).method(toSelector(a[0])) != nullptr);
         });
 }
 
@@ -61,12 +61,12 @@ void describeReflection(ClassBuilder<NSObject>& c) {
         .method("isMemberOfClass:",
                 [](const id& self, const id* a) { return boxResult(classOf(self) == toClass(a[0])); })
         .method("respondsToSelector:",
-                [](const id& self, const id* a) { return boxResult(respondsTo(self, selectorNamedBy(a[0]))); })
-        .method("performSelector:", [](const id& self, const id* a) { return send(self, selectorNamedBy(a[0])); })
+                [](const id& self, const id* a) { return boxResult(respondsTo(self, toSelector(a[0]))); })
+        .method("performSelector:", [](const id& self, const id* a) { return send(self, toSelector(a[0])); })
         .method("performSelector:withObject:",
-                [](const id& self, const id* a) { return send(self, selectorNamedBy(a[0]), a[1]); })
+                [](const id& self, const id* a) { return send(self, toSelector(a[0]), a[1]); })
         .method("performSelector:withObject:withObject:",
-                [](const id& self, const id* a) { return send(self, selectorNamedBy(a[0]), a[1], a[2]); });
+                [](const id& self, const id* a) { return send(self, toSelector(a[0]), a[1], a[2]); });
 }
 
 }  // namespace velt

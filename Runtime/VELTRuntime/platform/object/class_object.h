@@ -26,6 +26,9 @@ private:
 /// text and raises "VLException".
 VELT_EXPORT const Class* toClass(const id& value);
 
+/// The selector that a value names, by its text; nil raises "VLException".
+VELT_EXPORT Selector toSelector(const id& value);
+
 /// What NSObject answers about its class and what it can be asked.
 void describeReflection(ClassBuilder<NSObject>& c);
 

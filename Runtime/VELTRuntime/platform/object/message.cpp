@@ -88,9 +88,19 @@ bool respondsTo(const id& receiver, Selector selector) {
     return cls && methodOf(receiver, *cls, selector);
 }
 
+Selector methodNamed(const id& receiver, const char* name) {
+    if (!name || !*name) return {};
+    const Selector selector = Selector::named(name);
+    return respondsTo(receiver, selector) ? selector : Selector();
+}
+
 id description(const id& value) {
-    if (NSObject* object = value.object()) return object->description();
-    return value.isNil() ? id() : numberText(value);
+    NSObject* object = value.object();
+    if (!object) return value.isNil() ? id() : numberText(value);
+    // What asks counts on a text, whatever a program's class answers.
+    id text = object->description();
+    if (!isString(text)) text = object->NSObject::description();
+    return text;
 }
 
 bool isEqual(const id& a, const id& b) {

@@ -116,11 +116,15 @@ template <class... A> id send(const id& receiver, std::string_view selector, con
 
 /// The receiver's class has the method; False for nil.
 VELT_EXPORT bool respondsTo(const id& receiver, Selector selector);
+/// The rule of actions, timers and threads: the selector of the receiver's method of that zero-terminated name; an
+/// empty selector when the receiver has no such method, or the name is empty or null.
+VELT_EXPORT Selector methodNamed(const id& receiver, const char* name);
 
 /// Raises the failure of a message that the receiver lacks.
 [[noreturn]] VELT_EXPORT void raiseNotUnderstood(const id& receiver, std::string_view selector);
 
-/// What any value answers about itself; nil has no text, equals nothing and hashes to 0.
+/// What any value answers about itself. A description is a string, whatever the class answers; nil has none, equals
+/// nothing and hashes to 0.
 VELT_EXPORT id description(const id& value);
 VELT_EXPORT bool isEqual(const id& a, const id& b);
 VELT_EXPORT std::size_t hash(const id& value);

@@ -1,6 +1,7 @@
 #include "VELTRuntime/values/text/casing.h"
 
 #include "VELTRuntime/values/text/plain_text.h"
+#include "VELTRuntime/values/text/unit_lanes.h"
 
 #include <new>
 #include <stdexcept>
@@ -109,7 +110,7 @@ bool isOwnForm(char32_t codePoint, Case respect) {
 }
 
 bool beginsCharacter(char32_t codePoint) {
-    return codePoint < 0x300 || unorm2_hasBoundaryBefore(composer(), static_cast<UChar32>(codePoint));
+    return codePoint < kFirstCombining || unorm2_hasBoundaryBefore(composer(), static_cast<UChar32>(codePoint));
 }
 
 }  // namespace velt::text

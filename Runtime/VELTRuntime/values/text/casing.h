@@ -27,17 +27,4 @@ bool isOwnForm(char32_t codePoint, Case respect);
 /// The character neither combines with what stands before it nor composes with it.
 VELT_EXPORT bool beginsCharacter(char32_t codePoint);
 
-/// The code point at a position and its length in units; a surrogate without its partner is its own.
-struct CodePoint {
-    char32_t value;
-    std::size_t length;
-};
-inline CodePoint codePointAt(std::u16string_view text, std::size_t at) {
-    const char32_t unit = text[at];
-    if (unit >= 0xD800 && unit < 0xDC00 && at + 1 < text.size() && text[at + 1] >= 0xDC00 && text[at + 1] < 0xE000) {
-        return {0x10000 + ((unit - 0xD800) << 10) + (text[at + 1] - 0xDC00u), 2};
-    }
-    return {unit, 1};
-}
-
 }  // namespace velt::text

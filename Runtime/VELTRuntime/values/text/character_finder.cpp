@@ -1,6 +1,6 @@
 #include "VELTRuntime/values/text/character_finder.h"
 
-#include "VELTRuntime/values/text/plain_text.h"
+#include "VELTRuntime/values/text/utf.h"
 
 #include <algorithm>
 
@@ -11,8 +11,6 @@ namespace {
 constexpr std::size_t kFirstPiece = 128, kLargestPiece = 16384;
 constexpr std::size_t kFirstWindow = 64, kLargestWindow = 32768;
 constexpr char16_t kIota = 0x3B9;  // what the combining iota subscript folds to
-
-bool isLowSurrogate(char16_t unit) { return unit >= 0xDC00 && unit < 0xE000; }
 
 }  // namespace
 
@@ -111,7 +109,7 @@ void CharacterFinder::prepareForm() {
 }
 
 bool CharacterFinder::isCharacterStart(std::size_t at) const {
-    const bool splitsPair = isLowSurrogate(haystack_[at]) && haystack_[at - 1] >= 0xD800 && haystack_[at - 1] < 0xDC00;
+    const bool splitsPair = isLowSurrogate(haystack_[at]) && isHighSurrogate(haystack_[at - 1]);
     return !splitsPair && beginsCharacter(codePointAt(haystack_, at).value);
 }
 

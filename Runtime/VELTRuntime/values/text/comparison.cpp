@@ -2,6 +2,8 @@
 #include "VELTRuntime/values/text/plain_text.h"
 #include "VELTRuntime/values/text/search.h"
 #include "VELTRuntime/values/text/unit_forms.h"
+#include "VELTRuntime/values/text/unit_lanes.h"
+#include "VELTRuntime/values/text/utf.h"
 
 #include <algorithm>
 #include <unicode/ustring.h>
@@ -17,7 +19,7 @@ int compareForms(std::u16string_view a, std::u16string_view b, std::size_t commo
     const auto begins = [&](std::u16string_view text) {
         if (common >= text.size()) return true;
         const char16_t unit = text[common];
-        return (unit < 0xDC00 || unit >= 0xE000) && beginsCharacter(codePointAt(text, common).value);
+        return !isLowSurrogate(unit) && beginsCharacter(codePointAt(text, common).value);
     };
     while (common > 0 && !(begins(a) && begins(b))) --common;
     const std::u16string formA = comparisonForm(a.substr(common), respect);
@@ -34,8 +36,6 @@ int orderAt(std::u16string_view a, std::u16string_view b, std::size_t at) {
     if (at == a.size() || at == b.size()) return (at == b.size()) - (at == a.size());
     return order(a[at], b[at]);
 }
-
-bool isSurrogate(char16_t unit) { return unit >= 0xD800 && unit < 0xE000; }
 
 /// Length of the common beginning of characters with the same representative.
 std::size_t commonRepresentatives(std::u16string_view a, std::u16string_view b, const UnitForms& forms) {

@@ -1,6 +1,7 @@
 #include "VELTRuntime/values/text/folded_window.h"
 
 #include "VELTRuntime/values/text/plain_text.h"
+#include "VELTRuntime/values/text/utf.h"
 
 #include <algorithm>
 

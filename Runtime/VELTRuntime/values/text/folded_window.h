@@ -19,7 +19,6 @@ public:
     void build(std::size_t begin, std::size_t wantedBaseEnd, std::size_t needleLength);
 
     bool covers(std::size_t position) const { return position >= begin_ && position < baseEnd_; }
-    std::size_t begin() const { return begin_; }
     std::size_t baseEnd() const { return baseEnd_; }
     std::size_t baseClusters() const { return baseClusters_; }
     const std::u16string& form() const { return form_; }

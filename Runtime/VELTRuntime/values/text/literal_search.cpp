@@ -1,6 +1,6 @@
 #include "VELTRuntime/values/text/literal_search.h"
 
-#include "VELTRuntime/values/text/plain_text.h"
+#include "VELTRuntime/values/text/unit_lanes.h"
 
 #include <cstring>
 

@@ -2,6 +2,7 @@
 
 #include "VELTRuntime/values/text/character_finder.h"
 #include "VELTRuntime/values/text/plain_text.h"
+#include "VELTRuntime/values/text/utf.h"
 
 namespace velt::text {
 

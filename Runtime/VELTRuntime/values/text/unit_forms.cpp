@@ -1,6 +1,8 @@
 #include "VELTRuntime/values/text/unit_forms.h"
 
 #include "VELTRuntime/values/text/plain_text.h"
+#include "VELTRuntime/values/text/unit_lanes.h"
+#include "VELTRuntime/values/text/utf.h"
 
 #include <algorithm>
 #include <unicode/uchar.h>
@@ -13,8 +15,6 @@ namespace {
 bool isUnifiedIdeograph(char16_t unit) {
     return (unit >= 0x3400 && unit <= 0x4DBF) || (unit >= 0x4E00 && unit <= 0x9FFF);
 }
-
-bool isSurrogate(char16_t unit) { return unit >= 0xD800 && unit < 0xE000; }
 
 /// A comparison form is one character, with all that combines with it.
 bool isOneCharacter(std::u16string_view form) {

@@ -114,16 +114,14 @@ std::u16string fromAscii(std::string_view bytes) {
 std::string toUtf8(std::u16string_view text) {
     std::string bytes;
     bytes.reserve(text.size() + text.size() / 2);
-    for (std::size_t i = 0; i < text.size(); ++i) {
-        char32_t c = text[i];
-        if (c < 0x80) {
-            bytes += static_cast<char>(c);
+    for (std::size_t i = 0; i < text.size();) {
+        if (text[i] < 0x80) {
+            bytes += static_cast<char>(text[i++]);
             continue;
         }
-        if (c >= 0xD800 && c <= 0xDFFF) {
-            const bool paired = c < 0xDC00 && i + 1 < text.size() && text[i + 1] >= 0xDC00 && text[i + 1] <= 0xDFFF;
-            c = paired ? 0x10000 + ((c - 0xD800) << 10) + (text[++i] - 0xDC00u) : kReplacement;
-        }
+        auto [c, length] = codePointAt(text, i);
+        i += length;
+        if (isSurrogate(c)) c = kReplacement;
         if (c < 0x800) {
             bytes += static_cast<char>(0xC0 | (c >> 6));
         } else {

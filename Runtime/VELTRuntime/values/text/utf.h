@@ -1,4 +1,4 @@
-// UTF-8, ASCII and UTF-16: decoding and encoding of whole texts.
+// UTF-8, ASCII and UTF-16: decoding and encoding of whole texts, and the code points of a text.
 #pragma once
 
 #include "VELTRuntime/export.h"
@@ -23,5 +23,23 @@ VELT_EXPORT std::u16string fromUtf8Lenient(std::string_view bytes);
 VELT_EXPORT std::u16string fromAscii(std::string_view bytes);
 /// The UTF-8 bytes of a text: a surrogate without its partner becomes U+FFFD.
 VELT_EXPORT std::string toUtf8(std::u16string_view text);
+
+/// Half of a pair that stands for a code point beyond the 16-bit range; the first half, the second one.
+constexpr bool isSurrogate(char32_t unit) { return unit >= 0xD800 && unit < 0xE000; }
+constexpr bool isHighSurrogate(char32_t unit) { return unit >= 0xD800 && unit < 0xDC00; }
+constexpr bool isLowSurrogate(char32_t unit) { return unit >= 0xDC00 && unit < 0xE000; }
+
+/// The code point at a position and its length in units; a surrogate without its partner is its own.
+struct CodePoint {
+    char32_t value;
+    std::size_t length;
+};
+inline CodePoint codePointAt(std::u16string_view text, std::size_t at) {
+    const char32_t unit = text[at];
+    if (isHighSurrogate(unit) && at + 1 < text.size() && isLowSurrogate(text[at + 1])) {
+        return {0x10000 + ((unit - 0xD800) << 10) + (text[at + 1] - 0xDC00u), 2};
+    }
+    return {unit, 1};
+}
 
 }  // namespace velt::text

@@ -1,12 +1,12 @@
-// A word that an inline operator passed on, seen as a value.
+// A word that stays owned by somebody else, seen as a value.
 #pragma once
 
 #include "VELTRuntime/values/value.h"
 
 namespace velt {
 
-/// A borrowed word as a value, without counting an owner. Operators pass words so that their operands' variables can
-/// stay in registers.
+/// A borrowed word as a value, without counting an owner. Inline operators pass words so that their operands' variables
+/// can stay in registers.
 class Borrowed {
 public:
     explicit Borrowed(Word word) : value_(id::adopt(word)) {}
