@@ -1,10 +1,10 @@
 #include "VELTRuntime/builtins/collections.h"
 
-#include "VELTRuntime/operators/borrowed.h"
 #include "VELTRuntime/platform/foundation/data.h"
 #include "VELTRuntime/platform/foundation/dictionary.h"
 #include "VELTRuntime/platform/object/exception.h"
 #include "VELTRuntime/platform/object/message.h"
+#include "VELTRuntime/values/borrowed.h"
 #include "VELTRuntime/values/string.h"
 
 using namespace velt;

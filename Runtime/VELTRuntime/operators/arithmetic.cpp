@@ -1,9 +1,9 @@
 #include "VELTRuntime/operators/arithmetic.h"
 
-#include "VELTRuntime/operators/borrowed.h"
 #include "VELTRuntime/platform/foundation/array.h"
 #include "VELTRuntime/platform/object/exception.h"
 #include "VELTRuntime/platform/object/message.h"
+#include "VELTRuntime/values/borrowed.h"
 #include "VELTRuntime/values/string.h"
 #include "VELTRuntime/values/text/writing.h"
 

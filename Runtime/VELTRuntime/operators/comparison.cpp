@@ -1,9 +1,9 @@
 #include "VELTRuntime/operators/comparison.h"
 
-#include "VELTRuntime/operators/borrowed.h"
 #include "VELTRuntime/platform/object/class.h"
 #include "VELTRuntime/platform/object/exception.h"
 #include "VELTRuntime/platform/object/message.h"
+#include "VELTRuntime/values/borrowed.h"
 #include "VELTRuntime/values/string.h"
 #include "VELTRuntime/values/text/search.h"
 

@@ -1,6 +1,5 @@
 #include "VELTRuntime/platform/foundation/dictionary.h"
 
-#include "VELTRuntime/operators/borrowed.h"
 #include "VELTRuntime/platform/foundation/array.h"
 #include "VELTRuntime/platform/foundation/collection_hash.h"
 #include "VELTRuntime/platform/foundation/collection_text.h"
@@ -9,6 +8,7 @@
 #include "VELTRuntime/platform/object/exception.h"
 #include "VELTRuntime/platform/object/message.h"
 #include "VELTRuntime/platform/object/observing.h"
+#include "VELTRuntime/values/borrowed.h"
 #include "VELTRuntime/values/conversions.h"
 #include "VELTRuntime/values/string.h"
 

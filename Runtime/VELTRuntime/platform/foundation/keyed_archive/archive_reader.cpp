@@ -9,6 +9,7 @@
 #include "VELTRuntime/platform/foundation/property_list/property_list.h"
 #include "VELTRuntime/platform/object/cycles.h"
 #include "VELTRuntime/platform/object/message.h"
+#include "VELTRuntime/values/borrowed.h"
 
 #include <pthread.h>
 
@@ -32,22 +33,6 @@ Selector initSelector() {
     static const Selector selector = Selector::named("initWithCoder:");
     return selector;
 }
-
-/// A value that the property list goes on owning. One owner more or less on each reference in an archive would make all
-/// of them candidates for the collector of cycles.
-class Borrowed {
-public:
-    explicit Borrowed(Word word) : value_(id::adopt(word)) {}
-    ~Borrowed() {}  // NOLINT(modernize-use-equals-default): the value is not ended
-    Borrowed(const Borrowed&) = delete;
-    Borrowed& operator=(const Borrowed&) = delete;
-    operator const id&() const { return value_; }
-
-private:
-    union {
-        id value_;
-    };
-};
 
 std::string numbered(std::uint32_t place) { return "object " + std::to_string(place); }
 
