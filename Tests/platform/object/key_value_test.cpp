@@ -149,6 +149,17 @@ TEST(Keys, ReachGettersAndSettersWithoutAProperty) {
     EXPECT_FALSE(velt::hasValueForKey(nil, "secret"));
 }
 
+TEST(Keys, WithAColonNameNoMethods) {
+    const id ada = person("Ada", "London");
+    EXPECT_RAISES("NSUnknownKeyException: 'Person' has no value for key 'value:forKey'",
+                  velt::setValueForKey(ada, "value:forKey", str("name")));
+    EXPECT_FALSE(velt::canSetMemberForKey(ada, "value:forKey"));
+    EXPECT_TRUE(velt::isValidForKey(ada, "value:forKey", str("name")));
+    EXPECT_TRUE(velt::canSetMemberForKey(ada, "secret"));
+    EXPECT_TRUE(velt::canSetMemberForKey(ada, "name"));
+    EXPECT_FALSE(velt::canSetMemberForKey(nil, "name"));
+}
+
 TEST(Keys, DoNotTakeNilForNumbersAndStructures) {
     const id ada = person("Ada", "London");
     EXPECT_RAISES("NSInvalidArgumentException: 'Person' cannot take nil for key 'age'",

@@ -76,17 +76,10 @@ std::optional<id> valueOf(const XmlElement& value) {
     return id(list);
 }
 
-bool canSet(const id& object, const std::string& key) {
-    const Class* cls = classOf(object);
-    if (!cls || key.empty()) return false;
-    const Property* property = cls->property(key);
-    return (property && property->set) || cls->method(Selector::named(setterName(key)));
-}
-
 void setProperties(const id& object, const XmlElement& element) {
     for (const XmlElement& property : element.children) {
         const std::string& key = property.attribute("name");
-        if (property.name != "property" || property.children.empty() || !canSet(object, key)) continue;
+        if (property.name != "property" || property.children.empty() || !canSetMemberForKey(object, key)) continue;
         if (const auto value = valueOf(property.children.front())) setValueForKey(object, key, *value);
     }
 }
@@ -131,7 +124,7 @@ public:
             }
         }
         for (const Named& named : objects_) {
-            if (canSet(owner_, named.name)) setValueForKey(owner_, named.name, named.object);
+            if (canSetMemberForKey(owner_, named.name)) setValueForKey(owner_, named.name, named.object);
         }
         for (const Connection& connection : connections) connect(connection);
     }
