@@ -3,6 +3,7 @@
 #include "VELTRuntime/platform/foundation/array.h"
 #include "VELTRuntime/platform/foundation/dictionary.h"
 #include "VELTRuntime/platform/foundation/null.h"
+#include "VELTRuntime/platform/object/exception.h"
 #include "VELTRuntime/platform/object/message.h"
 #include "VELTRuntime/values/boxing.h"
 #include "VELTRuntime/values/string.h"
@@ -98,6 +99,13 @@ Observation::Observation(NSObject* observedRoot, NSObject* observingObject, std:
       observer(observingObject) {}
 
 bool isObservable(const id& object) { return object.isObject() && !isLeaf(object.object()->kind()); }
+
+void requireObservable(const id& object, const char* role) {
+    if (isObservable(object)) return;
+    const Class* cls = classOf(object);
+    raise(kInvalidArgumentException,
+          (cls ? "a value of '" + cls->name() + "'" : std::string("nil")) + " cannot " + role);
+}
 
 void followPath(const ObservationRef& observation, const id& root) {
     PathWalk walk(observation->endsAtUnknownKey);

@@ -152,13 +152,6 @@ void endChange(NSObject& object, std::string_view key) {
     tellAfter(*change);
 }
 
-void requireObservable(const id& value, const char* role) {
-    if (isObservable(value)) return;
-    const Class* cls = classOf(value);
-    raise(kInvalidArgumentException,
-          (cls ? "a value of '" + cls->name() + "'" : std::string("nil")) + " cannot " + role);
-}
-
 ObservationRef findObservation(const id& object, const id& observer, std::string_view keyPath, const id* context) {
     AttachedTable& table = AttachedTable::shared();
     const std::lock_guard lock(table.mutex());
