@@ -131,6 +131,18 @@ TEST(UndoManagers, AreWholeAfterAnActionThatRaises) {
     EXPECT_VALUE("q 0", counter->number);
 }
 
+TEST(UndoManagers, AreWholeAfterAnActionThatEndsTheirGroup) {
+    const Ref<UndoableNumber> counter = velt::make<UndoableNumber>();
+    NSUndoManager& manager = *counter->manager;
+    manager.registerUndo(counter->manager, velt::Selector::named("endUndoGrouping"), {});
+    manager.undo();
+    EXPECT_FALSE(manager.isUndoing());
+    EXPECT_FALSE(manager.canUndo());
+    counter->setTo(integer(1));
+    manager.undo();
+    EXPECT_VALUE("q 0", counter->number);
+}
+
 TEST(UndoManagers, KeepAsManyGroupsAsTheyAreTold) {
     const Ref<UndoableNumber> counter = velt::make<UndoableNumber>();
     NSUndoManager& manager = *counter->manager;

@@ -129,8 +129,10 @@ void NSUndoManager::run(State state, std::vector<Group>& from) {
     state_ = state;
     beginUndoGrouping();
     const auto finish = [&] {
-        open_.name = group.name;
-        endUndoGrouping();
+        if (level_ > 0) {  // unless an action ended the group
+            open_.name = group.name;
+            endUndoGrouping();
+        }
         state_ = State::Normal;
     };
     try {
