@@ -6,11 +6,7 @@
 
 namespace velt {
 
-namespace {
-
-bool same(const id& a, const id& b) { return a == b || isEqual(a, b); }
-
-}  // namespace
+bool isSameAttribute(const id& a, const id& b) { return a == b || isEqual(a, b); }
 
 std::size_t RunList::indexOf(std::size_t position) const {
     const auto found = std::upper_bound(runs_.begin(), runs_.end(), position,
@@ -38,7 +34,7 @@ RunList RunList::part(NSRange range) const {
 
 void RunList::append(std::size_t added, const id& attributes) {
     if (added == 0) return;
-    if (!runs_.empty() && same(runs_.back().attributes, attributes)) {
+    if (!runs_.empty() && isSameAttribute(runs_.back().attributes, attributes)) {
         runs_.back().end += added;
     } else {
         runs_.push_back({length() + added, attributes});
@@ -55,7 +51,8 @@ std::size_t RunList::splitAt(std::size_t position) {
 
 /// Makes one of a run and the one before it, if their attributes are equal.
 void RunList::mergeAt(std::size_t index) {
-    if (index == 0 || index >= runs_.size() || !same(runs_[index - 1].attributes, runs_[index].attributes)) return;
+    if (index == 0 || index >= runs_.size() || !isSameAttribute(runs_[index - 1].attributes, runs_[index].attributes))
+        return;
     runs_.erase(runs_.begin() + static_cast<std::ptrdiff_t>(index) - 1);
 }
 
