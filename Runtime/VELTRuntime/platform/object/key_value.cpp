@@ -43,10 +43,13 @@ std::string quoted(const id& value) { return "'" + classOf(value)->name() + "'";
     raise(kInvalidArgumentException, quoted(object) + " cannot take nil for key '" + std::string(key) + "'");
 }
 
+// A program's getters and setters may change the collection whose keys they are called for.
+
 id valuesForKeys(const id& self, const id& keys) {
     Ref<NSMutableDictionary> values = make<NSMutableDictionary>();
     if (const NSArray* list = to<NSArray>(keys)) {
-        for (const id& key : list->items()) {
+        const id kept = list->copy();
+        for (const id& key : arrayOf(kept)->items()) {
             // A dictionary holds no nil: what has no value is not in it.
             if (const id value = send(self, VELT_SELECTOR("valueForKey:"), key)) values->setObject(value, key);
         }
@@ -56,7 +59,8 @@ id valuesForKeys(const id& self, const id& keys) {
 
 void setValuesForKeys(const id& self, const id& keyedValues) {
     if (const NSDictionary* values = to<NSDictionary>(keyedValues)) {
-        values->forEach(
+        const id kept = values->copy();
+        dictionaryOf(kept)->forEach(
             [&self](const id& key, const id& value) { send(self, VELT_SELECTOR("setValue:forKey:"), value, key); });
     }
 }
