@@ -10,7 +10,6 @@
 #include <charconv>
 #include <climits>
 #include <csignal>
-#include <cstdlib>
 #include <cstring>
 #include <fcntl.h>
 #include <mutex>

@@ -177,12 +177,12 @@ private:
         if (isOwner) connection.receiver = owner_;
         if (connection.receiver.isNil()) throw LoadFailure(row, "there is no object '" + receiver + "' to connect");
         if (!respondsTo(connection.receiver, connection.action)) {
-            throw LoadFailure(row, "'" + classOf(connection.receiver)->name() + "' has no method '" +
+            throw LoadFailure(row, quotedClassName(connection.receiver) + " has no method '" +
                                        connection.action.name() + "'");
         }
         const bool canSend = respondsTo(connection.sender, VELT_SELECTOR("setTarget:")) &&
                              respondsTo(connection.sender, VELT_SELECTOR("setAction:"));
-        if (!canSend) throw LoadFailure(row, "'" + classOf(connection.sender)->name() + "' sends no actions");
+        if (!canSend) throw LoadFailure(row, quotedClassName(connection.sender) + " sends no actions");
         return connection;
     }
 

@@ -37,10 +37,8 @@ const Property* settableProperty(const Class& cls, std::string_view key) {
     return property && property->set ? property : nullptr;
 }
 
-std::string quoted(const id& value) { return "'" + classOf(value)->name() + "'"; }
-
 [[noreturn]] void raiseNilValue(const id& object, std::string_view key) {
-    raise(kInvalidArgumentException, quoted(object) + " cannot take nil for key '" + std::string(key) + "'");
+    raise(kInvalidArgumentException, quotedClassName(object) + " cannot take nil for key '" + std::string(key) + "'");
 }
 
 // A program's getters and setters may change the collection whose keys they are called for.
@@ -74,13 +72,13 @@ KeyPathStep firstStep(std::string_view keyPath) {
 }
 
 void raiseUnknownKey(const id& object, std::string_view key) {
-    raise(kUnknownKeyException, quoted(object) + " has no value for key '" + std::string(key) + "'");
+    raise(kUnknownKeyException, quotedClassName(object) + " has no value for key '" + std::string(key) + "'");
 }
 
 std::string keyText(const id& key) {
     if (!isString(key)) {
         raise(kInvalidArgumentException,
-              (key.isNil() ? std::string("nil") : "a value of " + quoted(key)) + " is no key");
+              (key.isNil() ? std::string("nil") : "a value of " + quotedClassName(key)) + " is no key");
     }
     return utf8(key);
 }

@@ -102,9 +102,8 @@ bool isObservable(const id& object) { return object.isObject() && !isLeaf(object
 
 void requireObservable(const id& object, const char* role) {
     if (isObservable(object)) return;
-    const Class* cls = classOf(object);
-    raise(kInvalidArgumentException,
-          (cls ? "a value of '" + cls->name() + "'" : std::string("nil")) + " cannot " + role);
+    const std::string kind = object.isNil() ? "nil" : "a value of " + quotedClassName(object);
+    raise(kInvalidArgumentException, kind + " cannot " + role);
 }
 
 void followPath(const ObservationRef& observation, const id& root) {
