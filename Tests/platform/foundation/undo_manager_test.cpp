@@ -179,3 +179,36 @@ TEST(UndoManagers, GoWithTheirTargets) {
     velt::RunLoop::current().runOnce(0.01);
     EXPECT_EQ(2u, velt::collectCycles());
 }
+
+TEST(UndoManagers, AreWholeWhenACollectionBeginsWithWhatTheyForget) {
+    const auto collecting = [](auto&& forget) {
+        velt::setCycleStress(true);
+        forget();
+        velt::setCycleStress(false);
+    };
+    const Ref<UndoableNumber> counter = velt::make<UndoableNumber>();
+    NSUndoManager& manager = *counter->manager;
+    const auto setFourTimes = [&] {
+        for (long i = 0; i < 4; ++i) {
+            counter->setTo(integer(i));
+            manager.endEvent();
+        }
+    };
+    setFourTimes();
+    collecting([&] { manager.removeAllActions(); });
+    EXPECT_FALSE(manager.canUndo());
+    setFourTimes();
+    collecting([&] { manager.setLevelsOfUndo(1); });
+    manager.undo();
+    EXPECT_VALUE("q 2", counter->number);
+    EXPECT_FALSE(manager.canUndo());
+    manager.setLevelsOfUndo(0);
+    setFourTimes();
+    for (int i = 0; i < 4; ++i) manager.undo();
+    EXPECT_TRUE(manager.canRedo());
+    collecting([&] { counter->setTo(integer(7)); });
+    EXPECT_FALSE(manager.canRedo());
+    manager.removeAllActionsWithTarget(counter);
+    EXPECT_FALSE(manager.canUndo());
+    EXPECT_VALUE("q 7", counter->number);
+}

@@ -77,7 +77,11 @@ void RunList::replace(NSRange range, const RunList& with) {
     const std::size_t first = splitAt(range.location);
     const std::size_t last = splitAt(range.location + range.length);
     for (std::size_t i = last; i < runs_.size(); ++i) runs_[i].end += added - range.length;
-    runs_.erase(runs_.begin() + static_cast<std::ptrdiff_t>(first), runs_.begin() + static_cast<std::ptrdiff_t>(last));
+    const auto begin = runs_.begin() + static_cast<std::ptrdiff_t>(first);
+    const auto end = runs_.begin() + static_cast<std::ptrdiff_t>(last);
+    // Dropped when the list is whole again: what is dropped may begin a collection of cycles, which looks at the list.
+    const std::vector<Run> dropped(std::make_move_iterator(begin), std::make_move_iterator(end));
+    runs_.erase(begin, end);
     std::vector<Run> shifted(with.runs_);
     for (Run& run : shifted) run.end += range.location;
     runs_.insert(runs_.begin() + static_cast<std::ptrdiff_t>(first), std::make_move_iterator(shifted.begin()),
