@@ -7,6 +7,7 @@
 #include "support/processes.h"
 #include "support/values.h"
 
+#include <pthread.h>
 #include <thread>
 
 using namespace velt::test;
@@ -192,6 +193,24 @@ TEST(Threads, RunTheirMethodOnceTheyAreStarted) {
     EXPECT_VALUE("c 0", VELT_NSTHREAD_ISEXECUTING(thread));
     EXPECT_RAISES("NSInvalidArgumentException: 'NSThread' start: the thread was started before",
                   VELT_NSTHREAD_START(thread));
+}
+
+TEST(Threads, FailByNameWhenTheSystemHasNoRoomForThem) {
+    pthread_attr_t usual, huge;
+    pthread_getattr_default_np(&usual);
+    pthread_attr_init(&huge);
+    pthread_attr_setstacksize(&huge, std::size_t{1} << 47);  // more than all addresses
+    pthread_setattr_default_np(&huge);
+    const Ref<Clock> clock = velt::make<Clock>();
+    const id thread = VELT_NSTHREAD_INIT(clock, "work");
+    EXPECT_RAISES("NSInternalInconsistencyException: 'NSThread' start: Resource temporarily unavailable",
+                  VELT_NSTHREAD_START(thread));
+    pthread_setattr_default_np(&usual);
+    pthread_attr_destroy(&huge);
+    pthread_attr_destroy(&usual);
+    VELT_NSTHREAD_START(thread);
+    waitFor(thread);
+    EXPECT_EQ(1, clock->ticks);
 }
 
 TEST(Threads, AreNilWhenTheOwnerHasNoSuchMethod) {

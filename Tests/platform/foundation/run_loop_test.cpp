@@ -239,6 +239,24 @@ TEST(RunLoops, CallBackWhenTheyAreIdle) {
     EXPECT_LT(before, count);
 }
 
+TEST(RunLoops, TakeFunctionsForTheirIdleTimeFromOthersAndFromEveryThread) {
+    static std::atomic<int> added;  // the functions stay for good
+    static int seen;
+    RunLoop::atIdle([own = 7, isFirst = true]() mutable {
+        if (!std::exchange(isFirst, false)) return;
+        for (int i = 0; i < 100; ++i) RunLoop::atIdle([] { ++added; });
+        seen = own;
+    });
+    std::thread other([] {
+        for (int i = 0; i < 100; ++i) RunLoop::atIdle([] { ++added; });
+    });
+    RunLoop::current().runUntil(0.005);
+    other.join();
+    RunLoop::current().runUntil(0.005);
+    EXPECT_EQ(7, seen);
+    EXPECT_LE(200, added.load());
+}
+
 TEST(RunLoops, CarryManyDelayedFunctions) {
     RunLoop& loop = RunLoop::current();
     const int many = iterations(1'000'000);

@@ -131,6 +131,18 @@ TEST(UndoManagers, AreWholeAfterAnActionThatRaises) {
     EXPECT_VALUE("q 0", counter->number);
 }
 
+TEST(UndoManagers, AreWholeAfterAnActionThatEndsTheirGroup) {
+    const Ref<UndoableNumber> counter = velt::make<UndoableNumber>();
+    NSUndoManager& manager = *counter->manager;
+    manager.registerUndo(counter->manager, velt::Selector::named("endUndoGrouping"), {});
+    manager.undo();
+    EXPECT_FALSE(manager.isUndoing());
+    EXPECT_FALSE(manager.canUndo());
+    counter->setTo(integer(1));
+    manager.undo();
+    EXPECT_VALUE("q 0", counter->number);
+}
+
 TEST(UndoManagers, KeepAsManyGroupsAsTheyAreTold) {
     const Ref<UndoableNumber> counter = velt::make<UndoableNumber>();
     NSUndoManager& manager = *counter->manager;
@@ -166,4 +178,37 @@ TEST(UndoManagers, GoWithTheirTargets) {
     }
     velt::RunLoop::current().runOnce(0.01);
     EXPECT_EQ(2u, velt::collectCycles());
+}
+
+TEST(UndoManagers, AreWholeWhenACollectionBeginsWithWhatTheyForget) {
+    const auto collecting = [](auto&& forget) {
+        velt::setCycleStress(true);
+        forget();
+        velt::setCycleStress(false);
+    };
+    const Ref<UndoableNumber> counter = velt::make<UndoableNumber>();
+    NSUndoManager& manager = *counter->manager;
+    const auto setFourTimes = [&] {
+        for (long i = 0; i < 4; ++i) {
+            counter->setTo(integer(i));
+            manager.endEvent();
+        }
+    };
+    setFourTimes();
+    collecting([&] { manager.removeAllActions(); });
+    EXPECT_FALSE(manager.canUndo());
+    setFourTimes();
+    collecting([&] { manager.setLevelsOfUndo(1); });
+    manager.undo();
+    EXPECT_VALUE("q 2", counter->number);
+    EXPECT_FALSE(manager.canUndo());
+    manager.setLevelsOfUndo(0);
+    setFourTimes();
+    for (int i = 0; i < 4; ++i) manager.undo();
+    EXPECT_TRUE(manager.canRedo());
+    collecting([&] { counter->setTo(integer(7)); });
+    EXPECT_FALSE(manager.canRedo());
+    manager.removeAllActionsWithTarget(counter);
+    EXPECT_FALSE(manager.canUndo());
+    EXPECT_VALUE("q 7", counter->number);
 }

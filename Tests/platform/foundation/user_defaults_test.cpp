@@ -1,5 +1,6 @@
 #include "VELTRuntime/platform/foundation/user_defaults.h"
 
+#include "VELTRuntime/platform/foundation/date.h"
 #include "VELTRuntime/platform/foundation/property_list/property_list.h"
 #include "support/generated.h"
 #include "support/processes.h"
@@ -101,6 +102,37 @@ TEST_F(Settings, AreNotLostWhenTheyCannotBeWritten) {
     std::filesystem::remove(folder.file("settings"));
     EXPECT_TRUE(settings.synchronize());
     EXPECT_VALUE("NSMutableDictionary {a = 1}", SettingsFile(path).values());
+}
+
+TEST_F(Settings, HoldEveryCharacterAndDate) {
+    const id text = str(u"a\x01\xD800z");
+    SettingsFile settings(path);
+    settings.set(str("text"), text);
+    settings.set(str("date"), velt::make<NSDate>(1e300));
+    EXPECT_TRUE(settings.synchronize());
+    SettingsFile other(path);
+    EXPECT_TRUE(velt::isEqual(text, other.value(str("text"))));
+    EXPECT_TRUE(velt::isEqual(velt::make<NSDate>(1e300), other.value(str("date"))));
+    EXPECT_EQ("bplist", contentOf(path).substr(0, 6));
+    other.set(str("text"), nil);
+    other.set(str("date"), nil);
+    EXPECT_TRUE(other.synchronize());
+    EXPECT_EQ("<?xml", contentOf(path).substr(0, 5)) << "again for people to read";
+}
+
+TEST_F(Settings, LieWithinEachOtherAsDeepAsAFileMayHoldThem) {
+    const auto nested = [](unsigned levels) {
+        id value = array();
+        for (unsigned i = 1; i < levels; ++i) value = array(value);
+        return value;
+    };
+    NSUserDefaults defaults;
+    defaults.setObject(nested(velt::kMostPropertyListLevels - 1), str("deep"));
+    EXPECT_TRUE(defaults.synchronize());
+    EXPECT_RAISES(
+        "NSInvalidArgumentException: the setting 'deep' cannot be kept: 'NSMutableArray' is no property-list value",
+        defaults.setObject(nested(velt::kMostPropertyListLevels), str("deep")));
+    EXPECT_TRUE(velt::isArray(velt::valueForKey(defaults.dictionaryRepresentation(), "deep")));
 }
 
 TEST_F(Settings, AreWrittenByManyAtOnce) {

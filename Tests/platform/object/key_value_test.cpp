@@ -149,6 +149,17 @@ TEST(Keys, ReachGettersAndSettersWithoutAProperty) {
     EXPECT_FALSE(velt::hasValueForKey(nil, "secret"));
 }
 
+TEST(Keys, WithAColonNameNoMethods) {
+    const id ada = person("Ada", "London");
+    EXPECT_RAISES("NSUnknownKeyException: 'Person' has no value for key 'value:forKey'",
+                  velt::setValueForKey(ada, "value:forKey", str("name")));
+    EXPECT_FALSE(velt::canSetMemberForKey(ada, "value:forKey"));
+    EXPECT_TRUE(velt::isValidForKey(ada, "value:forKey", str("name")));
+    EXPECT_TRUE(velt::canSetMemberForKey(ada, "secret"));
+    EXPECT_TRUE(velt::canSetMemberForKey(ada, "name"));
+    EXPECT_FALSE(velt::canSetMemberForKey(nil, "name"));
+}
+
 TEST(Keys, DoNotTakeNilForNumbersAndStructures) {
     const id ada = person("Ada", "London");
     EXPECT_RAISES("NSInvalidArgumentException: 'Person' cannot take nil for key 'age'",
@@ -183,6 +194,42 @@ TEST(Keys, AreReadAndSetManyAtOnce) {
     EXPECT_VALUE("'Eve'", velt::valueForKey(ada, "name"));
     EXPECT_VALUE("q 41", velt::valueForKey(ada, "age"));
     EXPECT_VALUE("NSMutableDictionary {}", velt::send(ada, "dictionaryWithValuesForKeys:", nil));
+}
+
+namespace {
+/// Empties the collection that its keys are taken from.
+class Emptying : public NSObject {
+    VELT_OBJECT(Emptying, NSObject)
+public:
+    id keys = array(), values = emptyDictionary();
+    id undefined(const id& key) {
+        VELT_NSMUTABLEARRAY_REMOVEALL(keys);
+        return key;
+    }
+    void setUndefined(const id& value, const id& key) {
+        VELT_NSMUTABLEDICTIONARY_REMOVEALL(values);
+        told += velt::utf8(key) + "=" + velt::utf8(value) + " ";
+    }
+    static void describe(velt::ClassBuilder<Emptying>& c) {
+        c.owns(&Emptying::keys)
+            .owns(&Emptying::values)
+            .method("valueForUndefinedKey:", &Emptying::undefined)
+            .method("setValue:forUndefinedKey:", &Emptying::setUndefined);
+    }
+    std::string told;
+};
+}  // namespace
+
+TEST(Keys, AreReadAndSetAsTheyWereWhenThatChangesTheCollection) {
+    const velt::Ref<Emptying> emptying = velt::make<Emptying>();
+    for (const char* key : {"a", "b", "c"}) {
+        VELT_NSMUTABLEARRAY_APPEND(emptying->keys, str(key));
+        VELT_NSMUTABLEDICTIONARY_INSERT(emptying->values, str(key), str(key));
+    }
+    EXPECT_VALUE("NSMutableDictionary {a = a; b = b; c = c}",
+                 velt::send(emptying, "dictionaryWithValuesForKeys:", emptying->keys));
+    velt::send(emptying, "setValuesForKeysWithDictionary:", emptying->values);
+    EXPECT_EQ("a=a b=b c=c ", emptying->told);
 }
 
 namespace {

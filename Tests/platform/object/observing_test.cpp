@@ -285,6 +285,9 @@ TEST_F(Observing, FailsByName) {
                   addObserver(integer(1), watcher, "value", 0));
     EXPECT_RAISES("NSInvalidArgumentException: nil cannot observe", addObserver(model, nil, "value", 0));
     EXPECT_RAISES("NSUnknownKeyException: 'Model' has no value for key 'nothing'", watch("nothing.value"));
+    EXPECT_RAISES(
+        "NSInternalInconsistencyException: 'Model' heard of a change of 'value' of nil and does not handle it",
+        velt::send(model, "observeValueForKeyPath:ofObject:change:context:", str("value"), nil, nil, nil));
     EXPECT_FALSE(model->isAttached());
     addObserver(model, model, "value", 0);
     EXPECT_RAISES("NSInternalInconsistencyException: 'Model' heard of a change of 'value' of 'Model' and does not "

@@ -35,6 +35,24 @@ id options(std::string_view name, const id& value) {
     return made;
 }
 
+/// Binds itself elsewhere when its property is set for the first time.
+class Restless : public NSObject {
+    VELT_OBJECT(Restless, NSObject)
+public:
+    id shown() const { return shown_; }
+    void show(const id& value) {
+        shown_ = value;
+        if (const id other = std::exchange(elsewhere, nil)) bindValue(id(this), "shown", other, "value", nil);
+    }
+    static void describe(velt::ClassBuilder<Restless>& c) {
+        c.property("shown", &Restless::shown, &Restless::show).owns(&Restless::shown_);
+    }
+    id elsewhere;
+
+private:
+    id shown_;
+};
+
 class Bindings : public testing::Test {
 protected:
     velt::Ref<Model> source = velt::make<Model>(), view = velt::make<Model>();
@@ -69,6 +87,16 @@ TEST_F(Bindings, FollowKeyPaths) {
     EXPECT_VALUE("Q 1", view->value);
     setValueForKey(next, "value", str("c"));
     EXPECT_VALUE("Q 1", view->value);
+}
+
+TEST_F(Bindings, EndOneOfTheSameNameThatSettingThePropertyMade) {
+    const velt::Ref<Model> other = velt::make<Model>();
+    const velt::Ref<Restless> restless = velt::make<Restless>();
+    restless->elsewhere = other;
+    bindValue(restless, "shown", source, "value", nil);
+    EXPECT_FALSE(other->isAttached());
+    setValueForKey(source, "value", integer(1));
+    EXPECT_VALUE("q 1", restless->shown());
 }
 
 TEST_F(Bindings, EndWhenAsked) {

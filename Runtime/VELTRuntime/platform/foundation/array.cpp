@@ -50,7 +50,6 @@ bool NSArray::isEqual(const id& other) const {
     return true;
 }
 
-// Elements may change after an array became a key; its length is all that equal arrays surely share cheaply.
 std::size_t NSArray::hash() const { return velt::hashOfElements(items()); }
 
 id NSArray::copy() const {

@@ -15,8 +15,6 @@ using velt::RunList;
 
 namespace {
 
-bool sameValue(const id& a, const id& b) { return a == b || velt::isEqual(a, b); }
-
 /// A dictionary that nobody changes any more; nil stays nil.
 id frozenAttributes(const id& attributes) {
     return velt::mutableDictionaryOf(attributes) ? attributes.object()->copy() : attributes;
@@ -103,7 +101,7 @@ bool NSAttributedString::isEqual(const id& other) const {
     if (!attributed || attributed->view() != view()) return false;
     return std::equal(runs_.runs().begin(), runs_.runs().end(), attributed->runs_.runs().begin(),
                       attributed->runs_.runs().end(), [](const RunList::Run& a, const RunList::Run& b) {
-                          return a.end == b.end && sameValue(a.attributes, b.attributes);
+                          return a.end == b.end && velt::isSameAttribute(a.attributes, b.attributes);
                       });
 }
 
@@ -138,11 +136,12 @@ id NSAttributedString::attributeAt(const id& name, long position, NSRange* range
     if (!range) return value;
     // Neighbouring runs may differ in other attributes only.
     NSRange next;
-    while (found.location > 0 && sameValue(value, attributeOf(runs_.at(found.location - 1, &next).attributes, name))) {
+    while (found.location > 0 &&
+           velt::isSameAttribute(value, attributeOf(runs_.at(found.location - 1, &next).attributes, name))) {
         found = {next.location, found.length + next.length};
     }
     for (std::size_t end = found.location + found.length;
-         end < length() && sameValue(value, attributeOf(runs_.at(end, &next).attributes, name));
+         end < length() && velt::isSameAttribute(value, attributeOf(runs_.at(end, &next).attributes, name));
          end = found.location + found.length) {
         found.length += next.length;
     }

@@ -3,13 +3,13 @@
 #include "VELTRuntime/platform/foundation/descriptor.h"
 #include "VELTRuntime/platform/foundation/file_operations.h"
 #include "VELTRuntime/platform/foundation/file_size_signal.h"
+#include "VELTRuntime/platform/foundation/path_text.h"
 
 #include <atomic>
 #include <cerrno>
 #include <charconv>
 #include <climits>
 #include <csignal>
-#include <cstdlib>
 #include <cstring>
 #include <fcntl.h>
 #include <mutex>
@@ -39,12 +39,6 @@ bool writeAll(int file, std::string_view content) {
         content.remove_prefix(static_cast<std::size_t>(written));
     }
     return true;
-}
-
-std::string folderOf(const std::string& path) {
-    const std::size_t slash = path.rfind('/');
-    if (slash == path.npos) return ".";
-    return slash == 0 ? "/" : path.substr(0, slash);
 }
 
 /// Where a path leads when its last component is a symbolic link, even one whose target is not there yet; the path

@@ -4,6 +4,7 @@
 #include "VELTRuntime/platform/foundation/data.h"
 #include "VELTRuntime/platform/foundation/file_contents.h"
 #include "VELTRuntime/platform/foundation/file_operations.h"
+#include "VELTRuntime/platform/foundation/path_text.h"
 #include "VELTRuntime/platform/foundation/shared_object.h"
 #include "VELTRuntime/values/string.h"
 
@@ -63,11 +64,9 @@ bool NSFileManager::isDeletable(const std::string& path) const {
     struct stat item {
     }, folder{};
     if (::lstat(path.c_str(), &item) != 0) return false;
-    std::string name = path;
-    while (name.size() > 1 && name.ends_with('/')) name.pop_back();
+    const std::string name = velt::withoutSlashes(path);
     if (name == "/") return false;
-    const std::size_t slash = name.rfind('/');
-    const std::string above = slash == name.npos ? "." : slash == 0 ? "/" : name.substr(0, slash);
+    const std::string above = velt::folderOf(name);
     if (::stat(above.c_str(), &folder) != 0 || ::access(above.c_str(), W_OK | X_OK) != 0) return false;
     // In a folder as the common one for temporary files, everyone takes out what is his own.
     const uid_t user = ::geteuid();

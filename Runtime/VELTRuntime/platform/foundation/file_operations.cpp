@@ -2,6 +2,7 @@
 
 #include "VELTRuntime/platform/foundation/descriptor.h"
 #include "VELTRuntime/platform/foundation/file_size_signal.h"
+#include "VELTRuntime/platform/foundation/path_text.h"
 #include "VELTRuntime/platform/foundation/tree_removal.h"
 
 #include <algorithm>
@@ -23,18 +24,6 @@ bool fail(std::string* failure, const std::string& path, int reason = errno) {
     if (failure) *failure = path + ": " + std::strerror(reason);
     errno = reason;
     return false;
-}
-
-/// A slash at the end would have the system follow a link.
-std::string withoutSlashes(std::string path) {
-    while (path.size() > 1 && path.ends_with('/')) path.pop_back();
-    return path;
-}
-
-std::string folderOf(const std::string& path) {
-    const std::size_t slash = path.rfind('/');
-    if (slash == path.npos) return ".";
-    return slash == 0 ? "/" : path.substr(0, slash);
 }
 
 bool isSameItem(const struct stat& a, const struct stat& b) { return a.st_dev == b.st_dev && a.st_ino == b.st_ino; }

@@ -76,17 +76,10 @@ std::optional<id> valueOf(const XmlElement& value) {
     return id(list);
 }
 
-bool canSet(const id& object, const std::string& key) {
-    const Class* cls = classOf(object);
-    if (!cls || key.empty()) return false;
-    const Property* property = cls->property(key);
-    return (property && property->set) || cls->method(Selector::named(setterName(key)));
-}
-
 void setProperties(const id& object, const XmlElement& element) {
     for (const XmlElement& property : element.children) {
         const std::string& key = property.attribute("name");
-        if (property.name != "property" || property.children.empty() || !canSet(object, key)) continue;
+        if (property.name != "property" || property.children.empty() || !canSetMemberForKey(object, key)) continue;
         if (const auto value = valueOf(property.children.front())) setValueForKey(object, key, *value);
     }
 }
@@ -131,7 +124,7 @@ public:
             }
         }
         for (const Named& named : objects_) {
-            if (canSet(owner_, named.name)) setValueForKey(owner_, named.name, named.object);
+            if (canSetMemberForKey(owner_, named.name)) setValueForKey(owner_, named.name, named.object);
         }
         for (const Connection& connection : connections) connect(connection);
     }
@@ -184,12 +177,12 @@ private:
         if (isOwner) connection.receiver = owner_;
         if (connection.receiver.isNil()) throw LoadFailure(row, "there is no object '" + receiver + "' to connect");
         if (!respondsTo(connection.receiver, connection.action)) {
-            throw LoadFailure(row, "'" + classOf(connection.receiver)->name() + "' has no method '" +
+            throw LoadFailure(row, quotedClassName(connection.receiver) + " has no method '" +
                                        connection.action.name() + "'");
         }
         const bool canSend = respondsTo(connection.sender, VELT_SELECTOR("setTarget:")) &&
                              respondsTo(connection.sender, VELT_SELECTOR("setAction:"));
-        if (!canSend) throw LoadFailure(row, "'" + classOf(connection.sender)->name() + "' sends no actions");
+        if (!canSend) throw LoadFailure(row, quotedClassName(connection.sender) + " sends no actions");
         return connection;
     }
 

@@ -23,9 +23,8 @@ VELT_EXPORT void registerInterfaceArranger(InterfaceArranger arranger);
 /// Loads a file for an owner, who may be nil. All objects are made before the owner is touched. Then
 ///
 ///   outlets      the owner's property of each object's name, where it has one, is set to the object;
-///   connections  the sender gets the receiver as its target and the slot as its action: "open()" is the method
-///   "open:".
-///                As receiver the outermost object's name stands for the owner when the owner has the method.
+///   connections  the sender gets the receiver as its target and the slot as its action; "open()" is the method
+///                "open:". As receiver the outermost object's name stands for the owner when the owner has the method.
 ///
 /// A class of the class table is made by name, its properties are set by key (those that it lacks are left out), and it
 /// is handed to its parent with "addSubview:" when that has such a method. Returns an empty text, or why the file could

@@ -3,10 +3,10 @@
 
 #include "VELTRuntime/platform/object/object.h"
 
-/// The one null object. It equals itself alone.
+/// A null object.
 class VELT_EXPORT NSNull final : public NSObject {
 public:
-    /// The null object, the same at every call.
+    /// The one that the library itself uses, the same at every call.
     static const id& null();
 
     static velt::Class& entry();

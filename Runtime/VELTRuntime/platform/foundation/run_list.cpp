@@ -6,11 +6,7 @@
 
 namespace velt {
 
-namespace {
-
-bool same(const id& a, const id& b) { return a == b || isEqual(a, b); }
-
-}  // namespace
+bool isSameAttribute(const id& a, const id& b) { return a == b || isEqual(a, b); }
 
 std::size_t RunList::indexOf(std::size_t position) const {
     const auto found = std::upper_bound(runs_.begin(), runs_.end(), position,
@@ -38,7 +34,7 @@ RunList RunList::part(NSRange range) const {
 
 void RunList::append(std::size_t added, const id& attributes) {
     if (added == 0) return;
-    if (!runs_.empty() && same(runs_.back().attributes, attributes)) {
+    if (!runs_.empty() && isSameAttribute(runs_.back().attributes, attributes)) {
         runs_.back().end += added;
     } else {
         runs_.push_back({length() + added, attributes});
@@ -55,7 +51,8 @@ std::size_t RunList::splitAt(std::size_t position) {
 
 /// Makes one of a run and the one before it, if their attributes are equal.
 void RunList::mergeAt(std::size_t index) {
-    if (index == 0 || index >= runs_.size() || !same(runs_[index - 1].attributes, runs_[index].attributes)) return;
+    if (index == 0 || index >= runs_.size() || !isSameAttribute(runs_[index - 1].attributes, runs_[index].attributes))
+        return;
     runs_.erase(runs_.begin() + static_cast<std::ptrdiff_t>(index) - 1);
 }
 
@@ -80,7 +77,11 @@ void RunList::replace(NSRange range, const RunList& with) {
     const std::size_t first = splitAt(range.location);
     const std::size_t last = splitAt(range.location + range.length);
     for (std::size_t i = last; i < runs_.size(); ++i) runs_[i].end += added - range.length;
-    runs_.erase(runs_.begin() + static_cast<std::ptrdiff_t>(first), runs_.begin() + static_cast<std::ptrdiff_t>(last));
+    const auto begin = runs_.begin() + static_cast<std::ptrdiff_t>(first);
+    const auto end = runs_.begin() + static_cast<std::ptrdiff_t>(last);
+    // Dropped when the list is whole again: what is dropped may begin a collection of cycles, which looks at the list.
+    const std::vector<Run> dropped(std::make_move_iterator(begin), std::make_move_iterator(end));
+    runs_.erase(begin, end);
     std::vector<Run> shifted(with.runs_);
     for (Run& run : shifted) run.end += range.location;
     runs_.insert(runs_.begin() + static_cast<std::ptrdiff_t>(first), std::make_move_iterator(shifted.begin()),

@@ -10,6 +10,9 @@
 
 namespace velt {
 
+/// Both attributes, or both values of one, are nil or equal.
+bool isSameAttribute(const id& a, const id& b);
+
 class VELT_EXPORT RunList {
 public:
     /// The attributes, a dictionary or nil, of the units before a position, from the end of the run before.

@@ -33,10 +33,31 @@ void runReported(const RunLoop::Function& function) noexcept {
     }
 }
 
-std::vector<RunLoop::Function>& idleFunctions() {
-    static std::vector<RunLoop::Function>& functions = *new std::vector<RunLoop::Function>;
-    return functions;
-}
+/// What is called when the main thread's loop is about to wait. None is ever taken out, and each stays where it is
+/// while others are added.
+class IdleFunctions {
+public:
+    static IdleFunctions& all() {
+        static IdleFunctions& functions = *new IdleFunctions;
+        return functions;
+    }
+    void add(RunLoop::Function function) {
+        const std::lock_guard lock(mutex_);
+        functions_.push_back(std::move(function));
+    }
+    void call() {
+        for (std::size_t i = 0; const RunLoop::Function* function = at(i); ++i) (*function)();
+    }
+
+private:
+    const RunLoop::Function* at(std::size_t index) {
+        const std::lock_guard lock(mutex_);
+        return index < functions_.size() ? &functions_[index] : nullptr;
+    }
+
+    std::mutex mutex_;
+    std::deque<RunLoop::Function> functions_;
+};
 
 /// Collects what has gathered while there is nothing else to do, but no more than a twentieth of the time: an object
 /// that is used now and then may stand for a great many that have to be looked at.
@@ -162,7 +183,7 @@ void RunLoop::State::idle() {
     }
     if (!isMain) return;
     idleTime = collection.run();
-    for (std::size_t i = 0; i < idleFunctions().size(); ++i) idleFunctions()[i]();
+    IdleFunctions::all().call();
     arrangeWake();
 }
 
@@ -304,7 +325,7 @@ void RunLoop::prepare() {
     state_->arrangeWake();
 }
 
-void RunLoop::atIdle(Function function) { idleFunctions().push_back(std::move(function)); }
+void RunLoop::atIdle(Function function) { IdleFunctions::all().add(std::move(function)); }
 
 void RunLoop::Handle::cancel() {
     Function dropped;

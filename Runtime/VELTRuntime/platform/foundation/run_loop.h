@@ -54,7 +54,7 @@ public:
     bool isPending() const;
     /// Makes sure that the loop has its driver, so that a toolkit's own event loop serves this loop too.
     void prepare();
-    /// Calls a function whenever the main thread's loop is about to wait.
+    /// Calls a function whenever the main thread's loop is about to wait. From any thread.
     static void atIdle(Function function);
 
     RunLoop(const RunLoop&) = delete;

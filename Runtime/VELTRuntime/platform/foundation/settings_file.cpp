@@ -29,6 +29,15 @@ void apply(const NSDictionary& changes, NSMutableDictionary& values) {
     });
 }
 
+/// People may read the XML form, which cannot hold every character and every date.
+std::string bytesOf(const id& values) {
+    try {
+        return writePropertyList(values, PropertyListForm::Xml);
+    } catch (const PropertyListError&) {
+        return writePropertyList(values, PropertyListForm::Binary);
+    }
+}
+
 /// The lock beside a settings file; held by one process and thread at a time.
 class SettingsLock {
 public:
@@ -102,13 +111,9 @@ bool SettingsFile::hasChanges() const {
     return changes_->count() > 0;
 }
 
-bool SettingsFile::write(const NSMutableDictionary& changed) {
+bool SettingsFile::write(const id& values) {
     std::string failure;
-    if (writeFileAtomically(path_,
-                            writePropertyList(id(const_cast<NSMutableDictionary*>(&changed)), PropertyListForm::Xml),
-                            &failure)) {
-        return true;
-    }
+    if (writeFileAtomically(path_, bytesOf(values), &failure)) return true;
     report(failure);
     return false;
 }
@@ -133,7 +138,7 @@ bool SettingsFile::synchronize() {
     }
     Ref<NSMutableDictionary> merged = read();
     apply(*changes_, *merged);
-    if (!write(*merged)) return false;
+    if (!write(merged)) return false;
     stored_ = merged;
     changes_ = make<NSMutableDictionary>();
     reported_ = false;

@@ -9,6 +9,7 @@
 #include <chrono>
 #include <latch>
 #include <pthread.h>
+#include <system_error>
 #include <thread>
 #include <unistd.h>
 
@@ -61,12 +62,17 @@ void NSThread::start() {
     }
     // Counted before this returns: what it shares must not be looked at by a collection from now on.
     std::latch counted(1);
-    std::thread([kept = Ref<NSThread>(this), &counted]() mutable {
-        const velt::ThreadScope scope;
-        counted.count_down();
-        kept->run();
-        kept = nullptr;
-    }).detach();
+    try {
+        std::thread([kept = Ref<NSThread>(this), &counted]() mutable {
+            const velt::ThreadScope scope;
+            counted.count_down();
+            kept->run();
+            kept = nullptr;
+        }).detach();
+    } catch (const std::system_error& failure) {
+        started_ = false;
+        velt::raise(velt::kInternalInconsistencyException, "'NSThread' start: " + failure.code().message());
+    }
     counted.wait();
 }
 

@@ -25,7 +25,8 @@ public:
     static void sleep(double seconds);
 
     /// Begins to run the method; a thread that was cancelled before finishes without it. Raises
-    /// "NSInvalidArgumentException" when it was started before.
+    /// "NSInvalidArgumentException" when it was started before, "NSInternalInconsistencyException" when the system has
+    /// no room for one more; then it may be tried again.
     void start();
     /// Asks the thread to end. Its method does so itself, when it looks at isCancelled.
     void cancel() { cancelled_ = true; }

@@ -20,6 +20,17 @@ id object(const NSObject* pointer) { return id(const_cast<NSObject*>(pointer)); 
     velt::raise(velt::kInternalInconsistencyException, std::string("'NSUndoManager' ") + call + ": " + reason);
 }
 
+// An object that is dropped may begin a collection of cycles, which looks at the manager's lists: they are whole again
+// before what was in them goes.
+
+template <class T> void dropAll(std::vector<T>& list) { const std::vector<T> dropped = std::exchange(list, {}); }
+
+/// Drops all from a place on.
+template <class T> void dropFrom(std::vector<T>& list, typename std::vector<T>::iterator place) {
+    const std::vector<T> dropped(std::make_move_iterator(place), std::make_move_iterator(list.end()));
+    list.erase(place, list.end());
+}
+
 /// Writes messages down in place of their receiver.
 class UndoRecorder final : public NSObject {
 public:
@@ -66,7 +77,7 @@ std::uint64_t NSUndoManager::registerUndo(const id& target, velt::Selector selec
             if (*alive) (*alive)->endEvent();
         });
     }
-    if (state_ == State::Normal) redo_.clear();
+    if (state_ == State::Normal) dropAll(redo_);
     open_.actions.push_back({++registrations_, target, selector, std::vector<id>(arguments.begin(), arguments.end())});
     return registrations_;
 }
@@ -75,7 +86,8 @@ bool NSUndoManager::amend(std::uint64_t registration, std::span<const id> argume
     if (registration == 0 || registration != registrations_ || state_ != State::Normal || disabled_ > 0) return false;
     Group* last = !open_.actions.empty() ? &open_ : undo_.empty() ? nullptr : &undo_.back();
     if (!last || last->actions.empty() || last->actions.back().registration != registration) return false;
-    last->actions.back().arguments.assign(arguments.begin(), arguments.end());
+    std::vector<id> replaced(arguments.begin(), arguments.end());
+    last->actions.back().arguments.swap(replaced);
     return true;
 }
 
@@ -106,7 +118,8 @@ void NSUndoManager::push(Group group) {
 
 void NSUndoManager::trim(std::vector<Group>& groups) const {
     if (levels_ == 0 || groups.size() <= levels_) return;
-    groups.erase(groups.begin(), groups.end() - static_cast<std::ptrdiff_t>(levels_));
+    const auto kept = groups.end() - static_cast<std::ptrdiff_t>(levels_);
+    dropFrom(groups, std::rotate(groups.begin(), kept, groups.end()));
 }
 
 void NSUndoManager::enableUndoRegistration() {
@@ -129,8 +142,10 @@ void NSUndoManager::run(State state, std::vector<Group>& from) {
     state_ = state;
     beginUndoGrouping();
     const auto finish = [&] {
-        open_.name = group.name;
-        endUndoGrouping();
+        if (level_ > 0) {  // unless an action ended the group
+            open_.name = group.name;
+            endUndoGrouping();
+        }
         state_ = State::Normal;
     };
     try {
@@ -194,9 +209,9 @@ void NSUndoManager::setLevelsOfUndo(unsigned long levels) {
 }
 
 void NSUndoManager::removeAllActions() {
-    undo_.clear();
-    redo_.clear();
-    open_.actions.clear();
+    dropAll(undo_);
+    dropAll(redo_);
+    dropAll(open_.actions);
     if (eventGroup_ && state_ == State::Normal) {
         level_ = 0;
         eventGroup_ = false;
@@ -205,7 +220,8 @@ void NSUndoManager::removeAllActions() {
 
 void NSUndoManager::removeAllActionsWithTarget(const id& target) {
     const auto clear = [&](Group& group) {
-        std::erase_if(group.actions, [&](const Action& action) { return action.target == target; });
+        const auto isOther = [&](const Action& action) { return action.target != target; };
+        dropFrom(group.actions, std::stable_partition(group.actions.begin(), group.actions.end(), isOther));
     };
     clear(open_);
     for (std::vector<Group>* groups : {&undo_, &redo_}) {

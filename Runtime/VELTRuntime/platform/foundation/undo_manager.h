@@ -3,7 +3,6 @@
 
 #include "VELTRuntime/platform/object/class.h"
 
-#include <functional>
 #include <memory>
 #include <span>
 #include <vector>

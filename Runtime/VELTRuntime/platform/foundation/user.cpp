@@ -1,5 +1,7 @@
 #include "VELTRuntime/platform/foundation/user.h"
 
+#include "VELTRuntime/platform/foundation/path_text.h"
+
 #include <cctype>
 #include <cerrno>
 #include <cstdlib>
@@ -54,10 +56,8 @@ std::string variable(const char* name) {
 
 /// A variable that holds an absolute path, without slashes at its end.
 std::string folderVariable(const char* name) {
-    std::string folder = variable(name);
-    if (!folder.starts_with('/')) return "";
-    while (folder.size() > 1 && folder.ends_with('/')) folder.pop_back();
-    return folder;
+    const std::string folder = variable(name);
+    return folder.starts_with('/') ? withoutSlashes(folder) : "";
 }
 
 }  // namespace

@@ -24,19 +24,19 @@ using namespace velt;
 enum class Copies { Frozen, Mutable };
 
 /// A copy that shares nothing which can change, or null when the value holds something that a property list cannot;
-/// that is then in `fault`.
-id deepCopy(const id& value, Copies copies, id& fault, unsigned level = 0) {
+/// that is then in `fault`. The level is the number of collections around it.
+id deepCopy(const id& value, Copies copies, id& fault, unsigned level) {
     const auto refuse = [&](const id& refused) {
         fault = refused;
         return id();
     };
-    if (level > kMostPropertyListLevels) return refuse(value);
     if (isNumber(value) || is<NSDate>(value)) return value;
     if (isString(value)) return copies == Copies::Frozen ? value.object()->copy() : freshCopy(asString(value));
     if (const NSData* data = dataOf(value)) {
         return copies == Copies::Frozen ? id(make<NSData>(data->characters()))
                                         : id(make<NSMutableData>(data->characters()));
     }
+    if (level >= kMostPropertyListLevels) return refuse(value);
     if (const NSArray* array = arrayOf(value)) {
         Ref<NSMutableArray> elements = make<NSMutableArray>();
         for (const id& element : array->items()) {
@@ -62,7 +62,7 @@ id deepCopy(const id& value, Copies copies, id& fault, unsigned level = 0) {
 
 id keptCopy(const id& value, const id& key) {
     id fault;
-    id copied = deepCopy(value, Copies::Frozen, fault);
+    id copied = deepCopy(value, Copies::Frozen, fault, 1);  // within the dictionary of all settings
     if (!copied.isNil()) return copied;
     raise(kInvalidArgumentException,
           "the setting '" + utf8(key) + "' cannot be kept: '" + classOf(fault)->name() + "' is no property-list value");
@@ -70,7 +70,7 @@ id keptCopy(const id& value, const id& key) {
 
 id givenCopy(const id& value) {
     id fault;
-    return value.isNil() ? id() : deepCopy(value, Copies::Mutable, fault);
+    return value.isNil() ? id() : deepCopy(value, Copies::Mutable, fault, 0);
 }
 
 id keyOf(const id& value) { return isString(value) ? value : VELT_CSTRING(value); }

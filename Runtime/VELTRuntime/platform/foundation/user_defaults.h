@@ -33,7 +33,7 @@ public:
 private:
     void readIfUnread();
     Ref<NSMutableDictionary> read();
-    bool write(const NSMutableDictionary& changed);
+    bool write(const id& values);
     void report(const std::string& failure);
 
     std::string path_;

@@ -1,11 +1,9 @@
 #include "VELTRuntime/platform/foundation/xml_tree.h"
 
+#include "VELTRuntime/platform/foundation/expat_parser.h"
+
 #include <algorithm>
-#include <exception>
 #include <expat.h>
-#include <memory>
-#include <new>
-#include <type_traits>
 
 namespace velt {
 
@@ -27,8 +25,7 @@ namespace {
 
 class TreeReader {
 public:
-    TreeReader() : parser_(XML_ParserCreate(nullptr)) {
-        if (!parser_) throw std::bad_alloc();
+    TreeReader() {
         XML_Parser parser = parser_.get();
         XML_SetUserData(parser, this);
         XML_SetElementHandler(
@@ -49,30 +46,15 @@ public:
     }
 
     XmlElement read(std::string_view bytes) {
-        constexpr std::size_t kPiece = std::size_t{1} << 20;  // lengths are of type int there
-        bool isLast = false;
-        while (!isLast) {
-            const std::string_view piece = bytes.substr(0, kPiece);
-            bytes.remove_prefix(piece.size());
-            isLast = bytes.empty();
-            const auto status = XML_Parse(parser_.get(), piece.data(), static_cast<int>(piece.size()), isLast);
-            if (failure_) std::rethrow_exception(failure_);
-            if (status != XML_STATUS_OK) refuse(XML_ErrorString(XML_GetErrorCode(parser_.get())));
-        }
+        if (const char* failure = parser_.read(bytes)) refuse(failure);
         return std::move(root_);
     }
 
 private:
-    /// Exceptions do not cross the parser: they stop it and wait outside.
+    /// Does a handler's work from within the parser.
     template <class Work> static void guarded(void* self, Work work) noexcept {
         auto& reader = *static_cast<TreeReader*>(self);
-        if (reader.failure_) return;
-        try {
-            work(reader);
-        } catch (...) {
-            reader.failure_ = std::current_exception();
-            XML_StopParser(reader.parser_.get(), XML_FALSE);
-        }
+        reader.parser_.guard([&] { work(reader); });
     }
 
     void begin(const char* name, const char** attributes) {
@@ -85,18 +67,11 @@ private:
         open_.push_back(&element);
     }
 
-    [[noreturn]] void refuse(const std::string& what) {
-        throw XmlError("line " + std::to_string(XML_GetCurrentLineNumber(parser_.get())) + ", column " +
-                       std::to_string(XML_GetCurrentColumnNumber(parser_.get()) + 1) + ": " + what);
-    }
+    [[noreturn]] void refuse(const std::string& what) { throw XmlError(parser_.place() + what); }
 
-    struct Free {
-        void operator()(XML_Parser parser) const { XML_ParserFree(parser); }
-    };
-    std::unique_ptr<std::remove_pointer_t<XML_Parser>, Free> parser_;
+    ExpatParser parser_;
     XmlElement root_;
     std::vector<XmlElement*> open_;
-    std::exception_ptr failure_;
 };
 
 }  // namespace

@@ -165,10 +165,7 @@ public:
     }
     /// A truth value whose getter has a name of its own: the property "key", the messages "isKey" and "setKey:".
     template <class Getter, class Setter> ClassBuilder& flag(std::string_view key, Getter getter, Setter setter) {
-        std::string question = "is";
-        question.append(setterName(key), 3);
-        question.pop_back();
-        return property(key, getter, setter).method(question, getter);
+        return property(key, getter, setter).method("is" + capitalized(key), getter);
     }
     /// A property whose value follows from others: who observes it hears of a change at any of those key paths.
     ClassBuilder& keyPathsForValuesAffecting(std::string_view key, std::vector<std::string> keyPaths) {

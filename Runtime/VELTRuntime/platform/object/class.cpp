@@ -196,6 +196,11 @@ Class* classOf(const id& value) {
     return value.isNil() ? nullptr : &NSNumber::entry();
 }
 
+std::string quotedClassName(const id& value) {
+    const Class* cls = classOf(value);
+    return cls ? "'" + cls->name() + "'" : std::string("nil");
+}
+
 bool isKindOf(const id& value, const Class& cls) {
     const Class* own = classOf(value);
     return own && own->isKindOf(cls);

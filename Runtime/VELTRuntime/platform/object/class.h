@@ -183,6 +183,8 @@ private:
 
 /// The class of a value; null for nil.
 VELT_EXPORT Class* classOf(const id& value);
+/// The name of a value's class in quotation marks, for reasons of failures; "nil" for nil.
+VELT_EXPORT std::string quotedClassName(const id& value);
 /// The value is an object of that class or of a subclass.
 VELT_EXPORT bool isKindOf(const id& value, const Class& cls);
 

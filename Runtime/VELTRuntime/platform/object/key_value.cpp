@@ -12,33 +12,42 @@ namespace velt {
 
 namespace {
 
+/// No method belongs to any other key: with a colon in it, a selector would take more arguments than are there.
+bool mayNameMethods(std::string_view key) { return !key.empty() && key.find(':') == key.npos; }
+
 /// The method that reads a key: "key", or "isKey" for a truth value.
 const Method* readerOf(const Class& cls, std::string_view key) {
-    if (key.empty() || key.find(':') != key.npos) return nullptr;
+    if (!mayNameMethods(key)) return nullptr;
     if (const Selector plain = Selector::existing(key)) {
         if (const Method* method = cls.method(plain)) return method;
     }
-    const std::string setter = setterName(key);
-    const Selector selector = Selector::existing("is" + setter.substr(3, key.size()));
+    const Selector selector = Selector::existing("is" + capitalized(key));
     return selector ? cls.method(selector) : nullptr;
 }
 
 const Method* setterOf(const Class& cls, std::string_view key) {
-    if (key.empty()) return nullptr;
+    if (!mayNameMethods(key)) return nullptr;
     const Selector selector = Selector::existing(setterName(key));
     return selector ? cls.method(selector) : nullptr;
 }
 
-std::string quoted(const id& value) { return "'" + classOf(value)->name() + "'"; }
+/// The property of a key, unless it is read-only.
+const Property* settableProperty(const Class& cls, std::string_view key) {
+    const Property* property = cls.property(key);
+    return property && property->set ? property : nullptr;
+}
 
 [[noreturn]] void raiseNilValue(const id& object, std::string_view key) {
-    raise(kInvalidArgumentException, quoted(object) + " cannot take nil for key '" + std::string(key) + "'");
+    raise(kInvalidArgumentException, quotedClassName(object) + " cannot take nil for key '" + std::string(key) + "'");
 }
+
+// A program's getters and setters may change the collection whose keys they are called for.
 
 id valuesForKeys(const id& self, const id& keys) {
     Ref<NSMutableDictionary> values = make<NSMutableDictionary>();
     if (const NSArray* list = to<NSArray>(keys)) {
-        for (const id& key : list->items()) {
+        const id kept = list->copy();
+        for (const id& key : arrayOf(kept)->items()) {
             // A dictionary holds no nil: what has no value is not in it.
             if (const id value = send(self, VELT_SELECTOR("valueForKey:"), key)) values->setObject(value, key);
         }
@@ -48,7 +57,8 @@ id valuesForKeys(const id& self, const id& keys) {
 
 void setValuesForKeys(const id& self, const id& keyedValues) {
     if (const NSDictionary* values = to<NSDictionary>(keyedValues)) {
-        values->forEach(
+        const id kept = values->copy();
+        dictionaryOf(kept)->forEach(
             [&self](const id& key, const id& value) { send(self, VELT_SELECTOR("setValue:forKey:"), value, key); });
     }
 }
@@ -62,13 +72,13 @@ KeyPathStep firstStep(std::string_view keyPath) {
 }
 
 void raiseUnknownKey(const id& object, std::string_view key) {
-    raise(kUnknownKeyException, quoted(object) + " has no value for key '" + std::string(key) + "'");
+    raise(kUnknownKeyException, quotedClassName(object) + " has no value for key '" + std::string(key) + "'");
 }
 
 std::string keyText(const id& key) {
     if (!isString(key)) {
         raise(kInvalidArgumentException,
-              (key.isNil() ? std::string("nil") : "a value of " + quoted(key)) + " is no key");
+              (key.isNil() ? std::string("nil") : "a value of " + quotedClassName(key)) + " is no key");
     }
     return utf8(key);
 }
@@ -86,12 +96,17 @@ id memberValueForKey(const id& object, std::string_view key) {
     return send(object, VELT_SELECTOR("valueForUndefinedKey:"), string(key));
 }
 
+bool canSetMemberForKey(const id& object, std::string_view key) {
+    const Class* cls = classOf(object);
+    return cls && (settableProperty(*cls, key) || setterOf(*cls, key));
+}
+
 void setMemberValueForKey(const id& object, std::string_view key, const id& value) {
     const Class* cls = classOf(object);
     if (!cls) return;
-    const Property* property = cls->property(key);
-    const Method* method = property && property->set ? nullptr : setterOf(*cls, key);
-    if (method == nullptr && !(property && property->set)) {
+    const Property* property = settableProperty(*cls, key);
+    const Method* method = property ? nullptr : setterOf(*cls, key);
+    if (!property && !method) {
         send(object, VELT_SELECTOR("setValue:forUndefinedKey:"), value, string(key));
         return;
     }
@@ -146,9 +161,8 @@ void setValueForKeyPath(const id& object, std::string_view keyPath, const id& va
 
 bool isValidForKey(const id& object, std::string_view key, const id& value, const id& error) {
     const Class* cls = classOf(object);
-    if (!cls || key.empty()) return true;
-    const std::string setter = setterName(key);
-    const Selector validator = Selector::existing("validate" + setter.substr(3, key.size()) + ":error:");
+    if (!cls || !mayNameMethods(key)) return true;
+    const Selector validator = Selector::existing("validate" + capitalized(key) + ":error:");
     const Method* method = validator ? cls->method(validator) : nullptr;
     if (!method) return true;
     const id arguments[] = {value, error};

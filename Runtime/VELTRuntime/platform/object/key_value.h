@@ -32,8 +32,10 @@ VELT_EXPORT bool isValidForKeyPath(const id& object, std::string_view keyPath, c
 
 /// The object has a value under the key that is found without "valueForUndefinedKey:".
 VELT_EXPORT bool hasValueForKey(const id& object, std::string_view key);
-/// The value of the object's own property or method, past the class's key access; and setting it, which tells nobody.
+/// The value of the object's own property or method, past the class's key access; whether it can be set; and setting
+/// it, which tells nobody.
 VELT_EXPORT id memberValueForKey(const id& object, std::string_view key);
+VELT_EXPORT bool canSetMemberForKey(const id& object, std::string_view key);
 VELT_EXPORT void setMemberValueForKey(const id& object, std::string_view key, const id& value);
 
 /// A key path cut behind its first key.

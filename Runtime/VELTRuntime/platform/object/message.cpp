@@ -13,7 +13,7 @@ namespace velt {
 namespace {
 
 [[noreturn]] void raiseArgumentCount(const id& receiver, Selector selector, std::size_t given) {
-    raise(kInvalidArgumentException, "'" + selector.name() + "' of '" + classOf(receiver)->name() + "' takes " +
+    raise(kInvalidArgumentException, "'" + selector.name() + "' of " + quotedClassName(receiver) + " takes " +
                                          std::to_string(selector.argumentCount()) + " arguments, not " +
                                          std::to_string(given));
 }
@@ -21,9 +21,8 @@ namespace {
 }  // namespace
 
 void raiseNotUnderstood(const id& receiver, std::string_view selector) {
-    const Class* cls = classOf(receiver);
-    raise(kInvalidArgumentException, (cls ? "'" + cls->name() + "'" : std::string("nil")) + " does not understand '" +
-                                         std::string(selector) + "'");
+    raise(kInvalidArgumentException,
+          quotedClassName(receiver) + " does not understand '" + std::string(selector) + "'");
 }
 
 namespace {

@@ -80,10 +80,6 @@ NSObject* pop() {
     return object;
 }
 
-}  // namespace
-
-namespace {
-
 /// What is left of dropping an owner when it was not one of several of a leaf.
 [[gnu::noinline]] void releaseFully(NSObject* object, std::uint64_t head) noexcept {
     if (VELT_LIKELY(head == (ObjectHead::kOneOwner | static_cast<std::uint64_t>(Kind::String)))) {

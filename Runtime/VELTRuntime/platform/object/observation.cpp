@@ -3,6 +3,7 @@
 #include "VELTRuntime/platform/foundation/array.h"
 #include "VELTRuntime/platform/foundation/dictionary.h"
 #include "VELTRuntime/platform/foundation/null.h"
+#include "VELTRuntime/platform/object/exception.h"
 #include "VELTRuntime/platform/object/message.h"
 #include "VELTRuntime/values/boxing.h"
 #include "VELTRuntime/values/string.h"
@@ -98,6 +99,12 @@ Observation::Observation(NSObject* observedRoot, NSObject* observingObject, std:
       observer(observingObject) {}
 
 bool isObservable(const id& object) { return object.isObject() && !isLeaf(object.object()->kind()); }
+
+void requireObservable(const id& object, const char* role) {
+    if (isObservable(object)) return;
+    const std::string kind = object.isNil() ? "nil" : "a value of " + quotedClassName(object);
+    raise(kInvalidArgumentException, kind + " cannot " + role);
+}
 
 void followPath(const ObservationRef& observation, const id& root) {
     PathWalk walk(observation->endsAtUnknownKey);

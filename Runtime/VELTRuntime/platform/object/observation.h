@@ -60,5 +60,7 @@ void deliver(const Observation& observation, const id& observer, const id& root,
 
 /// Objects of these kinds change without anybody knowing and cannot be observed: numbers, strings, data, nil.
 bool isObservable(const id& object);
+/// Raises "NSInvalidArgumentException" for what cannot be observed: it cannot be what the role says, as "observe".
+void requireObservable(const id& object, const char* role);
 
 }  // namespace velt

@@ -152,13 +152,6 @@ void endChange(NSObject& object, std::string_view key) {
     tellAfter(*change);
 }
 
-void requireObservable(const id& value, const char* role) {
-    if (isObservable(value)) return;
-    const Class* cls = classOf(value);
-    raise(kInvalidArgumentException,
-          (cls ? "a value of '" + cls->name() + "'" : std::string("nil")) + " cannot " + role);
-}
-
 ObservationRef findObservation(const id& object, const id& observer, std::string_view keyPath, const id* context) {
     AttachedTable& table = AttachedTable::shared();
     const std::lock_guard lock(table.mutex());
@@ -190,8 +183,8 @@ ChangeKind changeKind(const id& value) {
 }
 
 id unhandledChange(const id& self, const id* a) {
-    raise(kInternalInconsistencyException, "'" + classOf(self)->name() + "' heard of a change of '" + keyText(a[0]) +
-                                               "' of '" + classOf(a[1])->name() + "' and does not handle it");
+    raise(kInternalInconsistencyException, quotedClassName(self) + " heard of a change of '" + keyText(a[0]) + "' of " +
+                                               quotedClassName(a[1]) + " and does not handle it");
 }
 
 }  // namespace
@@ -212,10 +205,8 @@ void addObserver(const id& object, const id& observer, std::string_view keyPath,
 void removeObserver(const id& object, const id& observer, std::string_view keyPath, const id* context) {
     const ObservationRef observation = findObservation(object, observer, keyPath, context);
     if (!observation) {
-        const auto name = [](const id& value) {
-            return value.isNil() ? std::string("nil") : "'" + classOf(value)->name() + "'";
-        };
-        raise(kRangeException, name(observer) + " does not observe '" + std::string(keyPath) + "' of " + name(object));
+        raise(kRangeException, quotedClassName(observer) + " does not observe '" + std::string(keyPath) + "' of " +
+                                   quotedClassName(object));
     }
     const std::lock_guard lock(AttachedTable::shared().mutex());
     endObservation(observation);

@@ -50,11 +50,12 @@ std::string_view Selector::setterSuffix() const {
     return isSetter ? whole.substr(3, whole.size() - 4) : std::string_view();
 }
 
-std::string setterName(std::string_view key) {
-    std::string name = "set";
-    name.append(key).append(":");
-    if (name[3] >= 'a' && name[3] <= 'z') name[3] = static_cast<char>(name[3] - 'a' + 'A');
+std::string capitalized(std::string_view key) {
+    std::string name(key);
+    if (!name.empty() && name[0] >= 'a' && name[0] <= 'z') name[0] = static_cast<char>(name[0] - 'a' + 'A');
     return name;
 }
+
+std::string setterName(std::string_view key) { return "set" + capitalized(key) + ":"; }
 
 }  // namespace velt

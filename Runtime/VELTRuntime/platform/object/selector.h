@@ -40,6 +40,8 @@ private:
     const Row* row_ = nullptr;
 };
 
+/// A key as it stands behind another word in a selector: "Key" for "key".
+VELT_EXPORT std::string capitalized(std::string_view key);
 /// The name of the setter of a property: "setKey:" for "key".
 VELT_EXPORT std::string setterName(std::string_view key);
 

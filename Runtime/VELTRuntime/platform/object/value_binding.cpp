@@ -23,14 +23,12 @@ public:
     Carrying& operator=(const Carrying&) = delete;
 };
 
-long depth(const ValueBinding& binding) { return std::count(carrying.begin(), carrying.end(), &binding); }
-
-void requireSide(const id& side, const char* role) {
-    if (isObservable(side)) return;
-    const Class* cls = classOf(side);
-    raise(kInvalidArgumentException,
-          (cls ? "a value of '" + cls->name() + "'" : std::string("nil")) + " cannot " + role);
+/// With the table's lock held; the caller keeps the binding meanwhile.
+void endBinding(const ValueBinding& binding) {
+    for (const ObservationRef& observation : binding.observations()) endObservation(observation);
 }
+
+long depth(const ValueBinding& binding) { return std::count(carrying.begin(), carrying.end(), &binding); }
 
 }  // namespace
 
@@ -147,14 +145,16 @@ id ValueBinding::info() const {
 
 void bindValue(const id& bound, std::string_view name, const id& observed, std::string_view keyPath,
                const id& options) {
-    requireSide(bound, "be bound");
-    requireSide(observed, "be observed");
+    requireObservable(bound, "be bound");
+    requireObservable(observed, "be observed");
     const auto binding = std::make_shared<ValueBinding>(name, keyPath, options);
     unbindValue(bound, name);
     binding->begin(bound, observed);
+    std::shared_ptr<ValueBinding> meanwhile;  // made of the same name while the property was set
     AttachedTable& table = AttachedTable::shared();
     const std::lock_guard lock(table.mutex());
-    table.row(bound.object()).bindings.insert_or_assign(std::string(name), binding);
+    meanwhile = std::exchange(table.row(bound.object()).bindings[std::string(name)], binding);
+    if (meanwhile) endBinding(*meanwhile);
 }
 
 void unbindValue(const id& bound, std::string_view name) {
@@ -169,7 +169,7 @@ void unbindValue(const id& bound, std::string_view name) {
         if (found == row->bindings.end()) return;
         binding = std::move(found->second);
         row->bindings.erase(found);
-        for (const ObservationRef& observation : binding->observations()) endObservation(observation);
+        endBinding(*binding);
         table.tidy(bound.object());
     }
 }

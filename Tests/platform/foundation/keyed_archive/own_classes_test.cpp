@@ -134,6 +134,12 @@ class Plain : public NSObject {
 class LaterCard : public Card {
     VELT_OBJECT(LaterCard, Card)
 };
+/// No object of it can be made without a number.
+class NumberedCard : public Card {
+    VELT_OBJECT(NumberedCard, Card)
+public:
+    explicit NumberedCard(long itsNumber) { number = itsNumber; }
+};
 class KeptList : public NSArray {
     VELT_OBJECT(KeptList, NSArray)
 };
@@ -208,6 +214,14 @@ TEST(ArchivedClasses, InheritTheirCoding) {
     const auto later = velt::make<LaterCard>();
     later->name = str("x");
     EXPECT_TRUE(velt::is<LaterCard>(roundTrip(later)));
+}
+
+TEST(ArchivedClasses, WhoseObjectsNeedArgumentsGiveTheirFirstSuperclassThatCanBeRead) {
+    const id read = roundTrip(velt::make<NumberedCard>(3));
+    ASSERT_TRUE(velt::is<Card>(read));
+    EXPECT_EQ(3, velt::to<Card>(read)->number);
+    EXPECT_VALUE("'<'NumberedCard' objects cannot be read>'",
+                 unarchived(archiveOf(dictionary(str("$class"), uid(2)), archivedClass("NumberedCard", "NSObject"))));
 }
 
 TEST(ArchivedClasses, OfNoCodingAreNamed) {

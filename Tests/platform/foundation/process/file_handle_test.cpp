@@ -8,6 +8,7 @@
 #include "support/processes.h"
 #include "support/values.h"
 
+#include <climits>
 #include <csignal>
 #include <gtest/gtest.h>
 #include <thread>
@@ -66,6 +67,13 @@ TEST(FileHandle, ReadsALengthAndStopsAtTheEnd) {
     EXPECT_EQ(bytesOf(file->readDataToEndOfFile()), "456789");
     EXPECT_EQ(bytesOf(file->readDataOfLength(4)), "");
     EXPECT_RAISES("NSInvalidArgumentException: readDataOfLength: a length below zero", file->readDataOfLength(-1));
+}
+
+TEST(FileHandle, ReadsWhatThereIsWhenMoreIsAskedFor) {
+    const TemporaryFolder folder;
+    const std::string content(3'000'000, 'x');
+    const Ref<NSFileHandle> file = NSFileHandle::forReading(folder.write("f", content));
+    EXPECT_EQ(bytesOf(file->readDataOfLength(LONG_MAX)), content);
 }
 
 TEST(FileHandle, OpensNoFileThatIsNotThere) {

@@ -4,6 +4,7 @@
 #include "VELTRuntime/platform/foundation/process/child_process.h"
 #include "support/child_tasks.h"
 #include "support/processes.h"
+#include "support/values.h"
 
 #include <atomic>
 #include <cerrno>
@@ -11,6 +12,7 @@
 #include <fcntl.h>
 #include <gtest/gtest.h>
 #include <string>
+#include <sys/resource.h>
 #include <sys/time.h>
 #include <sys/wait.h>
 #include <thread>
@@ -149,6 +151,25 @@ TEST(ProgramStart, PassesOnAStandardDescriptorThatWouldBeClosed) {
     EXPECT_EQ(::read(ends.reading, text, sizeof text), 5);
     EXPECT_STREQ(text, "there");
     ::close(ends.reading);
+}
+
+TEST(Pipes, AreNotMadeByHalves) {
+    // Of two descriptors that are left one is a standard stream's, which no pipe may have.
+    const int saved = ::fcntl(STDIN_FILENO, F_DUPFD_CLOEXEC, 3);
+    if (saved < 0) GTEST_SKIP() << "standard input is closed";
+    const int last = ::fcntl(STDIN_FILENO, F_DUPFD_CLOEXEC, 3);
+    ::close(last);
+    rlimit before{};
+    ::getrlimit(RLIMIT_NOFILE, &before);
+    const rlimit few{static_cast<rlim_t>(last) + 1, before.rlim_max};
+    ::setrlimit(RLIMIT_NOFILE, &few);
+    ::close(STDIN_FILENO);
+    EXPECT_RAISES("NSFileHandleOperationException: pipe: Too many open files", makePipe());
+    EXPECT_EQ(::fcntl(STDIN_FILENO, F_GETFD), -1);
+    EXPECT_EQ(::fcntl(last, F_GETFD), -1);
+    ::setrlimit(RLIMIT_NOFILE, &before);
+    ::dup2(saved, STDIN_FILENO);
+    ::close(saved);
 }
 
 TEST(ProgramStart, MakesASessionWhereItIsAsked) {

@@ -275,7 +275,7 @@ ArchiveReader::ClassReading ArchiveReader::resolveClass(const NSDictionary& desc
         reading.coding = contentCoding(publicClassName(name));
         if (reading.coding) return reading;
         const Class* cls = Class::named(name);
-        if (cls && cls->method(initSelector())) reading.cls = cls;
+        if (cls && cls->canMakeObjects() && cls->method(initSelector())) reading.cls = cls;
         return reading;
     };
     const id ownName = description.objectForKey(classNameKey());

@@ -8,6 +8,7 @@
 #include "VELTRuntime/platform/foundation/keyed_archive/archive_reader.h"
 #include "VELTRuntime/platform/foundation/keyed_archive/attribute_runs.h"
 #include "VELTRuntime/platform/foundation/keyed_archive/keyed_archiver.h"
+#include "VELTRuntime/platform/foundation/plain_text.h"
 #include "VELTRuntime/platform/foundation/unarchived_fill.h"
 
 #include <unordered_map>
@@ -38,18 +39,16 @@ id readAttributes(const id& written) {
 void encodeAttributedString(NSKeyedArchiver& archiver, const id& object) {
     const NSAttributedString& text = *attributedStringOf(object);
     archiver.setContent(archiver.reference(text.string().object()->copy()), textKey());
+    if (isPlain(text)) return;
     const Ref<NSMutableArray> attributes = make<NSMutableArray>();
     std::vector<AttributeRun> runs;
     std::unordered_map<Word, std::size_t> places;
-    bool plain = true;
     text.forEachRun([&](std::size_t begin, std::size_t end, const id& own) {
-        plain = plain && own.isNil();
         const id written = writtenAttributes(own);
         const auto [place, isNew] = places.emplace(written.word(), attributes->count());
         if (isNew) attributes->append(written);
         runs.push_back({end - begin, place->second});
     });
-    if (plain) return;
     if (runs.size() == 1) {
         archiver.setContent(archiver.reference(attributes->at(0)), attributesKey());
         return;

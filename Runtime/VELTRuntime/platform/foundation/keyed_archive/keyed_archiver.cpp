@@ -12,8 +12,6 @@
 #include "VELTRuntime/values/number.h"
 #include "VELTRuntime/values/string.h"
 
-#include <optional>
-
 using namespace velt;
 
 namespace {

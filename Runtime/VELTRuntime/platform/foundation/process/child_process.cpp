@@ -146,9 +146,14 @@ PipeEnds makePipe() {
     for (int& end : ends) {
         if (end > 2) continue;
         // A standard stream was closed: its number must not become a pipe that everything is written to.
-        const int moved = ::fcntl(end, F_DUPFD_CLOEXEC, 3);
+        const int moved = ::fcntl(end, F_DUPFD_CLOEXEC, 3), error = errno;
         ::close(end);
         end = moved;
+        if (moved >= 0) continue;
+        for (const int made : ends) {
+            if (made >= 0) ::close(made);
+        }
+        raiseDescriptorFailure("pipe", error);
     }
     return {ends[0], ends[1]};
 }

@@ -6,7 +6,6 @@
 #include <csignal>
 #include <cstring>
 #include <ctime>
-#include <fcntl.h>
 #include <poll.h>
 #include <pthread.h>
 #include <unistd.h>

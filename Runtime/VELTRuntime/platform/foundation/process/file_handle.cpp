@@ -9,6 +9,7 @@
 #include "VELTRuntime/platform/object/exception.h"
 #include "VELTRuntime/values/string.h"
 
+#include <algorithm>
 #include <cerrno>
 #include <chrono>
 #include <fcntl.h>
@@ -113,9 +114,13 @@ id NSFileHandle::readDataToEndOfFile() {
 id NSFileHandle::readDataOfLength(long length) {
     const int descriptor = openDescriptor("readDataOfLength:");
     if (length < 0) raise(kInvalidArgumentException, "readDataOfLength: a length below zero");
-    Bytes bytes(static_cast<std::size_t>(length));
+    const auto wanted = static_cast<std::size_t>(length);
+    constexpr std::size_t kFirstRoom = std::size_t{1} << 20;
+    Bytes bytes;
     std::size_t filled = 0;
-    while (filled < bytes.size()) {
+    while (filled < wanted) {
+        // Room for what comes, not for what was asked for: programs ask for more than there is.
+        if (filled == bytes.size()) bytes.resize(std::min(wanted, std::max(2 * filled, kFirstRoom)));
         const ssize_t count = ::read(descriptor, bytes.data() + filled, bytes.size() - filled);
         if (count == 0) break;
         if (count > 0) {

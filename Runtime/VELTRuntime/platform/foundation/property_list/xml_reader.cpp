@@ -3,6 +3,7 @@
 #include "VELTRuntime/platform/foundation/base64.h"
 #include "VELTRuntime/platform/foundation/data.h"
 #include "VELTRuntime/platform/foundation/date.h"
+#include "VELTRuntime/platform/foundation/expat_parser.h"
 #include "VELTRuntime/platform/foundation/property_list/forms.h"
 #include "VELTRuntime/values/number.h"
 #include "VELTRuntime/values/string.h"
@@ -11,10 +12,7 @@
 #include <algorithm>
 #include <charconv>
 #include <cstring>
-#include <exception>
 #include <expat.h>
-#include <memory>
-#include <new>
 #include <vector>
 
 namespace velt::property_list {
@@ -56,7 +54,6 @@ std::string_view trimmed(std::string_view text) {
 class XmlReader {
 public:
     explicit XmlReader(Collections collections) : collections_(collections) {
-        if (!parser_) throw std::bad_alloc();
         XML_SetUserData(parser_.get(), this);
         XML_SetElementHandler(
             parser_.get(), [](void* self, const char* name, const char**) { guarded<&XmlReader::begin>(self, name); },
@@ -75,35 +72,18 @@ public:
     }
 
     id document(std::string_view bytes) {
-        constexpr std::size_t kPiece = std::size_t{1} << 16;  // expat counts bytes as int
-        for (;;) {
-            const std::size_t size = std::min(bytes.size(), kPiece);
-            const bool isLast = size == bytes.size();
-            const XML_Status status = XML_Parse(parser_.get(), bytes.data(), static_cast<int>(size), isLast);
-            if (failure_) std::rethrow_exception(failure_);
-            if (status != XML_STATUS_OK) fail(XML_ErrorString(XML_GetErrorCode(parser_.get())));
-            if (isLast) return std::move(root_);
-            bytes.remove_prefix(size);
-        }
+        if (const char* failure = parser_.read(bytes)) fail(failure);
+        return std::move(root_);
     }
 
 private:
-    /// Calls a handler. What it throws must not pass through expat: it waits until expat has returned.
+    /// Calls a handler from within the parser.
     template <auto handler, class... A> static void guarded(void* self, const A&... arguments) {
         auto& reader = *static_cast<XmlReader*>(self);
-        if (reader.failure_) return;
-        try {
-            (reader.*handler)(arguments...);
-        } catch (...) {
-            reader.failure_ = std::current_exception();
-            XML_StopParser(reader.parser_.get(), XML_FALSE);
-        }
+        reader.parser_.guard([&] { (reader.*handler)(arguments...); });
     }
 
-    [[noreturn]] void fail(const std::string& what) const {
-        throw PropertyListError("line " + std::to_string(XML_GetCurrentLineNumber(parser_.get())) + ", column " +
-                                std::to_string(XML_GetCurrentColumnNumber(parser_.get()) + 1) + ": " + what);
-    }
+    [[noreturn]] void fail(const std::string& what) const { throw PropertyListError(parser_.place() + what); }
     void refuse(std::string_view what) { fail(std::string(what)); }
 
     void begin(const char* name) {
@@ -233,17 +213,13 @@ private:
         return make<NSData>(*bytes);
     }
 
-    struct FreeParser {
-        void operator()(XML_Parser parser) const { XML_ParserFree(parser); }
-    };
     struct Open {
         std::size_t base;  // of its values on the stack
         bool isDictionary;
     };
 
-    std::unique_ptr<XML_ParserStruct, FreeParser> parser_{XML_ParserCreate(nullptr)};
+    ExpatParser parser_;
     Collections collections_;
-    std::exception_ptr failure_;
     StringCache cache_;
     std::string text_;              // of the leaf
     Element leaf_ = Element::None;  // the element without elements that is open
