@@ -135,7 +135,7 @@ void NSTabView::selectTabViewItem(NSTabViewItem* item) {
         const velt::Selector told = velt::Selector::named(name);
         if (velt::respondsTo(delegate_, told)) velt::send(delegate_, told, self, wanted);
     };
-    NSWindow* window = windowPointer();
+    const Ref<NSWindow> window(windowPointer());
     const id responder = window ? window->firstResponder() : nil;
     const bool wasWithin = selected_ && velt::is<NSView>(responder) && selected_->viewPointer() &&
                            velt::as<NSView>(responder)->isDescendantOf(selected_->viewPointer());
