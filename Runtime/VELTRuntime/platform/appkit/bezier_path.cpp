@@ -1,6 +1,7 @@
 #include "VELTRuntime/platform/appkit/bezier_path.h"
 
 #include "VELTRuntime/platform/appkit/graphics_context.h"
+#include "VELTRuntime/platform/appkit/qt_values.h"
 #include "VELTRuntime/platform/foundation/array.h"
 #include "VELTRuntime/platform/object/exception.h"
 
@@ -12,14 +13,13 @@
 #include <numbers>
 
 using velt::GraphicsContext;
+using velt::qtPoint;
 using velt::Ref;
 
 namespace {
 
-QPointF qtPoint(NSPoint point) { return {point.x, point.y}; }
-QRectF qtRect(NSRect rect) {
-    return QRectF(rect.origin.x, rect.origin.y, rect.size.width, rect.size.height).normalized();
-}
+/// Of no negative width and height.
+QRectF upright(NSRect rect) { return velt::qtRect(rect).normalized(); }
 NSRect rectValue(const QRectF& rect) { return {{rect.x(), rect.y()}, {rect.width(), rect.height()}}; }
 
 /// While it exists, the painter draws as a program asked: smoothly unless it said otherwise.
@@ -85,10 +85,10 @@ void NSBezierPath::removeAllPoints() { *path_ = QPainterPath(); }
 void NSBezierPath::append(NSBezierPath* other) {
     if (other) path_->addPath(QPainterPath(*other->path_));
 }
-void NSBezierPath::appendRect(NSRect rect) { path_->addRect(qtRect(rect)); }
-void NSBezierPath::appendOval(NSRect rect) { path_->addEllipse(qtRect(rect)); }
+void NSBezierPath::appendRect(NSRect rect) { path_->addRect(upright(rect)); }
+void NSBezierPath::appendOval(NSRect rect) { path_->addEllipse(upright(rect)); }
 void NSBezierPath::appendRoundedRect(NSRect rect, double xRadius, double yRadius) {
-    path_->addRoundedRect(qtRect(rect), xRadius, yRadius);
+    path_->addRoundedRect(upright(rect), xRadius, yRadius);
 }
 void NSBezierPath::appendArc(NSPoint center, double radius, double start, double end, bool clockwise) {
     constexpr double kTurn = 360;
@@ -280,7 +280,7 @@ void NSBezierPath::describe(velt::ClassBuilder<NSBezierPath>& c) {
                      [](const id&, const id* a) {
                          const NSRect rect = VELT_CNSRECT(a[0]);
                          if (GraphicsContext* context = GraphicsContext::current()) {
-                             context->painter().fillRect(qtRect(rect), context->fillColor);
+                             context->painter().fillRect(upright(rect), context->fillColor);
                          }
                          return nil;
                      })
