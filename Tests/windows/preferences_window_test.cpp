@@ -96,6 +96,33 @@ TEST(WindowControllers, SayWhatIsWrongWithTheDescription) {
     EXPECT_TRUE(raised.ends_with("/no such window.ui")) << raised;
 }
 
+namespace {
+
+/// Is interrupted before its window is read for the first time.
+struct Interrupted : public NSWindowController {
+    VELT_OBJECT(Interrupted, NSWindowController)
+
+public:
+    void windowWillLoad() {
+        if (++begun == 1) velt::raise("NotYet", "later");
+    }
+    static void describe(velt::ClassBuilder<Interrupted>& c) {
+        c.method("windowWillLoad", &Interrupted::windowWillLoad);
+    }
+    int begun = 0;
+};
+
+}  // namespace
+
+TEST(WindowControllers, ReadTheirWindowAtTheNextWishWhenTheyWereInterrupted) {
+    const Ref<Interrupted> controller = velt::make<Interrupted>();
+    velt::send(id(controller), "initWithWindowNibName:", str("Preferences"));
+    EXPECT_EQ("NotYet: later", raisedBy([&] { controller->window(); }));
+    EXPECT_FALSE(controller->isWindowLoaded());
+    EXPECT_TRUE(velt::is<NSWindow>(controller->window()));
+    EXPECT_EQ(2, controller->begun);
+}
+
 TEST(PreferencesWindows, PutALargeWindowOfTheirOwnInThePlaceOfTheDescribedOne) {
     const ShownPrefs shown;
     const NSWindow& window = shown.window();

@@ -11,6 +11,7 @@
 #include <algorithm>
 #include <cmath>
 #include <numbers>
+#include <utility>
 
 using velt::GraphicsContext;
 using velt::qtPoint;
@@ -154,16 +155,15 @@ QPainterPath NSBezierPath::filled() const {
 }
 
 void NSBezierPath::setLineDash(const id& lengths, long count, double phase) {
-    dash_.clear();
-    dashPhase_ = phase;
     const NSArray* array = velt::arrayOf(lengths);
-    if (!array) return;
-    const auto asked = std::clamp<long>(count, 0, static_cast<long>(array->count()));
+    const auto asked = array ? std::clamp<long>(count, 0, static_cast<long>(array->count())) : 0;
     std::vector<double> pattern;
     for (long i = 0; i < asked; ++i) pattern.push_back(std::max(VELT_CDOUBLE(array->at(i)), 0.0));
     // An odd pattern is gone through twice, so that strokes and gaps come in turn. One without length is none.
     if (pattern.size() % 2 == 1) pattern.insert(pattern.end(), pattern.begin(), pattern.end());
-    if (std::any_of(pattern.begin(), pattern.end(), [](double length) { return length > 0; })) dash_ = pattern;
+    if (std::none_of(pattern.begin(), pattern.end(), [](double length) { return length > 0; })) pattern.clear();
+    dash_ = std::move(pattern);
+    dashPhase_ = phase;
 }
 
 // Drawing.

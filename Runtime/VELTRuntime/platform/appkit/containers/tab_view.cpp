@@ -74,7 +74,8 @@ void NSTabView::insertTabViewItem(NSTabViewItem* item, long index) {
     if (!item || item->tabViewPointer() == this) return;
     const Ref<NSTabViewItem> kept(item);
     if (NSTabView* before = item->tabViewPointer()) before->removeTabViewItem(item);
-    items_.insert(items_.begin() + index, kept);
+    // The other one's delegate may have changed this one too.
+    items_.insert(items_.begin() + std::min(index, numberOfTabViewItems()), kept);
     item->setTabView(this);
     if (!selected_) show(item);
     changed();
