@@ -164,6 +164,8 @@ void KRPrefsWindowController::displayViewForIdentifier(const id& identifier, boo
     if (fades) {
         velt::send(self(), VELT_SELECTOR("crossFadeView:withView:"), velt::boxResult(before), shown);
     } else {
+        // A fade that is under way would give the window another pane's size in the end.
+        if (animation_) animation_->stopAnimation();
         if (before) before->removeFromSuperview();
         const NSRect frame = VELT_CNSRECT(velt::send(self(), VELT_SELECTOR("frameForView:"), shown));
         animate ? window->setFrameAnimated(frame) : window->setFrame(frame);

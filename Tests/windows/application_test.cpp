@@ -266,6 +266,29 @@ TEST_F(Applications, PutWindowsAwayThatHideWhenAnotherProgramIsInFront) {
     EXPECT_TRUE(QTest::qWaitFor([&] { return VELT_CBOOL(VELT_NSWINDOW_VISIBLE(panel)) != 0; }));
 }
 
+TEST_F(Applications, LeaveWindowsClosedThatWereClosedWhileTheyWerePutAway) {
+    SKIP_UNLESS_WINDOWS_BECOME_ACTIVE();
+    if (displayIsInMemory()) GTEST_SKIP() << "no other program is ever in front";
+    const id closed = VELT_NSPANEL_INIT(nil, ""), ordered = VELT_NSPANEL_INIT(nil, "");
+    for (const id& panel : {closed, ordered}) {
+        windows.push_back(panel);
+        VELT_NSWINDOW_FRAME(panel, rect(400, 200, 100, 122));
+        VELT_NSWINDOW_HIDESONDEACTIVATE(panel, boolean(true));
+    }
+    keyWindow();
+    for (const id& panel : {closed, ordered}) VELT_NSWINDOW_ORDERFRONT(panel);
+    {
+        const OtherProgram other;
+        ASSERT_TRUE(QTest::qWaitFor([&] { return !VELT_CBOOL(VELT_NSWINDOW_VISIBLE(ordered)); }));
+        VELT_NSWINDOW_CLOSE(closed);
+        velt::send(ordered, "orderOut:", nil);
+    }
+    VELT_NSAPPLICATION_ACTIVATEIGNORINGOTHERAPPS(application(), boolean(true));
+    ASSERT_TRUE(QTest::qWaitFor([&] { return NSApplication::sharedApplication().isActive(); }));
+    EXPECT_VALUE("c 0", VELT_NSWINDOW_VISIBLE(closed));
+    EXPECT_VALUE("c 0", VELT_NSWINDOW_VISIBLE(ordered));
+}
+
 TEST_F(Applications, ShowAWindowWithoutContentAsItsTitleBar) {
     const id window = VELT_NSWINDOW_INIT(nil, "");
     windows.push_back(window);
@@ -297,6 +320,8 @@ TEST(Events, TellTheFirstUnitOfTheirCharacters) {
     EXPECT_VALUE("q 0", VELT_NSEVENT_KEY(eventOf(Qt::Key_Shift, QString())));  // a modifier has no characters
     const id characters = VELT_NSEVENT_CHARACTERS(eventOf(Qt::Key_A, QStringLiteral("a")));
     EXPECT_VALUE("'a'", characters);
+    const id smile = eventOf(0x1F600, QStringLiteral("😀"));
+    EXPECT_VALUE("'😀'", velt::send(smile, "charactersIgnoringModifiers"));
 }
 
 namespace {

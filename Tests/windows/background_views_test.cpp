@@ -177,22 +177,41 @@ TEST(BackgroundViews, TooLargeToKeepAreDrawnWhereTheyAreSeen) {
     EXPECT_EQ(0, view->cache().drawnAnew());
 }
 
-TEST(BackgroundViews, DrawAnyImageThroughAnyPath) {
+namespace {
+
+/// A black image of that size drawn through a rectangle, half seen.
+QImage drawnThrough(int width, int height, const id& rectangle) {
     class Canvas : public KRBackgroundView {
     public:
         id image, path;
         void drawRect(NSRect) override { drawImage(velt::as<NSImage>(image), 0.5F, velt::as<NSBezierPath>(path)); }
     };
-    QImage black(200, 200, QImage::Format_RGB32);
+    QImage black(width, height, QImage::Format_RGB32);
     black.fill(Qt::black);
     const Ref<Canvas> canvas = velt::make<Canvas>();
     canvas->setFrame({{0, 0}, {kWidth, kHeight}});
     canvas->image = velt::make<NSImage>(black);
-    canvas->path = velt::send(NSBezierPath::entry().object(), "bezierPathWithRect:", rect(10, 0, 20, 10));
-    const QImage seen = drawn(*canvas);
+    canvas->path = velt::send(NSBezierPath::entry().object(), "bezierPathWithRect:", rectangle);
+    return drawn(*canvas);
+}
+
+}  // namespace
+
+TEST(BackgroundViews, DrawAnyImageThroughAnyPath) {
+    const QImage seen = drawnThrough(200, 200, rect(10, 0, 20, 10));
     EXPECT_NEAR(127, qRed(seen.pixel(10, 43)), 1);
     EXPECT_NEAR(127, qRed(seen.pixel(29, 34)), 1);
     for (const QPoint outside : {QPoint(9, 43), QPoint(30, 43), QPoint(15, 33)}) {
+        EXPECT_EQ(qRgb(255, 255, 255), seen.pixel(outside));
+    }
+}
+
+TEST(BackgroundViews, DrawAnImageAsLargeAsThePathFromTheOrigin) {
+    // The image lies from 0 to 20 and from 0 to 10, the path from 10 to 30 and from 5 to 15.
+    const QImage seen = drawnThrough(20, 10, rect(10, 5, 20, 10));
+    EXPECT_NEAR(127, qRed(seen.pixel(10, 38)), 1);
+    EXPECT_NEAR(127, qRed(seen.pixel(19, 34)), 1);
+    for (const QPoint outside : {QPoint(9, 38), QPoint(20, 38), QPoint(15, 33), QPoint(15, 39), QPoint(30, 22)}) {
         EXPECT_EQ(qRgb(255, 255, 255), seen.pixel(outside));
     }
 }

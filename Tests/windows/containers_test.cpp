@@ -50,6 +50,21 @@ public:
     int resized = 0;
 };
 
+/// Takes a view out of where it is as soon as the panes of a split view have changed.
+class PaneTaker : public NSObject {
+    VELT_OBJECT(PaneTaker, NSObject)
+
+public:
+    void didResize(const id&) {
+        const id taken = std::exchange(pane, nil);
+        if (!taken.isNil()) velt::as<NSView>(taken)->removeFromSuperview();
+    }
+    static void describe(velt::ClassBuilder<PaneTaker>& c) {
+        c.method("splitViewDidResizeSubviews:", &PaneTaker::didResize);
+    }
+    id pane;
+};
+
 Ref<NSTabView> tabs(const std::vector<std::string>& labels) {
     const Ref<NSTabView> view(velt::as<NSTabView>(VELT_NSTABVIEW_INIT(nil, "")));
     for (const std::string& label : labels) {
@@ -110,6 +125,23 @@ TEST(Boxes, PutWhatTheyAreGivenIntoTheirContentView) {
     velt::send(box, "setContentViewMargins:", size(0, 0));
     EXPECT_VALUE("{CGRect={CGPoint=dd}{CGSize=dd}} {{0, 0}, {200, 100}}",
                  VELT_NSVIEW_FRAME(velt::send(box, "contentView")));
+}
+
+TEST(Boxes, TakeAnotherContentView) {
+    const id box = VELT_NSBOX_INIT(nil, "");
+    VELT_NSVIEW_FRAME(box, rect(0, 0, 200, 100));
+    const id before = velt::send(box, "contentView");
+    const NSRect place = velt::as<NSView>(before)->frame();
+    const Ref<NSView> other = velt::make<NSView>(), view = velt::make<NSView>();
+    velt::send(box, "setContentView:", other);
+    EXPECT_EQ(id(other), velt::send(box, "contentView"));
+    EXPECT_EQ(box, other->superview());
+    EXPECT_EQ(place, other->frame());
+    EXPECT_TRUE(velt::as<NSView>(before)->superview().isNil());
+    VELT_NSVIEW_APPEND(box, view);
+    EXPECT_EQ(id(other), view->superview());
+    other->removeFromSuperview();
+    EXPECT_VALUE("nil", velt::send(box, "contentView"));
 }
 
 TEST(Boxes, AreSizedByTheirContent) {
@@ -288,6 +320,20 @@ TEST(SplitViews, GiveTheRoomOfAHiddenPaneToTheOthers) {
     VELT_NSVIEW_REMOVE(nil, middle);
     EXPECT_EQ(2u, view->subviewList().size());
     EXPECT_EQ(318, view->subviewList()[1]->frame().origin.x + view->subviewList()[1]->frame().size.width);
+}
+
+TEST(SplitViews, MayLoseAPaneWhileTheyAreResized) {
+    const Ref<NSSplitView> outer = panes(0, {309, 100}, true), inner = panes(2, {100, 100}, false);
+    const Ref<PaneTaker> taker = velt::make<PaneTaker>();
+    outer->addSubview(inner.get());
+    outer->addSubview(velt::make<NSView>().get());
+    taker->pane = outer->subviewList()[1];
+    inner->setDelegate(taker);
+    outer->setFrameSize({209, 80});
+    EXPECT_EQ(1u, outer->subviewList().size());
+    outer->adjustSubviews();
+    EXPECT_EQ("{{0, 0}, {209, 80}} ", frames(*outer));
+    inner->setDelegate(nil);
 }
 
 TEST(SplitViews, LetTheirDividersBeDragged) {

@@ -95,6 +95,25 @@ TEST(Drawing, StrokesWithWidthColourAndDashes) {
     EXPECT_EQ(qRgb(255, 0, 0), image.pixel(17, 20));
 }
 
+TEST(Drawing, KeepsTheDashesWhenOthersAreRefused) {
+    const auto stroked = [](bool refuses) {
+        return drawn([refuses] {
+            const id line = path();
+            velt::send(line, "moveToPoint:", point(0, 20));
+            velt::send(line, "lineToPoint:", point(40, 20));
+            velt::send(line, "setLineWidth:", integer(4));
+            velt::send(line, "setLineDash:count:phase:", array(integer(10), integer(5)), integer(2), integer(0));
+            if (refuses) {
+                EXPECT_CAST_FAILURE("'Double' expected",
+                                    velt::send(line, "setLineDash:count:phase:", array(integer(3), emptyDictionary()),
+                                               integer(2), integer(7)));
+            }
+            velt::send(line, "stroke");
+        });
+    };
+    EXPECT_EQ(stroked(false), stroked(true));
+}
+
 TEST(Drawing, FillsByTheWindingRule) {
     const auto rings = [](long rule) {
         return drawn([rule] {

@@ -3,6 +3,7 @@
 #include "support/generated.h"
 #include "windows/gradient_support.h"
 
+#include <limits>
 #include <set>
 
 using namespace velt::test;
@@ -136,10 +137,21 @@ TEST(Gradients, SayWhichStopIsNotThere) {
     EXPECT_RAISES(
         "NSRangeException: -[PXGradient removeColorStopAtPosition:]: no such colorStop at position (0.500000)",
         velt::send(two, "removeColorStopAtPosition:", real(0.5)));
+    // The largest numbers are said whole too.
+    const std::string largest = "179769313486231570814527423731704356798070567525844996598917476803157260780028538760"
+                                "589558632766878171540458953514382464234321326889464182768467546703537516986049910576"
+                                "551282076245490090389328944075868508455133942304583236903222948165808559332123348274"
+                                "797826204144723168738177180919299881250404026184124858368.000000";
+    EXPECT_RAISES("NSRangeException: -[PXGradient removeColorStopAtPosition:]: no such colorStop at position (" +
+                      largest + ")",
+                  velt::send(two, "removeColorStopAtPosition:", real(std::numeric_limits<double>::max())));
     EXPECT_RAISES("NSRangeException: 'PXGradient' colorStopAtIndex:: index 2 is out of range; the count is 2",
                   velt::send(two, "colorStopAtIndex:", integer(2)));
-    EXPECT_RAISES("NSInvalidArgumentException: 'PXGradient' addColorStop:atPosition:: the position is not a number",
-                  velt::send(two, "addColorStop:atPosition:", kRed, real(std::nan(""))));
+    for (const double position : {std::nan(""), HUGE_VAL, -HUGE_VAL}) {
+        EXPECT_RAISES(
+            "NSInvalidArgumentException: 'PXGradient' addColorStop:atPosition:: the position is not a finite number",
+            velt::send(two, "addColorStop:atPosition:", kRed, real(position)));
+    }
 }
 
 TEST(Gradients, AreTheirOwnCopies) {

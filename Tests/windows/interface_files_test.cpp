@@ -142,3 +142,35 @@ TEST_F(DesignedWindows, NameWhatTheyCannotBeMadeOf) {
     EXPECT_NE(failure.npos, failure.find("there is no class 'QRocket' to make an object of")) << failure;
     EXPECT_TRUE(form->window.isNil());
 }
+
+TEST_F(DesignedWindows, ArrangeWhatTheirGroupBoxesHold) {
+    const std::string content =
+        widget("QGroupBox", "group",
+               rect(10, 10, 200, 120) + text("title", "File") + "<layout class=\"QVBoxLayout\" name=\"rows\"><item>" +
+                   widget("QLineEdit", "nameField", "") + "</item></layout>");
+    ASSERT_EQ("", load(document(content)));
+    const NSView& field = *velt::as<NSView>(form->nameField);
+    ASSERT_TRUE(field.superviewPointer());
+    EXPECT_TRUE(velt::is<VLArrangedView>(field.superview()));
+    EXPECT_TRUE(velt::is<NSBox>(field.superviewPointer()->superview()));
+    EXPECT_LT(150, field.frame().size.width);
+}
+
+TEST_F(DesignedWindows, GiveTheirActionsTheirShortcuts) {
+    struct Shortcut {
+        const char *written, *key;
+        unsigned long mask;
+    };
+    const Shortcut shortcuts[] = {{"Ctrl+S", "s", NSEvent::kCommand},
+                                  {"Ctrl++", "+", NSEvent::kCommand},
+                                  {"Ctrl+Alt+-", "-", NSEvent::kCommand | NSEvent::kAlternate},
+                                  {"Meta+Shift+F5", "F5", NSEvent::kControl | NSEvent::kShift}};
+    for (const Shortcut& shortcut : shortcuts) {
+        ASSERT_EQ("", load(document("<action name=\"saveButton\">" + text("text", "Save") +
+                                    text("shortcut", shortcut.written) + "</action>")));
+        EXPECT_EQ(shortcut.key, velt::utf8(velt::send(form->saveButton, "keyEquivalent"))) << shortcut.written;
+        EXPECT_EQ(shortcut.mask,
+                  static_cast<unsigned long>(VELT_CINTEGER(velt::send(form->saveButton, "keyEquivalentModifierMask"))))
+            << shortcut.written;
+    }
+}

@@ -5,7 +5,7 @@
 #include "VELTRuntime/platform/foundation/dictionary.h"
 #include "VELTRuntime/platform/foundation/user_defaults.h"
 
-#include <QElapsedTimer>
+#include <cmath>
 
 using namespace velt::test;
 using velt::Ref;
@@ -96,6 +96,70 @@ TEST(WindowControllers, SayWhatIsWrongWithTheDescription) {
     EXPECT_TRUE(raised.ends_with("/no such window.ui")) << raised;
 }
 
+namespace {
+
+/// Is interrupted before its window is read for the first time.
+struct Interrupted : public NSWindowController {
+    VELT_OBJECT(Interrupted, NSWindowController)
+
+public:
+    void windowWillLoad() {
+        if (++begun == 1) velt::raise("NotYet", "later");
+    }
+    static void describe(velt::ClassBuilder<Interrupted>& c) {
+        c.method("windowWillLoad", &Interrupted::windowWillLoad);
+    }
+    int begun = 0;
+};
+
+}  // namespace
+
+TEST(WindowControllers, ReadTheirWindowAtTheNextWishWhenTheyWereInterrupted) {
+    const Ref<Interrupted> controller = velt::make<Interrupted>();
+    velt::send(id(controller), "initWithWindowNibName:", str("Preferences"));
+    EXPECT_EQ("NotYet: later", raisedBy([&] { controller->window(); }));
+    EXPECT_FALSE(controller->isWindowLoaded());
+    EXPECT_TRUE(velt::is<NSWindow>(controller->window()));
+    EXPECT_EQ(2, controller->begun);
+}
+
+TEST(PreferencesWindows, PutALargeWindowOfTheirOwnInThePlaceOfTheDescribedOne) {
+    const ShownPrefs shown;
+    const NSWindow& window = shown.window();
+    EXPECT_FALSE(window.isVisible());
+    EXPECT_EQ((NSRect{{0, 0}, {1000, 1022}}), window.frame());
+    ASSERT_EQ(1U, shown.page().subviewList().size());
+    const NSView& host = *shown.page().subviewList()[0];
+    EXPECT_EQ((NSRect{{0, 0}, {1000, 1000}}), host.frame());
+    EXPECT_EQ(velt::kWidthSizable | velt::kMinYMargin, host.autoresizingMask());
+    EXPECT_TRUE(shown.hosted().empty());
+}
+
+TEST(PreferencesWindows, TakeNoWindowThatTheyAreGiven) {
+    const Ref<TwoPanes> prefs = velt::make<TwoPanes>();
+    velt::send(id(prefs), "initWithWindow:", VELT_NSWINDOW_INIT(nil, ""));
+    EXPECT_VALUE("nil", prefs->window());
+}
+
+TEST(PreferencesWindows, GiveEachPaneAToolbarItemWithItsLabelAndImage) {
+    const ShownPrefs shown;
+    KRPrefsWindowController& prefs = *shown.prefs;
+    const id label = str("Letters"), image = velt::make<NSImage>(QImage(8, 8, QImage::Format_RGB32));
+    velt::send(id(shown.prefs), "addView:label:image:", pane(80, 60), label, image);
+    velt::send(label, "appendString:", str(" and more"));
+    velt::send(id(shown.prefs), "addView:label:", pane(80, 60), str("NSCaution"));
+    const id identifiers = prefs.toolbarIdentifiers(nil);
+    ASSERT_EQ(2U, velt::arrayOf(identifiers)->count());
+    EXPECT_VALUE("'Letters'", velt::arrayOf(identifiers)->at(0));
+    const id first = prefs.toolbarItem(nil, str("Letters"), true),
+             second = prefs.toolbarItem(nil, str("NSCaution"), true);
+    EXPECT_VALUE("'Letters'", velt::send(first, "label"));
+    EXPECT_EQ(image, velt::send(first, "image"));
+    EXPECT_EQ(id(shown.prefs), velt::send(first, "target"));
+    EXPECT_VALUE("'toggleActivePreferenceView:'", velt::send(first, "action"));
+    EXPECT_TRUE(velt::is<NSImage>(velt::send(second, "image")));
+}
+
 TEST(PreferencesWindows, TakeTheSizeOfTheirFirstPane) {
     ShownPrefs shown;
     NSWindow& window = shown.show();
@@ -158,6 +222,20 @@ TEST(PreferencesWindows, SwitchQuicklyBackAndForthWithoutLosingAPane) {
     for (int i = 0; i < 6; ++i) shown.click(i % 2 ? "General" : "Colours");
     ASSERT_TRUE(QTest::qWaitFor([&] { return shown.shows(shown.prefs->first); }, kWait));
     EXPECT_FALSE(shown.prefs->first->isHidden());
+    EXPECT_EQ("General", velt::utf8(window.title()));
+}
+
+TEST(PreferencesWindows, KeepThePaneThatIsSetWhileAnotherOneFadesIn) {
+    ShownPrefs shown;
+    NSWindow& window = shown.show();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&window.widget()));
+    const double around = window.frame().size.height - 120;
+    shown.click("Colours");
+    ASSERT_EQ(2U, shown.hosted().size());
+    velt::send(id(shown.prefs), "displayViewForIdentifier:animate:", str("General"), boolean(false));
+    QTest::qWait(400);  // longer than the fade
+    EXPECT_TRUE(shown.shows(shown.prefs->first));
+    EXPECT_EQ(120 + around, window.frame().size.height);
     EXPECT_EQ("General", velt::utf8(window.title()));
 }
 
@@ -400,6 +478,14 @@ TEST(ViewAnimations, HideWhatFadesOutAndShowWhatFadesIn) {
     shown.animation->startAnimation();
     EXPECT_FALSE(shown.view->isHidden());
     EXPECT_EQ(nullptr, shown.view->widget().graphicsEffect());
+}
+
+TEST(ViewAnimations, LastUpToAMillionSeconds) {
+    const Ref<NSViewAnimation> animation = velt::make<NSViewAnimation>();
+    for (const auto& [given, kept] : {std::pair{1e12, 1e6}, {-1.0, 0.0}, {std::nan(""), 0.0}, {2.5, 2.5}}) {
+        animation->setDuration(given);
+        EXPECT_EQ(kept, animation->duration());
+    }
 }
 
 TEST(ViewAnimations, StayWhereTheyWereStopped) {

@@ -210,6 +210,13 @@ TEST(Toolbars, StandAboveTheContentWhichKeepsItsSize) {
     EXPECT_EQ(bar.toolbar, VELT_NSWINDOW_TOOLBAR(other.window));
 }
 
+TEST(Toolbars, AreSeenAgainWhenTheyAreToldToShow) {
+    const Ref<NSToolbar> bar = velt::make<NSToolbar>(str("tools"));
+    bar->setVisible(false);
+    velt::send(id(bar), "Show");
+    EXPECT_TRUE(bar->isVisible());
+}
+
 TEST(Toolbars, SendTheActionOfAClickedItem) {
     const ControlWindow window({{50, 60}, {400, 180}});
     const Bar bar(window);

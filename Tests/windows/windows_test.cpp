@@ -198,6 +198,71 @@ TEST(Views, GetTheMouseAndTheKeysInTheirOwnCoordinates) {
     EXPECT_EQ("key a ", board->heard);
 }
 
+TEST(Views, ConvertTheirOwnBoundsToTheWindowsCoordinatesAndBack) {
+    const id window = VELT_NSWINDOW_INIT(nil, "");
+    VELT_NSWINDOW_FRAME(window, frame(50, 60, 200, 122));
+    const id content = velt::as<NSWindow>(window)->contentView();
+    NSView& view = *velt::as<NSView>(content);
+    view.setBounds({{10, 20}, {100, 50}});
+    EXPECT_EQ((NSPoint{0, 0}), view.convertPointToView({10, 20}, nullptr));
+    EXPECT_EQ((NSPoint{200, 100}), view.convertPointToView({110, 70}, nullptr));
+    EXPECT_EQ((NSPoint{60, 45}), view.convertPointFromView({100, 50}, nullptr));
+    const Ref<NSView> inner = velt::make<NSView>(NSRect{{10, 20}, {30, 30}});
+    view.addSubview(inner.get());
+    EXPECT_EQ((NSPoint{2, 4}), inner->convertPointToView({1, 2}, nullptr));
+    EXPECT_EQ((NSPoint{1, 2}), inner->convertPointFromView({2, 4}, nullptr));
+}
+
+TEST(Views, PassOverHiddenGroupsOnTheKeyboardsWay) {
+    const id window = VELT_NSWINDOW_INIT(nil, "");
+    VELT_NSWINDOW_FRAME(window, frame(50, 60, 200, 122));
+    const Ref<NSView> group = velt::make<NSView>(NSRect{{0, 0}, {200, 50}});
+    const Ref<Board> first = velt::make<Board>(), hidden = velt::make<Board>(), last = velt::make<Board>();
+    for (Board* board : {first.get(), hidden.get(), last.get()}) board->setFrame({{0, 0}, {50, 20}});
+    group->addSubview(hidden.get());
+    for (const id& view : {id(first), id(group), id(last)}) VELT_NSWINDOW_APPEND(window, view);
+    VELT_NSWINDOW_SHOW(window);
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&velt::as<NSWindow>(window)->widget()));
+    first->setNextKeyView(hidden.get());
+    hidden->setNextKeyView(last.get());
+    group->setHidden(true);
+    EXPECT_FALSE(hidden->isHidden());
+    EXPECT_TRUE(hidden->isHiddenOrHasHiddenAncestor());
+    NSWindow& shown = *velt::as<NSWindow>(window);
+    EXPECT_TRUE(shown.makeFirstResponder(first));
+    EXPECT_FALSE(shown.makeFirstResponder(hidden));
+    shown.selectNextKeyView(nil);
+    EXPECT_EQ(id(last), shown.firstResponder());
+    VELT_NSWINDOW_CLOSE(window);
+}
+
+TEST(Views, ComeBehindTheLastViewThatWasGivenThemAsItsNext) {
+    const Ref<NSView> first = velt::make<NSView>(), second = velt::make<NSView>(), next = velt::make<NSView>();
+    first->setNextKeyView(next.get());
+    second->setNextKeyView(next.get());
+    EXPECT_EQ(id(second), next->previousKeyView());
+    first->setNextKeyView(nullptr);
+    EXPECT_EQ(id(second), next->previousKeyView());
+    second->setNextKeyView(nullptr);
+    EXPECT_VALUE("nil", next->previousKeyView());
+}
+
+TEST(Windows, LoseTheirColourAndTheirIcon) {
+    const id window = VELT_NSWINDOW_INIT(nil, "");
+    const QWidget& widget = velt::as<NSWindow>(window)->widget();
+    const QColor usual = widget.palette().color(QPalette::Window);
+    velt::send(window, "setBackgroundColor:", id(NSColor::deviceRgb(1, 0, 0, 1)));
+    EXPECT_EQ(QColor(Qt::red), widget.palette().color(QPalette::Window));
+    velt::send(window, "setBackgroundColor:", nil);
+    EXPECT_EQ(usual, widget.palette().color(QPalette::Window));
+    QImage icon(16, 16, QImage::Format_RGB32);
+    icon.fill(Qt::red);
+    velt::send(window, "setDocumentIcon:", velt::make<NSImage>(icon));
+    EXPECT_TRUE(widget.testAttribute(Qt::WA_SetWindowIcon));
+    velt::send(window, "setDocumentIcon:", nil);
+    EXPECT_FALSE(widget.testAttribute(Qt::WA_SetWindowIcon));
+}
+
 TEST(Views, FollowTheirSuperviewsSize) {
     const Ref<NSView> outer = velt::make<NSView>(NSRect{{0, 0}, {100, 100}});
     const Ref<NSView> inner = velt::make<NSView>(NSRect{{10, 20}, {50, 30}});

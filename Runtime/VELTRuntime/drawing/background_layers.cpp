@@ -55,7 +55,10 @@ bool BackgroundLayers::operator==(const BackgroundLayers& other) const {
 
 void drawThrough(QPainter& painter, const NSImage& image, double alpha, const QPainterPath& path, QSizeF size) {
     const NSSize own = image.size();
-    const QRectF place(size.width() / 2 - own.width / 2, size.height() / 2 - own.height / 2, own.width, own.height);
+    // One that is as large as the path lies at the origin wherever the path is; programs rely on it.
+    const bool fits = path.boundingRect().size() == QSizeF(own.width, own.height);
+    const QPointF corner = fits ? QPointF() : QPointF((size.width() - own.width) / 2, (size.height() - own.height) / 2);
+    const QRectF place(corner, QSizeF(own.width, own.height));
     const QRect dots = dotsOf(painter, place);
     painter.save();
     QBrush brush = pictureBrush(image, place.bottomLeft());

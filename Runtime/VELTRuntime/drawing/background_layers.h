@@ -28,7 +28,8 @@ struct BackgroundLayers {
 
 /// Draws all layers. The painter's coordinates are those of the path.
 void drawLayers(QPainter& painter, const BackgroundLayers& layers);
-/// Draws an image through a path, in the middle of what has that size.
+/// Draws an image through a path, in the middle of what has that size; at its origin when the image is as large as the
+/// path.
 void drawThrough(QPainter& painter, const NSImage& image, double alpha, const QPainterPath& path, QSizeF size);
 
 /// A background as it was drawn the last time.

@@ -51,7 +51,7 @@ public:
     void drawRect(NSRect dirty) override;
     /// A rectangle with the view's round corners, an NSBezierPath.
     id createBezierPathForRect(NSRect rect) const;
-    /// Draws an image through a path, in the middle of the view.
+    /// Draws an image through a path, in the middle of the view; at its origin when the image is as large as the path.
     void drawImage(NSImage* image, float alpha, NSBezierPath* path);
 
     /// What is drawn, kept from the last time.

@@ -7,7 +7,7 @@
 
 #include <algorithm>
 #include <cmath>
-#include <cstdio>
+#include <string>
 
 using velt::BlendingMode;
 using velt::ColorStop;
@@ -28,10 +28,8 @@ id colorOf(const GradientColor& parts) { return velt::make<NSColor>(parts.red, p
 
 id gradientOf(GradientStops&& stops) { return velt::make<PXGradient>(std::move(stops)); }
 
-template <class... Values> [[noreturn]] void raiseOutside(const char* format, const Values&... values) {
-    char reason[256];
-    std::snprintf(reason, sizeof reason, format, values...);
-    velt::raise(velt::kRangeException, reason);
+[[noreturn]] void raiseOutside(const PXGradient& gradient, const std::string& what) {
+    velt::raise(velt::kRangeException, "-[" + gradient.isa().name() + " " + what);
 }
 
 }  // namespace
@@ -73,9 +71,9 @@ id PXGradient::withBlendingMode(long mode) const {
 }
 
 id PXGradient::addColorStop(const NSColor* color, double position) const {
-    if (std::isnan(position)) {
+    if (!std::isfinite(position)) {
         velt::raise(velt::kInvalidArgumentException,
-                    "'PXGradient' addColorStop:atPosition:: the position is not a number");
+                    "'PXGradient' addColorStop:atPosition:: the position is not a finite number");
     }
     GradientStops stops = stops_;
     stops.add({partsOf(color), position});
@@ -90,7 +88,7 @@ id PXGradient::colorStopRemoved(std::size_t index) const {
 
 id PXGradient::removeColorStopAtIndex(long index) const {
     if (index < 0 || static_cast<std::size_t>(index) >= stops_.stops().size()) {
-        raiseOutside("-[%s removeColorStopAtIndex:]: index (%ld) beyond bounds", isa().name().c_str(), index);
+        raiseOutside(*this, "removeColorStopAtIndex:]: index (" + std::to_string(index) + ") beyond bounds");
     }
     return colorStopRemoved(static_cast<std::size_t>(index));
 }
@@ -100,8 +98,8 @@ id PXGradient::removeColorStopAtPosition(double position) const {
     const auto found =
         std::find_if(list.begin(), list.end(), [position](const ColorStop& stop) { return stop.position == position; });
     if (found == list.end()) {
-        raiseOutside("-[%s removeColorStopAtPosition:]: no such colorStop at position (%f)", isa().name().c_str(),
-                     position);
+        raiseOutside(*this,
+                     "removeColorStopAtPosition:]: no such colorStop at position (" + std::to_string(position) + ")");
     }
     return colorStopRemoved(static_cast<std::size_t>(found - list.begin()));
 }

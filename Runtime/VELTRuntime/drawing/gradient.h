@@ -30,7 +30,7 @@ public:
     id withAlphaComponent(double alpha) const;
     /// The same stops mixed in another way: 0 linear, 1 chromatic, 2 inverse chromatic.
     id withBlendingMode(long mode) const;
-    /// With one more stop. Raises "NSInvalidArgumentException" for a position that is not a number.
+    /// With one more stop. Raises "NSInvalidArgumentException" for a position that is not a finite number.
     id addColorStop(const NSColor* color, double position) const;
     /// Without a stop, counted from 0. Raises "NSRangeException" when there is none.
     id removeColorStopAtIndex(long index) const;

@@ -6,6 +6,7 @@
 #include "VELTRuntime/platform/object/exception.h"
 #include "VELTRuntime/values/string.h"
 
+#include <algorithm>
 #include <bit>
 #include <cmath>
 #include <string>

@@ -2,16 +2,16 @@
 #include "VELTRuntime/drawing/gradient.h"
 #include "VELTRuntime/drawing/gradient_shading.h"
 #include "VELTRuntime/platform/appkit/graphics_context.h"
+#include "VELTRuntime/platform/appkit/qt_values.h"
 
 #include <QPainter>
 #include <algorithm>
 #include <cmath>
 
 using velt::GraphicsContext;
+using velt::qtRect;
 
 namespace {
-
-QRectF qtRect(NSRect rect) { return {rect.origin.x, rect.origin.y, rect.size.width, rect.size.height}; }
 
 bool canBeFilled(NSRect rect) {
     const auto [x, y] = rect.origin;

@@ -1,5 +1,7 @@
 #include "VELTRuntime/drawing/gradient_shading.h"
 
+#include "VELTRuntime/platform/appkit/qt_values.h"
+
 #include <QImage>
 #include <QPaintEngine>
 #include <QPainter>
@@ -9,8 +11,6 @@
 namespace velt {
 
 namespace {
-
-QPointF qtPoint(NSPoint point) { return {point.x, point.y}; }
 
 QRgb dotOf(const GradientColor& color) {
     // Never below zero, and asked for every dot.

@@ -19,8 +19,7 @@ namespace {
 bool isCommand(const QKeyEvent& event) {
     const Qt::KeyboardModifiers held = event.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier);
     if (!held || held == (Qt::ControlModifier | Qt::AltModifier)) return false;
-    const bool isModifier = event.key() >= Qt::Key_Shift && event.key() <= Qt::Key_ScrollLock;
-    return !isModifier && !(held == Qt::ControlModifier && event.key() == Qt::Key_V);
+    return !isModifierKey(event.key()) && !(held == Qt::ControlModifier && event.key() == Qt::Key_V);
 }
 
 }  // namespace

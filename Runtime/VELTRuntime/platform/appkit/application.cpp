@@ -1,8 +1,7 @@
 #include "VELTRuntime/platform/appkit/application.h"
 
-#include "VELTRuntime/platform/appkit/controls/inner_editor.h"
-
 #include "VELTRuntime/platform/appkit/application_object.h"
+#include "VELTRuntime/platform/appkit/controls/inner_editor.h"
 #include "VELTRuntime/platform/appkit/event.h"
 #include "VELTRuntime/platform/appkit/image.h"
 #include "VELTRuntime/platform/appkit/menus/menu_bar.h"
@@ -24,6 +23,10 @@ using velt::Selector;
 namespace {
 
 id object(const NSObject* pointer) { return id(const_cast<NSObject*>(pointer)); }
+
+void take(std::vector<Ref<NSWindow>>& windows, const NSWindow& window) {
+    std::erase_if(windows, [&window](const Ref<NSWindow>& each) { return each.get() == &window; });
+}
 
 }  // namespace
 
@@ -78,14 +81,10 @@ id NSApplication::targetForAction(Selector action, const id& target, const id&) 
     for (const id& window : {keyWindow(), mainWindow()}) {
         if (window.isNil()) continue;
         const auto& asked = *velt::as<NSWindow>(window);
-        constexpr int kMostLinks = 1000;  // a program may tie the chain into a ring
-        id responder = velt::innerEditorIn(asked);
-        if (responder.isNil()) responder = asked.firstResponder();
-        for (int i = 0; i < kMostLinks && !responder.isNil(); ++i) {
-            if (velt::respondsTo(responder, action)) return responder;
-            if (!velt::is<NSResponder>(responder)) break;
-            responder = velt::as<NSResponder>(responder)->nextResponder();
-        }
+        const id editor = velt::innerEditorIn(asked);
+        id answers = velt::findResponder(editor.isNil() ? asked.firstResponder() : editor,
+                                         [action](const id& each) { return velt::respondsTo(each, action); });
+        if (!answers.isNil()) return answers;
         if (velt::respondsTo(window, action)) return window;
         if (velt::respondsTo(asked.delegate(), action)) return asked.delegate();
     }
@@ -120,12 +119,19 @@ void NSApplication::activateIgnoringOtherApps(bool flag) {
 }
 
 void NSApplication::windowOpens(NSWindow& window) {
-    std::erase_if(open_, [&](const Ref<NSWindow>& open) { return open.get() == &window; });
+    take(open_, window);
+    take(hiddenWhileInactive_, window);
     open_.emplace_back(&window);
 }
 
+bool NSApplication::hasPutAway(const NSWindow& window) const {
+    return std::any_of(hiddenWhileInactive_.begin(), hiddenWhileInactive_.end(),
+                       [&window](const Ref<NSWindow>& each) { return each.get() == &window; });
+}
+
 void NSApplication::windowCloses(NSWindow& window) {
-    std::erase_if(open_, [&](const Ref<NSWindow>& open) { return open.get() == &window; });
+    take(open_, window);
+    take(hiddenWhileInactive_, window);
     if (!window.endsProgramWhenLast()) return;
     const bool anyLeft = std::any_of(open_.begin(), open_.end(), [](const Ref<NSWindow>& open) {
         return open->isVisible() || open->isMiniaturized();

@@ -75,6 +75,8 @@ public:
     // The windows' reports.
     void windowOpens(NSWindow& window);
     void windowCloses(NSWindow& window);
+    /// The window left the screen only until this program is the one in front again.
+    bool hasPutAway(const NSWindow& window) const;
     void windowBecomesKey(NSWindow& window);
     static void describe(velt::ClassBuilder<NSApplication>& c);
 

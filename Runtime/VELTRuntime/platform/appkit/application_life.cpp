@@ -118,16 +118,20 @@ void NSApplication::activityChanged() {
     if (std::exchange(wasActive_, active) == active) return;
     if (active) {
         // What was put away while another program was in front.
-        for (const Ref<NSWindow>& window : std::exchange(hiddenWhileInactive_, {})) {
+        while (!hiddenWhileInactive_.empty()) {
+            const Ref<NSWindow> window = hiddenWhileInactive_.front();
+            hiddenWhileInactive_.erase(hiddenWhileInactive_.begin());
             if (window->existingWidget()) window->existingWidget()->show();
         }
         tell("applicationDidBecomeActive:", "NSApplicationDidBecomeActiveNotification");
         return;
     }
-    for (const Ref<NSWindow>& window : open_) {
+    // Who hears that a window loses the keyboard may open and close others.
+    const std::vector<Ref<NSWindow>> open = open_;
+    for (const Ref<NSWindow>& window : open) {
         if (!window->hidesOnDeactivate() || !window->isVisible()) continue;
-        window->existingWidget()->hide();
         hiddenWhileInactive_.push_back(window);
+        window->existingWidget()->hide();
     }
     tell("applicationDidResignActive:", "NSApplicationDidResignActiveNotification");
 }

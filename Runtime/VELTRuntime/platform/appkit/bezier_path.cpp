@@ -1,6 +1,7 @@
 #include "VELTRuntime/platform/appkit/bezier_path.h"
 
 #include "VELTRuntime/platform/appkit/graphics_context.h"
+#include "VELTRuntime/platform/appkit/qt_values.h"
 #include "VELTRuntime/platform/foundation/array.h"
 #include "VELTRuntime/platform/object/exception.h"
 
@@ -10,16 +11,16 @@
 #include <algorithm>
 #include <cmath>
 #include <numbers>
+#include <utility>
 
 using velt::GraphicsContext;
+using velt::qtPoint;
 using velt::Ref;
 
 namespace {
 
-QPointF qtPoint(NSPoint point) { return {point.x, point.y}; }
-QRectF qtRect(NSRect rect) {
-    return QRectF(rect.origin.x, rect.origin.y, rect.size.width, rect.size.height).normalized();
-}
+/// Of no negative width and height.
+QRectF upright(NSRect rect) { return velt::qtRect(rect).normalized(); }
 NSRect rectValue(const QRectF& rect) { return {{rect.x(), rect.y()}, {rect.width(), rect.height()}}; }
 
 /// While it exists, the painter draws as a program asked: smoothly unless it said otherwise.
@@ -85,10 +86,10 @@ void NSBezierPath::removeAllPoints() { *path_ = QPainterPath(); }
 void NSBezierPath::append(NSBezierPath* other) {
     if (other) path_->addPath(QPainterPath(*other->path_));
 }
-void NSBezierPath::appendRect(NSRect rect) { path_->addRect(qtRect(rect)); }
-void NSBezierPath::appendOval(NSRect rect) { path_->addEllipse(qtRect(rect)); }
+void NSBezierPath::appendRect(NSRect rect) { path_->addRect(upright(rect)); }
+void NSBezierPath::appendOval(NSRect rect) { path_->addEllipse(upright(rect)); }
 void NSBezierPath::appendRoundedRect(NSRect rect, double xRadius, double yRadius) {
-    path_->addRoundedRect(qtRect(rect), xRadius, yRadius);
+    path_->addRoundedRect(upright(rect), xRadius, yRadius);
 }
 void NSBezierPath::appendArc(NSPoint center, double radius, double start, double end, bool clockwise) {
     constexpr double kTurn = 360;
@@ -154,16 +155,15 @@ QPainterPath NSBezierPath::filled() const {
 }
 
 void NSBezierPath::setLineDash(const id& lengths, long count, double phase) {
-    dash_.clear();
-    dashPhase_ = phase;
     const NSArray* array = velt::arrayOf(lengths);
-    if (!array) return;
-    const auto asked = std::clamp<long>(count, 0, static_cast<long>(array->count()));
+    const auto asked = array ? std::clamp<long>(count, 0, static_cast<long>(array->count())) : 0;
     std::vector<double> pattern;
     for (long i = 0; i < asked; ++i) pattern.push_back(std::max(VELT_CDOUBLE(array->at(i)), 0.0));
     // An odd pattern is gone through twice, so that strokes and gaps come in turn. One without length is none.
     if (pattern.size() % 2 == 1) pattern.insert(pattern.end(), pattern.begin(), pattern.end());
-    if (std::any_of(pattern.begin(), pattern.end(), [](double length) { return length > 0; })) dash_ = pattern;
+    if (std::none_of(pattern.begin(), pattern.end(), [](double length) { return length > 0; })) pattern.clear();
+    dash_ = std::move(pattern);
+    dashPhase_ = phase;
 }
 
 // Drawing.
@@ -280,7 +280,7 @@ void NSBezierPath::describe(velt::ClassBuilder<NSBezierPath>& c) {
                      [](const id&, const id* a) {
                          const NSRect rect = VELT_CNSRECT(a[0]);
                          if (GraphicsContext* context = GraphicsContext::current()) {
-                             context->painter().fillRect(qtRect(rect), context->fillColor);
+                             context->painter().fillRect(upright(rect), context->fillColor);
                          }
                          return nil;
                      })

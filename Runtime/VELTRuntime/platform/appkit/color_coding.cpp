@@ -31,11 +31,6 @@ const id& catalogKey() { return "NSCatalogName"_v; }
 const id& nameKey() { return "NSColorName"_v; }
 const id& presentKey() { return "NSColor"_v; }
 
-NSCoder& coderOf(const id& coder) {
-    if (!velt::is<NSCoder>(coder)) velt::raiseClassExpected(NSCoder::entry());
-    return *velt::as<NSCoder>(coder);
-}
-
 void append(std::string& text, double number) {
     char digits[32];
     const auto end = std::to_chars(digits, digits + sizeof digits, number).ptr;
@@ -78,7 +73,7 @@ std::vector<double> numbersUnder(NSCoder& coder, const id& key, std::size_t coun
 }  // namespace
 
 void NSColor::encodeWithCoder(const id& archiver) const {
-    NSCoder& coder = coderOf(archiver);
+    NSCoder& coder = velt::toCoder(archiver);
     if (system_) {
         const ColorComponents now = components();
         coder.encodeInteger(kNamed, spaceKey());
@@ -93,7 +88,7 @@ void NSColor::encodeWithCoder(const id& archiver) const {
 }
 
 id NSColor::initWithCoder(const id& unarchiver) {
-    NSCoder& coder = coderOf(unarchiver);
+    NSCoder& coder = velt::toCoder(unarchiver);
     switch (coder.decodeInteger(spaceKey())) {
     case kCalibratedRgb:
     case kDeviceRgb: {

@@ -1,7 +1,7 @@
 #include "VELTRuntime/platform/appkit/event.h"
 
+#include "VELTRuntime/platform/appkit/qt_values.h"
 #include "VELTRuntime/platform/appkit/window.h"
-#include "VELTRuntime/values/string.h"
 
 #include <QKeyEvent>
 #include <algorithm>
@@ -36,19 +36,16 @@ id textOfKey(const QKeyEvent& event) {
     if (const char16_t unit = functionUnit(event.key())) return string(std::u16string_view(&unit, 1));
     if (event.key() == Qt::Key_Backspace) return string(u"\x7F");
     if (event.key() == Qt::Key_Backtab) return string(u"\x19");
-    const QString text = event.text();
-    return string(
-        std::u16string_view(reinterpret_cast<const char16_t*>(text.utf16()), static_cast<std::size_t>(text.size())));
+    return textValue(event.text());
 }
 
 /// The key's own text, whatever modifiers but Shift are held.
 id plainTextOfKey(const QKeyEvent& event) {
     if (event.key() >= 0x20 && event.key() < 0x1000000) {
         const bool isShifted = event.modifiers() & Qt::ShiftModifier;
-        const QString letter{QChar(static_cast<char16_t>(event.key()))};
-        const QString text = isShifted ? letter.toUpper() : letter.toLower();
-        return string(std::u16string_view(reinterpret_cast<const char16_t*>(text.utf16()),
-                                          static_cast<std::size_t>(text.size())));
+        const auto character = static_cast<char32_t>(event.key());
+        const QString letter = QString::fromUcs4(&character, 1);
+        return textValue(isShifted ? letter.toUpper() : letter.toLower());
     }
     return textOfKey(event);
 }
@@ -63,6 +60,8 @@ char16_t functionUnit(int qtKey) {
                                     [qtKey](const FunctionKey& row) { return row.key == qtKey; });
     return found == kFunctionKeys.end() ? u'\0' : found->unit;
 }
+
+bool isModifierKey(int qtKey) { return qtKey >= Qt::Key_Shift && qtKey <= Qt::Key_ScrollLock; }
 
 unsigned long modifiersOf(int qtModifiers) {
     unsigned long flags = 0;
@@ -85,7 +84,7 @@ velt::Ref<NSEvent> NSEvent::ofKey(Type type, const QKeyEvent& event, NSWindow* w
     made->repeats_ = event.isAutoRepeat();
     made->timestamp_ = velt::secondsNow();
     made->window_ = window;
-    const bool isModifier = event.key() >= Qt::Key_Shift && event.key() <= Qt::Key_ScrollLock;
+    const bool isModifier = velt::isModifierKey(event.key());
     made->characters_ = isModifier ? velt::string(u"") : velt::textOfKey(event);
     made->plainCharacters_ = isModifier ? velt::string(u"") : velt::plainTextOfKey(event);
     return made;

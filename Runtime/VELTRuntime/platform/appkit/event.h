@@ -8,8 +8,6 @@
 
 class NSWindow;
 class QKeyEvent;
-class QSinglePointEvent;
-class QWheelEvent;
 
 /// One event. Its numbers are the codes that programs compare with.
 class VELT_EXPORT NSEvent final : public NSObject {
@@ -87,6 +85,9 @@ namespace velt {
 
 /// The modifiers of the program for the toolkit's.
 unsigned long modifiersOf(int qtModifiers);
+
+/// The key is one that is held while others are pressed, or that locks.
+bool isModifierKey(int qtKey);
 
 /// The unit that programs compare with for a key without a text of its own, such as an arrow; 0 for other keys.
 char16_t functionUnit(int qtKey);

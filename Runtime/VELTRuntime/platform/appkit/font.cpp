@@ -130,22 +130,17 @@ const id& sizeKey() { return "NSSize"_v; }
 const id& flagsKey() { return "NSfFlags"_v; }
 constexpr long kByName = 16;
 
-NSCoder& coderOf(const id& coder) {
-    if (!velt::is<NSCoder>(coder)) velt::raiseClassExpected(NSCoder::entry());
-    return *velt::as<NSCoder>(coder);
-}
-
 }  // namespace
 
 void NSFont::encodeWithCoder(const id& archiver) const {
-    NSCoder& coder = coderOf(archiver);
+    NSCoder& coder = velt::toCoder(archiver);
     coder.encodeObject(fontName(), nameKey());
     coder.encodeDouble(size_, sizeKey());
     coder.encodeInteger(kByName, flagsKey());
 }
 
 id NSFont::initWithCoder(const id& unarchiver) {
-    NSCoder& coder = coderOf(unarchiver);
+    NSCoder& coder = velt::toCoder(unarchiver);
     const id name = coder.decodeObject(nameKey());
     const double size = coder.decodeDouble(sizeKey());
     // Another system's archive may name a font that is not here: the usual one stands in for it.

@@ -1,10 +1,12 @@
-// Texts and colours between the values of programs and those of the toolkit.
+// Texts, colours, points and rectangles between the values of programs and those of the toolkit.
 #pragma once
 
 #include "VELTRuntime/platform/appkit/color.h"
 #include "VELTRuntime/values/string.h"
+#include "VELTRuntime/values/structures.h"
 
 #include <QColor>
+#include <QRectF>
 #include <QString>
 
 namespace velt {
@@ -25,6 +27,9 @@ inline QColor qtColor(const NSColor& color) {
     return QColor::fromRgbF(static_cast<float>(color.redComponent()), static_cast<float>(color.greenComponent()),
                             static_cast<float>(color.blueComponent()), static_cast<float>(color.alphaComponent()));
 }
+
+inline QPointF qtPoint(NSPoint point) { return {point.x, point.y}; }
+inline QRectF qtRect(NSRect rect) { return {rect.origin.x, rect.origin.y, rect.size.width, rect.size.height}; }
 
 /// A new colour value, in the steps of the screen.
 inline id colorValue(const QColor& color) {

@@ -8,14 +8,9 @@ id NSResponder::nextResponder() const { return nextResponder_.isNil() ? ownNextR
 
 id NSResponder::passOn(Selector selector, const id& argument) const {
     if (velt::OfferedEvent::leave(*this, argument)) return nil;
-    constexpr int kMostLinks = 1000;  // a program may tie the chain into a ring
-    id next = nextResponder();
-    for (int i = 0; i < kMostLinks && !next.isNil(); ++i) {
-        if (velt::respondsTo(next, selector)) return velt::send(next, selector, argument);
-        if (!velt::is<NSResponder>(next)) break;
-        next = velt::as<NSResponder>(next)->nextResponder();
-    }
-    return nil;
+    const id next =
+        velt::findResponder(nextResponder(), [selector](const id& asked) { return velt::respondsTo(asked, selector); });
+    return next.isNil() ? nil : velt::send(next, selector, argument);
 }
 
 void NSResponder::describe(velt::ClassBuilder<NSResponder>& c) {

@@ -33,3 +33,19 @@ protected:
 private:
     id nextResponder_, menu_;
 };
+
+namespace velt {
+
+/// The first of a responder and those that follow it in its chain for which a function says true; nil when it is none.
+/// What is no responder ends the chain.
+template <class Accepts> id findResponder(id responder, Accepts&& accepts) {
+    constexpr int kMostLinks = 1000;  // a program may tie the chain into a ring
+    for (int i = 0; i < kMostLinks && !responder.isNil(); ++i) {
+        if (accepts(responder)) return responder;
+        if (!is<NSResponder>(responder)) break;
+        responder = as<NSResponder>(responder)->nextResponder();
+    }
+    return nil;
+}
+
+}  // namespace velt

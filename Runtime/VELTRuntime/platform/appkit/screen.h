@@ -13,6 +13,9 @@ constexpr NSRect flipped(NSRect rect, double mainScreenHeight) {
     return rect;
 }
 
+/// 0 when there is no screen.
+double mainScreenHeight();
+
 /// The main screen without the desktop's panels; the zero rectangle when there is no screen or no application object.
 NSRect visibleScreenFrame();
 

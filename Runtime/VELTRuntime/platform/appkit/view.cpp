@@ -43,8 +43,7 @@ void NSView::dissolve() {
         view->moveToWindow(nullptr);
     }
     subviews_.clear();
-    if (velt::is<NSView>(nextKeyView_)) velt::as<NSView>(nextKeyView_)->previousKeyView_ = nullptr;
-    nextKeyView_ = nil;
+    setNextKeyView(nullptr);
     NSResponder::dissolve();
 }
 
@@ -142,6 +141,7 @@ void NSView::removeFromSuperview() {
     std::erase_if(held->subviews_, [this](const Ref<NSView>& view) { return view.get() == this; });
     held->detach(*this);
     held->subviewsChanged();
+    velt::namesMayHaveChanged();
 }
 
 void NSView::replaceSubview(NSView* old, NSView* with) {
@@ -183,6 +183,14 @@ void NSView::setHidden(bool hidden) {
     if (!superview_) return;
     superview_->placeSubview(*this);
     superview_->subviewsChanged();
+    velt::namesMayHaveChanged();
+}
+
+bool NSView::isHiddenOrHasHiddenAncestor() const {
+    for (const NSView* at = this; at; at = at->superview_) {
+        if (at->hidden_) return true;
+    }
+    return false;
 }
 
 void NSView::setToolTip(const id& text) {
@@ -223,13 +231,15 @@ id NSView::nextKeyView() const { return nextKeyView_; }
 id NSView::previousKeyView() const { return id(static_cast<NSObject*>(previousKeyView_)); }
 
 void NSView::setNextKeyView(NSView* view) {
-    if (velt::is<NSView>(nextKeyView_)) velt::as<NSView>(nextKeyView_)->previousKeyView_ = nullptr;
+    // Several views may have the same next one; the last that was given it is the one before it.
+    NSView* before = velt::is<NSView>(nextKeyView_) ? velt::as<NSView>(nextKeyView_) : nullptr;
+    if (before && before->previousKeyView_ == this) before->previousKeyView_ = nullptr;
     nextKeyView_ = id(static_cast<NSObject*>(view));
     if (view) view->previousKeyView_ = this;
 }
 
 bool NSView::canBecomeKeyView() const {
-    if (!window_ || hidden_) return false;
+    if (!window_ || isHiddenOrHasHiddenAncestor()) return false;
     return VELT_CBOOL(
         velt::send(id(static_cast<NSObject*>(const_cast<NSView*>(this))), VELT_SELECTOR("acceptsFirstResponder")));
 }
@@ -310,6 +320,7 @@ void NSView::describe(velt::ClassBuilder<NSView>& c) {
         .property("subviews", &NSView::subviews)
         .property("window", &NSView::window)
         .property("tag", &NSView::tag)
+        .method("isHiddenOrHasHiddenAncestor", &NSView::isHiddenOrHasHiddenAncestor)
         .method("menuForEvent:", &NSView::menuForEvent)
         .method("isFlipped", &NSView::isFlipped)
         .method("setFrameOrigin:", &NSView::setFrameOrigin)

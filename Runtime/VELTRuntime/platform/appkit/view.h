@@ -62,6 +62,8 @@ public:
     // Looks.
     bool isHidden() const { return hidden_; }
     void setHidden(bool hidden);
+    /// The view, or one that it lies in, is hidden.
+    bool isHiddenOrHasHiddenAncestor() const;
     id toolTip() const { return toolTip_; }
     void setToolTip(const id& text);
     unsigned long focusRingType() const { return focusRingType_; }
@@ -141,7 +143,7 @@ private:
     unsigned long focusRingType_ = 0;
     id toolTip_, nextKeyView_;
     NSView* superview_ = nullptr;        // owns this view
-    NSView* previousKeyView_ = nullptr;  // whose next key view this one is; it clears this when it goes
+    NSView* previousKeyView_ = nullptr;  // the last that was given this one as its next; it clears this when it goes
     NSWindow* window_ = nullptr;         // clears this when it goes
     QWidget* widget_ = nullptr;
     std::vector<velt::Ref<NSView>> subviews_;

@@ -119,7 +119,10 @@ id NSViewAnimation::initWithViewAnimations(const id& animations) {
     return id(static_cast<NSObject*>(this));
 }
 
-void NSViewAnimation::setDuration(double seconds) { duration_ = std::max(0.0, seconds); }
+void NSViewAnimation::setDuration(double seconds) {
+    constexpr double kMost = 1e6;  // the toolkit's clock counts milliseconds in 32 bits
+    duration_ = std::min(std::max(0.0, seconds), kMost);
+}
 
 void NSViewAnimation::setAnimationCurve(unsigned long curve) {
     if (curve <= static_cast<unsigned long>(velt::AnimationCurve::Linear)) {

@@ -35,7 +35,7 @@ public:
 
     id viewAnimations() const { return animations_; }
     void setViewAnimations(const id& animations) { animations_ = animations; }
-    /// Seconds.
+    /// Seconds, from 0 to a million; beyond them the nearest.
     double duration() const { return duration_; }
     void setDuration(double seconds);
     unsigned long animationCurve() const { return static_cast<unsigned long>(curve_); }

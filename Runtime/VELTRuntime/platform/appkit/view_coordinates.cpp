@@ -5,28 +5,47 @@
 #include <cmath>
 #include <vector>
 
+namespace {
+
+/// How many units of one extent a unit of another one is.
+double scaleTo(double to, double from) { return from != 0 ? to / from : 1; }
+
+/// A point of a view's own coordinates, from the corner of its frame at which they begin.
+NSPoint withinFrame(const NSView& view, NSPoint point) {
+    const NSRect own = view.bounds();
+    const NSSize size = view.frame().size;
+    return {(point.x - own.origin.x) * scaleTo(size.width, own.size.width),
+            (point.y - own.origin.y) * scaleTo(size.height, own.size.height)};
+}
+
+/// The other way round.
+NSPoint withinBounds(const NSView& view, NSPoint point) {
+    const NSRect own = view.bounds();
+    const NSSize size = view.frame().size;
+    return {own.origin.x + point.x * scaleTo(own.size.width, size.width),
+            own.origin.y + point.y * scaleTo(own.size.height, size.height)};
+}
+
+}  // namespace
+
 NSPoint NSView::toSuperview(NSPoint point) const {
-    const NSRect own = bounds();
-    const double sx = own.size.width != 0 ? frame_.size.width / own.size.width : 1;
-    const double sy = own.size.height != 0 ? frame_.size.height / own.size.height : 1;
-    const double x = (point.x - own.origin.x) * sx, y = (point.y - own.origin.y) * sy;
+    const auto [x, y] = withinFrame(*this, point);
     const bool turns = superview_ && superview_->isFlipped() != isFlipped();
     return {frame_.origin.x + x, frame_.origin.y + (turns ? frame_.size.height - y : y)};
 }
 
 NSPoint NSView::fromSuperview(NSPoint point) const {
-    const NSRect own = bounds();
-    const double sx = frame_.size.width != 0 ? own.size.width / frame_.size.width : 1;
-    const double sy = frame_.size.height != 0 ? own.size.height / frame_.size.height : 1;
     const bool turns = superview_ && superview_->isFlipped() != isFlipped();
     const double x = point.x - frame_.origin.x, up = point.y - frame_.origin.y;
-    return {own.origin.x + x * sx, own.origin.y + (turns ? frame_.size.height - up : up) * sy};
+    return withinBounds(*this, {x, turns ? frame_.size.height - up : up});
 }
 
 NSPoint NSView::toBase(NSPoint point) const {
     const NSView* view = this;
     for (; view->superview_; view = view->superview_) point = view->toSuperview(point);
-    if (view->isFlipped()) point.y = view->bounds().size.height - point.y;
+    // The outermost view fills the window's content.
+    point = withinFrame(*view, point);
+    if (view->isFlipped()) point.y = view->frame_.size.height - point.y;
     return point;
 }
 
@@ -34,7 +53,8 @@ NSPoint NSView::fromBase(NSPoint point) const {
     std::vector<const NSView*> path;
     const NSView* view = this;
     for (; view->superview_; view = view->superview_) path.push_back(view);
-    if (view->isFlipped()) point.y = view->bounds().size.height - point.y;
+    if (view->isFlipped()) point.y = view->frame_.size.height - point.y;
+    point = withinBounds(*view, point);
     for (auto step = path.rbegin(); step != path.rend(); ++step) point = (*step)->fromSuperview(point);
     return point;
 }

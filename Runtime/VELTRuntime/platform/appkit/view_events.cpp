@@ -51,8 +51,7 @@ Qt::MouseButton draggedButton(const QMouseEvent& event) {
 }
 
 Message keyMessage(const QKeyEvent& event, bool down) {
-    if (event.key() >= Qt::Key_Shift && event.key() <= Qt::Key_ScrollLock)
-        return {VELT_SELECTOR("flagsChanged:"), Type::FlagsChanged};
+    if (isModifierKey(event.key())) return {VELT_SELECTOR("flagsChanged:"), Type::FlagsChanged};
     if (down) return {VELT_SELECTOR("keyDown:"), Type::KeyDown};
     return {VELT_SELECTOR("keyUp:"), Type::KeyUp};
 }
@@ -122,8 +121,6 @@ bool offer(NSView& view, const QWidget& widget, QEvent& event, bool mayLeave) {
     return true;
 }
 
-class EventWatch;
-
 /// The event was offered before: it comes from a part of the control that left it, or is about crossing into a part.
 bool wasOffered(const QWidget& widget, const QEvent& event);
 
@@ -185,15 +182,11 @@ bool offerToProgram(NSView& view, const QWidget& widget, QEvent& event) { return
 
 bool somebodyAnswers(const NSView& view, Selector selector) {
     const Method* passesOn = NSResponder::entry().method(selector);
-    id responder(const_cast<NSView*>(&view));
-    // A chain that a program closed to a ring has no end.
-    constexpr int kMostResponders = 1000;
-    for (int i = 0; i < kMostResponders && is<NSResponder>(responder); ++i) {
-        const Method* own = classOf(responder)->method(selector);
-        if (own && own != passesOn) return true;
-        responder = as<NSResponder>(responder)->nextResponder();
-    }
-    return false;
+    const id first(const_cast<NSView*>(&view));
+    return !findResponder(first, [&](const id& responder) {
+                const Method* own = classOf(responder)->method(selector);
+                return own && own != passesOn;
+            }).isNil();
 }
 
 bool offerKeyEquivalent(NSWindow& window, const QKeyEvent& event) noexcept {

@@ -18,7 +18,6 @@
 #include <QApplication>
 #include <QImage>
 #include <QLayout>
-#include <QScreen>
 #include <QStyle>
 #include <QToolBar>
 #include <algorithm>
@@ -33,11 +32,6 @@ id object(const NSObject* pointer) { return id(const_cast<NSObject*>(pointer)); 
 
 constexpr unsigned long kUsualStyle =
     velt::kTitledWindow | velt::kClosableWindow | velt::kMiniaturizableWindow | velt::kResizableWindow;
-
-double mainScreenHeight() {
-    const QScreen* screen = QGuiApplication::primaryScreen();
-    return screen ? screen->geometry().height() : 0;
-}
 
 /// The toolkit's display in memory, which has no order of windows and says so at every attempt.
 bool isInMemory() { return QGuiApplication::platformName() == QLatin1String("offscreen"); }
@@ -221,6 +215,9 @@ void NSWindow::setAllowsToolTipsWhenApplicationIsInactive(bool flag) {
 // Showing.
 
 bool NSWindow::isVisible() const { return widget_ && widget_->isVisible() && !widget_->isMinimized(); }
+bool NSWindow::isOpen() const {
+    return widget_ && (widget_->isVisible() || NSApplication::sharedApplication().hasPutAway(*this));
+}
 bool NSWindow::isKeyWindow() const { return widget_ && widget_->isActiveWindow(); }
 bool NSWindow::isMainWindow() const { return isKeyWindow() && !isPanel(); }
 bool NSWindow::isMiniaturized() const { return widget_ && widget_->isMinimized(); }
@@ -252,7 +249,7 @@ void NSWindow::orderBack(const id&) {
     if (!isInMemory()) widget().lower();
 }
 void NSWindow::orderOut(const id&) {
-    if (!widget_ || !widget_->isVisible()) return;
+    if (!isOpen()) return;
     const Ref<NSWindow> kept(this);
     widget_->hide();
     velt::tellFollowers(*this, velt::LeaderChange::Hidden);
@@ -300,7 +297,7 @@ void NSWindow::performClose(const id&) {
 
 void NSWindow::close() {
     const Ref<NSWindow> kept(this);
-    const bool wasOpen = widget_ && widget_->isVisible();
+    const bool wasOpen = isOpen();
     tell("windowWillClose:", "NSWindowWillCloseNotification");
     if (!wasOpen) return;
     widget_->hide();
@@ -387,9 +384,13 @@ void NSWindow::syncWidget() {
         palette.setColor(QPalette::Window, velt::qtColor(*velt::as<NSColor>(backgroundColor_)));
         widget_->setPalette(palette);
         widget_->setAutoFillBackground(true);
+    } else if (widget_->testAttribute(Qt::WA_SetPalette)) {
+        widget_->setPalette(QPalette());
     }
     if (velt::is<NSImage>(documentIcon_)) {
         widget_->setWindowIcon(QIcon(QPixmap::fromImage(velt::as<NSImage>(documentIcon_)->picture())));
+    } else if (widget_->testAttribute(Qt::WA_SetWindowIcon)) {
+        widget_->setWindowIcon(QIcon());
     }
     QWidget& content = contentView_->widget();
     if (content.parentWidget() != widget_->centralWidget()) content.setParent(widget_->centralWidget());
@@ -408,7 +409,7 @@ void NSWindow::placeWidget() {
     widget_->layout()->activate();
     const NSRect content = velt::contentRectForFrame(frame_, styleMask_);
     const int height = static_cast<int>(std::lround(content.size.height)) + extra;
-    const int top = static_cast<int>(std::lround(mainScreenHeight() - content.origin.y)) - height;
+    const int top = static_cast<int>(std::lround(velt::mainScreenHeight() - content.origin.y)) - height;
     // The toolkit never shows what has no size; a window without content is its title bar.
     const QRect rect(static_cast<int>(std::lround(content.origin.x)), top,
                      std::max(1, static_cast<int>(std::lround(content.size.width))), std::max(1, height));
@@ -440,7 +441,7 @@ void NSWindow::geometryChanged() {
     const NSSize wanted = velt::contentRectForFrame(frame_, styleMask_).size;
     if (content.width() == 1 && wanted.width <= 0) content.setWidth(0);
     if (content.height() == 1 && wanted.height <= 0) content.setHeight(0);
-    NSRect next{{static_cast<double>(client.x()), mainScreenHeight() - client.y() - client.height()},
+    NSRect next{{static_cast<double>(client.x()), velt::mainScreenHeight() - client.y() - client.height()},
                 {static_cast<double>(content.width()), static_cast<double>(content.height())}};
     next = velt::frameRectForContent(next, styleMask_);
     const NSRect before = std::exchange(frame_, next);

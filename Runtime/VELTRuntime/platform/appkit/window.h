@@ -167,6 +167,8 @@ protected:
     id ownNextResponder() const override;
 
 private:
+    /// On the screen, miniaturized, or put away until the program is the one in front again.
+    bool isOpen() const;
     void syncWidget();
     void syncTitle();
     void syncLimits();

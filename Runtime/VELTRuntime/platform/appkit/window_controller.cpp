@@ -60,14 +60,18 @@ void NSWindowController::loadWindow() {
     if (nibName_.isNil() || loaded_) return;
     const Ref<NSWindowController> kept(this);
     velt::requireApplicationObject("a window");
-    loaded_ = true;
+    loaded_ = true;  // what happens meanwhile begins no second reading
     const id own = self();
-    velt::send(own, VELT_SELECTOR("windowWillLoad"));
-    const std::string failure = load(velt::utf8(nibName_), own);
-    if (!failure.empty()) {
+    try {
+        velt::send(own, VELT_SELECTOR("windowWillLoad"));
+        const std::string failure = load(velt::utf8(nibName_), own);
+        if (!failure.empty()) {
+            velt::raise(velt::kInternalInconsistencyException,
+                        "The window of '" + isa().name() + "' cannot be loaded: " + failure);
+        }
+    } catch (...) {
         loaded_ = false;
-        velt::raise(velt::kInternalInconsistencyException,
-                    std::string("The window of '").append(isa().name()).append("' cannot be loaded: ").append(failure));
+        throw;
     }
     velt::send(own, VELT_SELECTOR("windowDidLoad"));
 }

@@ -66,11 +66,7 @@ bool isWithin(const id& cell, const NSWindow& window) {
     const id shown = controlViewOf(cell);
     if (!velt::is<NSView>(shown)) return true;
     const NSView* view = velt::as<NSView>(shown);
-    if (view->windowPointer() != &window) return false;
-    for (; view; view = view->superviewPointer()) {
-        if (view->isHidden()) return false;
-    }
-    return true;
+    return view->windowPointer() == &window && !view->isHiddenOrHasHiddenAncestor();
 }
 
 }  // namespace

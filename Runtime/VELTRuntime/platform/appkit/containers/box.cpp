@@ -14,6 +14,7 @@
 #include <QWidget>
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 NSBox::NSBox() : title_(velt::string(u"Title")), content_(velt::make<NSView>()) { NSView::addSubview(content_.get()); }
 
@@ -68,10 +69,11 @@ void NSBox::setContentViewMargins(NSSize margins) {
 
 void NSBox::setContentView(NSView* view) {
     if (view == content_.get()) return;
-    const velt::Ref<NSView> before = content_;
-    content_ = velt::Ref<NSView>(view);
+    const velt::Ref<NSView> before = std::exchange(content_, nullptr), next(view);
     if (before) before->removeFromSuperview();
     if (view) NSView::addSubview(view);
+    // Only now: a content view that does not lie in the box is taken for one that the program took away.
+    content_ = next;
     layOut();
 }
 

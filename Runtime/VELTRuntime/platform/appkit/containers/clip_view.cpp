@@ -108,7 +108,7 @@ void NSClipView::drawRect(NSRect rect) {
     if (!drawsBackground_ || !context) return;
     const QColor color = velt::is<NSColor>(backgroundColor_) ? velt::qtColor(*velt::as<NSColor>(backgroundColor_))
                                                              : widget().palette().color(QPalette::Base);
-    context->painter().fillRect(QRectF(rect.origin.x, rect.origin.y, rect.size.width, rect.size.height), color);
+    context->painter().fillRect(velt::qtRect(rect), color);
 }
 
 void NSClipView::describe(velt::ClassBuilder<NSClipView>& c) {

@@ -13,7 +13,6 @@ public:
 
     /// Turns while it is seen. Standing still it shows the wheel pale.
     void setTurning(bool turning);
-    bool isTurning() const { return turning_; }
     /// Shows a part of a disc, from 0 to 1, in place of the wheel; below 0 the wheel.
     void setPart(double part);
 

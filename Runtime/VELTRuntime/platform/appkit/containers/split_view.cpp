@@ -34,7 +34,7 @@ std::vector<NSSplitView::Pane> NSSplitView::shownPanes() const {
     for (const Ref<NSView>& view : subviewList()) {
         if (view->isHidden()) continue;
         const NSRect frame = view->frame();
-        panes.push_back({view.get(), vertical_ ? frame.origin.x : frame.origin.y, extentOf(frame.size)});
+        panes.push_back({view, vertical_ ? frame.origin.x : frame.origin.y, extentOf(frame.size)});
     }
     return panes;
 }
@@ -48,7 +48,6 @@ void NSSplitView::setPanes(const std::vector<Pane>& panes) {
     arranging_ = true;
     const NSSize size = frame().size;
     for (const Pane& pane : panes) {
-        const Ref<NSView> kept(pane.view);
         pane.view->setFrame(vertical_ ? NSRect{{pane.first, 0}, {pane.extent, size.height}}
                                       : NSRect{{0, pane.first}, {size.width, pane.extent}});
     }

@@ -51,8 +51,9 @@ protected:
     void subviewsChanged() override;
 
 private:
+    /// Delegates are asked and told while panes are moved, and may take one away.
     struct Pane {
-        NSView* view;
+        velt::Ref<NSView> view;
         double first, extent;
     };
     double extentOf(NSSize size) const { return vertical_ ? size.width : size.height; }

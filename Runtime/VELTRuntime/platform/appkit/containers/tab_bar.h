@@ -1,9 +1,7 @@
-// The row of tabs of a tab view: a tab is chosen only when the program lets it.
+// The row of tabs of a tab view.
 #pragma once
 
 #include <QTabBar>
-
-class NSTabView;
 
 namespace velt {
 

@@ -74,7 +74,8 @@ void NSTabView::insertTabViewItem(NSTabViewItem* item, long index) {
     if (!item || item->tabViewPointer() == this) return;
     const Ref<NSTabViewItem> kept(item);
     if (NSTabView* before = item->tabViewPointer()) before->removeTabViewItem(item);
-    items_.insert(items_.begin() + index, kept);
+    // The other one's delegate may have changed this one too.
+    items_.insert(items_.begin() + std::min(index, numberOfTabViewItems()), kept);
     item->setTabView(this);
     if (!selected_) show(item);
     changed();
@@ -135,7 +136,7 @@ void NSTabView::selectTabViewItem(NSTabViewItem* item) {
         const velt::Selector told = velt::Selector::named(name);
         if (velt::respondsTo(delegate_, told)) velt::send(delegate_, told, self, wanted);
     };
-    NSWindow* window = windowPointer();
+    const Ref<NSWindow> window(windowPointer());
     const id responder = window ? window->firstResponder() : nil;
     const bool wasWithin = selected_ && velt::is<NSView>(responder) && selected_->viewPointer() &&
                            velt::as<NSView>(responder)->isDescendantOf(selected_->viewPointer());

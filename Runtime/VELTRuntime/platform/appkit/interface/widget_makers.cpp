@@ -1,6 +1,7 @@
 #include "VELTRuntime/platform/appkit/interface/widget_makers.h"
 
 #include "VELTRuntime/platform/appkit/application.h"
+#include "VELTRuntime/platform/appkit/event.h"
 #include "VELTRuntime/platform/appkit/font.h"
 #include "VELTRuntime/platform/appkit/interface/arranged_view.h"
 #include "VELTRuntime/platform/appkit/interface/designer_properties.h"
@@ -274,19 +275,20 @@ id makeAction(const XmlElement& element) {
     setTitle(item, element);
     if (designerFlag(element, "checked").value_or(false)) tell(item, "setState:", number(1));
     if (const auto enabled = designerFlag(element, "enabled")) tell(item, "setEnabled:", flag(*enabled));
-    // "Ctrl+Shift+S": the desktop's Control key is the program's Command.
+    // "Ctrl+Shift+S": the desktop's Control key is the program's Command, its Meta key the program's Control.
     if (const auto shortcut = designerText(element, "shortcut"); shortcut && !shortcut->empty()) {
-        std::string key = shortcut->substr(shortcut->rfind('+') + 1);
+        // The last plus parts the key from what is held, unless it is the key itself: "Ctrl++".
+        std::string key = shortcut->ends_with('+') ? "+" : shortcut->substr(shortcut->rfind('+') + 1);
         if (key.size() == 1)
             std::transform(key.begin(), key.end(), key.begin(),
                            [](char c) { return static_cast<char>(c >= 'A' && c <= 'Z' ? c + ('a' - 'A') : c); });
-        constexpr long kShift = 1L << 17, kAlternate = 1L << 19, kCommand = 1L << 20;
-        long mask = 0;
-        if (shortcut->find("Ctrl+") != shortcut->npos) mask |= kCommand;
-        if (shortcut->find("Shift+") != shortcut->npos) mask |= kShift;
-        if (shortcut->find("Alt+") != shortcut->npos) mask |= kAlternate;
+        unsigned long mask = 0;
+        if (shortcut->find("Ctrl+") != shortcut->npos) mask |= NSEvent::kCommand;
+        if (shortcut->find("Shift+") != shortcut->npos) mask |= NSEvent::kShift;
+        if (shortcut->find("Alt+") != shortcut->npos) mask |= NSEvent::kAlternate;
+        if (shortcut->find("Meta+") != shortcut->npos) mask |= NSEvent::kControl;
         tell(item, "setKeyEquivalent:", string(key));
-        tell(item, "setKeyEquivalentModifierMask:", number(mask));
+        tell(item, "setKeyEquivalentModifierMask:", number(static_cast<long>(mask)));
     }
     return item;
 }

@@ -3,11 +3,11 @@
 #include "VELTRuntime/platform/appkit/application.h"
 #include "VELTRuntime/platform/appkit/event_delivery.h"
 #include "VELTRuntime/platform/appkit/menus/menu.h"
+#include "VELTRuntime/platform/appkit/screen.h"
 
 #include <QApplication>
 #include <QContextMenuEvent>
 #include <QMenu>
-#include <QScreen>
 #include <algorithm>
 #include <cmath>
 
@@ -24,24 +24,23 @@ bool offersNothing(const NSMenu& menu) {
 
 /// The menu for an event: views are asked by "menuForEvent:", so that a program can make it at that moment.
 id menuFor(NSView& view, const id& event) {
-    constexpr int kMostLinks = 1000;  // a program may tie the chain into a ring
-    id responder(static_cast<NSObject*>(&view));
-    for (int i = 0; i < kMostLinks && is<NSResponder>(responder); ++i) {
-        const bool asked = is<NSView>(responder);
-        id menu = asked ? send(responder, VELT_SELECTOR("menuForEvent:"), event) : as<NSResponder>(responder)->menu();
-        if (is<NSMenu>(menu)) return offersNothing(*as<NSMenu>(menu)) ? nil : menu;
-        responder = as<NSResponder>(responder)->nextResponder();
-    }
-    return nil;
+    id menu;
+    findResponder(id(static_cast<NSObject*>(&view)), [&](const id& responder) {
+        if (is<NSView>(responder)) {
+            menu = send(responder, VELT_SELECTOR("menuForEvent:"), event);
+        } else if (is<NSResponder>(responder)) {
+            menu = as<NSResponder>(responder)->menu();
+        }
+        return is<NSMenu>(menu);
+    });
+    return is<NSMenu>(menu) && !offersNothing(*as<NSMenu>(menu)) ? menu : nil;
 }
 
 }  // namespace
 
 QPoint globalPoint(NSPoint point, NSView* view) {
     if (!view) {
-        const QScreen* screen = QGuiApplication::primaryScreen();
-        const double height = screen ? screen->geometry().height() : 0;
-        return {static_cast<int>(std::lround(point.x)), static_cast<int>(std::lround(height - point.y))};
+        return {static_cast<int>(std::lround(point.x)), static_cast<int>(std::lround(mainScreenHeight() - point.y))};
     }
     const NSRect own = view->bounds();
     QWidget& widget = view->widget();

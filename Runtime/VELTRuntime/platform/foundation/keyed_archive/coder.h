@@ -56,3 +56,13 @@ private:
     id numberUnder(const id& key);
     id textUnder(const id& key);
 };
+
+namespace velt {
+
+/// The coder that an object is given. Raises "VLCastException" with "'NSCoder' expected" for anything else, nil too.
+inline NSCoder& toCoder(const id& value) {
+    if (!is<NSCoder>(value)) raiseClassExpected(NSCoder::entry());
+    return *as<NSCoder>(value);
+}
+
+}  // namespace velt
