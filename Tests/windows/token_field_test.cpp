@@ -3,6 +3,7 @@
 #include <QClipboard>
 #include <QLineEdit>
 #include <QMenu>
+#include <QPointer>
 
 using namespace velt::test;
 using velt::Ref;
@@ -114,6 +115,24 @@ TEST_F(TokenFields, SelectThenDeleteWithBackspace) {
     EXPECT_EQ("(a, b, c)", value());
 }
 
+TEST_F(TokenFields, SelectNoTokenThatTheProgramTookAway) {
+    VELT_NSCONTROL_OBJECTVALUE(field, array(str("a"), str("b"), str("c")));
+    ASSERT_TRUE(shown.show());
+    ASSERT_TRUE(shown.focus(field));
+    press(Qt::Key_Backspace);
+    EXPECT_EQ(2, selected());
+    VELT_NSCONTROL_OBJECTVALUE(field, array(str("d")));
+    EXPECT_EQ(0, selected());
+    type("x");
+    EXPECT_EQ("(x)", value());
+    VELT_NSCONTROL_OBJECTVALUE(field, array(str("e")));
+    velt::as<NSTokenField>(field)->selectToken(0);
+    VELT_NSCONTROL_OBJECTVALUE(field, array());
+    EXPECT_EQ(-1, selected());
+    type("y");
+    EXPECT_EQ("(y)", value());
+}
+
 TEST_F(TokenFields, CopyAndPasteAsText) {
     VELT_NSCONTROL_OBJECTVALUE(field, array(str("a"), integer(7)));
     ASSERT_TRUE(shown.show());
@@ -150,6 +169,18 @@ TEST_F(TokenFields, OfferCompletions) {
     QTest::keyClick(menu, Qt::Key_Return);
     EXPECT_EQ("add(grey)0 changed(grey) ", listener->take());
     EXPECT_EQ("(grey)", value());
+}
+
+TEST_F(TokenFields, CloseTheirCompletionsWithAKeyThoughTheEditorIsGone) {
+    ASSERT_TRUE(shown.show());
+    ASSERT_TRUE(shown.focus(field));
+    type("gr");
+    ASSERT_TRUE(QTest::qWaitFor([] { return QApplication::activePopupWidget() != nullptr; }));
+    const QPointer<QWidget> menu = QApplication::activePopupWidget();
+    VELT_NSTEXTFIELD_SELECTABLE(field, boolean(false));
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    if (menu) QTest::keyClick(menu, Qt::Key_X);
+    EXPECT_FALSE(QApplication::activePopupWidget());
 }
 
 TEST_F(TokenFields, AreSelectedByTheMouse) {

@@ -69,6 +69,9 @@ void NSTokenFieldCell::takeTyped(const id& text) {
 }
 
 void NSTokenFieldCell::replaceTokens(std::size_t first, std::size_t count, const std::vector<id>& with) {
+    // Delegates and observers may have taken tokens away since the places were counted.
+    first = std::min(first, tokens_.size());
+    count = std::min(count, tokens_.size() - first);
     const auto begin = tokens_.begin() + static_cast<std::ptrdiff_t>(first);
     const auto at = tokens_.erase(begin, begin + static_cast<std::ptrdiff_t>(count));
     tokens_.insert(at, with.begin(), with.end());

@@ -8,6 +8,7 @@
 #include <QMenu>
 #include <QMouseEvent>
 #include <QPainter>
+#include <QPointer>
 #include <QStyle>
 #include <algorithm>
 #include <cmath>
@@ -22,7 +23,7 @@ constexpr int kLeastEditor = 40;  // room to type in
 /// Completions take no keys but those that choose; all others are typed on.
 class CompletionMenu final : public QMenu {
 public:
-    CompletionMenu(QWidget& field, QWidget& editor) : QMenu(&field), editor_(editor) {
+    CompletionMenu(QWidget& field, QWidget& editor) : QMenu(&field), editor_(&editor) {
         setAttribute(Qt::WA_DeleteOnClose);
     }
 
@@ -37,11 +38,11 @@ protected:
         default: break;
         }
         close();
-        QCoreApplication::sendEvent(&editor_, event);
+        if (editor_) QCoreApplication::sendEvent(editor_, event);
     }
 
 private:
-    QWidget& editor_;
+    QPointer<QWidget> editor_;
 };
 
 }  // namespace
