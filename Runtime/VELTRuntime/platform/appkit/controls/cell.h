@@ -53,7 +53,8 @@ public:
     virtual void setImage(const id& image);
 
     // Looks.
-    /// The font; the desktop's own when the program set none.
+    /// The font; the desktop's own when the program set none, and again for nil. Raises "VLCastException" with
+    /// "'NSFont' expected" for anything else.
     id font() const;
     void setFont(const id& font);
     bool hasOwnFont() const { return !font_.isNil(); }

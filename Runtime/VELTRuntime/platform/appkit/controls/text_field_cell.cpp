@@ -82,14 +82,14 @@ id NSTextFieldCell::textColor() const {
     return textColor_.isNil() ? desktopColor(isLabel() ? QPalette::WindowText : QPalette::Text) : textColor_;
 }
 void NSTextFieldCell::setTextColor(const id& color) {
-    textColor_ = color;
+    textColor_ = velt::boxResult(velt::to<NSColor>(color));
     changed();
 }
 id NSTextFieldCell::backgroundColor() const {
     return backgroundColor_.isNil() ? desktopColor(isLabel() ? QPalette::Window : QPalette::Base) : backgroundColor_;
 }
 void NSTextFieldCell::setBackgroundColor(const id& color) {
-    backgroundColor_ = color;
+    backgroundColor_ = velt::boxResult(velt::to<NSColor>(color));
     changed();
 }
 void NSTextFieldCell::setDrawsBackground(bool flag) {
