@@ -331,6 +331,31 @@ TEST(Steppers, StepOnWhileTheyAreHeld) {
     EXPECT_EQ(1, owner->taken());
 }
 
+TEST(Steppers, RestOnceTheyAreHiddenOrBehindADialog) {
+    const id stepper = VELT_NSSTEPPER_INIT(nil, "");
+    ShownControl shown(stepper, 19, 27);
+    const auto holdUntil = [&](double value) {
+        shown.press({9, 5});
+        return QTest::qWaitFor([&] { return valueOf(stepper) >= value; }, 10'000);
+    };
+    const auto rests = [&] {
+        const double rested = valueOf(stepper);
+        QTest::qWait(300);
+        return valueOf(stepper) == rested;
+    };
+    ASSERT_TRUE(holdUntil(2));
+    VELT_NSVIEW_HIDE(stepper);
+    EXPECT_TRUE(rests());
+    VELT_NSVIEW_SHOW(stepper);
+    EXPECT_TRUE(rests());
+    shown.release({9, 5});
+    ASSERT_TRUE(holdUntil(valueOf(stepper) + 2));
+    QWidget dialog;
+    dialog.setWindowModality(Qt::ApplicationModal);
+    dialog.show();
+    EXPECT_TRUE(rests());
+}
+
 TEST(LevelIndicators, ShowTheLevelInTheColourOfItsLimits) {
     const Ref<NSLevelIndicator> level = velt::make<NSLevelIndicator>();
     ShownControl shown(level, 120, 16);

@@ -2,6 +2,7 @@
 
 #include "VELTRuntime/platform/appkit/controls/stepper.h"
 
+#include <QApplication>
 #include <QMouseEvent>
 #include <QPainter>
 #include <QStyleOptionButton>
@@ -94,10 +95,12 @@ void StepperWidget::mouseReleaseEvent(QMouseEvent* event) {
 
 void StepperWidget::timerEvent(QTimerEvent* event) {
     if (event->timerId() != repeats_.timerId()) return;
-    // Disabled or gone while it was held.
-    if (!cell() || !isEnabled() || pressed_ == 0) {
+    // Disabled, hidden or behind a dialog while it was held: nobody will say that it was let go.
+    const QWidget* modal = QApplication::activeModalWidget();
+    if (!cell() || !isEnabled() || !isVisible() || (modal && modal != window()) || pressed_ == 0) {
         repeats_.stop();
         pressed_ = 0;
+        within_ = false;
         update();
         return;
     }
