@@ -333,6 +333,20 @@ TEST_F(TextFields, ReportAFormatterThatRaisesWhileTheyAreDrawn) {
     EXPECT_NE(std::string::npos, said.find("FormatException: broken\n")) << said;
 }
 
+TEST_F(TextFields, RefuseSelectionsBeyondTheirText) {
+    const id field = addField("text");
+    ASSERT_TRUE(shown.show());
+    ASSERT_TRUE(shown.focus(field));
+    const id editor = velt::send(field, "currentEditor");
+    velt::send(editor, "setSelectedRange:", range(1, 3));
+    EXPECT_RAISES("NSRangeException: 'VLFieldEditor' setSelectedRange:: index 5 is out of range; the count is 4",
+                  velt::send(editor, "setSelectedRange:", range(2, 3)));
+    EXPECT_RAISES("NSRangeException: 'VLFieldEditor' setSelectedRange:: index 9223372036854775807 is out of range; the "
+                  "count is 4",
+                  velt::send(editor, "setSelectedRange:", range(LONG_MAX, 1)));
+    EXPECT_EQ("1+3", selectionOf(field));
+}
+
 TEST_F(TextFields, ReadTheirTextAsAnIntegerToTheLastDigit) {
     const id field = addField();
     const auto integerOf = [&](const char* text) {

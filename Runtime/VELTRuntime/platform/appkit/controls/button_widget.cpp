@@ -2,6 +2,7 @@
 
 #include "VELTRuntime/platform/appkit/controls/button.h"
 #include "VELTRuntime/platform/appkit/controls/button_look.h"
+#include "VELTRuntime/platform/appkit/controls/color_group.h"
 #include "VELTRuntime/platform/appkit/event_delivery.h"
 #include "VELTRuntime/platform/appkit/qt_values.h"
 #include "VELTRuntime/platform/appkit/window.h"
@@ -102,9 +103,7 @@ void ButtonWidget::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     QStyleOptionButton option;
     option.initFrom(this);
-    option.palette.setCurrentColorGroup(!isEnabled()       ? QPalette::Disabled
-                                        : isActiveWindow() ? QPalette::Active
-                                                           : QPalette::Inactive);
+    option.palette.setCurrentColorGroup(colorGroupOf(*this));
     drawButton(painter, option, lookOf(shown->buttonCell(), isDown()), *style(), this);
 }
 

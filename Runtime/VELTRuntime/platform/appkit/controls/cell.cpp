@@ -95,12 +95,14 @@ id NSCell::stringValue() const {
     return velt::description(value);
 }
 
+double NSCell::leadingNumber(const id& value) {
+    if (velt::isNumber(value)) return VELT_CDOUBLE(value);
+    return velt::isString(value) ? VELT_CDOUBLE(velt::send(value, VELT_SELECTOR("doubleValue"))) : 0;
+}
+
 double NSCell::doubleValue() const {
     const id value = objectValue();
-    if (velt::isNumber(value)) return VELT_CDOUBLE(value);
-    if (value.isNil()) return 0;
-    const id text = stringValue();
-    return VELT_CDOUBLE(velt::send(text, VELT_SELECTOR("doubleValue")));
+    return leadingNumber(value.isNil() || velt::isNumber(value) ? value : stringValue());
 }
 void NSCell::setDoubleValue(double value) { setObjectValue(VELT_ID(value)); }
 void NSCell::setFloatValue(float value) { setObjectValue(VELT_ID(value)); }

@@ -1,5 +1,6 @@
 #include "VELTRuntime/platform/appkit/controls/level_widget.h"
 
+#include "VELTRuntime/platform/appkit/controls/color_group.h"
 #include "VELTRuntime/platform/appkit/controls/level_indicator.h"
 #include "VELTRuntime/platform/appkit/qt_values.h"
 

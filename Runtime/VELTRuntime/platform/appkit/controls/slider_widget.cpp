@@ -1,5 +1,6 @@
 #include "VELTRuntime/platform/appkit/controls/slider_widget.h"
 
+#include "VELTRuntime/platform/appkit/controls/color_group.h"
 #include "VELTRuntime/platform/appkit/controls/slider.h"
 
 #include <QMouseEvent>

@@ -1,5 +1,6 @@
 #include "VELTRuntime/platform/appkit/controls/stepper_widget.h"
 
+#include "VELTRuntime/platform/appkit/controls/color_group.h"
 #include "VELTRuntime/platform/appkit/controls/stepper.h"
 
 #include <QApplication>

@@ -72,8 +72,6 @@ bool NSTextField::showsSeveralLines() const {
 
 // The keyboard.
 
-bool NSTextField::becomeFirstResponder() { return NSControl::becomeFirstResponder(); }
-
 bool NSTextField::resignFirstResponder() { return leave(Movement::Other); }
 
 void NSTextField::selectText(const id&) {
