@@ -53,9 +53,9 @@ public:
     virtual void setImage(const id& image);
 
     // Looks.
-    /// The font; the desktop's own when the program set none, and again for nil. Raises "VLCastException" with
-    /// "'NSFont' expected" for anything else.
+    /// The font; the desktop's own when the program set none.
     id font() const;
+    /// nil brings the desktop's own back; what is no font raises "VLCastException" with "'NSFont' expected".
     void setFont(const id& font);
     bool hasOwnFont() const { return !font_.isNil(); }
     /// 0 left, 1 right, 2 centred, 3 justified, 4 by the text's direction.
