@@ -103,6 +103,24 @@ TEST(Sliders, FollowTheMouseAndSayEveryMovement) {
     EXPECT_EQ(100, valueOf(slider));
 }
 
+TEST(Sliders, AreLetGoThoughADialogTookTheRelease) {
+    const id slider = VELT_NSSLIDER_INIT(nil, "");
+    setRange(slider, 0, 100);
+    ShownControl shown(slider, 220, 24);
+    const auto moveWithoutButton = [&](QPoint at) {
+        QMouseEvent event(QEvent::MouseMove, at, shown.widget().mapToGlobal(QPointF(at)), Qt::NoButton, Qt::NoButton,
+                          {});
+        QApplication::sendEvent(&shown.widget(), &event);
+    };
+    shown.press({110, 12});
+    const double pressed = valueOf(slider);
+    moveWithoutButton({160, 12});
+    EXPECT_EQ(pressed, valueOf(slider));
+    shown.press({110, 12});
+    shown.press({210, 12});  // the second press takes it too
+    EXPECT_NE(pressed, valueOf(slider));
+}
+
 TEST(Sliders, SayTheirValueOnceAtTheEndWhenTheyAreNotContinuous) {
     const Ref<ActionCounter> owner = velt::make<ActionCounter>();
     const id slider = VELT_NSSLIDER_INIT(owner, "act:");

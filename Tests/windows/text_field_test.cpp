@@ -34,6 +34,15 @@ public:
     }
 };
 
+/// Reads every text as one in angle brackets.
+class Quoting : public NSObject {
+    VELT_OBJECT(Quoting, NSObject)
+
+public:
+    id value(const id& text) const { return VELT_CONCAT(VELT_CONCAT(str("<"), text), str(">")); }
+    static void describe(velt::ClassBuilder<Quoting>& c) { c.method("objectValueForString:", &Quoting::value); }
+};
+
 /// Shows every value as it is, and raises when it is told to.
 class RaisingFormatter : public NSObject {
     VELT_OBJECT(RaisingFormatter, NSObject)
@@ -316,6 +325,17 @@ TEST_F(TextFields, ReadAndWriteThroughTheirFormatter) {
     press(Qt::Key_Escape);
     EXPECT_EQ("45 m", textOfField(field));
     EXPECT_EQ("45 m", lineOf(field)->text().toStdString());
+}
+
+TEST_F(TextFields, LetTheirFormatterReadOnceWhatIsTyped) {
+    const id field = addField();
+    velt::send(field, "setFormatter:", id(velt::make<Quoting>()));
+    ASSERT_TRUE(shown.show());
+    ASSERT_TRUE(shown.focus(field));
+    type("a");
+    EXPECT_VALUE("'<a>'", VELT_NSCONTROL_OBJECTVALUE(field));
+    VELT_NSCONTROL_STRINGVALUE(field, str("b"));
+    EXPECT_VALUE("'<b>'", VELT_NSCONTROL_OBJECTVALUE(field));
 }
 
 TEST_F(TextFields, ReportAFormatterThatRaisesWhileTheyAreDrawn) {

@@ -124,6 +124,8 @@ public:
 protected:
     /// Something that can be seen has changed.
     void changed();
+    /// The value that is being set comes from a person.
+    bool isTaking() const { return taking_; }
     /// A number's own value, or the number that a text begins with; 0 for anything else.
     static double leadingNumber(const id& value);
     /// Stores the value; observers of every form of it hear of the change.

@@ -98,7 +98,7 @@ void ClockFace::turnTo(QPointF point) {
 }
 
 void ClockFace::mousePressEvent(QMouseEvent* event) {
-    if (event->button() != Qt::LeftButton || held_ != Hand::None) return;
+    if (event->button() != Qt::LeftButton) return;
     const QPointF from = event->position() - QPointF(width() / 2.0, height() / 2.0);
     // Near the middle a person takes the hand of the hours, farther out that of the minutes.
     held_ = std::hypot(from.x(), from.y()) < radius() * 0.5 ? Hand::Hour : Hand::Minute;

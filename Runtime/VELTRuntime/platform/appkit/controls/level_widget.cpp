@@ -202,6 +202,8 @@ void LevelWidget::mousePressEvent(QMouseEvent* event) {
 }
 
 void LevelWidget::mouseMoveEvent(QMouseEvent* event) {
+    // Where a dialog came up meanwhile nobody says that the button was let go.
+    if (!(event->buttons() & Qt::LeftButton)) dragging_ = false;
     if (dragging_ && cell()) take(valueAt(event->position()), level().isContinuous());
 }
 

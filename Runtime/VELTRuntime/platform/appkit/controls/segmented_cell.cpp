@@ -8,6 +8,8 @@
 #include <QApplication>
 #include <algorithm>
 
+NSSegmentedCell::NSSegmentedCell() { select(-1); }
+
 const velt::Segment& NSSegmentedCell::segment(long place) const {
     if (place < 0 || place >= segmentCount())
         velt::raiseRange("'" + isa().name() + "' segment", place, segments_.size());

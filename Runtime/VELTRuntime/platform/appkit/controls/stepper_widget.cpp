@@ -63,7 +63,7 @@ void StepperWidget::paintEvent(QPaintEvent*) {
 void StepperWidget::move(double steps, Qt::KeyboardModifiers) { take(stepper().valueAfter(steps)); }
 
 void StepperWidget::mousePressEvent(QMouseEvent* event) {
-    if (event->button() != Qt::LeftButton || !cell() || pressed_ != 0) {
+    if (event->button() != Qt::LeftButton || !cell()) {
         event->ignore();
         return;
     }

@@ -31,7 +31,8 @@ id NSTextFieldCell::read(const id& text) const {
 
 void NSTextFieldCell::setObjectValue(const id& value) {
     typed_ = nil;
-    if (velt::isString(value) && !formatter_.isNil()) {
+    // What a person typed was read by the formatter already.
+    if (velt::isString(value) && !formatter_.isNil() && !isTaking()) {
         // What the formatter finds no value in is shown as it is.
         const id meant = read(value);
         NSActionCell::setObjectValue(meant.isNil() ? value : meant);
