@@ -28,6 +28,7 @@ public:
         return taken;
     }
     id shown(const id&, const id& token) {
+        if (onShown) std::exchange(onShown, nullptr)();
         return velt::isNumber(token) ? VELT_CONCAT(str("#"), velt::description(token)) : id();
     }
     static void describe(velt::ClassBuilder<TokenListener>& c) {
@@ -35,6 +36,7 @@ public:
             .method("tokenField:shouldAddObjects:atIndex:", &TokenListener::mayAdd)
             .method("tokenField:displayStringForRepresentedObject:", &TokenListener::shown);
     }
+    std::function<void()> onShown;  // called once
 };
 
 class TokenFields : public testing::Test {
@@ -131,6 +133,21 @@ TEST_F(TokenFields, SelectNoTokenThatTheProgramTookAway) {
     EXPECT_EQ(-1, selected());
     type("y");
     EXPECT_EQ("(y)", value());
+}
+
+TEST_F(TokenFields, MayChangeWhileTheirTextsAreAskedFor) {
+    ASSERT_TRUE(shown.show());
+    const auto* line = velt::as<NSView>(field)->widget().findChild<QLineEdit*>();
+    const QRect alone = line->geometry();
+    const id many = array(str("a"), str("b"), str("c"));
+    VELT_NSCONTROL_OBJECTVALUE(field, many);
+    listener->onShown = [&] { VELT_NSCONTROL_OBJECTVALUE(field, array(str("d"))); };
+    EXPECT_EQ("a, b, c", textOfField(field));
+    EXPECT_EQ("d", textOfField(field));
+    listener->onShown = [&] { VELT_NSCONTROL_OBJECTVALUE(field, array()); };
+    VELT_NSCONTROL_OBJECTVALUE(field, many);
+    EXPECT_EQ("()", value());
+    EXPECT_EQ(alone, line->geometry());
 }
 
 TEST_F(TokenFields, CopyAndPasteAsText) {

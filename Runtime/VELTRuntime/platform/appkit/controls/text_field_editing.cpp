@@ -1,5 +1,4 @@
 // How an edit of a field goes: who may refuse it, who is told, when the action is sent.
-#include "VELTRuntime/platform/appkit/application.h"
 #include "VELTRuntime/platform/appkit/controls/field_text.h"
 #include "VELTRuntime/platform/appkit/controls/field_widget.h"
 #include "VELTRuntime/platform/appkit/controls/text_field.h"

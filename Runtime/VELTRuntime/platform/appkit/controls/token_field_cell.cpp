@@ -54,7 +54,9 @@ id NSTokenFieldCell::stringValue() const {
         if (!text.empty()) text += u", ";
         text += velt::textOf(piece);
     };
-    for (const id& token : tokens_) add(textOf(token));
+    // The delegate that is asked may change the tokens.
+    const std::vector<id> tokens = tokens_;
+    for (const id& token : tokens) add(textOf(token));
     if (!pending_.isNil() && velt::asString(pending_).length() > 0) add(pending_);
     return velt::string(std::u16string_view(text));
 }

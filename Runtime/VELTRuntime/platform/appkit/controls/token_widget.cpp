@@ -61,8 +61,12 @@ QString TokenWidget::accessibleText() const {
 
 void TokenWidget::syncParts(NSTextField& field) {
     const auto& cell = static_cast<NSTokenField&>(field).tokenCell();
-    texts_.clear();
-    for (const id& token : cell.tokens()) texts_.push_back(qtText(cell.textOf(token)));
+    // The delegate that is asked may change the tokens.
+    const std::vector<id> tokens = cell.tokens();
+    std::vector<QString> texts;
+    for (const id& token : tokens) texts.push_back(qtText(cell.textOf(token)));
+    if (tokens != cell.tokens()) return;  // and they are shown already
+    texts_ = std::move(texts);
     if (FieldEditor* shown = editor(); shown && !texts_.empty())
         shown->setLooks(alignmentOf(cell.alignment(), {}, layoutDirection()), {}, !cell.isEditable());
 }
