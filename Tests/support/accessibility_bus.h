@@ -107,7 +107,6 @@ public:
     bool isFocusable() const { return isIn(11); }
     bool isFocused() const { return isIn(12); }
     bool isMixed() const { return isIn(32); }
-    bool isShowing() const { return isIn(25); }
     bool isSelected() const { return isIn(23); }
 
     double value() const { return property("Value", "CurrentValue").toDouble(); }

@@ -28,8 +28,6 @@ inline bool windowBecomesActive(QWidget& window) {
     QApplication::setActiveWindow(&window);
     return QTest::qWaitForWindowExposed(&window);
 }
-/// Windows are where the program puts them; Wayland's compositors place them themselves.
-inline bool displayPlacesWindows() { return !displayIsWayland(); }
 
 }  // namespace velt::test
 
@@ -39,5 +37,3 @@ inline bool displayPlacesWindows() { return !displayIsWayland(); }
 #define SKIP_UNLESS_WINDOWS_CAN_BE_MINIATURIZED()                                                                      \
     if (velt::test::displayIsWayland()) GTEST_SKIP() << "the compositor does not say that a window was miniaturized";  \
     if (!velt::test::displayHasWindowManager()) GTEST_SKIP() << "no window manager miniaturizes windows"
-#define SKIP_UNLESS_WINDOWS_ARE_PLACED()                                                                               \
-    if (!velt::test::displayPlacesWindows()) GTEST_SKIP() << "the compositor places windows itself"

@@ -2,6 +2,10 @@
 
 #include "support/control_window.h"
 
+#include "VELTRuntime/platform/appkit/color.h"
+#include "VELTRuntime/platform/appkit/controls/date_picker.h"
+#include "VELTRuntime/platform/appkit/controls/slider.h"
+#include "VELTRuntime/platform/appkit/controls/text_field_cell.h"
 #include "VELTRuntime/platform/appkit/tables/matrix.h"
 #include "VELTRuntime/ui/matrices.h"
 
@@ -143,6 +147,38 @@ TEST(Matrices, CopyTheirPrototypeIntoEachPlace) {
     EXPECT_VALUE("'B'", velt::send(grid.cell(0, 1), "title"));
     EXPECT_TRUE(velt::send(grid.cell(0, 1), "controlView") == grid.matrix);
     EXPECT_TRUE(grid.cell(1, 0).isNil());
+}
+
+TEST(Cells, AreCopiedWithWhatTheyWereTold) {
+    const Ref<NSTextFieldCell> text = velt::make<NSTextFieldCell>();
+    const Ref<ActionCounter> formatter = velt::make<ActionCounter>();
+    text->setObjectValue(integer(5));
+    text->setFormatter(formatter);
+    text->setLineBreakMode(4);
+    text->setSendsActionOnEndEditing(false);
+    text->setBackgroundColor(velt::make<NSColor>(1.0, 0.0, 0.0, 1.0));
+    const id textCopy = velt::copy(text);
+    const auto& copied = *velt::as<NSTextFieldCell>(textCopy);
+    EXPECT_VALUE("q 5", copied.objectValue());
+    EXPECT_TRUE(copied.formatter() == id(formatter));
+    EXPECT_EQ(4, copied.lineBreakMode());
+    EXPECT_FALSE(copied.sendsActionOnEndEditing());
+    EXPECT_TRUE(velt::isEqual(text->backgroundColor(), copied.backgroundColor()));
+    EXPECT_FALSE(copied.hasOwnTextColor());  // the desktop's, also when that changes
+
+    const Ref<NSSliderCell> slider = velt::make<NSSliderCell>();
+    slider->setMaxValue(20);
+    slider->setNumberOfTickMarks(3);
+    slider->setSliderType(NSSliderCell::kCircular);
+    slider->setDoubleValue(7);
+    const id sliderCopy = velt::copy(slider);
+    EXPECT_EQ(7, velt::as<NSSliderCell>(sliderCopy)->doubleValue());
+    EXPECT_EQ(3, velt::as<NSSliderCell>(sliderCopy)->numberOfTickMarks());
+    EXPECT_TRUE(velt::as<NSSliderCell>(sliderCopy)->isCircular());
+
+    const Ref<NSDatePickerCell> date = velt::make<NSDatePickerCell>();
+    date->setObjectValue(velt::make<NSDate>(1000.0));
+    EXPECT_TRUE(velt::isEqual(date->dateValue(), velt::as<NSDatePickerCell>(velt::copy(date))->dateValue()));
 }
 
 TEST(Matrices, InsertAndRemoveRowsAndColumns) {

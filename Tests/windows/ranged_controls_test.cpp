@@ -103,6 +103,24 @@ TEST(Sliders, FollowTheMouseAndSayEveryMovement) {
     EXPECT_EQ(100, valueOf(slider));
 }
 
+TEST(Sliders, AreLetGoThoughADialogTookTheRelease) {
+    const id slider = VELT_NSSLIDER_INIT(nil, "");
+    setRange(slider, 0, 100);
+    ShownControl shown(slider, 220, 24);
+    const auto moveWithoutButton = [&](QPoint at) {
+        QMouseEvent event(QEvent::MouseMove, at, shown.widget().mapToGlobal(QPointF(at)), Qt::NoButton, Qt::NoButton,
+                          {});
+        QApplication::sendEvent(&shown.widget(), &event);
+    };
+    shown.press({110, 12});
+    const double pressed = valueOf(slider);
+    moveWithoutButton({160, 12});
+    EXPECT_EQ(pressed, valueOf(slider));
+    shown.press({110, 12});
+    shown.press({210, 12});  // the second press takes it too
+    EXPECT_NE(pressed, valueOf(slider));
+}
+
 TEST(Sliders, SayTheirValueOnceAtTheEndWhenTheyAreNotContinuous) {
     const Ref<ActionCounter> owner = velt::make<ActionCounter>();
     const id slider = VELT_NSSLIDER_INIT(owner, "act:");
@@ -329,6 +347,31 @@ TEST(Steppers, StepOnWhileTheyAreHeld) {
     EXPECT_EQ(0, owner->count);
     shown.release({9, 5});
     EXPECT_EQ(1, owner->taken());
+}
+
+TEST(Steppers, RestOnceTheyAreHiddenOrBehindADialog) {
+    const id stepper = VELT_NSSTEPPER_INIT(nil, "");
+    ShownControl shown(stepper, 19, 27);
+    const auto holdUntil = [&](double value) {
+        shown.press({9, 5});
+        return QTest::qWaitFor([&] { return valueOf(stepper) >= value; }, 10'000);
+    };
+    const auto rests = [&] {
+        const double rested = valueOf(stepper);
+        QTest::qWait(300);
+        return valueOf(stepper) == rested;
+    };
+    ASSERT_TRUE(holdUntil(2));
+    VELT_NSVIEW_HIDE(stepper);
+    EXPECT_TRUE(rests());
+    VELT_NSVIEW_SHOW(stepper);
+    EXPECT_TRUE(rests());
+    shown.release({9, 5});
+    ASSERT_TRUE(holdUntil(valueOf(stepper) + 2));
+    QWidget dialog;
+    dialog.setWindowModality(Qt::ApplicationModal);
+    dialog.show();
+    EXPECT_TRUE(rests());
 }
 
 TEST(LevelIndicators, ShowTheLevelInTheColourOfItsLimits) {

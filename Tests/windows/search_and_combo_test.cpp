@@ -1,6 +1,8 @@
 #include "support/fields.h"
+#include "support/streams.h"
 
 #include "VELTRuntime/platform/foundation/user_defaults.h"
+#include "VELTRuntime/platform/object/callback_failure.h"
 
 #include <QAbstractButton>
 #include <QLineEdit>
@@ -38,6 +40,17 @@ public:
     static void describe(velt::ClassBuilder<Squares>& c) {
         c.method("numberOfItemsInComboBox:", &Squares::count)
             .method("comboBox:objectValueForItemAtIndex:", &Squares::item);
+    }
+};
+
+/// A list that cannot be counted.
+class RaisingSource : public NSObject {
+    VELT_OBJECT(RaisingSource, NSObject)
+
+public:
+    long count(const id&) const { velt::raise("SourceException", "broken"); }
+    static void describe(velt::ClassBuilder<RaisingSource>& c) {
+        c.method("numberOfItemsInComboBox:", &RaisingSource::count);
     }
 };
 
@@ -253,6 +266,42 @@ TEST_F(ComboBoxes, CompleteWhatIsTyped) {
     type("x");
     EXPECT_EQ("Bx", textOfField(box));
     EXPECT_VALUE("q -1", velt::send(box, "indexOfSelectedItem"));
+}
+
+TEST_F(ComboBoxes, DoNotCompleteWhatWasErased) {
+    velt::send(box, "setCompletes:", boolean(true));
+    VELT_NSCONTROL_STRINGVALUE(box, str("Banana"));
+    ASSERT_TRUE(shown.show());
+    ASSERT_TRUE(shown.focus(box));
+    press(Qt::Key_End);
+    press(Qt::Key_Backspace);
+    EXPECT_EQ("Banan", textOfField(box));
+    VELT_NSCONTROL_STRINGVALUE(box, str(""));
+    type("c");  // shorter than what stood there, but typed
+    EXPECT_EQ("Cherry", textOfField(box));
+}
+
+TEST_F(ComboBoxes, OpenALongListWithinTheScreen) {
+    for (long i = 0; i < 300; ++i) velt::send(box, "addItemWithObjectValue:", integer(i));
+    velt::send(box, "setNumberOfVisibleItems:", integer(300));
+    ASSERT_TRUE(shown.show());
+    ASSERT_TRUE(shown.focus(box));
+    press(Qt::Key_Down);
+    ASSERT_TRUE(list());
+    EXPECT_LE(list()->height(), list()->screen()->availableGeometry().height());
+}
+
+TEST_F(ComboBoxes, ReportADataSourceThatRaises) {
+    velt::send(box, "setUsesDataSource:", boolean(true));
+    velt::send(box, "setDataSource:", id(velt::make<RaisingSource>()));
+    ASSERT_TRUE(shown.show());
+    auto* arrow = velt::as<NSView>(box)->widget().findChild<QAbstractButton*>();
+    const std::string said = written([&] {
+        const velt::CallbackShelter shelter;
+        QTest::mousePress(arrow, Qt::LeftButton);
+    });
+    EXPECT_NE(std::string::npos, said.find("SourceException: broken\n")) << said;
+    EXPECT_FALSE(list());
 }
 
 TEST_F(ComboBoxes, AskTheirDataSource) {

@@ -44,6 +44,7 @@ TEST(SegmentedControls, HaveThreeSegmentsAndNoneSelected) {
     const id control = VELT_NSSEGMENTEDCONTROL_INIT(nil, "");
     EXPECT_VALUE("q 3", velt::send(control, "segmentCount"));
     EXPECT_VALUE("q -1", VELT_NSSEGMENTEDCONTROL_SELECTED(control));
+    EXPECT_VALUE("q -1", VELT_NSCONTROL_INTEGERVALUE(control));
     EXPECT_VALUE("''", velt::send(control, "labelForSegment:", VELT_ID(2L)));
     EXPECT_VALUE("c 1", velt::send(control, "isEnabledForSegment:", VELT_ID(2L)));
     EXPECT_VALUE("q 0", VELT_NSSEGMENTEDCONTROL_SELECTED(nil));

@@ -1,5 +1,9 @@
 #include "support/direction.h"
 #include "support/fields.h"
+#include "support/streams.h"
+
+#include "VELTRuntime/platform/foundation/attributed_string.h"
+#include "VELTRuntime/platform/object/callback_failure.h"
 
 #include <QAccessible>
 #include <QClipboard>
@@ -28,6 +32,30 @@ public:
         c.method("stringForObjectValue:", &LengthFormatter::text)
             .method("objectValueForString:", &LengthFormatter::value);
     }
+};
+
+/// Reads every text as one in angle brackets.
+class Quoting : public NSObject {
+    VELT_OBJECT(Quoting, NSObject)
+
+public:
+    id value(const id& text) const { return VELT_CONCAT(VELT_CONCAT(str("<"), text), str(">")); }
+    static void describe(velt::ClassBuilder<Quoting>& c) { c.method("objectValueForString:", &Quoting::value); }
+};
+
+/// Shows every value as it is, and raises when it is told to.
+class RaisingFormatter : public NSObject {
+    VELT_OBJECT(RaisingFormatter, NSObject)
+
+public:
+    id text(const id& value) const {
+        if (raises) velt::raise("FormatException", "broken");
+        return value;
+    }
+    static void describe(velt::ClassBuilder<RaisingFormatter>& c) {
+        c.method("stringForObjectValue:", &RaisingFormatter::text);
+    }
+    bool raises = false;
 };
 
 /// Counts the clicks that the window gives its default button.
@@ -299,6 +327,62 @@ TEST_F(TextFields, ReadAndWriteThroughTheirFormatter) {
     EXPECT_EQ("45 m", lineOf(field)->text().toStdString());
 }
 
+TEST_F(TextFields, LetTheirFormatterReadOnceWhatIsTyped) {
+    const id field = addField();
+    velt::send(field, "setFormatter:", id(velt::make<Quoting>()));
+    ASSERT_TRUE(shown.show());
+    ASSERT_TRUE(shown.focus(field));
+    type("a");
+    EXPECT_VALUE("'<a>'", VELT_NSCONTROL_OBJECTVALUE(field));
+    VELT_NSCONTROL_STRINGVALUE(field, str("b"));
+    EXPECT_VALUE("'<b>'", VELT_NSCONTROL_OBJECTVALUE(field));
+}
+
+TEST_F(TextFields, ReportAFormatterThatRaisesWhileTheyAreDrawn) {
+    const id label = VELT_LABEL_INIT(nil, "");
+    const Ref<RaisingFormatter> formatter = velt::make<RaisingFormatter>();
+    velt::send(label, "setFormatter:", formatter);
+    shown.add(label);
+    ASSERT_TRUE(shown.show());
+    const std::string said = written([&] {
+        const velt::CallbackShelter shelter;
+        formatter->raises = true;
+        velt::as<NSView>(label)->widget().grab();
+        formatter->raises = false;
+    });
+    EXPECT_NE(std::string::npos, said.find("FormatException: broken\n")) << said;
+}
+
+TEST_F(TextFields, RefuseSelectionsBeyondTheirText) {
+    const id field = addField("text");
+    ASSERT_TRUE(shown.show());
+    ASSERT_TRUE(shown.focus(field));
+    const id editor = velt::send(field, "currentEditor");
+    velt::send(editor, "setSelectedRange:", range(1, 3));
+    EXPECT_RAISES("NSRangeException: 'VLFieldEditor' setSelectedRange:: index 5 is out of range; the count is 4",
+                  velt::send(editor, "setSelectedRange:", range(2, 3)));
+    EXPECT_RAISES("NSRangeException: 'VLFieldEditor' setSelectedRange:: index 9223372036854775807 is out of range; the "
+                  "count is 4",
+                  velt::send(editor, "setSelectedRange:", range(LONG_MAX, 1)));
+    EXPECT_EQ("1+3", selectionOf(field));
+}
+
+TEST_F(TextFields, ReadTheirTextAsAnIntegerToTheLastDigit) {
+    const id field = addField();
+    const auto integerOf = [&](const char* text) {
+        VELT_NSCONTROL_STRINGVALUE(field, str(text));
+        return VELT_NSCONTROL_INTEGERVALUE(field);
+    };
+    EXPECT_VALUE("q 12", integerOf("12.9 m"));
+    EXPECT_VALUE("q 2500", integerOf("2.5e3"));
+    EXPECT_VALUE("q 9007199254740993", integerOf("9007199254740993"));
+    EXPECT_VALUE("q 4700000000000000000", integerOf("4.7e18"));
+    EXPECT_VALUE("q 9223372036854775807", integerOf("9223372036854775807"));
+    EXPECT_VALUE("q -9223372036854775808", integerOf("-9223372036854775808"));
+    EXPECT_VALUE("q 9223372036854775807", integerOf("1e300"));
+    EXPECT_VALUE("q -9223372036854775808", integerOf("-1e300"));
+}
+
 TEST_F(TextFields, WrapWhereThereIsRoomForTwoLines) {
     const id field = addField("a", 60);
     ASSERT_TRUE(shown.show());
@@ -434,6 +518,9 @@ TEST_F(TextFields, ShowTheirColours) {
     VELT_NSTEXTFIELD_DRAWSBACKGROUND(field, boolean(false));
     EXPECT_NE(QColor(Qt::red), widget.grab().toImage().pixelColor(150, 13));
     EXPECT_CAST_FAILURE("'NSColor' expected", VELT_NSTEXTFIELD_TEXTCOLOR(field, str("red")));
+    EXPECT_CAST_FAILURE("'NSColor' expected", velt::send(field, "setTextColor:", str("red")));
+    EXPECT_CAST_FAILURE("'NSColor' expected", velt::send(field, "setBackgroundColor:", str("red")));
+    EXPECT_CAST_FAILURE("'NSFont' expected", velt::send(field, "setFont:", str("Sans")));
 }
 
 TEST_F(TextFields, ThatAreSecretGiveNothingAway) {
@@ -461,5 +548,16 @@ TEST_F(TextFields, ThatAreSecretGiveNothingAway) {
             EXPECT_FALSE(said->text(kind).contains(QLatin1String("pass")));
     }
     press(Qt::Key_Return);
+    EXPECT_EQ("pass", textOfField(field));
+}
+
+TEST_F(TextFields, ThatAreSecretShowNoTextWithAttributes) {
+    const id field = VELT_NSSECURETEXTFIELD_INIT(listener, "pressed:");
+    VELT_NSCONTROL_ATTRIBUTEDSTRINGVALUE(field, id(velt::make<NSAttributedString>(u"pass")));
+    shown.add(field);
+    ASSERT_TRUE(shown.show());
+    EXPECT_FALSE(velt::as<NSView>(field)->widget().findChild<QTextEdit*>());
+    ASSERT_TRUE(lineOf(field));
+    EXPECT_EQ(QLineEdit::Password, lineOf(field)->echoMode());
     EXPECT_EQ("pass", textOfField(field));
 }

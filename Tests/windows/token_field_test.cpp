@@ -3,6 +3,7 @@
 #include <QClipboard>
 #include <QLineEdit>
 #include <QMenu>
+#include <QPointer>
 
 using namespace velt::test;
 using velt::Ref;
@@ -27,6 +28,7 @@ public:
         return taken;
     }
     id shown(const id&, const id& token) {
+        if (onShown) std::exchange(onShown, nullptr)();
         return velt::isNumber(token) ? VELT_CONCAT(str("#"), velt::description(token)) : id();
     }
     static void describe(velt::ClassBuilder<TokenListener>& c) {
@@ -34,6 +36,7 @@ public:
             .method("tokenField:shouldAddObjects:atIndex:", &TokenListener::mayAdd)
             .method("tokenField:displayStringForRepresentedObject:", &TokenListener::shown);
     }
+    std::function<void()> onShown;  // called once
 };
 
 class TokenFields : public testing::Test {
@@ -114,6 +117,39 @@ TEST_F(TokenFields, SelectThenDeleteWithBackspace) {
     EXPECT_EQ("(a, b, c)", value());
 }
 
+TEST_F(TokenFields, SelectNoTokenThatTheProgramTookAway) {
+    VELT_NSCONTROL_OBJECTVALUE(field, array(str("a"), str("b"), str("c")));
+    ASSERT_TRUE(shown.show());
+    ASSERT_TRUE(shown.focus(field));
+    press(Qt::Key_Backspace);
+    EXPECT_EQ(2, selected());
+    VELT_NSCONTROL_OBJECTVALUE(field, array(str("d")));
+    EXPECT_EQ(0, selected());
+    type("x");
+    EXPECT_EQ("(x)", value());
+    VELT_NSCONTROL_OBJECTVALUE(field, array(str("e")));
+    velt::as<NSTokenField>(field)->selectToken(0);
+    VELT_NSCONTROL_OBJECTVALUE(field, array());
+    EXPECT_EQ(-1, selected());
+    type("y");
+    EXPECT_EQ("(y)", value());
+}
+
+TEST_F(TokenFields, MayChangeWhileTheirTextsAreAskedFor) {
+    ASSERT_TRUE(shown.show());
+    const auto* line = velt::as<NSView>(field)->widget().findChild<QLineEdit*>();
+    const QRect alone = line->geometry();
+    const id many = array(str("a"), str("b"), str("c"));
+    VELT_NSCONTROL_OBJECTVALUE(field, many);
+    listener->onShown = [&] { VELT_NSCONTROL_OBJECTVALUE(field, array(str("d"))); };
+    EXPECT_EQ("a, b, c", textOfField(field));
+    EXPECT_EQ("d", textOfField(field));
+    listener->onShown = [&] { VELT_NSCONTROL_OBJECTVALUE(field, array()); };
+    VELT_NSCONTROL_OBJECTVALUE(field, many);
+    EXPECT_EQ("()", value());
+    EXPECT_EQ(alone, line->geometry());
+}
+
 TEST_F(TokenFields, CopyAndPasteAsText) {
     VELT_NSCONTROL_OBJECTVALUE(field, array(str("a"), integer(7)));
     ASSERT_TRUE(shown.show());
@@ -150,6 +186,18 @@ TEST_F(TokenFields, OfferCompletions) {
     QTest::keyClick(menu, Qt::Key_Return);
     EXPECT_EQ("add(grey)0 changed(grey) ", listener->take());
     EXPECT_EQ("(grey)", value());
+}
+
+TEST_F(TokenFields, CloseTheirCompletionsWithAKeyThoughTheEditorIsGone) {
+    ASSERT_TRUE(shown.show());
+    ASSERT_TRUE(shown.focus(field));
+    type("gr");
+    ASSERT_TRUE(QTest::qWaitFor([] { return QApplication::activePopupWidget() != nullptr; }));
+    const QPointer<QWidget> menu = QApplication::activePopupWidget();
+    VELT_NSTEXTFIELD_SELECTABLE(field, boolean(false));
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    if (menu) QTest::keyClick(menu, Qt::Key_X);
+    EXPECT_FALSE(QApplication::activePopupWidget());
 }
 
 TEST_F(TokenFields, AreSelectedByTheMouse) {

@@ -8,7 +8,6 @@
 #include "VELTRuntime/values/text/hashing.h"
 
 #include <algorithm>
-#include <climits>
 
 using velt::Ref;
 using velt::RunList;
@@ -118,9 +117,7 @@ void NSAttributedString::visitOwned(velt::OwnedVisitor& visitor) {
 
 void NSAttributedString::requireRange(const char* operation, NSRange range) const {
     if (range.location <= length() && range.length <= length() - range.location) return;
-    std::size_t end = 0;
-    if (__builtin_add_overflow(range.location, range.length, &end)) end = LONG_MAX;
-    velt::raiseRange("'" + isa().name() + "' " + operation, static_cast<long long>(end), length());
+    velt::raiseRange("'" + isa().name() + "' " + operation, range.location, range.length, length());
 }
 
 id NSAttributedString::attributesAt(long position, NSRange* range) const {

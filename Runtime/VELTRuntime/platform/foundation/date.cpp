@@ -25,7 +25,6 @@ namespace velt {
 namespace {
 
 constexpr std::int64_t kDay = 86400;
-constexpr double kReferenceSince1970 = 978307200.0;
 constexpr std::int64_t kReferenceDay = 11323;  // days from 1970 to 2001
 constexpr double kMostSeconds = 1e16;
 // The calendar repeats every 400 years; they are counted from the first of March, so that a leap day is the last one.

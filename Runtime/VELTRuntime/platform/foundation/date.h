@@ -44,6 +44,9 @@ private:
 
 namespace velt {
 
+/// Seconds from the first of January 1970, 00:00 UTC, to the reference date.
+inline constexpr double kReferenceSince1970 = 978307200;
+
 /// A moment of the Gregorian calendar in UTC.
 struct CalendarMoment {
     long year;  // 0 is the year before the first

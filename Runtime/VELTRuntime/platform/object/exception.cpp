@@ -5,6 +5,7 @@
 
 #include <cstdio>
 #include <cstdlib>
+#include <limits>
 
 struct NSException::Text {
     std::string name, reason, file, scope, line, what;
@@ -33,6 +34,13 @@ void raiseCast(std::string_view reason) { raise(kCastException, reason); }
 void raiseRange(std::string_view operation, long long index, std::size_t count) {
     raise(kRangeException, std::string(operation) + ": index " + std::to_string(index) +
                                " is out of range; the count is " + std::to_string(count));
+}
+
+void raiseRange(std::string_view operation, std::size_t location, std::size_t length, std::size_t count) {
+    constexpr std::size_t kMost = std::numeric_limits<long long>::max();
+    std::size_t end = 0;
+    if (__builtin_add_overflow(location, length, &end) || end > kMost) end = kMost;
+    raiseRange(operation, static_cast<long long>(end), count);
 }
 
 namespace {

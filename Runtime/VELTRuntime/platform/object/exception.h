@@ -46,6 +46,9 @@ inline constexpr std::string_view kInternalInconsistencyException = "NSInternalI
 [[noreturn]] VELT_EXPORT void raiseCast(std::string_view reason);
 /// Raises "NSRangeException": what was asked of what, the index and the count that it has to stay below.
 [[noreturn]] VELT_EXPORT void raiseRange(std::string_view operation, long long index, std::size_t count);
+/// The same for so many units from a location on: the index is their end.
+[[noreturn]] VELT_EXPORT void raiseRange(std::string_view operation, std::size_t location, std::size_t length,
+                                         std::size_t count);
 
 /// One line about an uncaught exception: "file:line: in scope: name: reason", without the position when there is
 /// none.

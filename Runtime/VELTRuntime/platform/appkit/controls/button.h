@@ -17,7 +17,7 @@ public:
     void highlight(bool flag) { cellObject().setHighlighted(flag); }
     /// The widget was pressed and let go within it: the state follows, the action is sent.
     void pressed() noexcept;
-    /// The other radio buttons of the group: those of the superview that send the same action.
+    /// The radio buttons of its group: those of the superview that send the same action.
     std::vector<velt::Ref<NSButton>> radioGroup() const;
 
     // The cell's properties.

@@ -28,7 +28,7 @@ QLinearGradient downward(const QRectF& rect, const QColor& top, const QColor& bo
     return gradient;
 }
 
-/// Fills and frames a shape; a focused button's frame is seen twice.
+/// Fills and frames a shape.
 void drawShape(QPainter& painter, const QPainterPath& shape, const QBrush& fill, const QPen& edge) {
     painter.setPen(edge);
     painter.setBrush(fill);
@@ -61,7 +61,7 @@ void drawTexture(QPainter& painter, const QPainterPath& shape, const ButtonColou
     painter.drawPath(shape);
 }
 
-/// A triangle that points to the leading... trailing side when closed and down when open.
+/// A triangle that points to the trailing side when closed and down when open.
 void drawTriangle(QPainter& painter, const QStyleOption& option, const ButtonLook& look, const QColor& ink) {
     constexpr int kSide = 11;
     const QRectF box = middleSquare(option.rect, kSide);

@@ -1,5 +1,6 @@
 #include "VELTRuntime/platform/appkit/controls/button_cell.h"
 
+#include "VELTRuntime/platform/appkit/application_object.h"
 #include "VELTRuntime/platform/appkit/controls/button_look.h"
 #include "VELTRuntime/platform/appkit/controls/control.h"
 #include "VELTRuntime/platform/appkit/event.h"
@@ -66,9 +67,7 @@ NSButtonCell::NSButtonCell()
 
 void NSButtonCell::setObjectValue(const id& value) {
     // A text counts as the number that it begins with, and what is no number at all as off.
-    double number = 0;
-    if (velt::isNumber(value)) number = VELT_CDOUBLE(value);
-    if (velt::isString(value)) number = VELT_CDOUBLE(velt::send(value, VELT_SELECTOR("doubleValue")));
+    const double number = leadingNumber(value);
     setState(number < 0 ? long{kMixed} : long{number != 0});
 }
 
@@ -192,6 +191,7 @@ void NSButtonCell::setTransparent(bool flag) {
 }
 
 NSSize NSButtonCell::cellSize() const {
+    velt::requireApplicationObject("a button");
     const QSize size = velt::buttonSize(velt::lookOf(*this, false), *QApplication::style());
     return {static_cast<double>(size.width()), static_cast<double>(size.height())};
 }

@@ -39,7 +39,7 @@ QSize titleSize(const ButtonLook& look) {
         const QSizeF size = richTextSize(*attributedStringOf(look.attributedTitle), {.font = look.font, .color = {}});
         return {static_cast<int>(std::ceil(size.width())), static_cast<int>(std::ceil(size.height()))};
     }
-    return QFontMetrics(look.font).size(Qt::TextShowMnemonic & 0, look.title);
+    return QFontMetrics(look.font).size(0, look.title);
 }
 
 QSize pictureSize(const ButtonLook& look, const QStyle& style) {

@@ -1,12 +1,13 @@
 #include "VELTRuntime/platform/appkit/controls/button_widget.h"
 
+#include "VELTRuntime/platform/appkit/accessibility/pressed_by_name.h"
 #include "VELTRuntime/platform/appkit/controls/button.h"
 #include "VELTRuntime/platform/appkit/controls/button_look.h"
+#include "VELTRuntime/platform/appkit/controls/color_group.h"
 #include "VELTRuntime/platform/appkit/event_delivery.h"
 #include "VELTRuntime/platform/appkit/qt_values.h"
 #include "VELTRuntime/platform/appkit/window.h"
 
-#include <QAccessibleWidget>
 #include <QKeyEvent>
 #include <QPainter>
 #include <QStyleOptionButton>
@@ -16,9 +17,9 @@ namespace velt {
 namespace {
 
 /// A button as those hear of it who cannot see it.
-class ButtonAccessible final : public QAccessibleWidget {
+class ButtonAccessible final : public PressedByName {
 public:
-    explicit ButtonAccessible(ButtonWidget* widget) : QAccessibleWidget(widget, QAccessible::Button) {}
+    explicit ButtonAccessible(ButtonWidget* widget) : PressedByName(widget, QAccessible::Button) {}
 
     QAccessible::Role role() const override {
         const NSButtonCell* cell = this->cell();
@@ -45,19 +46,8 @@ public:
         return state;
     }
 
-    QStringList actionNames() const override {
-        QStringList names = QAccessibleWidget::actionNames();
-        if (widget()->isEnabled()) names.prepend(QAccessibleActionInterface::pressAction());
-        return names;
-    }
-
-    void doAction(const QString& name) override {
-        if (name == QAccessibleActionInterface::pressAction()) {
-            static_cast<ButtonWidget*>(object())->click();
-        } else {
-            QAccessibleWidget::doAction(name);
-        }
-    }
+protected:
+    void press() override { static_cast<ButtonWidget*>(object())->click(); }
 
 private:
     const NSButtonCell* cell() const {
@@ -102,9 +92,7 @@ void ButtonWidget::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     QStyleOptionButton option;
     option.initFrom(this);
-    option.palette.setCurrentColorGroup(!isEnabled()       ? QPalette::Disabled
-                                        : isActiveWindow() ? QPalette::Active
-                                                           : QPalette::Inactive);
+    option.palette.setCurrentColorGroup(colorGroupOf(*this));
     drawButton(painter, option, lookOf(shown->buttonCell(), isDown()), *style(), this);
 }
 

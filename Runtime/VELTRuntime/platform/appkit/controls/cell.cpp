@@ -13,6 +13,7 @@
 #include <QFontMetricsF>
 #include <algorithm>
 #include <cmath>
+#include <limits>
 
 using velt::Ref;
 
@@ -94,25 +95,29 @@ id NSCell::stringValue() const {
     return velt::description(value);
 }
 
+double NSCell::leadingNumber(const id& value) {
+    if (velt::isNumber(value)) return VELT_CDOUBLE(value);
+    return velt::isString(value) ? VELT_CDOUBLE(velt::send(value, VELT_SELECTOR("doubleValue"))) : 0;
+}
+
 double NSCell::doubleValue() const {
     const id value = objectValue();
-    if (velt::isNumber(value)) return VELT_CDOUBLE(value);
-    if (value.isNil()) return 0;
-    const id text = stringValue();
-    return VELT_CDOUBLE(velt::send(text, VELT_SELECTOR("doubleValue")));
+    return leadingNumber(value.isNil() || velt::isNumber(value) ? value : stringValue());
 }
 void NSCell::setDoubleValue(double value) { setObjectValue(VELT_ID(value)); }
 void NSCell::setFloatValue(float value) { setObjectValue(VELT_ID(value)); }
 
 long NSCell::integerValue() const {
     const id value = objectValue();
-    if (velt::isNumber(value)) {
-        const double number = VELT_CDOUBLE(value);
-        // The nearest that there is, for what lies beyond.
-        if (!(std::abs(number) < 0x1p53)) return VELT_CINTEGER(value);
-        return static_cast<long>(number);
-    }
-    return static_cast<long>(std::clamp(std::trunc(doubleValue()), -0x1p62, 0x1p62));
+    if (velt::isNumber(value)) return VELT_CINTEGER(value);
+    const double number = doubleValue();
+    if (std::abs(number) < 0x1p53) return static_cast<long>(number);
+    // The text may have more digits than a double.
+    const long whole = VELT_CINTEGER(stringValue());
+    if (static_cast<double>(whole) == number) return whole;
+    if (number < 0x1p63 && number >= -0x1p63) return static_cast<long>(number);
+    using Limits = std::numeric_limits<long>;
+    return number < 0 ? Limits::min() : Limits::max();
 }
 void NSCell::setIntegerValue(long value) { setObjectValue(VELT_ID(value)); }
 
@@ -139,7 +144,7 @@ void NSCell::setImage(const id& image) {
 id NSCell::font() const { return font_.isNil() ? id(velt::make<NSFont>()) : font_; }
 
 void NSCell::setFont(const id& font) {
-    font_ = font;
+    font_ = velt::boxResult(velt::to<NSFont>(font));
     changed();
 }
 

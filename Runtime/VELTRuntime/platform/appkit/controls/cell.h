@@ -55,6 +55,7 @@ public:
     // Looks.
     /// The font; the desktop's own when the program set none.
     id font() const;
+    /// nil brings the desktop's own back; what is no font raises "VLCastException" with "'NSFont' expected".
     void setFont(const id& font);
     bool hasOwnFont() const { return !font_.isNil(); }
     /// 0 left, 1 right, 2 centred, 3 justified, 4 by the text's direction.
@@ -123,6 +124,10 @@ public:
 protected:
     /// Something that can be seen has changed.
     void changed();
+    /// The value that is being set comes from a person.
+    bool isTaking() const { return taking_; }
+    /// A number's own value, or the number that a text begins with; 0 for anything else.
+    static double leadingNumber(const id& value);
     /// Stores the value; observers of every form of it hear of the change.
     void store(const id& value);
 

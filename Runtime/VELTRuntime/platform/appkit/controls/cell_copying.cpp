@@ -39,12 +39,49 @@ constexpr std::string_view kCopied[] = {
     "textColor",
     "backgroundColor",
     "drawsBackground",
+    "lineBreakMode",
+    "usesSingleLineMode",
+    "allowsEditingTextAttributes",
+    "sendsActionOnEndEditing",
+    "sendsWholeSearchString",
+    "sendsSearchStringImmediately",
+    "tokenizingCharacterSet",
+    "completionDelay",
+    "completes",
+    "numberOfVisibleItems",
+    "hasVerticalScroller",
+    "buttonBordered",
+    "itemHeight",
+    "intercellSpacing",
     "imageScaling",
     "imageAlignment",
     "imageFrameStyle",
     "minValue",
     "maxValue",
+    "numberOfTickMarks",
+    "tickMarkPosition",
+    "sliderType",
+    "allowsTickMarkValuesOnly",
+    "altIncrementValue",
+    "increment",
+    "valueWraps",
+    "autorepeat",
+    "levelIndicatorStyle",
+    "numberOfMajorTickMarks",
+    "warningValue",
+    "criticalValue",
+    "fillColor",
+    "warningFillColor",
+    "criticalFillColor",
+    "datePickerStyle",
+    "datePickerElements",
+    "minDate",
+    "maxDate",
+    "pathStyle",
+    "allowedTypes",
+    "doubleAction",
     "objectValue",
+    "formatter",
     "state",
     "representedObject",
     "tag",
@@ -58,19 +95,15 @@ constexpr std::string_view kCopied[] = {
 id NSCell::copy() const {
     const id original(const_cast<NSCell*>(this));
     id made = isa().newObject();
-    if (const auto* button = dynamic_cast<const NSButtonCell*>(this)) {
-        velt::as<NSButtonCell>(made)->setButtonType(static_cast<long>(button->buttonType()));
-    }
+    const auto* button = dynamic_cast<const NSButtonCell*>(this);
+    if (button) velt::as<NSButtonCell>(made)->setButtonType(static_cast<long>(button->buttonType()));
     for (const std::string_view key : kCopied) {
         const velt::Property* property = isa().property(key);
         if (!property || !property->get || !property->set) continue;
-        // A plain title must not become one with attributes.
-        const auto* button = dynamic_cast<const NSButtonCell*>(this);
-        if (button && key == "attributedTitle" && !button->hasAttributedTitle()) continue;
-        if (button && key == "attributedAlternateTitle" && !button->hasAttributedAlternateTitle()) continue;
-        const id value = property->get(*property, original);
-        if (value.isNil()) continue;
-        property->set(*property, made, value);
+        if (key == "title" && !button) continue;  // the value's text
+        const id value = property->get(*property, original), own = property->get(*property, made);
+        // What a new cell has by itself may follow the desktop, or other properties.
+        if (value != own && !velt::isEqual(value, own)) property->set(*property, made, value);
     }
     if (hasOwnFont()) velt::as<NSCell>(made)->setFont(font_);
     return made;

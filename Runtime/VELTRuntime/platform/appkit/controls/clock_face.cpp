@@ -1,6 +1,6 @@
 #include "VELTRuntime/platform/appkit/controls/clock_face.h"
 
-#include "VELTRuntime/platform/appkit/controls/ranged_widget.h"
+#include "VELTRuntime/platform/appkit/controls/color_group.h"
 
 #include <QAccessible>
 #include <QKeyEvent>
@@ -61,7 +61,6 @@ void ClockFace::paintEvent(QPaintEvent*) {
         painter.drawText(QRectF(middle.x() - box / 2, middle.y() - box / 2, box, box), Qt::AlignCenter,
                          QLocale().toString(hour));
     }
-    painter.setFont(figures);
     painter.drawText(QRectF(-size / 2, size * 0.2, size, size * 0.3), Qt::AlignCenter,
                      time_.hour() < kHours ? QLocale().amText() : QLocale().pmText());
     const int seconds = QTime(0, 0).secsTo(time_);
@@ -99,7 +98,7 @@ void ClockFace::turnTo(QPointF point) {
 }
 
 void ClockFace::mousePressEvent(QMouseEvent* event) {
-    if (event->button() != Qt::LeftButton || held_ != Hand::None) return;
+    if (event->button() != Qt::LeftButton) return;
     const QPointF from = event->position() - QPointF(width() / 2.0, height() / 2.0);
     // Near the middle a person takes the hand of the hours, farther out that of the minutes.
     held_ = std::hypot(from.x(), from.y()) < radius() * 0.5 ? Hand::Hour : Hand::Minute;

@@ -242,11 +242,15 @@ void NSComboBox::complete() {
     velt::FieldEditor* shown = editor();
     if (!shown || !comboCell().completes()) return;
     const QString typed = shown->text();
-    const auto before = static_cast<qsizetype>(std::exchange(typedBefore_, static_cast<long>(typed.size())));
+    QString before = velt::qtText(stringValue());
+    // Of a completion only what was typed counts as having stood there.
+    if (before == velt::qtText(std::exchange(completed_, {}))) before.truncate(completedFrom_);
     // Nothing comes back that was just erased, and nothing is put into the middle of a text.
-    if (typed.size() <= before || shown->selectionStart() != typed.size()) return;
+    if (before.startsWith(typed) || shown->selectionStart() != typed.size()) return;
     const QString whole = velt::qtText(completedString(velt::textValue(typed)));
     if (whole.size() <= typed.size()) return;
+    completed_ = whole.toStdU16String();
+    completedFrom_ = static_cast<long>(typed.size());
     shown->setText(whole);
     shown->select(static_cast<int>(typed.size()), static_cast<int>(whole.size() - typed.size()));
 }

@@ -4,6 +4,8 @@
 #include "VELTRuntime/platform/appkit/controls/text_field.h"
 #include "VELTRuntime/platform/foundation/array.h"
 
+#include <string>
+
 class VELT_EXPORT NSComboBoxCell : public NSTextFieldCell {
     VELT_OBJECT(NSComboBoxCell, NSTextFieldCell)
 public:
@@ -98,5 +100,6 @@ private:
     void select(long index);
     void complete();
 
-    long typedBefore_ = 0;  // units that stood in the field before the last key
+    std::u16string completed_;  // what the last key was completed to, beginning with what was typed of it
+    long completedFrom_ = 0;    // how many units were typed
 };

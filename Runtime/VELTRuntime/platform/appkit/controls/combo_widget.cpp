@@ -2,6 +2,7 @@
 
 #include "VELTRuntime/platform/appkit/controls/combo_box.h"
 #include "VELTRuntime/platform/appkit/controls/field_parts.h"
+#include "VELTRuntime/platform/appkit/event_delivery.h"
 #include "VELTRuntime/platform/appkit/qt_values.h"
 
 #include <QCoreApplication>
@@ -75,7 +76,7 @@ private:
 ComboWidget::ComboWidget() : arrow_(new FieldButton(FieldButton::Sign::Arrow, QObject::tr("Show the list"), *this)) {
     connect(arrow_, &QAbstractButton::pressed, this, [this] {
         if (editor()) editor()->widget().setFocus(Qt::MouseFocusReason);
-        openList();
+        runReported([this] { openList(); });
         arrow_->setDown(false);
     });
 }
@@ -89,29 +90,31 @@ void ComboWidget::openList() {
     if (!box || list() || !isEnabled()) return;
     const Ref<NSComboBox> kept(box);
     box->willPopUp();
-    if (comboBox() != box) return;  // the program took it away
+    QStringList texts;
+    const long count = box->numberOfItems();
+    for (long i = 0; i < count; ++i) texts << qtText(box->textOfItem(i));
+    const long selected = box->indexOfSelectedItem();
+    if (comboBox() != box || list()) return;  // the program took it away, or opened it itself
     const NSComboBoxCell& cell = box->comboCell();
     auto* opened = new ComboList(*this, editor() ? &editor()->widget() : nullptr);
     list_ = opened;
     opened->setFont(font());
-    const long count = box->numberOfItems();
-    for (long i = 0; i < count; ++i) {
-        auto* row = new QListWidgetItem(qtText(box->textOfItem(i)), opened);
-        row->setSizeHint({0, static_cast<int>(cell.itemHeight() + cell.intercellSpacing().height)});
-    }
+    const int rowHeight = static_cast<int>(cell.itemHeight() + cell.intercellSpacing().height);
+    for (const QString& text : texts) (new QListWidgetItem(text, opened))->setSizeHint({0, rowHeight});
     opened->setVerticalScrollBarPolicy(cell.hasVerticalScroller() ? Qt::ScrollBarAsNeeded : Qt::ScrollBarAlwaysOff);
-    opened->setCurrentRow(static_cast<int>(box->indexOfSelectedItem()));
+    opened->setCurrentRow(static_cast<int>(selected));
     connect(opened, &QListWidget::itemClicked, this, [this, opened](QListWidgetItem* row) {
         const int index = opened->row(row);
         opened->close();
         if (NSComboBox* shown = comboBox()) shown->chose(index);
     });
     const long rows = std::clamp(count, 1L, std::max(1L, cell.numberOfVisibleItems()));
-    const int rowHeight = static_cast<int>(cell.itemHeight() + cell.intercellSpacing().height);
-    QRect place(mapToGlobal(rect().bottomLeft()), QSize(width(), static_cast<int>(rows) * rowHeight + 2));
-    // Where there is no room below, it opens above.
     const QRect room = screen()->availableGeometry();
+    const int height = static_cast<int>(std::min<long>(rows * rowHeight + 2, room.height()));
+    QRect place(mapToGlobal(rect().bottomLeft()), QSize(width(), height));
+    // Where there is no room below, it opens above; where there is none above either, it covers the field.
     if (place.bottom() > room.bottom()) place.moveBottom(mapToGlobal(rect().topLeft()).y());
+    if (place.top() < room.top()) place.moveTop(room.top());
     opened->setGeometry(place);
     opened->setAccessibleName(accessibleName());
     opened->show();

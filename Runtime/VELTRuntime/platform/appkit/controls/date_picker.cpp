@@ -80,11 +80,8 @@ void NSDatePickerCell::setDrawsBackground(bool flag) {
 }
 
 NSSize NSDatePickerCell::cellSize() const {
-    if (style_ == kClockAndCalendar) {
-        velt::requireApplicationObject("a date picker");
-        return velt::calendarSize(showsDate(), showsTime());
-    }
     velt::requireApplicationObject("a date picker");
+    if (style_ == kClockAndCalendar) return velt::calendarSize(showsDate(), showsTime());
     const QFont shown = velt::as<NSFont>(font())->font();
     QStyleOptionSpinBox option;
     option.fontMetrics = QFontMetrics(shown);

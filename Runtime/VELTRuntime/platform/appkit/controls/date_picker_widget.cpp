@@ -20,8 +20,6 @@ namespace velt {
 
 namespace {
 
-constexpr double kReferenceSince1970 = 978307200;
-
 QDate firstDay() { return {1, 1, 1}; }
 QDate lastDay() { return {9999, 12, 31}; }
 

@@ -10,7 +10,6 @@
 class NSAttributedString;
 class NSTextField;
 class QFont;
-class QKeyEvent;
 class QWidget;
 
 namespace velt {
@@ -47,8 +46,5 @@ public:
 std::unique_ptr<FieldEditor> makeLineEditor(QWidget& parent, bool secret);
 /// For several lines, or for one line that may have attributes.
 std::unique_ptr<FieldEditor> makePageEditor(QWidget& parent, bool oneLine);
-
-/// The command that programs know for a key; empty for one that types.
-std::string_view commandFor(const QKeyEvent& event);
 
 }  // namespace velt

@@ -45,6 +45,28 @@ bool comesBack(Qt::FocusReason reason) {
     return reason == Qt::ActiveWindowFocusReason || reason == Qt::PopupFocusReason || reason == Qt::MenuBarFocusReason;
 }
 
+/// The command that programs know for a key; empty for one that types.
+std::string_view commandFor(const QKeyEvent& event) {
+    constexpr auto kOthers = Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier;
+    switch (event.key()) {
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+        if (event.modifiers() & (Qt::AltModifier | Qt::ShiftModifier)) return "insertNewlineIgnoringFieldEditor:";
+        return event.modifiers() & kOthers ? "" : "insertNewline:";
+    case Qt::Key_Tab: return event.modifiers() & kOthers ? "" : "insertTab:";
+    case Qt::Key_Backtab: return event.modifiers() & kOthers ? "" : "insertBacktab:";
+    case Qt::Key_Escape: return event.modifiers() & kOthers ? "" : "cancelOperation:";
+    case Qt::Key_Backspace:
+        if (!(event.modifiers() & kOthers)) return "deleteBackward:";
+        break;
+    default: break;
+    }
+    for (const KeyCommand& command : kCommands) {
+        if (event.matches(command.key)) return command.selector;
+    }
+    return "";
+}
+
 }  // namespace
 
 NSTextField* fieldOf(const QWidget& editor) {
@@ -98,27 +120,6 @@ bool KeyboardStay::ends(Qt::FocusReason reason) {
     if (comesBack(reason)) return false;
     going_ = false;
     return true;
-}
-
-std::string_view commandFor(const QKeyEvent& event) {
-    constexpr auto kOthers = Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier;
-    switch (event.key()) {
-    case Qt::Key_Return:
-    case Qt::Key_Enter:
-        if (event.modifiers() & (Qt::AltModifier | Qt::ShiftModifier)) return "insertNewlineIgnoringFieldEditor:";
-        return event.modifiers() & kOthers ? "" : "insertNewline:";
-    case Qt::Key_Tab: return event.modifiers() & kOthers ? "" : "insertTab:";
-    case Qt::Key_Backtab: return event.modifiers() & kOthers ? "" : "insertBacktab:";
-    case Qt::Key_Escape: return event.modifiers() & kOthers ? "" : "cancelOperation:";
-    case Qt::Key_Backspace:
-        if (!(event.modifiers() & kOthers)) return "deleteBackward:";
-        break;
-    default: break;
-    }
-    for (const KeyCommand& command : kCommands) {
-        if (event.matches(command.key)) return command.selector;
-    }
-    return "";
 }
 
 }  // namespace velt

@@ -43,8 +43,7 @@ void FieldText::setSelectedRange(NSRange range) {
     if (!editor) return;
     const auto length = static_cast<std::size_t>(editor->text().size());
     if (range.location > length || range.length > length - range.location) {
-        const auto end = static_cast<long long>(range.location) + static_cast<long long>(range.length);
-        raiseRange("'VLFieldEditor' setSelectedRange:", end, length + 1);
+        raiseRange("'VLFieldEditor' setSelectedRange:", range.location, range.length, length);
     }
     editor->select(static_cast<int>(range.location), static_cast<int>(range.length));
 }

@@ -2,6 +2,7 @@
 
 #include "VELTRuntime/platform/appkit/accessibility/said_text.h"
 #include "VELTRuntime/platform/appkit/controls/text_field.h"
+#include "VELTRuntime/platform/appkit/event_delivery.h"
 #include "VELTRuntime/platform/appkit/qt_values.h"
 #include "VELTRuntime/platform/appkit/text/fitting_line.h"
 #include "VELTRuntime/platform/appkit/text/rich_text_drawing.h"
@@ -215,7 +216,9 @@ void FieldWidget::changeEvent(QEvent* event) {
     QWidget::changeEvent(event);
     if (event->type() == QEvent::LayoutDirectionChange || event->type() == QEvent::StyleChange ||
         event->type() == QEvent::FontChange) {
-        if (NSTextField* shown = field()) sync(*shown);
+        if (!field()) return;
+        const Ref<NSTextField> shown(field());
+        runReported([&] { sync(*shown); });
     }
 }
 
@@ -328,11 +331,14 @@ void FieldWidget::paintText(QPainter& painter, NSTextField& field) {
 }
 
 void FieldWidget::paintEvent(QPaintEvent*) {
-    NSTextField* shown = field();
-    if (!shown) return;
+    if (!field()) return;
+    const Ref<NSTextField> shown(field());
     QPainter painter(this);
-    paintFrame(painter);
-    paintText(painter, *shown);
+    // Formatters and delegates are asked.
+    runReported([&] {
+        paintFrame(painter);
+        paintText(painter, *shown);
+    });
 }
 
 }  // namespace velt

@@ -5,7 +5,6 @@
 #include "VELTRuntime/platform/appkit/responder.h"
 
 class NSWindow;
-class QWidget;
 
 namespace velt {
 

@@ -1,5 +1,6 @@
 #include "VELTRuntime/platform/appkit/controls/level_widget.h"
 
+#include "VELTRuntime/platform/appkit/controls/color_group.h"
 #include "VELTRuntime/platform/appkit/controls/level_indicator.h"
 #include "VELTRuntime/platform/appkit/qt_values.h"
 
@@ -201,6 +202,8 @@ void LevelWidget::mousePressEvent(QMouseEvent* event) {
 }
 
 void LevelWidget::mouseMoveEvent(QMouseEvent* event) {
+    // Where a dialog came up meanwhile nobody says that the button was let go.
+    if (!(event->buttons() & Qt::LeftButton)) dragging_ = false;
     if (dragging_ && cell()) take(valueAt(event->position()), level().isContinuous());
 }
 

@@ -1,7 +1,7 @@
 #include "VELTRuntime/platform/appkit/controls/path_widget.h"
 
+#include "VELTRuntime/platform/appkit/controls/color_group.h"
 #include "VELTRuntime/platform/appkit/controls/path_cell.h"
-#include "VELTRuntime/platform/appkit/controls/ranged_widget.h"
 #include "VELTRuntime/platform/appkit/image.h"
 #include "VELTRuntime/platform/appkit/qt_values.h"
 #include "VELTRuntime/platform/appkit/text/fitting_line.h"

@@ -1,9 +1,9 @@
 #include "VELTRuntime/platform/appkit/controls/pressed_widget.h"
 
+#include "VELTRuntime/platform/appkit/accessibility/pressed_by_name.h"
 #include "VELTRuntime/platform/appkit/accessibility/said_text.h"
 #include "VELTRuntime/platform/appkit/controls/control.h"
 
-#include <QAccessibleWidget>
 #include <QKeyEvent>
 #include <utility>
 
@@ -11,9 +11,9 @@ namespace velt {
 
 namespace {
 
-class PressedAccessible final : public QAccessibleWidget, public SaidText {
+class PressedAccessible final : public PressedByName, public SaidText {
 public:
-    explicit PressedAccessible(PressedWidget* widget) : QAccessibleWidget(widget, widget->role()) {}
+    explicit PressedAccessible(PressedWidget* widget) : PressedByName(widget, widget->role()) {}
 
     QAccessible::Role role() const override { return shown().role(); }
     QString text(QAccessible::Text kind) const override {
@@ -27,17 +27,9 @@ public:
         if (type == QAccessible::TextInterface) return static_cast<QAccessibleTextInterface*>(this);
         return QAccessibleWidget::interface_cast(type);
     }
-    QStringList actionNames() const override {
-        QStringList names = QAccessibleWidget::actionNames();
-        if (widget()->isEnabled()) names.prepend(QAccessibleActionInterface::pressAction());
-        return names;
-    }
-    void doAction(const QString& name) override {
-        if (name != QAccessibleActionInterface::pressAction())
-            QAccessibleWidget::doAction(name);
-        else if (widget()->isEnabled())
-            shown().press();
-    }
+
+protected:
+    void press() override { shown().press(); }
 
 private:
     PressedWidget& shown() const { return *static_cast<PressedWidget*>(widget()); }

@@ -7,18 +7,11 @@
 
 namespace velt {
 
-namespace {
-
-double numberOf(const id& value) {
-    if (isNumber(value)) return VELT_CDOUBLE(value);
-    return isString(value) ? VELT_CDOUBLE(send(value, VELT_SELECTOR("doubleValue"))) : 0;
-}
-
-}  // namespace
-
 RangedCell::RangedCell(double min, double max) : min_(min), max_(max) { RangedCell::setObjectValue(VELT_ID(min)); }
 
-void RangedCell::setObjectValue(const id& value) { NSActionCell::setObjectValue(VELT_ID(limited(numberOf(value)))); }
+void RangedCell::setObjectValue(const id& value) {
+    NSActionCell::setObjectValue(VELT_ID(limited(leadingNumber(value))));
+}
 
 void RangedCell::setMinValue(double value) {
     if (!std::isfinite(value)) return;

@@ -142,9 +142,4 @@ void RangedWidget::wheelEvent(QWheelEvent* event) {
     event->accept();
 }
 
-QPalette::ColorGroup colorGroupOf(const QWidget& widget) {
-    if (!widget.isEnabled()) return QPalette::Disabled;
-    return widget.isActiveWindow() ? QPalette::Active : QPalette::Inactive;
-}
-
 }  // namespace velt

@@ -32,7 +32,4 @@ private:
     int wheel_ = 0;  // turned since the last whole notch
 };
 
-/// The colour group in which a widget is drawn now.
-QPalette::ColorGroup colorGroupOf(const QWidget& widget);
-
 }  // namespace velt

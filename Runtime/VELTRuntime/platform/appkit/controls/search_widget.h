@@ -17,7 +17,6 @@ public:
     /// Tells the field after a short pause; a pause that is going on starts anew.
     void startPause();
     void stopPause() { pause_.stop(); }
-    bool isPausing() const { return pause_.isActive(); }
     /// Opens the menu of earlier searches; false when there are none.
     bool openRecents();
 

@@ -7,6 +7,8 @@ class VELT_EXPORT NSSecureTextFieldCell : public NSTextFieldCell {
     VELT_OBJECT(NSSecureTextFieldCell, NSTextFieldCell)
 public:
     using NSTextFieldCell::NSTextFieldCell;
+    /// None: letters would be seen in their attributes.
+    const NSAttributedString* richText() const override { return nullptr; }
 };
 
 class VELT_EXPORT NSSecureTextField : public NSTextField {

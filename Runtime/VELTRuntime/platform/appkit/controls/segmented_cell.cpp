@@ -1,4 +1,5 @@
 // The model of segmented controls.
+#include "VELTRuntime/platform/appkit/application_object.h"
 #include "VELTRuntime/platform/appkit/controls/segmented_control.h"
 #include "VELTRuntime/platform/appkit/controls/segmented_widget.h"
 #include "VELTRuntime/platform/appkit/qt_values.h"
@@ -6,6 +7,8 @@
 
 #include <QApplication>
 #include <algorithm>
+
+NSSegmentedCell::NSSegmentedCell() { select(-1); }
 
 const velt::Segment& NSSegmentedCell::segment(long place) const {
     if (place < 0 || place >= segmentCount())
@@ -117,6 +120,7 @@ void NSSegmentedCell::setTrackingMode(unsigned long mode) {
 }
 
 NSSize NSSegmentedCell::cellSize() const {
+    velt::requireApplicationObject("a segmented control");
     const QSize size = velt::segmentsSize(*this, *QApplication::style());
     return {static_cast<double>(size.width()), static_cast<double>(size.height())};
 }

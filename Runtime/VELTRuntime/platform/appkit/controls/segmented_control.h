@@ -28,6 +28,9 @@ struct Segment {
 class VELT_EXPORT NSSegmentedCell : public NSActionCell {
     VELT_OBJECT(NSSegmentedCell, NSActionCell)
 public:
+    /// Without segments.
+    NSSegmentedCell();
+
     long segmentCount() const { return static_cast<long>(segments_.size()); }
     /// New segments are empty; segments beyond the count go.
     void setSegmentCount(long count);

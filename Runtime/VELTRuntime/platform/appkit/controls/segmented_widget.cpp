@@ -1,5 +1,6 @@
 #include "VELTRuntime/platform/appkit/controls/segmented_widget.h"
 
+#include "VELTRuntime/platform/appkit/accessibility/pressed_by_name.h"
 #include "VELTRuntime/platform/appkit/controls/button_colours.h"
 #include "VELTRuntime/platform/appkit/controls/button_look.h"
 #include "VELTRuntime/platform/appkit/controls/segmented_control.h"
@@ -7,7 +8,6 @@
 #include "VELTRuntime/platform/appkit/image.h"
 #include "VELTRuntime/platform/appkit/qt_values.h"
 
-#include <QAccessibleWidget>
 #include <QEvent>
 #include <QKeyEvent>
 #include <QPainter>
@@ -56,9 +56,9 @@ std::vector<int> widthsIn(int room, const NSSegmentedCell& cell, const QStyle& s
 }
 
 /// A segment as those hear of it who cannot see it.
-class SegmentAccessible final : public QAccessibleWidget {
+class SegmentAccessible final : public PressedByName {
 public:
-    explicit SegmentAccessible(SegmentButton* button) : QAccessibleWidget(button, QAccessible::Button) {}
+    explicit SegmentAccessible(SegmentButton* button) : PressedByName(button, QAccessible::Button) {}
 
     QAccessible::Role role() const override {
         const NSSegmentedControl* control = button().row().control();
@@ -77,18 +77,9 @@ public:
         state.pressed = button().isDown();
         return state;
     }
-    QStringList actionNames() const override {
-        QStringList names = QAccessibleWidget::actionNames();
-        if (button().isEnabled()) names.prepend(QAccessibleActionInterface::pressAction());
-        return names;
-    }
-    void doAction(const QString& name) override {
-        if (name == QAccessibleActionInterface::pressAction()) {
-            button().click();
-        } else {
-            QAccessibleWidget::doAction(name);
-        }
-    }
+
+protected:
+    void press() override { button().click(); }
 
 private:
     SegmentButton& button() const { return *static_cast<SegmentButton*>(object()); }

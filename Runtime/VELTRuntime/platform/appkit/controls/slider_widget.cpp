@@ -1,5 +1,6 @@
 #include "VELTRuntime/platform/appkit/controls/slider_widget.h"
 
+#include "VELTRuntime/platform/appkit/controls/color_group.h"
 #include "VELTRuntime/platform/appkit/controls/slider.h"
 
 #include <QMouseEvent>
@@ -164,7 +165,7 @@ void SliderWidget::dragTo(const QMouseEvent& event, bool begins) {
 }
 
 void SliderWidget::mousePressEvent(QMouseEvent* event) {
-    if (event->button() != Qt::LeftButton || !cell() || dragging_) {
+    if (event->button() != Qt::LeftButton || !cell()) {
         event->ignore();
         return;
     }
@@ -190,6 +191,8 @@ void SliderWidget::mousePressEvent(QMouseEvent* event) {
 }
 
 void SliderWidget::mouseMoveEvent(QMouseEvent* event) {
+    // Where a dialog came up meanwhile nobody says that the button was let go.
+    if (!(event->buttons() & Qt::LeftButton)) dragging_ = false;
     if (dragging_ && cell()) dragTo(*event, false);
 }
 

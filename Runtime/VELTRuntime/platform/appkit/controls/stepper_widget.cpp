@@ -1,5 +1,6 @@
 #include "VELTRuntime/platform/appkit/controls/stepper_widget.h"
 
+#include "VELTRuntime/platform/appkit/controls/color_group.h"
 #include "VELTRuntime/platform/appkit/controls/stepper.h"
 
 #include <QMouseEvent>
@@ -61,10 +62,11 @@ void StepperWidget::paintEvent(QPaintEvent*) {
 void StepperWidget::move(double steps, Qt::KeyboardModifiers) { take(stepper().valueAfter(steps)); }
 
 void StepperWidget::mousePressEvent(QMouseEvent* event) {
-    if (event->button() != Qt::LeftButton || !cell() || pressed_ != 0) {
+    if (event->button() != Qt::LeftButton || !cell()) {
         event->ignore();
         return;
     }
+    window()->installEventFilter(this);
     pressed_ = halfAt(event->position());
     within_ = pressed_ != 0;
     update();
@@ -85,20 +87,28 @@ void StepperWidget::mouseReleaseEvent(QMouseEvent* event) {
     if (event->button() != Qt::LeftButton || pressed_ == 0) return;
     const int steps = within_ && halfAt(event->position()) == pressed_ ? pressed_ : 0;
     const bool once = cell() && !stepper().autorepeat();
+    rest();
+    if (once && steps != 0) move(steps, event->modifiers());
+}
+
+void StepperWidget::rest() {
     repeats_.stop();
     pressed_ = 0;
     within_ = false;
     update();
-    if (once && steps != 0) move(steps, event->modifiers());
+}
+
+bool StepperWidget::eventFilter(QObject* watched, QEvent* event) {
+    // A dialog came before the window, and gets the release of the button.
+    if (event->type() == QEvent::WindowBlocked) rest();
+    return RangedWidget::eventFilter(watched, event);
 }
 
 void StepperWidget::timerEvent(QTimerEvent* event) {
     if (event->timerId() != repeats_.timerId()) return;
-    // Disabled or gone while it was held.
-    if (!cell() || !isEnabled() || pressed_ == 0) {
-        repeats_.stop();
-        pressed_ = 0;
-        update();
+    // Disabled, hidden or gone while it was held: nobody will say that it was let go.
+    if (!cell() || !isEnabled() || !isVisible() || pressed_ == 0) {
+        rest();
         return;
     }
     constexpr int kPause = 75;

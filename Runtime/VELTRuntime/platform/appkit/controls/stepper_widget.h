@@ -21,8 +21,11 @@ protected:
     void mouseMoveEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
     void timerEvent(QTimerEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
+    /// Nothing is pressed any more.
+    void rest();
     const NSStepperCell& stepper() const;
     /// 1 in the upper half, -1 in the lower one, 0 outside.
     int halfAt(QPointF point) const;

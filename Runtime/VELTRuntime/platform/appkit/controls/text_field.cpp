@@ -1,10 +1,10 @@
 #include "VELTRuntime/platform/appkit/controls/text_field.h"
 
-#include "VELTRuntime/platform/appkit/application.h"
 #include "VELTRuntime/platform/appkit/controls/field_text.h"
 #include "VELTRuntime/platform/appkit/controls/field_widget.h"
 #include "VELTRuntime/platform/appkit/font.h"
 #include "VELTRuntime/platform/appkit/qt_values.h"
+#include "VELTRuntime/platform/appkit/window.h"
 
 #include <QFontMetricsF>
 #include <QWidget>
@@ -71,8 +71,6 @@ bool NSTextField::showsSeveralLines() const {
 }
 
 // The keyboard.
-
-bool NSTextField::becomeFirstResponder() { return NSControl::becomeFirstResponder(); }
 
 bool NSTextField::resignFirstResponder() { return leave(Movement::Other); }
 

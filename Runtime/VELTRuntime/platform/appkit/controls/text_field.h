@@ -69,7 +69,6 @@ public:
     virtual void undoTyping(const id& sender);
     virtual void redoTyping(const id& sender);
 
-    bool becomeFirstResponder() override;
     bool resignFirstResponder() override;
     void moveToWindow(NSWindow* window) override;
     void cellChanged(NSCell& cell) override;
@@ -120,13 +119,15 @@ protected:
     bool sendOwnAction();
     void beginEditing();
 
-    /// The delegate's answer to a question, or what holds without one.
-    bool delegateAllows(std::string_view selector, bool without = true);
+    /// The delegate's answer to a question; yes without one.
+    bool delegateAllows(std::string_view selector);
     /// Tells the delegate, then everybody.
     void tell(std::string_view delegateSelector, std::string_view notification, const id& userInfo = nil);
 
 private:
     bool cancel();
+    /// The edit is over: the delegate and everybody hear by what.
+    void editingEnded(Movement movement);
 
     bool editing_ = false;
     bool telling_ = false;  // the delegate hears of a change: what it sets belongs to the edit

@@ -31,7 +31,8 @@ id NSTextFieldCell::read(const id& text) const {
 
 void NSTextFieldCell::setObjectValue(const id& value) {
     typed_ = nil;
-    if (velt::isString(value) && !formatter_.isNil()) {
+    // What a person typed was read by the formatter already.
+    if (velt::isString(value) && !formatter_.isNil() && !isTaking()) {
         // What the formatter finds no value in is shown as it is.
         const id meant = read(value);
         NSActionCell::setObjectValue(meant.isNil() ? value : meant);
@@ -82,14 +83,14 @@ id NSTextFieldCell::textColor() const {
     return textColor_.isNil() ? desktopColor(isLabel() ? QPalette::WindowText : QPalette::Text) : textColor_;
 }
 void NSTextFieldCell::setTextColor(const id& color) {
-    textColor_ = color;
+    textColor_ = velt::boxResult(velt::to<NSColor>(color));
     changed();
 }
 id NSTextFieldCell::backgroundColor() const {
     return backgroundColor_.isNil() ? desktopColor(isLabel() ? QPalette::Window : QPalette::Base) : backgroundColor_;
 }
 void NSTextFieldCell::setBackgroundColor(const id& color) {
-    backgroundColor_ = color;
+    backgroundColor_ = velt::boxResult(velt::to<NSColor>(color));
     changed();
 }
 void NSTextFieldCell::setDrawsBackground(bool flag) {

@@ -31,7 +31,8 @@ public:
     // Looks.
     id placeholderString() const { return placeholder_; }
     void setPlaceholderString(const id& text);
-    /// The colours; the desktop's own when the program set none.
+    /// The colours; the desktop's own when the program set none, and again for nil. Anything else raises
+    /// "VLCastException" with "'NSColor' expected".
     id textColor() const;
     void setTextColor(const id& color);
     bool hasOwnTextColor() const { return !textColor_.isNil(); }

@@ -1,5 +1,4 @@
 // How an edit of a field goes: who may refuse it, who is told, when the action is sent.
-#include "VELTRuntime/platform/appkit/application.h"
 #include "VELTRuntime/platform/appkit/controls/field_text.h"
 #include "VELTRuntime/platform/appkit/controls/field_widget.h"
 #include "VELTRuntime/platform/appkit/controls/text_field.h"
@@ -30,10 +29,10 @@ private:
 
 }  // namespace
 
-bool NSTextField::delegateAllows(std::string_view selector, bool without) {
+bool NSTextField::delegateAllows(std::string_view selector) {
     const Selector asks = Selector::named(selector);
     const id delegate = this->delegate();
-    if (!velt::respondsTo(delegate, asks)) return without;
+    if (!velt::respondsTo(delegate, asks)) return true;
     return VELT_CBOOL(velt::send(delegate, asks, object(this), currentEditor()));
 }
 
@@ -81,6 +80,14 @@ void NSTextField::typed() noexcept {
     });
 }
 
+void NSTextField::editingEnded(Movement movement) {
+    editing_ = false;
+    before_ = nil;
+    const Ref<NSMutableDictionary> info = velt::make<NSMutableDictionary>();
+    info->setObject(VELT_ID(static_cast<long>(movement)), velt::string(std::string_view("NSTextMovement")));
+    tell("controlTextDidEndEditing:", "NSControlTextDidEndEditingNotification", info);
+}
+
 bool NSTextField::endEditing(Movement movement) {
     if (!editing_) return true;
     if (asking_) return false;
@@ -97,11 +104,7 @@ bool NSTextField::endEditing(Movement movement) {
             setObjectValue(text);
         }
     }
-    editing_ = false;
-    before_ = nil;
-    const Ref<NSMutableDictionary> info = velt::make<NSMutableDictionary>();
-    info->setObject(VELT_ID(static_cast<long>(movement)), velt::string(std::string_view("NSTextMovement")));
-    tell("controlTextDidEndEditing:", "NSControlTextDidEndEditingNotification", info);
+    editingEnded(movement);
     changed();
     return true;
 }
@@ -143,11 +146,7 @@ bool NSTextField::cancel() {
         tell("controlTextDidChange:", "NSControlTextDidChangeNotification");
     }
     textChanged();
-    editing_ = false;
-    before_ = nil;
-    const Ref<NSMutableDictionary> info = velt::make<NSMutableDictionary>();
-    info->setObject(VELT_ID(static_cast<long>(Movement::Cancel)), velt::string(std::string_view("NSTextMovement")));
-    tell("controlTextDidEndEditing:", "NSControlTextDidEndEditingNotification", info);
+    editingEnded(Movement::Cancel);
     if (velt::FieldEditor* shown = editor()) shown->selectAll();
     return true;
 }

@@ -30,9 +30,9 @@ id NSTokenField::editedText() const {
     return pending.isNil() ? velt::string(std::u16string_view()) : pending;
 }
 
-void NSTokenField::tokensChanged() {
+void NSTokenField::cellChanged(NSCell& cell) {
     selected_ = std::min(selected_, static_cast<long>(tokenCell().tokens().size()) - 1);
-    changed();
+    NSTextField::cellChanged(cell);
 }
 
 bool NSTokenField::addTokens(const std::vector<id>& texts) {
@@ -50,7 +50,7 @@ bool NSTokenField::addTokens(const std::vector<id>& texts) {
         if (list) made.assign(list->items().begin(), list->items().end());
     }
     // A selected token makes place for the new ones.
-    cell.replaceTokens(std::min(at, cell.tokens().size()), selected_ >= 0 ? 1 : 0, made);
+    cell.replaceTokens(at, selected_ >= 0 ? 1 : 0, made);
     selected_ = -1;
     return !made.empty();
 }
@@ -63,7 +63,7 @@ bool NSTokenField::makeTokens() {
     const std::vector<id> pieces = cell.piecesOf(text);
     cell.takeTyped(velt::string(std::u16string_view()));
     if (!pieces.empty()) addTokens(pieces);
-    tokensChanged();
+    changed();
     return !pieces.empty();
 }
 
@@ -105,7 +105,7 @@ bool NSTokenField::removeSelected() {
     if (selected_ >= static_cast<long>(cell.tokens().size())) return true;
     cell.replaceTokens(static_cast<std::size_t>(selected_), 1, {});
     selected_ = -1;
-    tokensChanged();
+    changed();
     tell("controlTextDidChange:", "NSControlTextDidChangeNotification");
     return true;
 }
@@ -216,7 +216,7 @@ void NSTokenField::completeWith(const id& text) noexcept {
         if (!shown || !velt::isString(chosen)) return;
         tokenCell().takeTyped(velt::string(std::u16string_view()));
         addTokens({chosen});
-        tokensChanged();
+        changed();
         tell("controlTextDidChange:", "NSControlTextDidChangeNotification");
     });
 }

@@ -29,7 +29,7 @@ public:
     void setCompletionDelay(double seconds) { completionDelay_ = seconds; }
 
     const std::vector<id>& tokens() const { return tokens_; }
-    /// Replaces some tokens by others, as a person does.
+    /// Replaces some tokens by others, as a person does; places beyond the last token are left out.
     void replaceTokens(std::size_t first, std::size_t count, const std::vector<id>& with);
     id pendingText() const { return pending_; }
     /// What a token is shown as: the delegate's word, or else its own text.
@@ -67,6 +67,7 @@ public:
     void copyText(const id& sender) override;
     void pasteText(const id& sender) override;
     void deleteText(const id& sender) override;
+    void cellChanged(NSCell& cell) override;
 
     // What the widget reports.
     void selectToken(long index) noexcept;
@@ -89,7 +90,6 @@ private:
     bool removeSelected();
     /// Makes tokens of what is typed; false when there was nothing to make.
     bool makeTokens();
-    void tokensChanged();
 
     long selected_ = -1;
 };

@@ -54,7 +54,9 @@ id NSTokenFieldCell::stringValue() const {
         if (!text.empty()) text += u", ";
         text += velt::textOf(piece);
     };
-    for (const id& token : tokens_) add(textOf(token));
+    // The delegate that is asked may change the tokens.
+    const std::vector<id> tokens = tokens_;
+    for (const id& token : tokens) add(textOf(token));
     if (!pending_.isNil() && velt::asString(pending_).length() > 0) add(pending_);
     return velt::string(std::u16string_view(text));
 }
@@ -69,6 +71,9 @@ void NSTokenFieldCell::takeTyped(const id& text) {
 }
 
 void NSTokenFieldCell::replaceTokens(std::size_t first, std::size_t count, const std::vector<id>& with) {
+    // Delegates and observers may have taken tokens away since the places were counted.
+    first = std::min(first, tokens_.size());
+    count = std::min(count, tokens_.size() - first);
     const auto begin = tokens_.begin() + static_cast<std::ptrdiff_t>(first);
     const auto at = tokens_.erase(begin, begin + static_cast<std::ptrdiff_t>(count));
     tokens_.insert(at, with.begin(), with.end());

@@ -8,6 +8,7 @@
 #include <QMenu>
 #include <QMouseEvent>
 #include <QPainter>
+#include <QPointer>
 #include <QStyle>
 #include <algorithm>
 #include <cmath>
@@ -22,7 +23,7 @@ constexpr int kLeastEditor = 40;  // room to type in
 /// Completions take no keys but those that choose; all others are typed on.
 class CompletionMenu final : public QMenu {
 public:
-    CompletionMenu(QWidget& field, QWidget& editor) : QMenu(&field), editor_(editor) {
+    CompletionMenu(QWidget& field, QWidget& editor) : QMenu(&field), editor_(&editor) {
         setAttribute(Qt::WA_DeleteOnClose);
     }
 
@@ -37,11 +38,11 @@ protected:
         default: break;
         }
         close();
-        QCoreApplication::sendEvent(&editor_, event);
+        if (editor_) QCoreApplication::sendEvent(editor_, event);
     }
 
 private:
-    QWidget& editor_;
+    QPointer<QWidget> editor_;
 };
 
 }  // namespace
@@ -60,8 +61,12 @@ QString TokenWidget::accessibleText() const {
 
 void TokenWidget::syncParts(NSTextField& field) {
     const auto& cell = static_cast<NSTokenField&>(field).tokenCell();
-    texts_.clear();
-    for (const id& token : cell.tokens()) texts_.push_back(qtText(cell.textOf(token)));
+    // The delegate that is asked may change the tokens.
+    const std::vector<id> tokens = cell.tokens();
+    std::vector<QString> texts;
+    for (const id& token : tokens) texts.push_back(qtText(cell.textOf(token)));
+    if (tokens != cell.tokens()) return;  // and they are shown already
+    texts_ = std::move(texts);
     if (FieldEditor* shown = editor(); shown && !texts_.empty())
         shown->setLooks(alignmentOf(cell.alignment(), {}, layoutDirection()), {}, !cell.isEditable());
 }

@@ -13,8 +13,6 @@ namespace velt {
 class TokenWidget final : public FieldWidget {
 public:
     TokenWidget();
-    /// Where the tokens stand; for those who click on them.
-    const std::vector<QRect>& places() const { return places_; }
     /// Shows the completions of what is typed after some seconds, if there are any.
     void offerCompletions(double seconds);
     QString accessibleText() const override;

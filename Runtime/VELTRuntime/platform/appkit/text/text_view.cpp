@@ -61,9 +61,7 @@ void NSTextView::setString(const id& text) {
 void NSTextView::requireRange(const char* operation, NSRange range) const {
     const std::size_t length = textLength();
     if (range.location <= length && range.length <= length - range.location) return;
-    std::size_t end = 0;
-    if (__builtin_add_overflow(range.location, range.length, &end)) end = LONG_MAX;
-    velt::raiseRange("'" + isa().name() + "' " + operation, static_cast<long long>(end), length);
+    velt::raiseRange("'" + isa().name() + "' " + operation, range.location, range.length, length);
 }
 
 void NSTextView::replaceCharacters(NSRange range, const id& text) {
