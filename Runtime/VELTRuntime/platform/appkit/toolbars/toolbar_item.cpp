@@ -106,8 +106,9 @@ void NSToolbarItem::changed() {
 }
 
 void NSToolbarItem::setLabel(const id& label) {
-    label_ = textOrEmpty(label);
-    changed();
+    const id before = std::exchange(label_, textOrEmpty(label));
+    // Programs set it whenever they are asked about the item.
+    if (!velt::isEqual(before, label_)) changed();
 }
 void NSToolbarItem::setPaletteLabel(const id& label) {
     paletteLabel_ = textOrEmpty(label);
@@ -124,7 +125,8 @@ void NSToolbarItem::setImage(const id& image) {
 
 id NSToolbarItem::view() const { return view_; }
 void NSToolbarItem::setView(NSView* view) {
-    view_ = Ref<NSView>(view);
+    const Ref<NSView> before = std::exchange(view_, Ref<NSView>(view));
+    if (toolbar_ && before.get() != view) toolbar_->itemViewChanged(before.get(), view);
     if (view && minSize_.width == 0 && minSize_.height == 0) minSize_ = view->frame().size;
     if (view && maxSize_.width == 0 && maxSize_.height == 0) maxSize_ = view->frame().size;
     changed();
