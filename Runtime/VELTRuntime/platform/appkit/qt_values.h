@@ -1,4 +1,4 @@
-// Texts and colours between the values of programs and those of the toolkit.
+// Texts, colours and alignments between the values of programs and those of the toolkit.
 #pragma once
 
 #include "VELTRuntime/platform/appkit/color.h"
@@ -24,6 +24,18 @@ inline id textValue(const QString& text) {
 inline QColor qtColor(const NSColor& color) {
     return QColor::fromRgbF(static_cast<float>(color.redComponent()), static_cast<float>(color.greenComponent()),
                             static_cast<float>(color.blueComponent()), static_cast<float>(color.alphaComponent()));
+}
+
+/// The toolkit's alignment for a program's code: left (0), right (1), centred (2), justified (3). Any other code is
+/// where people begin to read.
+inline Qt::Alignment qtAlignment(long alignment) {
+    switch (alignment) {
+    case 0: return Qt::AlignLeft | Qt::AlignAbsolute;
+    case 1: return Qt::AlignRight | Qt::AlignAbsolute;
+    case 2: return Qt::AlignHCenter;
+    case 3: return Qt::AlignJustify;
+    default: return Qt::AlignLeading;
+    }
 }
 
 /// A new colour value, in the steps of the screen.
