@@ -110,10 +110,11 @@ long NSBrowser::rowsOfColumn(long column) {
 
 void NSBrowser::openColumn() {
     auto& area = static_cast<QScrollArea&>(widget());
-    const long place = lastColumn() + 1;
+    const long place = lastColumn() + 1, rows = rowsOfColumn(place);
+    if (place != lastColumn() + 1) return;  // who was asked has loaded the columns anew
     auto* column = new BrowserColumn(*this, place, area.widget());
     columns_.push_back(column);
-    column->rows().setRows(static_cast<int>(rowsOfColumn(place)));
+    column->rows().setRows(static_cast<int>(rows));
     column->list().setFont(area.font());
     layOutColumns();
     column->show();
@@ -138,18 +139,15 @@ void NSBrowser::addColumn() {
 
 void NSBrowser::reloadColumn(long place) {
     if (place < 0 || place > lastColumn()) return;
+    const auto rows = static_cast<int>(rowsOfColumn(place));
+    if (place > lastColumn()) return;  // who was asked has closed it
     BrowserColumn& column = *columns_[static_cast<std::size_t>(place)];
     const int row = column.selectedRow();
     choosing_ = true;
-    column.rows().setRows(static_cast<int>(rowsOfColumn(place)));
+    column.rows().setRows(rows);
+    if (row >= 0 && row < rows) column.list().setCurrentIndex(column.rows().index(row));
     choosing_ = false;
-    if (row >= 0 && row < column.rows().rowCount()) {
-        choosing_ = true;
-        column.list().setCurrentIndex(column.rows().index(row));
-        choosing_ = false;
-    } else if (row >= 0) {
-        closeColumnsAfter(place);
-    }
+    if (row >= rows) closeColumnsAfter(place);
 }
 
 id NSBrowser::newCell(long row, long column) {
@@ -250,7 +248,10 @@ bool NSBrowser::setPath(const id& path) {
         if (place > lastColumn()) return false;
         const int rows = columns_[static_cast<std::size_t>(place)]->rows().rowCount();
         int row = 0;
-        while (row < rows && velt::qtText(velt::as<NSCell>(loadedCell(row, place))->stringValue()) != part) ++row;
+        const auto shows = [&](const id& cell) {
+            return velt::is<NSCell>(cell) && velt::qtText(velt::as<NSCell>(cell)->stringValue()) == part;
+        };
+        while (row < rows && !shows(loadedCell(row, place))) ++row;
         if (row == rows) return false;
         selectRow(row, place);
         ++place;

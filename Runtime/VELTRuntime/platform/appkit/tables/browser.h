@@ -73,7 +73,7 @@ public:
     void setMaxVisibleColumns(long count);
     bool allowsEmptySelection() const { return allowsEmpty_; }
     void setAllowsEmptySelection(bool flag) { allowsEmpty_ = flag; }
-    /// A chosen cell that opens a column sends the action too.
+    /// Keys that choose a cell send the action, as the mouse does.
     bool sendsActionOnArrowKeys() const { return sendsOnArrows_; }
     void setSendsActionOnArrowKeys(bool flag) { sendsOnArrows_ = flag; }
     id doubleActionName() const { return doubleAction_ ? velt::string(doubleAction_.name()) : nil; }
