@@ -49,6 +49,24 @@ public:
     std::string heard;
 };
 
+/// Answers what an outline asks about its items.
+class ItemDelegate : public NSObject {
+    VELT_OBJECT(ItemDelegate, NSObject)
+public:
+    bool maySelect(const id&, const id& item) { return velt::utf8(item) != "1"; }
+    void display(const id&, const id& cell, const id&, const id& item) {
+        velt::send(cell, "setStringValue:", str("(" + velt::utf8(item) + ")"));
+    }
+    id toolTip(const id&, const id&, const id& item) { return str("tip " + velt::utf8(item)); }
+    id searched(const id&, const id&, const id& item) { return str("item " + velt::utf8(item)); }
+    static void describe(velt::ClassBuilder<ItemDelegate>& c) {
+        c.method("outlineView:shouldSelectItem:", &ItemDelegate::maySelect)
+            .method("outlineView:willDisplayCell:forTableColumn:item:", &ItemDelegate::display)
+            .method("outlineView:toolTipForTableColumn:item:", &ItemDelegate::toolTip)
+            .method("outlineView:typeSelectStringForTableColumn:item:", &ItemDelegate::searched);
+    }
+};
+
 struct Outline {
     Outline() {
         velt::send(outline, "setFrame:", rect(10, 10, 300, 200));
@@ -112,6 +130,38 @@ TEST(OutlineViews, KeepWhatIsOpenAndSelectedWhenTheyAreLoadedAnew) {
     EXPECT_EQ(4, shown.view().numberOfRows());
 }
 
+TEST(OutlineViews, SelectTheRowsOfOpenItemsAmongTheOthers) {
+    const Outline shown;
+    const auto rows = [](std::vector<NSRange> ranges) { return id(velt::make<NSIndexSet>(ranges)); };
+    shown.view().setAllowsMultipleSelection(true);
+    shown.view().expandItem(shown.item("0"));  // its children are the rows 1 and 2
+    shown.view().selectRowIndexes(rows({{0, 4}}), false);
+    EXPECT_VALUE("NSIndexSet <NSIndexSet 0-3>", shown.view().selectedRowIndexes());
+    EXPECT_EQ(4, shown.view().numberOfSelectedRows());
+    shown.view().selectRowIndexes(rows({{0, 2}}), false);
+    EXPECT_VALUE("NSIndexSet <NSIndexSet 0-1>", shown.view().selectedRowIndexes());
+    shown.view().selectRowIndexes(rows({{3, 5}}), true);
+    EXPECT_VALUE("NSIndexSet <NSIndexSet 0-1 3>", shown.view().selectedRowIndexes());
+    shown.view().selectRowIndexes(rows({{0, 1}, {3, 1}}), false);
+    EXPECT_VALUE("NSIndexSet <NSIndexSet 0 3>", shown.view().selectedRowIndexes());
+    shown.view().selectAll(nil);
+    EXPECT_VALUE("NSIndexSet <NSIndexSet 0-3>", shown.view().selectedRowIndexes());
+}
+
+TEST(OutlineViews, AskTheirDelegateAboutItems) {
+    const Outline shown;
+    const Ref<ItemDelegate> delegate = velt::make<ItemDelegate>();
+    shown.view().setDelegate(delegate);
+    const QModelIndex first = shown.tree().model()->index(0, 0), second = first.siblingAtRow(1);
+    EXPECT_VALUE("'1'", shown.view().valueAt(second));
+    EXPECT_TRUE(shown.view().maySelect(first));
+    EXPECT_FALSE(shown.view().maySelect(second));
+    EXPECT_FALSE(shown.view().mayEdit(second));
+    EXPECT_VALUE("'(1)'", velt::send(shown.view().preparedCell(second), "stringValue"));
+    EXPECT_VALUE("'tip 1'", shown.view().toolTipAt(second));
+    EXPECT_EQ(QStringLiteral("item 1"), shown.view().searchedText(second));
+}
+
 TEST(OutlineViews, AreWorkedByKeys) {
     const Outline shown;
     shown.view().selectRow(0, false);
@@ -131,7 +181,10 @@ namespace {
 class DigitSource : public NSObject {
     VELT_OBJECT(DigitSource, NSObject)
 public:
-    long count(const id&, long column) { return column < 3 ? 10 : 0; }
+    long count(const id&, long column) {
+        if (raises) velt::raise("CountException", "nobody knows");
+        return column < 3 ? 10 : 0;
+    }
     void display(const id&, const id& cell, long row, long column) {
         asked += 1;
         velt::send(cell, "setStringValue:", str(std::to_string(row)));
@@ -146,6 +199,7 @@ public:
             .method("opened:", &DigitSource::opened);
     }
     int asked = 0;
+    bool raises = false;
     std::string heard;
     std::string told() { return std::exchange(heard, ""); }
 };
@@ -226,4 +280,17 @@ TEST(Browsers, AreWorkedByKeys) {
     EXPECT_EQ("open /2/0 ", shown.source->told());
     QTest::keyClick(&shown.list(1), Qt::Key_Left);
     EXPECT_TRUE(shown.list(0).hasFocus());
+}
+
+TEST(Browsers, AreWorkedAfterTheirDelegateHasRaised) {
+    const Browser shown;
+    shown.source->raises = true;
+    EXPECT_RAISES("CountException: nobody knows", shown.browser().reloadColumn(0));
+    EXPECT_RAISES("CountException: nobody knows", shown.browser().addColumn());
+    EXPECT_EQ(0, shown.browser().lastColumn());
+    shown.source->raises = false;
+    shown.click(0, 4);
+    EXPECT_EQ(1, shown.browser().lastColumn());
+    shown.browser().reloadColumn(0);
+    EXPECT_VALUE("'/4'", shown.browser().path());
 }

@@ -153,15 +153,11 @@ QModelIndex OutlineModel::findNear(const QModelIndex& parent, int row, const id&
 
 void OutlineModel::reset() {
     beginResetModel();
-    clear();
-    endResetModel();
-}
-
-void OutlineModel::clear() {
     ++loads_;
     nodes_.clear();
     root_.children.clear();
     root_.counted = false;
+    endResetModel();
 }
 
 void OutlineModel::forgetItems(OutlineNode& node) const {

@@ -55,8 +55,6 @@ public:
     void resetChildren(const QModelIndex& parent);
     void itemChanged(const QModelIndex& index);
     void visitOwned(OwnedVisitor& visitor);
-    /// Loses every item without telling anyone: the outline goes.
-    void clear();
 
 private:
     // An index carries the parent's node, so that nothing is made for a child that nobody asks for.

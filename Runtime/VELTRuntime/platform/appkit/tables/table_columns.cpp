@@ -179,7 +179,7 @@ void NSTableView::columnResized(int section, int width) {
 }
 
 void NSTableView::columnMoved(int from, int to) {
-    if (syncing_ || from == to) return;
+    if (std::max(from, to) >= numberOfColumns()) return;  // the program has taken some away since
     QHeaderView& header = headerOf(itemView());
     // The columns take their new order themselves, and the header's sections go back to where they were.
     syncing_ = true;
