@@ -117,6 +117,11 @@ template <class... A> id send(const id& receiver, std::string_view selector, con
 /// The receiver's class has the method; False for nil.
 VELT_EXPORT bool respondsTo(const id& receiver, Selector selector);
 
+/// The action that a program names by a string; an empty selector for nil. Other values raise their cast failure.
+VELT_EXPORT Selector actionNamed(const id& name);
+/// An action's name as programs are told it; nil for an empty selector.
+VELT_EXPORT id actionName(Selector action);
+
 /// Raises the failure of a message that the receiver lacks.
 [[noreturn]] VELT_EXPORT void raiseNotUnderstood(const id& receiver, std::string_view selector);
 

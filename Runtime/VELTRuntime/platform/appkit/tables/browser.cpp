@@ -203,9 +203,7 @@ void NSBrowser::rowSelected(BrowserColumn& column) {
 void NSBrowser::columnClicked() { worked(); }
 void NSBrowser::columnDoubleClicked() { sendAction(doubleAction_, target()); }
 
-void NSBrowser::setDoubleActionName(const id& name) {
-    doubleAction_ = name.isNil() ? Selector() : Selector::named(velt::utf8(VELT_CSTRING(name)));
-}
+void NSBrowser::setDoubleActionName(const id& name) { doubleAction_ = velt::actionNamed(name); }
 
 bool NSBrowser::moveToColumn(const BrowserColumn& from, int step) {
     const long place = from.place() + step;

@@ -76,7 +76,7 @@ public:
     /// Keys that choose a cell send the action, as the mouse does.
     bool sendsActionOnArrowKeys() const { return sendsOnArrows_; }
     void setSendsActionOnArrowKeys(bool flag) { sendsOnArrows_ = flag; }
-    id doubleActionName() const { return doubleAction_ ? velt::string(doubleAction_.name()) : nil; }
+    id doubleActionName() const { return velt::actionName(doubleAction_); }
     void setDoubleActionName(const id& name);
     void scrollColumnToVisible(long column);
 

@@ -61,6 +61,7 @@ private:
     OutlineNode& nodeAt(const QModelIndex& index) const;
     QModelIndex placeOf(const OutlineNode& node) const { return createIndex(node.row, 0, node.parent); }
     void count(OutlineNode& node) const;
+    long askCount(const OutlineNode& node) const;
     OutlineNode& child(OutlineNode& node, int row) const;
     void forgetItems(OutlineNode& node) const;
     OutlineNode* findBelow(OutlineNode& node, const id& item) const;

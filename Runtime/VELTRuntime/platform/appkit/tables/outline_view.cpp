@@ -100,7 +100,7 @@ void NSOutlineView::reloadItemWithChildren(const id& item, bool children) {
         return;
     }
     requireLoaded();
-    const QModelIndex index = model().indexOfItem(item);
+    const QPersistentModelIndex index = model().indexOfItem(item);
     if (!index.isValid()) return;
     if (children) model().resetChildren(index);
     model().itemChanged(index);

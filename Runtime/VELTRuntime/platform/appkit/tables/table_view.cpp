@@ -253,9 +253,7 @@ void NSTableView::openRow(const QModelIndex& index) {
     velt::runReported([&] { kept->sendAction(kept->doubleAction_, kept->target()); });
 }
 
-void NSTableView::setDoubleActionName(const id& name) {
-    doubleAction_ = name.isNil() ? Selector() : Selector::named(velt::utf8(VELT_CSTRING(name)));
-}
+void NSTableView::setDoubleActionName(const id& name) { doubleAction_ = velt::actionNamed(name); }
 
 void NSTableView::editColumn(long column, long row, const id&, bool) {
     if (row < 0 || row >= numberOfRows() || column < 0 || column >= numberOfColumns()) return;

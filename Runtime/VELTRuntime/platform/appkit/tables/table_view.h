@@ -87,7 +87,7 @@ public:
     void setAllowsEmptySelection(bool flag) { allowsEmpty_ = flag; }
 
     // Work.
-    id doubleActionName() const { return doubleAction_ ? velt::string(doubleAction_.name()) : nil; }
+    id doubleActionName() const { return velt::actionName(doubleAction_); }
     void setDoubleActionName(const id& name);
     /// Begins the editing of a cell.
     void editColumn(long column, long row, const id& event, bool select);

@@ -155,10 +155,8 @@ void NSToolbarItem::setEnabled(bool flag) {
     if (toolbar_) toolbar_->itemEnabledChanged(*this);
 }
 
-id NSToolbarItem::actionName() const { return action_ ? velt::string(action_.name()) : nil; }
-void NSToolbarItem::setActionName(const id& name) {
-    action_ = name.isNil() ? velt::Selector() : velt::Selector::named(velt::utf8(VELT_CSTRING(name)));
-}
+id NSToolbarItem::actionName() const { return velt::actionName(action_); }
+void NSToolbarItem::setActionName(const id& name) { action_ = velt::actionNamed(name); }
 
 id NSToolbarItem::toolbar() const { return id(static_cast<NSObject*>(toolbar_)); }
 
