@@ -23,7 +23,7 @@ public:
         const std::string name = (item.isNil() ? "" : velt::utf8(item) + "/") + std::to_string(index);
         return items.try_emplace(name, str(name)).first->second;
     }
-    bool expandable(const id&, const id& item) { return level(item) < 3; }
+    bool expandable(const id&, const id& item) { return level(item) < 3 && velt::utf8(item) != leaf; }
     id value(const id&, const id&, const id& item) { return item; }
     bool mayExpand(const id&, const id& item) { return velt::utf8(item) != "1"; }
     void expanded(const id& note) {
@@ -46,7 +46,7 @@ public:
         return 1 + std::count(name.begin(), name.end(), '/');
     }
     std::map<std::string, id> items;
-    std::string heard;
+    std::string heard, leaf;
 };
 
 /// Answers what an outline asks about its items.
@@ -128,6 +128,15 @@ TEST(OutlineViews, KeepWhatIsOpenAndSelectedWhenTheyAreLoadedAnew) {
     EXPECT_EQ(2, shown.view().selectedRow());
     shown.view().reloadItemWithChildren(shown.item("0"), true);
     EXPECT_EQ(4, shown.view().numberOfRows());
+}
+
+TEST(OutlineViews, LoseTheChildrenOfAnItemThatCanNoLongerBeOpened) {
+    const Outline shown;
+    shown.view().expandItem(shown.item("0"));
+    EXPECT_EQ(4, shown.view().numberOfRows());
+    shown.source->leaf = "0";
+    shown.view().reloadItemWithChildren(shown.item("0"), true);
+    EXPECT_EQ(2, shown.view().numberOfRows());
 }
 
 TEST(OutlineViews, SelectTheRowsOfOpenItemsAmongTheOthers) {
@@ -293,4 +302,15 @@ TEST(Browsers, AreWorkedAfterTheirDelegateHasRaised) {
     EXPECT_EQ(1, shown.browser().lastColumn());
     shown.browser().reloadColumn(0);
     EXPECT_VALUE("'/4'", shown.browser().path());
+}
+
+TEST(Browsers, KeepATitleForAColumnThatIsNotThereYet) {
+    const Browser shown;
+    shown.browser().setTitleOfColumn(str("Tens"), 1);
+    shown.browser().setTitleOfColumn(str("Far"), 1L << 60);
+    shown.click(0, 4);
+    EXPECT_VALUE("'Tens'", shown.browser().titleOfColumn(1));
+    EXPECT_VALUE("'Far'", shown.browser().titleOfColumn(1L << 60));
+    shown.browser().setTitleOfColumn(nil, 1);
+    EXPECT_VALUE("'4'", shown.browser().titleOfColumn(1));
 }

@@ -96,6 +96,7 @@ void NSMenu::insertItem(NSMenuItem* item, long index) {
         for (const QPointer<QWidget>& host : hosts_->widgets) host->insertAction(next, &shown);
     }
     item->sync();
+    if (firstIsTitle_ && place == 0 && items_.size() > 1) items_[1]->sync();  // it was the title
     if (owner_) owner_->itemsChanged();
 }
 

@@ -289,8 +289,7 @@ id NSBrowser::titleOfColumn(long column) {
         id title = velt::send(delegate(), asks, object(this), VELT_ID(column));
         if (velt::isString(title)) return title;
     }
-    const auto place = static_cast<std::size_t>(column);
-    if (column >= 0 && place < titles_.size() && !titles_[place].isNil()) return titles_[place];
+    if (const auto own = titles_.find(column); own != titles_.end() && !own->second.isNil()) return own->second;
     // The title of a column is what it belongs to.
     const id cell = column > 0 ? selectedCellInColumn(column - 1) : nil;
     return velt::is<NSCell>(cell) ? velt::as<NSCell>(cell)->stringValue() : velt::string(std::u16string_view());
@@ -298,9 +297,7 @@ id NSBrowser::titleOfColumn(long column) {
 
 void NSBrowser::setTitleOfColumn(const id& title, long column) {
     if (column < 0) return;
-    const auto place = static_cast<std::size_t>(column);
-    if (titles_.size() <= place) titles_.resize(place + 1);
-    titles_[place] = title;
+    titles_[column] = title;
     syncTitles();
 }
 
@@ -335,7 +332,7 @@ void NSBrowser::syncWidget(QWidget& shown) {
 
 void NSBrowser::visitOwned(velt::OwnedVisitor& visitor) {
     for (BrowserColumn* column : columns_) column->rows().visitOwned(visitor);
-    for (id& title : titles_) visitor.visit(title);
+    for (auto& [column, title] : titles_) visitor.visit(title);
     NSControl::visitOwned(visitor);
 }
 

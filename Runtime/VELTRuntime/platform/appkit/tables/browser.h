@@ -4,6 +4,7 @@
 #include "VELTRuntime/platform/appkit/controls/control.h"
 #include "VELTRuntime/values/string.h"
 
+#include <map>
 #include <memory>
 #include <vector>
 
@@ -110,7 +111,7 @@ private:
     long rowsOfColumn(long column);
 
     std::vector<velt::BrowserColumn*> columns_;  // the toolkit's widget owns them
-    std::vector<id> titles_;
+    std::map<long, id> titles_;                  // by column
     id separator_;
     velt::Selector doubleAction_;
     double minColumnWidth_ = 120;
