@@ -86,9 +86,9 @@ id NSOutlineView::columnCell(const id& column, const QModelIndex&) {
 
 void NSOutlineView::tellSelection(bool changing) {
     if (changing) {
-        tellDelegate("outlineViewSelectionIsChanging:", "NSOutlineViewSelectionIsChangingNotification");
+        tell("outlineViewSelectionIsChanging:", "NSOutlineViewSelectionIsChangingNotification");
     } else {
-        tellDelegate("outlineViewSelectionDidChange:", "NSOutlineViewSelectionDidChangeNotification");
+        tell("outlineViewSelectionDidChange:", "NSOutlineViewSelectionDidChangeNotification");
     }
 }
 
@@ -131,9 +131,9 @@ void NSOutlineView::expansionChanged(const QModelIndex& index, bool expanded) {
     Ref<NSMutableDictionary> info = velt::make<NSMutableDictionary>();
     info->setObject(model().itemAt(index), velt::string(u"NSObject"));
     if (expanded) {
-        tellDelegate("outlineViewItemDidExpand:", "NSOutlineViewItemDidExpandNotification", info);
+        tell("outlineViewItemDidExpand:", "NSOutlineViewItemDidExpandNotification", info);
     } else {
-        tellDelegate("outlineViewItemDidCollapse:", "NSOutlineViewItemDidCollapseNotification", info);
+        tell("outlineViewItemDidCollapse:", "NSOutlineViewItemDidCollapseNotification", info);
     }
 }
 

@@ -196,14 +196,8 @@ bool NSTableView::mayEdit(const QModelIndex& index) {
 
 // A person's work.
 
-bool NSTableView::tellDelegate(const char* selector, const char* notification, const id& userInfo) {
-    const Ref<NSNotification> told =
-        velt::make<NSNotification>(velt::string(std::string_view(notification)), object(this), userInfo);
-    const Selector tells = Selector::named(selector);
-    const bool answers = velt::respondsTo(delegate(), tells);
-    if (answers) velt::send(delegate(), tells, told);
-    NSNotificationCenter::defaultCenter().post(*told);
-    return answers;
+void NSTableView::tell(std::string_view selector, std::string_view notification, const id& userInfo) {
+    velt::tellDelegateAndObservers(delegate(), selector, notification, object(this), userInfo);
 }
 
 void NSTableView::selectionChanged() {
@@ -214,9 +208,9 @@ void NSTableView::selectionChanged() {
 
 void NSTableView::tellSelection(bool changing) {
     if (changing) {
-        tellDelegate("tableViewSelectionIsChanging:", "NSTableViewSelectionIsChangingNotification");
+        tell("tableViewSelectionIsChanging:", "NSTableViewSelectionIsChangingNotification");
     } else {
-        tellDelegate("tableViewSelectionDidChange:", "NSTableViewSelectionDidChangeNotification");
+        tell("tableViewSelectionDidChange:", "NSTableViewSelectionDidChangeNotification");
     }
 }
 

@@ -201,7 +201,7 @@ protected:
     QAbstractItemView& itemView();
     QAbstractItemView* existingItemView() const;
     virtual void tellSelection(bool changing);
-    bool tellDelegate(const char* selector, const char* notification, const id& userInfo = nil);
+    void tell(std::string_view selector, std::string_view notification, const id& userInfo = nil);
     void columnsChanged();
     virtual long shownRows();
     bool isLoaded() const { return loaded_; }

@@ -173,10 +173,7 @@ Ref<NSToolbarItem> NSToolbar::itemFor(const id& identifier, bool inserted) {
 void NSToolbar::tell(std::string_view selector, std::string_view notification, NSToolbarItem& item) {
     Ref<NSMutableDictionary> info = velt::make<NSMutableDictionary>();
     info->setObject(object(&item), velt::string(u"item"));
-    const Ref<NSNotification> told = velt::make<NSNotification>(velt::string(notification), object(this), info);
-    const velt::Selector named = velt::Selector::named(selector);
-    if (velt::respondsTo(delegate_, named)) velt::send(delegate_, named, told);
-    NSNotificationCenter::defaultCenter().post(*told);
+    velt::tellDelegateAndObservers(delegate_, selector, notification, object(this), info);
 }
 
 void NSToolbar::append(Ref<NSToolbarItem> item, std::size_t place) {
