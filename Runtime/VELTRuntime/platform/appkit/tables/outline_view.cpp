@@ -79,7 +79,7 @@ const velt::RowMessages& NSOutlineView::rowMessages() const {
 
 id NSOutlineView::rowArgument(const QModelIndex& index) { return model().itemAt(index); }
 
-/// Nobody is asked for the number of the row, which is counted from the top.
+/// By the column alone: the number of the row would have to be counted from the top.
 id NSOutlineView::columnCell(const id& column, const QModelIndex&) {
     return velt::send(column, VELT_SELECTOR("dataCell"));
 }
