@@ -130,6 +130,9 @@ TEST(Matrices, RefuseRowsOfOtherThings) {
     EXPECT_VALUE("q 0", velt::send(matrix, "numberOfRows"));
     EXPECT_CAST_FAILURE("'NSCell' expected", VELT_NSMATRIX_ADDROW(matrix, array(str("x"))));
     EXPECT_CAST_FAILURE("'Integer' expected", VELT_NSMATRIX_MODE(matrix, array()));
+    const id cell = velt::make<NSActionCell>();
+    EXPECT_CAST_FAILURE("'NSCell' expected", velt::send(matrix, "addRowWithCells:", array(cell, str("x"))));
+    EXPECT_TRUE(velt::send(cell, "controlView").isNil());
     EXPECT_RAISES("NSRangeException: 'NSMatrix' removeRow:: index 7 is out of range; the count is 1",
                   velt::send(matrix, "removeRow:", VELT_ID(7L)));
     EXPECT_TRUE(VELT_NSMATRIX_ADDROW(nil, array()).isNil());

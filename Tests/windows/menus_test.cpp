@@ -9,6 +9,7 @@
 #include <QMenu>
 #include <QMenuBar>
 #include <QTimer>
+#include <functional>
 
 using namespace velt::test;
 using velt::Ref;
@@ -26,6 +27,7 @@ public:
     void quit() { heard += "quit "; }
     bool validate(const id& item) {
         heard += "validate ";
+        if (onAsked) onAsked();
         return velt::utf8(velt::send(item, "title")) != "Refused";
     }
     static void describe(velt::ClassBuilder<MenuListener>& c) {
@@ -36,6 +38,7 @@ public:
             .method("quit", &MenuListener::quit)
             .method("validateMenuItem:", &MenuListener::validate);
     }
+    std::function<void()> onAsked;
     std::string heard;
     std::string told() { return std::exchange(heard, ""); }
 };
@@ -393,4 +396,26 @@ TEST(HelpMenus, SearchTheTitlesOfTheMainMenuUnlessTheProgramWantsNone) {
     EXPECT_TRUE(menuOf(file).widget().findChild<QLineEdit*>());
     menuOf(file).widget().close();
     application.setHelpMenu(before);
+}
+
+TEST(HelpMenus, BearAMainMenuThatChangesWhileItIsSearched) {
+    const Ref<MenuListener> listener = velt::make<MenuListener>();
+    const id main = VELT_NSMENU_INIT(nil, "Main"), file = VELT_NSMENU_INIT(nil, "File");
+    const id help = VELT_NSMENU_INIT(nil, "Help");
+    menuOf(file).setAutoenablesItems(true);
+    VELT_NSMENU_APPEND(file, VELT_NSMENUITEM_INIT(listener, "save:", str("Save")));
+    VELT_NSMENU_APPEND(main, file);
+    VELT_NSMENU_APPEND(main, help);
+    const MainMenu scope(main);
+    QMenu& widget = opened(help);
+    auto* field = widget.findChild<QLineEdit*>();
+    ASSERT_TRUE(field);
+    listener->onAsked = [&] {
+        while (menuOf(main).numberOfItems() < 40) VELT_NSMENU_APPEND(main, str("More"));
+    };
+    QTest::keyClicks(field, "s");
+    EXPECT_EQ(40, menuOf(main).numberOfItems());
+    EXPECT_EQ(QStringLiteral("File ▸ Save"), widget.actions().at(1)->text());
+    widget.close();
+    listener->onAsked = nullptr;
 }

@@ -23,7 +23,7 @@ public:
         const std::string name = (item.isNil() ? "" : velt::utf8(item) + "/") + std::to_string(index);
         return items.try_emplace(name, str(name)).first->second;
     }
-    bool expandable(const id&, const id& item) { return level(item) < 3; }
+    bool expandable(const id&, const id& item) { return level(item) < 3 && velt::utf8(item) != leaf; }
     id value(const id&, const id&, const id& item) { return item; }
     bool mayExpand(const id&, const id& item) { return velt::utf8(item) != "1"; }
     void expanded(const id& note) {
@@ -46,7 +46,25 @@ public:
         return 1 + std::count(name.begin(), name.end(), '/');
     }
     std::map<std::string, id> items;
-    std::string heard;
+    std::string heard, leaf;
+};
+
+/// Answers what an outline asks about its items.
+class ItemDelegate : public NSObject {
+    VELT_OBJECT(ItemDelegate, NSObject)
+public:
+    bool maySelect(const id&, const id& item) { return velt::utf8(item) != "1"; }
+    void display(const id&, const id& cell, const id&, const id& item) {
+        velt::send(cell, "setStringValue:", str("(" + velt::utf8(item) + ")"));
+    }
+    id toolTip(const id&, const id&, const id& item) { return str("tip " + velt::utf8(item)); }
+    id searched(const id&, const id&, const id& item) { return str("item " + velt::utf8(item)); }
+    static void describe(velt::ClassBuilder<ItemDelegate>& c) {
+        c.method("outlineView:shouldSelectItem:", &ItemDelegate::maySelect)
+            .method("outlineView:willDisplayCell:forTableColumn:item:", &ItemDelegate::display)
+            .method("outlineView:toolTipForTableColumn:item:", &ItemDelegate::toolTip)
+            .method("outlineView:typeSelectStringForTableColumn:item:", &ItemDelegate::searched);
+    }
 };
 
 struct Outline {
@@ -112,6 +130,47 @@ TEST(OutlineViews, KeepWhatIsOpenAndSelectedWhenTheyAreLoadedAnew) {
     EXPECT_EQ(4, shown.view().numberOfRows());
 }
 
+TEST(OutlineViews, LoseTheChildrenOfAnItemThatCanNoLongerBeOpened) {
+    const Outline shown;
+    shown.view().expandItem(shown.item("0"));
+    EXPECT_EQ(4, shown.view().numberOfRows());
+    shown.source->leaf = "0";
+    shown.view().reloadItemWithChildren(shown.item("0"), true);
+    EXPECT_EQ(2, shown.view().numberOfRows());
+}
+
+TEST(OutlineViews, SelectTheRowsOfOpenItemsAmongTheOthers) {
+    const Outline shown;
+    const auto rows = [](std::vector<NSRange> ranges) { return id(velt::make<NSIndexSet>(ranges)); };
+    shown.view().setAllowsMultipleSelection(true);
+    shown.view().expandItem(shown.item("0"));  // its children are the rows 1 and 2
+    shown.view().selectRowIndexes(rows({{0, 4}}), false);
+    EXPECT_VALUE("NSIndexSet <NSIndexSet 0-3>", shown.view().selectedRowIndexes());
+    EXPECT_EQ(4, shown.view().numberOfSelectedRows());
+    shown.view().selectRowIndexes(rows({{0, 2}}), false);
+    EXPECT_VALUE("NSIndexSet <NSIndexSet 0-1>", shown.view().selectedRowIndexes());
+    shown.view().selectRowIndexes(rows({{3, 5}}), true);
+    EXPECT_VALUE("NSIndexSet <NSIndexSet 0-1 3>", shown.view().selectedRowIndexes());
+    shown.view().selectRowIndexes(rows({{0, 1}, {3, 1}}), false);
+    EXPECT_VALUE("NSIndexSet <NSIndexSet 0 3>", shown.view().selectedRowIndexes());
+    shown.view().selectAll(nil);
+    EXPECT_VALUE("NSIndexSet <NSIndexSet 0-3>", shown.view().selectedRowIndexes());
+}
+
+TEST(OutlineViews, AskTheirDelegateAboutItems) {
+    const Outline shown;
+    const Ref<ItemDelegate> delegate = velt::make<ItemDelegate>();
+    shown.view().setDelegate(delegate);
+    const QModelIndex first = shown.tree().model()->index(0, 0), second = first.siblingAtRow(1);
+    EXPECT_VALUE("'1'", shown.view().valueAt(second));
+    EXPECT_TRUE(shown.view().maySelect(first));
+    EXPECT_FALSE(shown.view().maySelect(second));
+    EXPECT_FALSE(shown.view().mayEdit(second));
+    EXPECT_VALUE("'(1)'", velt::send(shown.view().preparedCell(second), "stringValue"));
+    EXPECT_VALUE("'tip 1'", shown.view().toolTipAt(second));
+    EXPECT_EQ(QStringLiteral("item 1"), shown.view().searchedText(second));
+}
+
 TEST(OutlineViews, AreWorkedByKeys) {
     const Outline shown;
     shown.view().selectRow(0, false);
@@ -131,7 +190,10 @@ namespace {
 class DigitSource : public NSObject {
     VELT_OBJECT(DigitSource, NSObject)
 public:
-    long count(const id&, long column) { return column < 3 ? 10 : 0; }
+    long count(const id&, long column) {
+        if (raises) velt::raise("CountException", "nobody knows");
+        return column < 3 ? 10 : 0;
+    }
     void display(const id&, const id& cell, long row, long column) {
         asked += 1;
         velt::send(cell, "setStringValue:", str(std::to_string(row)));
@@ -146,6 +208,7 @@ public:
             .method("opened:", &DigitSource::opened);
     }
     int asked = 0;
+    bool raises = false;
     std::string heard;
     std::string told() { return std::exchange(heard, ""); }
 };
@@ -226,4 +289,28 @@ TEST(Browsers, AreWorkedByKeys) {
     EXPECT_EQ("open /2/0 ", shown.source->told());
     QTest::keyClick(&shown.list(1), Qt::Key_Left);
     EXPECT_TRUE(shown.list(0).hasFocus());
+}
+
+TEST(Browsers, AreWorkedAfterTheirDelegateHasRaised) {
+    const Browser shown;
+    shown.source->raises = true;
+    EXPECT_RAISES("CountException: nobody knows", shown.browser().reloadColumn(0));
+    EXPECT_RAISES("CountException: nobody knows", shown.browser().addColumn());
+    EXPECT_EQ(0, shown.browser().lastColumn());
+    shown.source->raises = false;
+    shown.click(0, 4);
+    EXPECT_EQ(1, shown.browser().lastColumn());
+    shown.browser().reloadColumn(0);
+    EXPECT_VALUE("'/4'", shown.browser().path());
+}
+
+TEST(Browsers, KeepATitleForAColumnThatIsNotThereYet) {
+    const Browser shown;
+    shown.browser().setTitleOfColumn(str("Tens"), 1);
+    shown.browser().setTitleOfColumn(str("Far"), 1L << 60);
+    shown.click(0, 4);
+    EXPECT_VALUE("'Tens'", shown.browser().titleOfColumn(1));
+    EXPECT_VALUE("'Far'", shown.browser().titleOfColumn(1L << 60));
+    shown.browser().setTitleOfColumn(nil, 1);
+    EXPECT_VALUE("'4'", shown.browser().titleOfColumn(1));
 }

@@ -142,6 +142,20 @@ TEST(PopUpButtons, PullDownAMenuUnderTheirFirstItem) {
     EXPECT_VALUE("q 0", VELT_NSMENUITEM_STATE(pop.cell().itemAtIndex(2)));
 }
 
+TEST(PopUpButtons, ShowTheirTitleAsAnItemWhenAnotherOneComesBeforeIt) {
+    const PopUp pop({"Do", "Cut"});
+    VELT_NSPOPUPBUTTON_PULLSDOWN(pop.button, VELT_ID(BOOL{1}));
+    const auto isVisible = [&](long index) {
+        return velt::as<NSMenuItem>(pop.cell().itemAtIndex(index))->toolkitAction().isVisible();
+    };
+    EXPECT_FALSE(isVisible(0));
+    VELT_NSPOPUPBUTTON_INSERT(pop.button, VELT_ID(0L), str("More"));
+    EXPECT_FALSE(isVisible(0));
+    EXPECT_TRUE(isVisible(1));
+    VELT_NSPOPUPBUTTON_REMOVE(pop.button, VELT_ID(0L));
+    EXPECT_FALSE(isVisible(0));
+}
+
 TEST(PopUpButtons, LetAnItemsOwnActionGoFirst) {
     const PopUp pop({"Red", "Green"});
     const id item = VELT_NSPOPUPBUTTON_OBJECT(pop.button, VELT_ID(1L));

@@ -34,6 +34,7 @@ public:
         heard += "set " + std::to_string(row) + "=" + show(value) + " ";
     }
     void sorted(const id& table, const id&) { heard += "sort " + show(send(table, "sortDescriptors")) + " "; }
+    void moved(const id&) { heard += "moved "; }
     void selected(const id& note) { heard += "selected " + show(send(send(note, "object"), "selectedRow")) + " "; }
     bool mayEdit(const id&, const id&, long row) { return row != 3; }
     bool maySelect(const id&, long row) { return row != 2; }
@@ -44,6 +45,7 @@ public:
             .method("tableView:objectValueForTableColumn:row:", &RowSource::value)
             .method("tableView:setObjectValue:forTableColumn:row:", &RowSource::setValue)
             .method("tableView:sortDescriptorsDidChange:", &RowSource::sorted)
+            .method("tableViewColumnDidMove:", &RowSource::moved)
             .method("tableViewSelectionDidChange:", &RowSource::selected)
             .method("tableView:shouldEditTableColumn:row:", &RowSource::mayEdit)
             .method("tableView:shouldSelectRow:", &RowSource::maySelect)

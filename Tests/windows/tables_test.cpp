@@ -7,6 +7,7 @@
 #include <QAbstractItemView>
 #include <QLineEdit>
 #include <QMenu>
+#include <QScrollBar>
 
 using namespace velt::test;
 using velt::Ref;
@@ -130,10 +131,23 @@ TEST(Tables, KeepTheirColumnsAsThePersonLeavesThem) {
     ASSERT_TRUE(QTest::qWaitFor([&] { return shown.table->columnWithIdentifier(str("name")) == 1; }));
     EXPECT_EQ(QStringLiteral("Done"), header.model()->headerData(0, Qt::Horizontal).toString());
     EXPECT_EQ(0, header.logicalIndex(0));
+    QTest::qWait(20);
+    EXPECT_EQ(1, shown.table->columnWithIdentifier(str("name")));
+    EXPECT_EQ("moved ", shown.source->told());
     shown.done->setHidden(true);
     EXPECT_TRUE(header.isSectionHidden(0));
     shown.table->setHeaderView(nil);
     EXPECT_FALSE(header.isVisible());
+}
+
+TEST(Tables, ScrollToARowWithoutMovingSideways) {
+    const Table shown(1000);
+    shown.name->setWidth(400);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return shown.view().horizontalScrollBar()->maximum() > 0; }));
+    const QModelIndex index = shown.view().model()->index(500, 0);
+    shown.view().scrollTo(index, QAbstractItemView::PositionAtBottom);
+    EXPECT_EQ(shown.view().viewport()->rect().bottom(), shown.view().visualRect(index).bottom());
+    EXPECT_EQ(0, shown.view().horizontalScrollBar()->value());
 }
 
 TEST(Tables, ShowCellsOfEveryKind) {

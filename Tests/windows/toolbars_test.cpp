@@ -8,6 +8,7 @@
 
 #include <QComboBox>
 #include <QMenu>
+#include <QPointer>
 #include <QPushButton>
 #include <QToolButton>
 
@@ -58,7 +59,11 @@ public:
     void willAdd(const id& note) { added += nameIn(note); }
     void didRemove(const id& note) { removed += nameIn(note); }
     void click(const id& sender) { heard += "click " + velt::utf8(VELT_NSTOOLBARITEM_ITEMIDENTIFIER(sender)) + " "; }
-    bool validate(const id& item) { return velt::utf8(VELT_NSTOOLBARITEM_ITEMIDENTIFIER(item)) != refuses; }
+    bool validate(const id& item) {
+        validations += 1;
+        if (relabels) VELT_NSTOOLBARITEM_LABEL(item, str("#" + std::to_string(validations)));
+        return velt::utf8(VELT_NSTOOLBARITEM_ITEMIDENTIFIER(item)) != refuses;
+    }
     static void describe(velt::ClassBuilder<BarOwner>& c) {
         c.method("toolbar:itemForItemIdentifier:willBeInsertedIntoToolbar:", &BarOwner::itemFor)
             .method("toolbarDefaultItemIdentifiers:", &BarOwner::defaults)
@@ -71,7 +76,8 @@ public:
     }
     std::string told() { return std::exchange(heard, ""); }
     std::string heard, added, removed, refuses;
-    bool selects = false;
+    bool selects = false, relabels = false;
+    int validations = 0;
 
 private:
     static std::string nameIn(const id& note) {
@@ -300,6 +306,44 @@ TEST(Toolbars, ShowViewsBetweenTheirSizes) {
     EXPECT_GE(140, velt::as<NSView>(view)->frame().size.width);
     velt::send(bar.toolbar, "removeItemAtIndex:", VELT_ID(3L));
     EXPECT_TRUE(velt::send(view, "window").isNil());
+}
+
+TEST(Toolbars, ShowTheViewThatAnItemIsGivenInPlaceOfAnother) {
+    const ControlWindow window({{50, 60}, {500, 180}});
+    const Bar bar(window);
+    window.show();
+    const id item = velt::arrayOf(velt::send(bar.toolbar, "items"))->at(3);
+    const id before = VELT_NSTOOLBARITEM_VIEW(item), field = VELT_NSTEXTFIELD_INIT(nil, "");
+    const QPointer<QWidget> widget = &velt::as<NSView>(before)->widget();
+    VELT_NSTOOLBARITEM_VIEW(item, field);
+    QTest::qWait(20);
+    EXPECT_EQ(window.window, velt::send(field, "window"));
+    EXPECT_TRUE(velt::as<NSView>(field)->widget().isVisible());
+    EXPECT_TRUE(velt::send(before, "window").isNil());
+    ASSERT_FALSE(widget.isNull());
+    EXPECT_FALSE(widget->isVisible());
+    VELT_NSTOOLBARITEM_VIEW(item, before);
+    EXPECT_TRUE(widget->isVisible());
+    EXPECT_FALSE(velt::as<NSView>(field)->widget().isVisible());
+}
+
+TEST(Toolbars, BearItemsThatAreChangedWhenTheyAreAskedAbout) {
+    const ControlWindow window({{50, 60}, {400, 180}});
+    const Bar bar(window);
+    window.show();
+    VELT_NSWINDOW_WIDTH(window.window, VELT_ID(100L));
+    QTest::qWait(20);
+    ASSERT_TRUE(bar.widget().strip().overflow().isVisible());
+    bar.owner->relabels = true;
+    QMenu* menu = bar.widget().strip().overflow().menu();
+    Q_EMIT menu->aboutToShow();
+    ASSERT_EQ(2, menu->actions().size());
+    EXPECT_EQ(QLatin1Char('#'), menu->actions()[0]->text().at(0));
+    EXPECT_EQ(QLatin1Char('#'), menu->actions()[1]->text().at(0));
+    QTest::qWait(50);
+    const int asked = bar.owner->validations;
+    QTest::qWait(50);
+    EXPECT_EQ(asked, bar.owner->validations);
 }
 
 TEST(Toolbars, PutWhatHasNoRoomIntoAMenu) {

@@ -107,10 +107,7 @@ bool NSApplication::sendAction(Selector action, const id& target, const id& send
 }
 
 void NSApplication::tell(std::string_view delegateSelector, std::string_view notification) {
-    const Ref<NSNotification> told = velt::make<NSNotification>(velt::string(notification), object(this), nil);
-    const Selector selector = Selector::named(delegateSelector);
-    if (velt::respondsTo(delegate_, selector)) velt::send(delegate_, selector, told);
-    NSNotificationCenter::defaultCenter().post(*told);
+    velt::tellDelegateAndObservers(delegate_, delegateSelector, notification, object(this));
 }
 
 void NSApplication::activateIgnoringOtherApps(bool flag) {

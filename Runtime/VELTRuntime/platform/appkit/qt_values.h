@@ -1,4 +1,4 @@
-// Texts, colours, points and rectangles between the values of programs and those of the toolkit.
+// Texts, colours, alignments, points and rectangles between the values of programs and those of the toolkit.
 #pragma once
 
 #include "VELTRuntime/platform/appkit/color.h"
@@ -30,6 +30,18 @@ inline QColor qtColor(const NSColor& color) {
 
 inline QPointF qtPoint(NSPoint point) { return {point.x, point.y}; }
 inline QRectF qtRect(NSRect rect) { return {rect.origin.x, rect.origin.y, rect.size.width, rect.size.height}; }
+
+/// The toolkit's alignment for a program's code: left (0), right (1), centred (2), justified (3). Any other code is
+/// where people begin to read.
+inline Qt::Alignment qtAlignment(long alignment) {
+    switch (alignment) {
+    case 0: return Qt::AlignLeft | Qt::AlignAbsolute;
+    case 1: return Qt::AlignRight | Qt::AlignAbsolute;
+    case 2: return Qt::AlignHCenter;
+    case 3: return Qt::AlignJustify;
+    default: return Qt::AlignLeading;
+    }
+}
 
 /// A new colour value, in the steps of the screen.
 inline id colorValue(const QColor& color) {

@@ -482,12 +482,7 @@ void NSWindow::stateChanged() {
 }
 
 void NSWindow::tell(std::string_view delegateSelector, std::string_view notification) {
-    const Ref<NSWindow> kept(this);
-    const id name = velt::string(notification);
-    const Ref<NSNotification> told = velt::make<NSNotification>(name, object(this), nil);
-    const velt::Selector selector = velt::Selector::named(delegateSelector);
-    if (velt::respondsTo(delegate_, selector)) velt::send(delegate_, selector, told);
-    NSNotificationCenter::defaultCenter().post(*told);
+    velt::tellDelegateAndObservers(delegate_, delegateSelector, notification, object(this));
 }
 
 id NSWindow::ownNextResponder() const { return nil; }

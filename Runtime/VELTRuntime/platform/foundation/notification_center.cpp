@@ -118,3 +118,11 @@ void NSNotificationCenter::describe(velt::ClassBuilder<NSNotificationCenter>& c)
             return id();
         });
 }
+
+void velt::tellDelegateAndObservers(const id& delegate, std::string_view selector, std::string_view notification,
+                                    const id& object, const id& userInfo) {
+    const id told(make<NSNotification>(string(notification), object, userInfo)), hears = delegate;
+    const Selector message = Selector::named(selector);
+    if (respondsTo(hears, message)) send(hears, message, told);
+    NSNotificationCenter::defaultCenter().post(*as<NSNotification>(told));
+}

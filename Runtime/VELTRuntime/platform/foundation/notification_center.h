@@ -4,6 +4,7 @@
 #include "VELTRuntime/platform/object/class.h"
 
 #include <memory>
+#include <string_view>
 
 namespace velt {
 class ObserverTable;
@@ -51,3 +52,12 @@ private:
 
     std::unique_ptr<velt::ObserverTable> table_;
 };
+
+namespace velt {
+
+/// Tells a delegate, when it answers that message, and then the observers of the default centre what happened to an
+/// object: each gets the notification of that name.
+VELT_EXPORT void tellDelegateAndObservers(const id& delegate, std::string_view selector, std::string_view notification,
+                                          const id& object, const id& userInfo = nil);
+
+}  // namespace velt

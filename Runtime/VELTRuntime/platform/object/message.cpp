@@ -5,6 +5,7 @@
 #include "VELTRuntime/platform/object/class_object.h"
 #include "VELTRuntime/platform/object/exception.h"
 #include "VELTRuntime/platform/object/observing.h"
+#include "VELTRuntime/values/conversions.h"
 #include "VELTRuntime/values/number.h"
 #include "VELTRuntime/values/string.h"
 
@@ -19,6 +20,9 @@ namespace {
 }
 
 }  // namespace
+
+Selector actionNamed(const id& name) { return name.isNil() ? Selector() : Selector::named(utf8(VELT_CSTRING(name))); }
+id actionName(Selector action) { return action ? string(action.name()) : nil; }
 
 void raiseNotUnderstood(const id& receiver, std::string_view selector) {
     raise(kInvalidArgumentException,

@@ -120,6 +120,11 @@ VELT_EXPORT bool respondsTo(const id& receiver, Selector selector);
 /// empty selector when the receiver has no such method, or the name is empty or null.
 VELT_EXPORT Selector methodNamed(const id& receiver, const char* name);
 
+/// The action that a program names by a string; an empty selector for nil. Other values raise their cast failure.
+VELT_EXPORT Selector actionNamed(const id& name);
+/// An action's name as programs are told it; nil for an empty selector.
+VELT_EXPORT id actionName(Selector action);
+
 /// Raises the failure of a message that the receiver lacks.
 [[noreturn]] VELT_EXPORT void raiseNotUnderstood(const id& receiver, std::string_view selector);
 

@@ -91,12 +91,8 @@ void NSSplitView::sizeChanged(NSSize before) {
 void NSSplitView::subviewsChanged() { adjustSubviews(); }
 
 void NSSplitView::tellResized() {
-    const id self = id(static_cast<NSObject*>(this));
-    const Ref<NSNotification> told =
-        velt::make<NSNotification>(velt::string(u"NSSplitViewDidResizeSubviewsNotification"), self, nil);
-    const velt::Selector selector = velt::Selector::named("splitViewDidResizeSubviews:");
-    if (velt::respondsTo(delegate_, selector)) velt::send(delegate_, selector, told);
-    NSNotificationCenter::defaultCenter().post(*told);
+    velt::tellDelegateAndObservers(delegate_, "splitViewDidResizeSubviews:", "NSSplitViewDidResizeSubviewsNotification",
+                                   id(static_cast<NSObject*>(this)));
 }
 
 // Dividers.

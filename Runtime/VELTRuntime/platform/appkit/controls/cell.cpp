@@ -229,11 +229,9 @@ long NSCell::nextState() const {
 
 // The action.
 
-id NSCell::actionName() const { return action_ ? velt::string(action_.name()) : nil; }
+id NSCell::actionName() const { return velt::actionName(action_); }
 
-void NSCell::setActionName(const id& name) {
-    action_ = name.isNil() ? velt::Selector() : velt::Selector::named(velt::utf8(VELT_CSTRING(name)));
-}
+void NSCell::setActionName(const id& name) { action_ = velt::actionNamed(name); }
 
 void NSCell::performClick(const id& sender) {
     if (!enabled_) return;

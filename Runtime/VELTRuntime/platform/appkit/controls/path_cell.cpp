@@ -140,10 +140,8 @@ void NSPathCell::setPathComponentCells(const id& cells) {
     changed();
 }
 
-id NSPathCell::doubleActionName() const { return doubleAction_ ? velt::string(doubleAction_.name()) : nil; }
-void NSPathCell::setDoubleAction(const id& name) {
-    doubleAction_ = name.isNil() ? velt::Selector() : velt::Selector::named(velt::utf8(VELT_CSTRING(name)));
-}
+id NSPathCell::doubleActionName() const { return velt::actionName(doubleAction_); }
+void NSPathCell::setDoubleAction(const id& name) { doubleAction_ = velt::actionNamed(name); }
 
 void NSPathCell::setAllowedTypes(const id& types) {
     velt::to<NSArray>(types);

@@ -37,11 +37,7 @@ bool NSTextField::delegateAllows(std::string_view selector) {
 }
 
 void NSTextField::tell(std::string_view delegateSelector, std::string_view notification, const id& userInfo) {
-    const Ref<NSNotification> told = velt::make<NSNotification>(velt::string(notification), object(this), userInfo);
-    const Selector selector = Selector::named(delegateSelector);
-    const id delegate = this->delegate();
-    if (velt::respondsTo(delegate, selector)) velt::send(delegate, selector, told);
-    NSNotificationCenter::defaultCenter().post(*told);
+    velt::tellDelegateAndObservers(delegate(), delegateSelector, notification, object(this), userInfo);
 }
 
 void NSTextField::beginEditing() {

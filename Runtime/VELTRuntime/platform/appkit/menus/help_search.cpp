@@ -22,12 +22,13 @@ struct Found {
 void find(NSMenu& menu, const QString& text, const QString& path, std::vector<Found>& found) {
     constexpr std::size_t kMost = 20;  // more than anybody reads
     menu.update();
-    for (const Ref<NSMenuItem>& item : menu.items()) {
+    const std::vector<Ref<NSMenuItem>> items = menu.items();  // who is asked may change the menus
+    for (const Ref<NSMenuItem>& item : items) {
         if (found.size() >= kMost) return;
         if (item->isHidden() || item->isSeparatorItem()) continue;
         const QString title = qtText(item->title());
         const QString whole = path.isEmpty() ? title : path + QStringLiteral(" ▸ ") + title;
-        if (NSMenu* submenu = item->submenuPointer()) {
+        if (const Ref<NSMenu> submenu(item->submenuPointer()); submenu) {
             find(*submenu, text, whole, found);
         } else if (item->isEnabled() && title.contains(text, Qt::CaseInsensitive)) {
             found.push_back({whole, item});

@@ -20,14 +20,8 @@ struct velt::MenuHosts {
     std::vector<QPointer<QWidget>> widgets;
 };
 
-namespace {
-
-id textOrEmpty(const id& text) { return velt::isString(text) ? velt::copy(text) : velt::string(std::u16string_view()); }
-
-}  // namespace
-
 NSMenu::NSMenu() : NSMenu(nil) {}
-NSMenu::NSMenu(const id& title) : title_(textOrEmpty(title)), hosts_(std::make_unique<velt::MenuHosts>()) {}
+NSMenu::NSMenu(const id& title) : title_(velt::textOrEmpty(title)), hosts_(std::make_unique<velt::MenuHosts>()) {}
 
 NSMenu::~NSMenu() {
     NSMenu::dissolve();
@@ -55,7 +49,7 @@ id NSMenu::copy() const {
 id NSMenu::description() const { return velt::string("<" + isa().name() + " " + velt::utf8(title_) + ">"); }
 
 void NSMenu::setTitle(const id& title) {
-    title_ = textOrEmpty(title);
+    title_ = velt::textOrEmpty(title);
     if (widget_) widget_->setTitle(velt::qtText(title_));
     if (parentItem_) parentItem_->sync();
 }
@@ -102,6 +96,7 @@ void NSMenu::insertItem(NSMenuItem* item, long index) {
         for (const QPointer<QWidget>& host : hosts_->widgets) host->insertAction(next, &shown);
     }
     item->sync();
+    if (firstIsTitle_ && place == 0 && items_.size() > 1) items_[1]->sync();  // it was the title
     if (owner_) owner_->itemsChanged();
 }
 

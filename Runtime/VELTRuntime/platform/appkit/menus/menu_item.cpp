@@ -20,9 +20,9 @@
 
 using velt::Ref;
 
-namespace {
+id velt::textOrEmpty(const id& text) { return isString(text) ? copy(text) : string(std::u16string_view()); }
 
-id textOrEmpty(const id& text) { return velt::isString(text) ? velt::copy(text) : velt::string(std::u16string_view()); }
+namespace {
 
 /// A title as the toolkit takes it: its own signs for mnemonics and shortcuts are text here.
 QString shownTitle(const NSMenuItem& item) {
@@ -61,7 +61,8 @@ QIcon iconOf(const NSMenuItem& item) {
 NSMenuItem::NSMenuItem() : NSMenuItem(nil) {}
 
 NSMenuItem::NSMenuItem(const id& title)
-    : title_(textOrEmpty(title)), keyEquivalent_(velt::string(std::u16string_view())), keyMask_(NSEvent::kCommand) {}
+    : title_(velt::textOrEmpty(title)), keyEquivalent_(velt::string(std::u16string_view())),
+      keyMask_(NSEvent::kCommand) {}
 
 NSMenuItem::~NSMenuItem() {
     NSMenuItem::dissolve();
@@ -111,7 +112,7 @@ id NSMenuItem::description() const {
 // What it shows.
 
 void NSMenuItem::setTitle(const id& title) {
-    title_ = textOrEmpty(title);
+    title_ = velt::textOrEmpty(title);
     attributedTitle_ = nil;
     sync();
 }
@@ -158,7 +159,7 @@ bool NSMenuItem::isHighlighted() const {
 // Keys.
 
 void NSMenuItem::setKeyEquivalent(const id& key) {
-    keyEquivalent_ = textOrEmpty(key);
+    keyEquivalent_ = velt::textOrEmpty(key);
     sync();
 }
 void NSMenuItem::setKeyEquivalentModifierMask(unsigned long mask) {
@@ -173,10 +174,8 @@ void NSMenuItem::setEnabled(bool flag) {
     sync();
 }
 
-id NSMenuItem::actionName() const { return action_ ? velt::string(action_.name()) : nil; }
-void NSMenuItem::setActionName(const id& name) {
-    action_ = name.isNil() ? velt::Selector() : velt::Selector::named(velt::utf8(VELT_CSTRING(name)));
-}
+id NSMenuItem::actionName() const { return velt::actionName(action_); }
+void NSMenuItem::setActionName(const id& name) { action_ = velt::actionNamed(name); }
 
 void NSMenuItem::validate() {
     if (!menu_ || !menu_->autoenablesItems() || separator_) return;

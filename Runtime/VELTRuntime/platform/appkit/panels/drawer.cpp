@@ -172,10 +172,7 @@ bool NSDrawer::allowed(std::string_view selector) {
 }
 
 void NSDrawer::tell(std::string_view selector, std::string_view notification) {
-    const Ref<NSNotification> told = velt::make<NSNotification>(velt::string(notification), velt::boxResult(this), nil);
-    const velt::Selector named = velt::Selector::named(selector);
-    if (velt::respondsTo(delegate_, named)) velt::send(delegate_, named, told);
-    NSNotificationCenter::defaultCenter().post(*told);
+    velt::tellDelegateAndObservers(delegate_, selector, notification, velt::boxResult(this));
 }
 
 void NSDrawer::openOnEdge(long edge) {

@@ -17,9 +17,6 @@ namespace {
 
 constexpr double kTabStop = 80;  // as on the screen
 
-constexpr Qt::Alignment kAlignments[] = {Qt::AlignLeft | Qt::AlignAbsolute, Qt::AlignRight | Qt::AlignAbsolute,
-                                         Qt::AlignHCenter, Qt::AlignJustify, Qt::AlignLeading};
-
 }  // namespace
 
 PrintedText::PrintedText(const NSTextView& view, const NSPrintInfo& info, const PrintedArea& area)
@@ -30,8 +27,7 @@ PrintedText::PrintedText(const NSTextView& view, const NSPrintInfo& info, const 
     const id color = view.textColor(), ground = view.backgroundColor();
     if (is<NSColor>(color)) color_ = qtColor(*as<NSColor>(color));
     if (view.drawsBackground() && is<NSColor>(ground)) ground_ = qtColor(*as<NSColor>(ground));
-    const long alignment = view.alignment();
-    option_.setAlignment(alignment >= 0 && alignment < 5 ? kAlignments[alignment] : Qt::AlignLeading);
+    option_.setAlignment(qtAlignment(view.alignment()));
     option_.setTabStopDistance(kTabStop * area.dotsPerPoint);
     // Lines that break in the view break at the paper's edge at the latest, so that nothing of them is lost; those that
     // do not break are cut off there.

@@ -110,10 +110,11 @@ long NSBrowser::rowsOfColumn(long column) {
 
 void NSBrowser::openColumn() {
     auto& area = static_cast<QScrollArea&>(widget());
-    const long place = lastColumn() + 1;
+    const long place = lastColumn() + 1, rows = rowsOfColumn(place);
+    if (place != lastColumn() + 1) return;  // who was asked has loaded the columns anew
     auto* column = new BrowserColumn(*this, place, area.widget());
     columns_.push_back(column);
-    column->rows().setRows(static_cast<int>(rowsOfColumn(place)));
+    column->rows().setRows(static_cast<int>(rows));
     column->list().setFont(area.font());
     layOutColumns();
     column->show();
@@ -138,18 +139,15 @@ void NSBrowser::addColumn() {
 
 void NSBrowser::reloadColumn(long place) {
     if (place < 0 || place > lastColumn()) return;
+    const auto rows = static_cast<int>(rowsOfColumn(place));
+    if (place > lastColumn()) return;  // who was asked has closed it
     BrowserColumn& column = *columns_[static_cast<std::size_t>(place)];
     const int row = column.selectedRow();
     choosing_ = true;
-    column.rows().setRows(static_cast<int>(rowsOfColumn(place)));
+    column.rows().setRows(rows);
+    if (row >= 0 && row < rows) column.list().setCurrentIndex(column.rows().index(row));
     choosing_ = false;
-    if (row >= 0 && row < column.rows().rowCount()) {
-        choosing_ = true;
-        column.list().setCurrentIndex(column.rows().index(row));
-        choosing_ = false;
-    } else if (row >= 0) {
-        closeColumnsAfter(place);
-    }
+    if (row >= rows) closeColumnsAfter(place);
 }
 
 id NSBrowser::newCell(long row, long column) {
@@ -205,9 +203,7 @@ void NSBrowser::rowSelected(BrowserColumn& column) {
 void NSBrowser::columnClicked() { worked(); }
 void NSBrowser::columnDoubleClicked() { sendAction(doubleAction_, target()); }
 
-void NSBrowser::setDoubleActionName(const id& name) {
-    doubleAction_ = name.isNil() ? Selector() : Selector::named(velt::utf8(VELT_CSTRING(name)));
-}
+void NSBrowser::setDoubleActionName(const id& name) { doubleAction_ = velt::actionNamed(name); }
 
 bool NSBrowser::moveToColumn(const BrowserColumn& from, int step) {
     const long place = from.place() + step;
@@ -250,7 +246,10 @@ bool NSBrowser::setPath(const id& path) {
         if (place > lastColumn()) return false;
         const int rows = columns_[static_cast<std::size_t>(place)]->rows().rowCount();
         int row = 0;
-        while (row < rows && velt::qtText(velt::as<NSCell>(loadedCell(row, place))->stringValue()) != part) ++row;
+        const auto shows = [&](const id& cell) {
+            return velt::is<NSCell>(cell) && velt::qtText(velt::as<NSCell>(cell)->stringValue()) == part;
+        };
+        while (row < rows && !shows(loadedCell(row, place))) ++row;
         if (row == rows) return false;
         selectRow(row, place);
         ++place;
@@ -290,8 +289,7 @@ id NSBrowser::titleOfColumn(long column) {
         id title = velt::send(delegate(), asks, object(this), VELT_ID(column));
         if (velt::isString(title)) return title;
     }
-    const auto place = static_cast<std::size_t>(column);
-    if (column >= 0 && place < titles_.size() && !titles_[place].isNil()) return titles_[place];
+    if (const auto own = titles_.find(column); own != titles_.end() && !own->second.isNil()) return own->second;
     // The title of a column is what it belongs to.
     const id cell = column > 0 ? selectedCellInColumn(column - 1) : nil;
     return velt::is<NSCell>(cell) ? velt::as<NSCell>(cell)->stringValue() : velt::string(std::u16string_view());
@@ -299,9 +297,7 @@ id NSBrowser::titleOfColumn(long column) {
 
 void NSBrowser::setTitleOfColumn(const id& title, long column) {
     if (column < 0) return;
-    const auto place = static_cast<std::size_t>(column);
-    if (titles_.size() <= place) titles_.resize(place + 1);
-    titles_[place] = title;
+    titles_[column] = title;
     syncTitles();
 }
 
@@ -336,7 +332,7 @@ void NSBrowser::syncWidget(QWidget& shown) {
 
 void NSBrowser::visitOwned(velt::OwnedVisitor& visitor) {
     for (BrowserColumn* column : columns_) column->rows().visitOwned(visitor);
-    for (id& title : titles_) visitor.visit(title);
+    for (auto& [column, title] : titles_) visitor.visit(title);
     NSControl::visitOwned(visitor);
 }
 

@@ -4,6 +4,7 @@
 #include "VELTRuntime/platform/appkit/controls/control.h"
 #include "VELTRuntime/values/string.h"
 
+#include <map>
 #include <memory>
 #include <vector>
 
@@ -73,10 +74,10 @@ public:
     void setMaxVisibleColumns(long count);
     bool allowsEmptySelection() const { return allowsEmpty_; }
     void setAllowsEmptySelection(bool flag) { allowsEmpty_ = flag; }
-    /// A chosen cell that opens a column sends the action too.
+    /// Keys that choose a cell send the action, as the mouse does.
     bool sendsActionOnArrowKeys() const { return sendsOnArrows_; }
     void setSendsActionOnArrowKeys(bool flag) { sendsOnArrows_ = flag; }
-    id doubleActionName() const { return doubleAction_ ? velt::string(doubleAction_.name()) : nil; }
+    id doubleActionName() const { return velt::actionName(doubleAction_); }
     void setDoubleActionName(const id& name);
     void scrollColumnToVisible(long column);
 
@@ -110,7 +111,7 @@ private:
     long rowsOfColumn(long column);
 
     std::vector<velt::BrowserColumn*> columns_;  // the toolkit's widget owns them
-    std::vector<id> titles_;
+    std::map<long, id> titles_;                  // by column
     id separator_;
     velt::Selector doubleAction_;
     double minColumnWidth_ = 120;

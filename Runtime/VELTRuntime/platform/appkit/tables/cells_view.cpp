@@ -27,7 +27,7 @@ void RowSelection::select(const QItemSelection& selection, SelectionFlags comman
     runReported([&] {
         if (!kept->maySelectionChange()) return;
         QItemSelection taken = selection;
-        if (command & (Select | Toggle) && respondsTo(kept->delegate(), kept->shouldSelectSelector())) {
+        if (command & (Select | Toggle) && respondsTo(kept->delegate(), kept->rowMessages().shouldSelect)) {
             taken.clear();
             for (const QItemSelectionRange& range : selection) {
                 for (int row = range.top(); row <= range.bottom(); ++row) {

@@ -14,6 +14,14 @@
 
 namespace velt {
 
+/// Calls a function with the table that a toolkit's view shows, as an event asks for it; nothing when it has gone.
+template <class Function> void withTable(const QWidget* view, Function&& function) {
+    NSTableView* table = tableOf(view);
+    if (!table) return;
+    const Ref<NSTableView> kept(table);
+    runReported([&] { function(*kept); });
+}
+
 /// A selection that leaves out the rows which the table's delegate refuses.
 class RowSelection final : public QItemSelectionModel {
 public:
@@ -84,7 +92,7 @@ protected:
     }
 
     void showEvent(QShowEvent* event) override {
-        load();
+        withTable(this, [](NSTableView& table) { table.requireLoaded(); });
         Base::showEvent(event);
     }
 
@@ -115,14 +123,6 @@ protected:
     void contextMenuEvent(QContextMenuEvent* event) override {
         NSTableView* table = tableOf(this);
         if (!table || !showContextMenu(*table, *event)) event->ignore();
-    }
-
-private:
-    void load() {
-        NSTableView* table = tableOf(this);
-        if (!table) return;
-        const Ref<NSTableView> kept(table);
-        runReported([&] { kept->requireLoaded(); });
     }
 };
 

@@ -84,8 +84,16 @@ long NSMatrix::checkedPlace(const char* operation, long position, long count) co
 std::vector<NSMatrix::Entry> NSMatrix::rebuilt(long rows, long columns, const std::function<Entry(long, long)>& make) {
     std::vector<Entry> entries;
     entries.reserve(static_cast<std::size_t>(rows * columns));
-    for (long row = 0; row < rows; ++row) {
-        for (long column = 0; column < columns; ++column) entries.push_back(make(row, column));
+    try {
+        for (long row = 0; row < rows; ++row) {
+            for (long column = 0; column < columns; ++column) entries.push_back(make(row, column));
+        }
+    } catch (...) {
+        // Cells that have just come are not this matrix's after all.
+        for (Entry& entry : entries) {
+            if (!placeOf(entry.cell.get()).isValid()) release(entry);
+        }
+        throw;
     }
     return entries;
 }

@@ -110,6 +110,8 @@ public:
     long selectedRow() const { return selected_.row; }
     long selectedColumn() const { return selected_.column; }
     bool isSelected(velt::MatrixPlace place) const;
+    /// The selected cells are on, and drawn as selected.
+    bool showsSelection() const { return mode_ == velt::MatrixMode::Radio || mode_ == velt::MatrixMode::List; }
     void selectCellAt(long row, long column);
     void selectCell(const id& cell);
     bool selectCellWithTag(long tag);
@@ -188,8 +190,6 @@ private:
     void highlight(velt::MatrixPlace place);
     velt::MatrixPlace step(velt::MatrixPlace from, long rows, long columns) const;
     void work(velt::MatrixPlace place);
-    bool showsSelection() const { return mode_ == velt::MatrixMode::Radio || mode_ == velt::MatrixMode::List; }
-
     velt::MatrixMode mode_ = velt::MatrixMode::Radio;
     std::vector<Entry> entries_;
     long rows_ = 0, columns_ = 0;

@@ -144,10 +144,8 @@ void NSMatrix::selectBetween(MatrixPlace from, MatrixPlace to) {
 
 // Actions.
 
-id NSMatrix::doubleActionName() const { return doubleAction_ ? velt::string(doubleAction_.name()) : nil; }
-void NSMatrix::setDoubleActionName(const id& name) {
-    doubleAction_ = name.isNil() ? velt::Selector() : velt::Selector::named(velt::utf8(VELT_CSTRING(name)));
-}
+id NSMatrix::doubleActionName() const { return velt::actionName(doubleAction_); }
+void NSMatrix::setDoubleActionName(const id& name) { doubleAction_ = velt::actionNamed(name); }
 
 bool NSMatrix::sendOwnAction() {
     const id selected = selectedCell();

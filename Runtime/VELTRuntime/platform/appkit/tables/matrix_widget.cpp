@@ -75,12 +75,11 @@ void MatrixWidget::paintCell(QPainter& painter, NSMatrix& matrix, MatrixPlace pl
         painter.fillRect(option.rect,
                          is<NSColor>(color) ? qtColor(*as<NSColor>(color)) : palette().color(QPalette::Base));
     }
-    const bool byState = matrix.mode() == static_cast<unsigned long>(MatrixMode::Radio) ||
-                         matrix.mode() == static_cast<unsigned long>(MatrixMode::List);
     const bool list = matrix.mode() == static_cast<unsigned long>(MatrixMode::List);
     // Buttons show in their own way that they are on or pressed.
-    const bool shown = (!isButton && (cell->isHighlighted() || (byState && matrix.isSelected(place)))) ||
-                       (isButton && list && matrix.isSelected(place));
+    const bool shown =
+        (!isButton && (cell->isHighlighted() || (matrix.showsSelection() && matrix.isSelected(place)))) ||
+        (isButton && list && matrix.isSelected(place));
     if (shown) {
         const QPalette::ColorGroup group = !enabled           ? QPalette::Disabled
                                            : isActiveWindow() ? QPalette::Active

@@ -13,15 +13,20 @@ OutlineNode& OutlineModel::nodeAt(const QModelIndex& index) const {
 void OutlineModel::count(OutlineNode& node) const {
     if (node.counted || !outline_) return;
     node.counted = true;
-    const Ref<NSOutlineView> kept(outline_);
-    const id item = node.item;
     const unsigned long loads = loads_;
+    const long children = askCount(node);
+    if (loads == loads_) node.children.resize(static_cast<std::size_t>(children));
+}
+
+long OutlineModel::askCount(const OutlineNode& node) const {
+    const Ref<NSOutlineView> kept(outline_);
+    const id item = node.item;  // the node may go while the program is asked
     long children = 0;
     runReported([&] {
         // The tree's view takes what it has not seen for something that can be opened.
         if (item.isNil() || kept->isExpandable(item)) children = kept->askChildCount(item);
     });
-    if (loads == loads_) node.children.resize(static_cast<std::size_t>(children));
+    return children;
 }
 
 OutlineNode& OutlineModel::child(OutlineNode& node, int row) const {
@@ -153,15 +158,11 @@ QModelIndex OutlineModel::findNear(const QModelIndex& parent, int row, const id&
 
 void OutlineModel::reset() {
     beginResetModel();
-    clear();
-    endResetModel();
-}
-
-void OutlineModel::clear() {
     ++loads_;
     nodes_.clear();
     root_.children.clear();
     root_.counted = false;
+    endResetModel();
 }
 
 void OutlineModel::forgetItems(OutlineNode& node) const {
@@ -188,10 +189,8 @@ void OutlineModel::resetChildren(const QModelIndex& parent) {
         endRemoveRows();
     }
     node.counted = false;
-    long now = 0;
-    const Ref<NSOutlineView> kept(outline_);
     const unsigned long loads = loads_;
-    runReported([&] { now = kept->askChildCount(node.item); });
+    const long now = askCount(node);
     if (loads != loads_) return;
     if (now > 0) {
         beginInsertRows(parent, 0, static_cast<int>(now) - 1);

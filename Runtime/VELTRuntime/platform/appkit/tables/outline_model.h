@@ -55,14 +55,13 @@ public:
     void resetChildren(const QModelIndex& parent);
     void itemChanged(const QModelIndex& index);
     void visitOwned(OwnedVisitor& visitor);
-    /// Loses every item without telling anyone: the outline goes.
-    void clear();
 
 private:
     // An index carries the parent's node, so that nothing is made for a child that nobody asks for.
     OutlineNode& nodeAt(const QModelIndex& index) const;
     QModelIndex placeOf(const OutlineNode& node) const { return createIndex(node.row, 0, node.parent); }
     void count(OutlineNode& node) const;
+    long askCount(const OutlineNode& node) const;
     OutlineNode& child(OutlineNode& node, int row) const;
     void forgetItems(OutlineNode& node) const;
     OutlineNode* findBelow(OutlineNode& node, const id& item) const;

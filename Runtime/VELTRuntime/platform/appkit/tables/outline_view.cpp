@@ -62,75 +62,33 @@ bool NSOutlineView::isExpandable(const id& item) {
     return velt::respondsTo(dataSource(), asks) && VELT_CBOOL(velt::send(dataSource(), asks, object(this), item));
 }
 
-id NSOutlineView::valueAt(const QModelIndex& index) {
-    const Selector asks = VELT_SELECTOR("outlineView:objectValueForTableColumn:byItem:");
-    if (!velt::respondsTo(dataSource(), asks)) return nil;
-    return velt::send(dataSource(), asks, object(this), object(columnAt(index)), model().itemAt(index));
+const velt::RowMessages& NSOutlineView::rowMessages() const {
+    static const velt::RowMessages messages{
+        .value = Selector::named("outlineView:objectValueForTableColumn:byItem:"),
+        .setValue = Selector::named("outlineView:setObjectValue:forTableColumn:byItem:"),
+        .dataCell = Selector::named("outlineView:dataCellForTableColumn:item:"),
+        .willDisplay = Selector::named("outlineView:willDisplayCell:forTableColumn:item:"),
+        .toolTip = Selector::named("outlineView:toolTipForTableColumn:item:"),
+        .toolTipAtMouse = Selector::named("outlineView:toolTipForCell:rect:tableColumn:item:mouseLocation:"),
+        .shouldEdit = Selector::named("outlineView:shouldEditTableColumn:item:"),
+        .shouldSelect = Selector::named("outlineView:shouldSelectItem:"),
+        .typeSelectString = Selector::named("outlineView:typeSelectStringForTableColumn:item:"),
+    };
+    return messages;
 }
 
-void NSOutlineView::setValueAt(const QModelIndex& index, const id& value) {
-    const Selector asks = VELT_SELECTOR("outlineView:setObjectValue:forTableColumn:byItem:");
-    if (!velt::respondsTo(dataSource(), asks)) return;
-    velt::send(dataSource(), asks, object(this), value, object(columnAt(index)), model().itemAt(index));
-    itemView().viewport()->update();
-}
+id NSOutlineView::rowArgument(const QModelIndex& index) { return model().itemAt(index); }
 
-id NSOutlineView::dataCellAt(const QModelIndex& index) {
-    const id column = object(columnAt(index));
-    const Selector asks = VELT_SELECTOR("outlineView:dataCellForTableColumn:item:");
-    if (velt::respondsTo(delegate(), asks)) {
-        id cell = velt::send(delegate(), asks, object(this), column, model().itemAt(index));
-        if (velt::is<NSCell>(cell)) return cell;
-    }
+/// By the column alone: the number of the row would have to be counted from the top.
+id NSOutlineView::columnCell(const id& column, const QModelIndex&) {
     return velt::send(column, VELT_SELECTOR("dataCell"));
-}
-
-void NSOutlineView::tellWillDisplay(const id& cell, const QModelIndex& index) {
-    const Selector tells = VELT_SELECTOR("outlineView:willDisplayCell:forTableColumn:item:");
-    if (!velt::respondsTo(delegate(), tells)) return;
-    velt::send(delegate(), tells, object(this), cell, object(columnAt(index)), model().itemAt(index));
-}
-
-id NSOutlineView::toolTipAt(const QModelIndex& index) {
-    const Selector asks = VELT_SELECTOR("outlineView:toolTipForTableColumn:item:");
-    if (!velt::respondsTo(delegate(), asks)) return nil;
-    return velt::send(delegate(), asks, object(this), object(columnAt(index)), model().itemAt(index));
-}
-
-bool NSOutlineView::mayEdit(const QModelIndex& index) {
-    const NSTableColumn* column = columnAt(index);
-    if (!column || !column->isEditable()) return false;
-    if (!velt::respondsTo(dataSource(), VELT_SELECTOR("outlineView:setObjectValue:forTableColumn:byItem:")))
-        return false;
-    const id cell = dataCellAt(index);
-    const bool isButton = velt::is<NSButtonCell>(cell);
-    if (!velt::is<NSCell>(cell) || !(isButton || velt::as<NSCell>(cell)->isEditable())) return false;
-    const Selector asks = VELT_SELECTOR("outlineView:shouldEditTableColumn:item:");
-    if (isButton || !velt::respondsTo(delegate(), asks)) return true;
-    return VELT_CBOOL(velt::send(delegate(), asks, object(this), object(column), model().itemAt(index)));
-}
-
-QString NSOutlineView::searchedText(const QModelIndex& index) {
-    const Selector asks = VELT_SELECTOR("outlineView:typeSelectStringForTableColumn:item:");
-    const id value = velt::respondsTo(delegate(), asks)
-                         ? velt::send(delegate(), asks, object(this), object(columnAt(index)), model().itemAt(index))
-                         : valueAt(index);
-    return velt::qtText(value.isNil() || velt::isString(value) ? value : velt::description(value));
-}
-
-Selector NSOutlineView::shouldSelectSelector() const { return VELT_SELECTOR("outlineView:shouldSelectItem:"); }
-
-bool NSOutlineView::maySelect(const QModelIndex& index) {
-    const Selector asks = shouldSelectSelector();
-    return !velt::respondsTo(delegate(), asks) ||
-           VELT_CBOOL(velt::send(delegate(), asks, object(this), model().itemAt(index)));
 }
 
 void NSOutlineView::tellSelection(bool changing) {
     if (changing) {
-        tellDelegate("outlineViewSelectionIsChanging:", "NSOutlineViewSelectionIsChangingNotification");
+        tell("outlineViewSelectionIsChanging:", "NSOutlineViewSelectionIsChangingNotification");
     } else {
-        tellDelegate("outlineViewSelectionDidChange:", "NSOutlineViewSelectionDidChangeNotification");
+        tell("outlineViewSelectionDidChange:", "NSOutlineViewSelectionDidChangeNotification");
     }
 }
 
@@ -142,7 +100,7 @@ void NSOutlineView::reloadItemWithChildren(const id& item, bool children) {
         return;
     }
     requireLoaded();
-    const QModelIndex index = model().indexOfItem(item);
+    const QPersistentModelIndex index = model().indexOfItem(item);
     if (!index.isValid()) return;
     if (children) model().resetChildren(index);
     model().itemChanged(index);
@@ -173,9 +131,9 @@ void NSOutlineView::expansionChanged(const QModelIndex& index, bool expanded) {
     Ref<NSMutableDictionary> info = velt::make<NSMutableDictionary>();
     info->setObject(model().itemAt(index), velt::string(u"NSObject"));
     if (expanded) {
-        tellDelegate("outlineViewItemDidExpand:", "NSOutlineViewItemDidExpandNotification", info);
+        tell("outlineViewItemDidExpand:", "NSOutlineViewItemDidExpandNotification", info);
     } else {
-        tellDelegate("outlineViewItemDidCollapse:", "NSOutlineViewItemDidCollapseNotification", info);
+        tell("outlineViewItemDidCollapse:", "NSOutlineViewItemDidCollapseNotification", info);
     }
 }
 
@@ -224,6 +182,43 @@ QModelIndex NSOutlineView::indexOf(long row, int column) const {
     QModelIndex index = model_->index(0, 0);
     for (long at = 0; index.isValid() && at < row; ++at) index = tree.indexBelow(index);
     return index.siblingAtColumn(column);
+}
+
+/// The rows of open items lie between those of their siblings.
+QItemSelection NSOutlineView::rowsBetween(long begin, long end) const {
+    QItemSelection rows;
+    const int last = std::max(0, static_cast<int>(columns().size()) - 1);
+    const auto& tree = static_cast<const QTreeView&>(*existingItemView());
+    QModelIndex first = indexOf(begin, 0);
+    for (long at = begin; at < end && first.isValid();) {
+        // Siblings one under the other are one range.
+        QModelIndex corner = first, next = tree.indexBelow(first);
+        for (++at; at < end && next.parent() == first.parent() && next.row() == corner.row() + 1; ++at) {
+            corner = next;
+            next = tree.indexBelow(next);
+        }
+        rows.select(first, corner.siblingAtColumn(last));
+        first = next;
+    }
+    return rows;
+}
+
+std::vector<NSRange> NSOutlineView::selectedRanges() {
+    std::vector<NSRange> ranges;
+    if (!model_) return ranges;
+    const auto& tree = static_cast<const QTreeView&>(*existingItemView());
+    const QItemSelectionModel& selection = *tree.selectionModel();
+    if (!selection.hasSelection()) return ranges;
+    unsigned long row = 0;
+    for (QModelIndex at = model_->index(0, 0); at.isValid(); at = tree.indexBelow(at), ++row) {
+        if (!selection.isSelected(at)) continue;
+        if (!ranges.empty() && ranges.back().location + ranges.back().length == row) {
+            ++ranges.back().length;
+        } else {
+            ranges.push_back({row, 1});
+        }
+    }
+    return ranges;
 }
 
 long NSOutlineView::rowOf(const QModelIndex& index) const {

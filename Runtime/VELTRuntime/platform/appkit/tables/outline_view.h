@@ -38,14 +38,8 @@ public:
     double indentationPerLevel() const { return indentation_; }
     void setIndentationPerLevel(double width);
 
-    id valueAt(const QModelIndex& index) override;
-    void setValueAt(const QModelIndex& index, const id& value) override;
-    id toolTipAt(const QModelIndex& index) override;
-    bool mayEdit(const QModelIndex& index) override;
-    bool maySelect(const QModelIndex& index) override;
-    velt::Selector shouldSelectSelector() const override;
+    const velt::RowMessages& rowMessages() const override;
     long rowOf(const QModelIndex& index) const override;
-    QString searchedText(const QModelIndex& index) override;
     // What the model and the toolkit's view ask.
     long askChildCount(const id& item);
     id askChild(long index, const id& item);
@@ -61,10 +55,12 @@ protected:
     std::unique_ptr<QAbstractItemModel> makeModel() override;
     QHeaderView& headerOf(QAbstractItemView& view) const override;
     QModelIndex indexOf(long row, int column) const override;
+    QItemSelection rowsBetween(long begin, long end) const override;
+    std::vector<NSRange> selectedRanges() override;
     void applyRowHeight(QAbstractItemView& view) override;
     void tellSelection(bool changing) override;
-    void tellWillDisplay(const id& cell, const QModelIndex& index) override;
-    id dataCellAt(const QModelIndex& index) override;
+    id rowArgument(const QModelIndex& index) override;
+    id columnCell(const id& column, const QModelIndex& index) override;
     void syncWidget(QWidget& widget) override;
     long shownRows() override;
 

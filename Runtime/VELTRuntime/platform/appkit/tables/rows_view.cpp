@@ -90,20 +90,21 @@ bool RowsView::isIndexHidden(const QModelIndex& index) const { return isColumnHi
 void RowsView::scrollTo(const QModelIndex& index, ScrollHint hint) {
     if (!index.isValid() || isColumnHidden(index.column())) return;
     const QSize room = viewport()->size();
-    // As far as it must, unless the hint says where it shall be.
-    const auto moved = [hint](long long begin, long long size, long long seen, long long length) {
-        if (hint == PositionAtTop) return begin;
-        if (hint == PositionAtBottom) return begin + size - length;
-        if (hint == PositionAtCenter) return begin + (size - length) / 2;
+    // As far as it must, unless a hint says where it shall be.
+    const auto moved = [](ScrollHint where, long long begin, long long size, long long seen, long long length) {
+        if (where == PositionAtTop) return begin;
+        if (where == PositionAtBottom) return begin + size - length;
+        if (where == PositionAtCenter) return begin + (size - length) / 2;
         if (begin < seen || size > length) return begin;
         return std::max(seen, begin + size - length);
     };
-    const long long top = moved(index.row() * static_cast<long long>(rowHeight_), rowHeight_, offset(), room.height());
+    const long long row = index.row() * static_cast<long long>(rowHeight_);
+    const long long top = moved(hint, row, rowHeight_, offset(), room.height());
     verticalScrollBar()->setValue(static_cast<int>((top + scale_ - 1) / scale_));
     QScrollBar& across = *horizontalScrollBar();
     const int left = horizontalHeader()->sectionPosition(index.column());
-    hint = EnsureVisible;
-    across.setValue(static_cast<int>(moved(left, columnWidth(index.column()), across.value(), room.width())));
+    const int width = columnWidth(index.column());
+    across.setValue(static_cast<int>(moved(EnsureVisible, left, width, across.value(), room.width())));
     update(index);
 }
 

@@ -44,7 +44,7 @@ void NSTableView::moveColumnToColumn(long from, long to) {
     columns_.erase(columns_.begin() + from);
     columns_.insert(columns_.begin() + to, column);
     columnsChanged();
-    tellDelegate("tableViewColumnDidMove:", "NSTableViewColumnDidMoveNotification");
+    tell("tableViewColumnDidMove:", "NSTableViewColumnDidMoveNotification");
 }
 
 id NSTableView::tableColumns() const {
@@ -175,11 +175,11 @@ void NSTableView::columnResized(int section, int width) {
     if (header.visualIndex(section) == header.count() - 1) return;
     NSTableColumn& column = *columns_[static_cast<std::size_t>(section)];
     column.setWidth(width - spacing_.width);  // keeps its limits
-    tellDelegate("tableViewColumnDidResize:", "NSTableViewColumnDidResizeNotification");
+    tell("tableViewColumnDidResize:", "NSTableViewColumnDidResizeNotification");
 }
 
 void NSTableView::columnMoved(int from, int to) {
-    if (syncing_ || from == to) return;
+    if (std::max(from, to) >= numberOfColumns()) return;  // the program has taken some away since
     QHeaderView& header = headerOf(itemView());
     // The columns take their new order themselves, and the header's sections go back to where they were.
     syncing_ = true;

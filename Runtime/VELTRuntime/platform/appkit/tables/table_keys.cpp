@@ -23,10 +23,9 @@ int NSTableView::searchedColumn() {
 
 QString NSTableView::searchedText(const QModelIndex& index) {
     const id self(static_cast<NSObject*>(this)), column(static_cast<NSObject*>(columnAt(index)));
-    const Selector asks = VELT_SELECTOR("tableView:typeSelectStringForTableColumn:row:");
-    const id value = velt::respondsTo(delegate(), asks)
-                         ? velt::send(delegate(), asks, self, column, VELT_ID(rowOf(index)))
-                         : valueAt(index);
+    const Selector asks = rowMessages().typeSelectString;
+    const id value = velt::respondsTo(delegate(), asks) ? velt::send(delegate(), asks, self, column, rowArgument(index))
+                                                        : valueAt(index);
     return velt::qtText(value.isNil() || velt::isString(value) ? value : velt::description(value));
 }
 

@@ -7,20 +7,6 @@
 
 namespace velt {
 
-namespace {
-
-Qt::Alignment alignmentOf(const NSCell& cell) {
-    switch (cell.alignment()) {
-    case 1: return Qt::AlignRight | Qt::AlignAbsolute | Qt::AlignVCenter;
-    case 2: return Qt::AlignHCenter | Qt::AlignVCenter;
-    case 3: return Qt::AlignJustify | Qt::AlignVCenter;
-    case 0: return Qt::AlignLeft | Qt::AlignAbsolute | Qt::AlignVCenter;
-    default: return Qt::AlignLeft | Qt::AlignVCenter;
-    }
-}
-
-}  // namespace
-
 QVariant cellData(NSTableView& table, const QModelIndex& index, int role) {
     const Ref<NSTableView> kept(&table);
     QVariant result;
@@ -50,7 +36,10 @@ QVariant columnHeaderData(const NSTableView& table, int section, int role) {
     switch (role) {
     case Qt::DisplayRole: return qtText(column.title());
     case Qt::ToolTipRole: return column.headerToolTip().isNil() ? QVariant() : qtText(column.headerToolTip());
-    case Qt::TextAlignmentRole: return QVariant::fromValue(alignmentOf(*as<NSCell>(column.headerCell())));
+    case Qt::TextAlignmentRole: {
+        const long alignment = as<NSCell>(column.headerCell())->alignment();
+        return QVariant::fromValue(qtAlignment(alignment) | Qt::AlignVCenter);
+    }
     default: return {};
     }
 }

@@ -21,11 +21,6 @@ public:
     bool setData(const QModelIndex& index, const QVariant& value, int role) override;
     QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
     Qt::ItemFlags flags(const QModelIndex& index) const override;
-    /// The columns are others.
-    void resetColumns() {
-        beginResetModel();
-        endResetModel();
-    }
 
 private:
     NSTableView* table_;

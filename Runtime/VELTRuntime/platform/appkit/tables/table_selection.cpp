@@ -22,6 +22,10 @@ QModelIndex NSTableView::indexOf(long row, int column) const {
     return view ? view->model()->index(static_cast<int>(row), column) : QModelIndex();
 }
 
+QItemSelection NSTableView::rowsBetween(long begin, long end) const {
+    return QItemSelection(indexOf(begin, 0), indexOf(end - 1, std::max(0, static_cast<int>(columns_.size()) - 1)));
+}
+
 std::vector<NSRange> NSTableView::selectedRanges() {
     std::vector<NSRange> ranges;
     const QAbstractItemView* view = existingItemView();
@@ -51,23 +55,16 @@ bool NSTableView::isRowSelected(long row) { return velt::make<NSIndexSet>(select
 
 void NSTableView::selectRowIndexes(const id& indexes, bool extending) {
     if (!velt::is<NSIndexSet>(indexes)) velt::raiseClassExpected(NSIndexSet::entry());
-    const long rows = numberOfRows();
-    const int last = std::max(0, static_cast<int>(columns_.size()) - 1);
+    const auto rows = static_cast<unsigned long>(numberOfRows());
     auto& selection = static_cast<velt::RowSelection&>(*itemView().selectionModel());
     QItemSelection taken;
     QModelIndex current;
     for (const NSRange& range : velt::as<NSIndexSet>(indexes)->ranges()) {
-        const long begin = static_cast<long>(range.location),
-                   end = std::min(begin + static_cast<long>(range.length), rows);
-        for (long at = begin; at < end;) {
-            const QModelIndex first = indexOf(at, 0);
-            // Rows of a table are neighbours in its model; those of an outline may have other parents.
-            const long run = first.parent().isValid() || first.row() != at ? 1 : end - at;
-            const QModelIndex corner = indexOf(at + run - 1, last);
-            if (first.parent() == corner.parent()) taken.select(first, corner);
-            current = indexOf(at + run - 1, 0);
-            at += run;
-        }
+        if (range.location >= rows) continue;
+        const auto begin = static_cast<long>(range.location);
+        const long end = begin + static_cast<long>(std::min(range.length, rows - range.location));
+        taken.append(rowsBetween(begin, end));
+        current = indexOf(end - 1, 0);
     }
     const auto command = extending && multiple_ ? QItemSelectionModel::Select : QItemSelectionModel::ClearAndSelect;
     selection.selectUnasked(taken, command | QItemSelectionModel::Rows);
@@ -102,10 +99,8 @@ bool NSTableView::maySelectionChange() {
     return !velt::respondsTo(delegate(), asks) || VELT_CBOOL(velt::send(delegate(), asks, object(this)));
 }
 
-velt::Selector NSTableView::shouldSelectSelector() const { return VELT_SELECTOR("tableView:shouldSelectRow:"); }
-
 bool NSTableView::maySelect(const QModelIndex& index) {
-    const Selector asks = shouldSelectSelector();
+    const Selector asks = rowMessages().shouldSelect;
     return !velt::respondsTo(delegate(), asks) ||
-           VELT_CBOOL(velt::send(delegate(), asks, object(this), VELT_ID(rowOf(index))));
+           VELT_CBOOL(velt::send(delegate(), asks, object(this), rowArgument(index)));
 }

@@ -52,13 +52,7 @@ void NSTableView::setDataSource(const id& source) {
     if (!view || !view->isVisible()) return;
     // The program may still be at work on the source.
     QMetaObject::invokeMethod(
-        view,
-        [view] {
-            NSTableView* table = velt::tableOf(view);
-            if (!table) return;
-            const Ref<NSTableView> kept(table);
-            velt::runReported([&] { kept->requireLoaded(); });
-        },
+        view, [view] { velt::withTable(view, [](NSTableView& table) { table.requireLoaded(); }); },
         Qt::QueuedConnection);
 }
 
@@ -90,8 +84,7 @@ void NSTableView::reloadData() {
         const long end = std::min(static_cast<long>(range.location + range.length), rows);
         const long begin = static_cast<long>(range.location);
         lost = lost || end < static_cast<long>(range.location + range.length);
-        if (begin < end)
-            kept.select(indexOf(begin, 0), indexOf(end - 1, std::max(0, static_cast<int>(columns_.size()) - 1)));
+        if (begin < end) kept.append(rowsBetween(begin, end));
     }
     selection.selectUnasked(kept, QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
     if (currentRow >= 0 && currentRow < rows) {
@@ -117,33 +110,48 @@ void NSTableView::endReloading() {
 
 // Values.
 
+const velt::RowMessages& NSTableView::rowMessages() const {
+    static const velt::RowMessages messages{
+        .value = Selector::named("tableView:objectValueForTableColumn:row:"),
+        .setValue = Selector::named("tableView:setObjectValue:forTableColumn:row:"),
+        .dataCell = Selector::named("tableView:dataCellForTableColumn:row:"),
+        .willDisplay = Selector::named("tableView:willDisplayCell:forTableColumn:row:"),
+        .toolTip = Selector::named("tableView:toolTipForTableColumn:row:"),
+        .toolTipAtMouse = Selector::named("tableView:toolTipForCell:rect:tableColumn:row:mouseLocation:"),
+        .shouldEdit = Selector::named("tableView:shouldEditTableColumn:row:"),
+        .shouldSelect = Selector::named("tableView:shouldSelectRow:"),
+        .typeSelectString = Selector::named("tableView:typeSelectStringForTableColumn:row:"),
+    };
+    return messages;
+}
+
+id NSTableView::rowArgument(const QModelIndex& index) { return VELT_ID(rowOf(index)); }
+
 id NSTableView::valueAt(const QModelIndex& index) {
-    const Selector asks = VELT_SELECTOR("tableView:objectValueForTableColumn:row:");
+    const Selector asks = rowMessages().value;
     if (!velt::respondsTo(dataSource_, asks)) return nil;
-    return velt::send(dataSource_, asks, object(this), object(columnAt(index)), VELT_ID(rowOf(index)));
+    return velt::send(dataSource_, asks, object(this), object(columnAt(index)), rowArgument(index));
 }
 
 void NSTableView::setValueAt(const QModelIndex& index, const id& value) {
-    const Selector asks = VELT_SELECTOR("tableView:setObjectValue:forTableColumn:row:");
+    const Selector asks = rowMessages().setValue;
     if (!velt::respondsTo(dataSource_, asks)) return;
-    velt::send(dataSource_, asks, object(this), value, object(columnAt(index)), VELT_ID(rowOf(index)));
+    velt::send(dataSource_, asks, object(this), value, object(columnAt(index)), rowArgument(index));
     if (QAbstractItemView* view = existingItemView()) view->viewport()->update();
 }
 
-id NSTableView::dataCellAt(const QModelIndex& index) {
-    const id column = object(columnAt(index)), row = VELT_ID(rowOf(index));
-    const Selector asks = VELT_SELECTOR("tableView:dataCellForTableColumn:row:");
-    if (velt::respondsTo(delegate(), asks)) {
-        id cell = velt::send(delegate(), asks, object(this), column, row);
-        if (velt::is<NSCell>(cell)) return cell;
-    }
-    return velt::send(column, VELT_SELECTOR("dataCellForRow:"), row);
+id NSTableView::columnCell(const id& column, const QModelIndex& index) {
+    return velt::send(column, VELT_SELECTOR("dataCellForRow:"), VELT_ID(rowOf(index)));
 }
 
-void NSTableView::tellWillDisplay(const id& cell, const QModelIndex& index) {
-    const Selector tells = VELT_SELECTOR("tableView:willDisplayCell:forTableColumn:row:");
-    if (!velt::respondsTo(delegate(), tells)) return;
-    velt::send(delegate(), tells, object(this), cell, object(columnAt(index)), VELT_ID(rowOf(index)));
+id NSTableView::dataCellAt(const QModelIndex& index) {
+    const id column = object(columnAt(index));
+    const Selector asks = rowMessages().dataCell;
+    if (velt::respondsTo(delegate(), asks)) {
+        id cell = velt::send(delegate(), asks, object(this), column, rowArgument(index));
+        if (velt::is<NSCell>(cell)) return cell;
+    }
+    return columnCell(column, index);
 }
 
 id NSTableView::preparedCell(const QModelIndex& index) {
@@ -151,48 +159,45 @@ id NSTableView::preparedCell(const QModelIndex& index) {
     id cell = dataCellAt(index);
     if (!velt::is<NSCell>(cell)) return cell;
     velt::send(cell, VELT_SELECTOR("setObjectValue:"), valueAt(index));
-    tellWillDisplay(cell, index);
+    const Selector tells = rowMessages().willDisplay;
+    if (velt::respondsTo(delegate(), tells)) {
+        velt::send(delegate(), tells, object(this), cell, object(columnAt(index)), rowArgument(index));
+    }
     return cell;
 }
 
 id NSTableView::toolTipAt(const QModelIndex& index) {
-    const Selector asksAtPlace = VELT_SELECTOR("tableView:toolTipForCell:rect:tableColumn:row:mouseLocation:");
-    if (velt::respondsTo(delegate(), asksAtPlace)) {
+    const Selector asksAtMouse = rowMessages().toolTipAtMouse;
+    if (velt::respondsTo(delegate(), asksAtMouse)) {
         const QAbstractItemView& view = itemView();
         const QPoint corner = view.viewport()->pos(), mouse = view.mapFromGlobal(QCursor::pos());
         const QRect cell = view.visualRect(index).translated(corner);
         const NSRect rect{{double(cell.x()), double(cell.y())}, {double(cell.width()), double(cell.height())}};
-        return velt::send(delegate(), asksAtPlace, object(this), preparedCell(index), VELT_ID(rect),
-                          object(columnAt(index)), VELT_ID(rowOf(index)),
+        return velt::send(delegate(), asksAtMouse, object(this), preparedCell(index), VELT_ID(rect),
+                          object(columnAt(index)), rowArgument(index),
                           VELT_ID(NSPoint{double(mouse.x()), double(mouse.y())}));
     }
-    const Selector asks = VELT_SELECTOR("tableView:toolTipForTableColumn:row:");
+    const Selector asks = rowMessages().toolTip;
     if (!velt::respondsTo(delegate(), asks)) return nil;
-    return velt::send(delegate(), asks, object(this), object(columnAt(index)), VELT_ID(rowOf(index)));
+    return velt::send(delegate(), asks, object(this), object(columnAt(index)), rowArgument(index));
 }
 
 bool NSTableView::mayEdit(const QModelIndex& index) {
     const NSTableColumn* column = columnAt(index);
     if (!column || !column->isEditable()) return false;
-    if (!velt::respondsTo(dataSource_, VELT_SELECTOR("tableView:setObjectValue:forTableColumn:row:"))) return false;
+    if (!velt::respondsTo(dataSource_, rowMessages().setValue)) return false;
     const id cell = dataCellAt(index);
     const bool isButton = velt::is<NSButtonCell>(cell);
     if (!velt::is<NSCell>(cell) || !(isButton || velt::as<NSCell>(cell)->isEditable())) return false;
-    const Selector asks = VELT_SELECTOR("tableView:shouldEditTableColumn:row:");
+    const Selector asks = rowMessages().shouldEdit;
     if (isButton || !velt::respondsTo(delegate(), asks)) return true;
-    return VELT_CBOOL(velt::send(delegate(), asks, object(this), object(column), VELT_ID(rowOf(index))));
+    return VELT_CBOOL(velt::send(delegate(), asks, object(this), object(column), rowArgument(index)));
 }
 
 // A person's work.
 
-bool NSTableView::tellDelegate(const char* selector, const char* notification, const id& userInfo) {
-    const Ref<NSNotification> told =
-        velt::make<NSNotification>(velt::string(std::string_view(notification)), object(this), userInfo);
-    const Selector tells = Selector::named(selector);
-    const bool answers = velt::respondsTo(delegate(), tells);
-    if (answers) velt::send(delegate(), tells, told);
-    NSNotificationCenter::defaultCenter().post(*told);
-    return answers;
+void NSTableView::tell(std::string_view selector, std::string_view notification, const id& userInfo) {
+    velt::tellDelegateAndObservers(delegate(), selector, notification, object(this), userInfo);
 }
 
 void NSTableView::selectionChanged() {
@@ -203,9 +208,9 @@ void NSTableView::selectionChanged() {
 
 void NSTableView::tellSelection(bool changing) {
     if (changing) {
-        tellDelegate("tableViewSelectionIsChanging:", "NSTableViewSelectionIsChangingNotification");
+        tell("tableViewSelectionIsChanging:", "NSTableViewSelectionIsChangingNotification");
     } else {
-        tellDelegate("tableViewSelectionDidChange:", "NSTableViewSelectionDidChangeNotification");
+        tell("tableViewSelectionDidChange:", "NSTableViewSelectionDidChangeNotification");
     }
 }
 
@@ -242,9 +247,7 @@ void NSTableView::openRow(const QModelIndex& index) {
     velt::runReported([&] { kept->sendAction(kept->doubleAction_, kept->target()); });
 }
 
-void NSTableView::setDoubleActionName(const id& name) {
-    doubleAction_ = name.isNil() ? Selector() : Selector::named(velt::utf8(VELT_CSTRING(name)));
-}
+void NSTableView::setDoubleActionName(const id& name) { doubleAction_ = velt::actionNamed(name); }
 
 void NSTableView::editColumn(long column, long row, const id&, bool) {
     if (row < 0 || row >= numberOfRows() || column < 0 || column >= numberOfColumns()) return;

@@ -14,6 +14,7 @@
 class QAbstractItemModel;
 class QAbstractItemView;
 class QHeaderView;
+class QItemSelection;
 class QModelIndex;
 class QString;
 
@@ -24,6 +25,12 @@ struct DropPlace {
     enum Operation : unsigned long { kOn = 0, kAbove = 1 };
     long row = -1;
     unsigned long operation = kOn;
+};
+
+/// The messages by which a table asks its data source (the first two) and its delegate about a row and a column.
+struct RowMessages {
+    Selector value, setValue;
+    Selector dataCell, willDisplay, toolTip, toolTipAtMouse, shouldEdit, shouldSelect, typeSelectString;
 };
 
 }  // namespace velt
@@ -80,7 +87,7 @@ public:
     void setAllowsEmptySelection(bool flag) { allowsEmpty_ = flag; }
 
     // Work.
-    id doubleActionName() const { return doubleAction_ ? velt::string(doubleAction_.name()) : nil; }
+    id doubleActionName() const { return velt::actionName(doubleAction_); }
     void setDoubleActionName(const id& name);
     /// Begins the editing of a cell.
     void editColumn(long column, long row, const id& event, bool select);
@@ -137,22 +144,23 @@ public:
     /// The column whose texts are searched by typing; -1 when none shows texts.
     int searchedColumn();
     /// What a row of that column is found by.
-    virtual QString searchedText(const QModelIndex& index);
+    QString searchedText(const QModelIndex& index);
     /// The next place after one, or before it, that a person may edit; invalid when none is near.
     QModelIndex editableAfter(const QModelIndex& index, bool forward);
 
-    // What the toolkit's model, delegate and view ask; an outline view answers by its items.
+    // What the toolkit's model, delegate and view ask.
+    /// An outline view has messages of its own, which name a row by its item.
+    virtual const velt::RowMessages& rowMessages() const;
     /// Loads the rows when that has not happened yet.
     void requireLoaded();
     long askRowCount();
-    virtual id valueAt(const QModelIndex& index);
-    virtual void setValueAt(const QModelIndex& index, const id& value);
+    id valueAt(const QModelIndex& index);
+    void setValueAt(const QModelIndex& index, const id& value);
     /// The cell for a place, with its value, as the delegate wants it to be displayed.
     id preparedCell(const QModelIndex& index);
-    virtual id toolTipAt(const QModelIndex& index);
-    virtual bool mayEdit(const QModelIndex& index);
-    virtual bool maySelect(const QModelIndex& index);
-    virtual velt::Selector shouldSelectSelector() const;
+    id toolTipAt(const QModelIndex& index);
+    bool mayEdit(const QModelIndex& index);
+    bool maySelect(const QModelIndex& index);
     bool maySelectionChange();
     NSTableColumn* columnAt(const QModelIndex& index) const;
     virtual long rowOf(const QModelIndex& index) const;
@@ -182,14 +190,18 @@ protected:
     virtual std::unique_ptr<QAbstractItemModel> makeModel();
     virtual QHeaderView& headerOf(QAbstractItemView& view) const;
     virtual QModelIndex indexOf(long row, int column) const;
+    /// The toolkit's selection of the rows from one on and before another one; both bounds are rows that there are.
+    virtual QItemSelection rowsBetween(long begin, long end) const;
+    virtual std::vector<NSRange> selectedRanges();
     virtual void applyRowHeight(QAbstractItemView& view);
-    /// What the delegate may say of how a cell is displayed.
-    virtual void tellWillDisplay(const id& cell, const QModelIndex& index);
-    virtual id dataCellAt(const QModelIndex& index);
+    /// What the messages about rows name a row by: its number, or an outline's item.
+    virtual id rowArgument(const QModelIndex& index);
+    /// The cell that a column has for a row of which the delegate says nothing.
+    virtual id columnCell(const id& column, const QModelIndex& index);
     QAbstractItemView& itemView();
     QAbstractItemView* existingItemView() const;
     virtual void tellSelection(bool changing);
-    bool tellDelegate(const char* selector, const char* notification, const id& userInfo = nil);
+    void tell(std::string_view selector, std::string_view notification, const id& userInfo = nil);
     void columnsChanged();
     virtual long shownRows();
     bool isLoaded() const { return loaded_; }
@@ -199,9 +211,9 @@ protected:
     void endReloading();
 
 private:
+    id dataCellAt(const QModelIndex& index);
     void syncColumns(QAbstractItemView& view);
     void syncSortIndicator();
-    std::vector<NSRange> selectedRanges();
     void syncDragging(QAbstractItemView& view);
 
     id dataSource_, headerView_, sortDescriptors_, gridColor_, draggedTypes_;

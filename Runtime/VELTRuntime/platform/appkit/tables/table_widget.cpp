@@ -13,20 +13,6 @@
 #include <algorithm>
 #include <cmath>
 
-using velt::Ref;
-
-namespace {
-
-/// Calls a function of the table that a toolkit's view shows, from one of its signals.
-template <class Function> void withTable(QWidget* view, Function&& function) {
-    NSTableView* table = velt::tableOf(view);
-    if (!table) return;
-    const Ref<NSTableView> kept(table);
-    velt::runReported([&] { function(*kept); });
-}
-
-}  // namespace
-
 std::unique_ptr<QAbstractItemView> NSTableView::makeItemView() {
     auto view = std::make_unique<velt::CellsView<velt::RowsView>>();
     view->setWordWrap(false);
@@ -68,21 +54,27 @@ std::unique_ptr<QWidget> NSTableView::makeWidget() {
     header.setMinimumSectionSize(4);
     header.setStretchLastSection(true);
     QObject::connect(shown, &QAbstractItemView::clicked, shown, [shown](const QModelIndex& index) {
-        withTable(shown, [&](NSTableView& t) { t.clicked(index); });
+        velt::withTable(shown, [&](NSTableView& t) { t.clicked(index); });
     });
     QObject::connect(shown, &QAbstractItemView::doubleClicked, shown, [shown](const QModelIndex& index) {
-        withTable(shown, [&](NSTableView& t) { t.doubleClicked(index); });
+        velt::withTable(shown, [&](NSTableView& t) { t.doubleClicked(index); });
     });
     QObject::connect(shown->selectionModel(), &QItemSelectionModel::selectionChanged, shown,
-                     [shown] { withTable(shown, [](NSTableView& t) { t.selectionChanged(); }); });
-    QObject::connect(&header, &QHeaderView::sectionClicked, shown,
-                     [shown](int section) { withTable(shown, [&](NSTableView& t) { t.headerClicked(section); }); });
-    QObject::connect(
-        &header, &QHeaderView::sectionMoved, shown,
-        [shown](int, int from, int to) { withTable(shown, [&](NSTableView& t) { t.columnMoved(from, to); }); },
-        Qt::QueuedConnection);
+                     [shown] { velt::withTable(shown, [](NSTableView& t) { t.selectionChanged(); }); });
+    QObject::connect(&header, &QHeaderView::sectionClicked, shown, [shown](int section) {
+        velt::withTable(shown, [&](NSTableView& t) { t.headerClicked(section); });
+    });
+    QObject::connect(&header, &QHeaderView::sectionMoved, shown, [shown](int, int from, int to) {
+        const NSTableView* table = velt::tableOf(shown);
+        if (!table || table->syncing_) return;
+        // The header is still at work on the move.
+        const auto take = [shown, from, to] {
+            velt::withTable(shown, [&](NSTableView& t) { t.columnMoved(from, to); });
+        };
+        QMetaObject::invokeMethod(shown, take, Qt::QueuedConnection);
+    });
     QObject::connect(&header, &QHeaderView::sectionResized, shown, [shown](int section, int, int width) {
-        withTable(shown, [&](NSTableView& t) { t.columnResized(section, width); });
+        velt::withTable(shown, [&](NSTableView& t) { t.columnResized(section, width); });
     });
     return view;
 }

@@ -167,11 +167,8 @@ bool isSet(const NSDictionary& attributes, const id& name) {
 
 QTextBlockFormat blockFormatOf(const NSParagraphStyle& style) {
     QTextBlockFormat format;
-    constexpr std::array<Qt::Alignment, 5> kAlignments{Qt::AlignLeft | Qt::AlignAbsolute,
-                                                       Qt::AlignRight | Qt::AlignAbsolute, Qt::AlignHCenter,
-                                                       Qt::AlignJustify, Qt::AlignLeading};
-    const auto index = static_cast<std::size_t>(style.alignment);
-    if (index < 4) format.setAlignment(kAlignments[index]);
+    constexpr long kNatural = 4;
+    if (style.alignment >= 0 && style.alignment < kNatural) format.setAlignment(qtAlignment(style.alignment));
     format.setLeftMargin(style.headIndent);
     format.setTextIndent(style.firstLineHeadIndent - style.headIndent);
     format.setBottomMargin(style.paragraphSpacing);

@@ -36,11 +36,7 @@ void NSText::setRichText(bool flag) {
 }
 
 void NSText::tell(std::string_view delegateSelector, std::string_view notification) {
-    const id self(static_cast<NSObject*>(this));
-    const auto told = velt::make<NSNotification>(velt::string(notification), self, nil);
-    const velt::Selector selector = velt::Selector::named(delegateSelector);
-    if (velt::respondsTo(delegate_, selector)) velt::send(delegate_, selector, told);
-    NSNotificationCenter::defaultCenter().post(*told);
+    velt::tellDelegateAndObservers(delegate_, delegateSelector, notification, id(static_cast<NSObject*>(this)));
 }
 
 void NSText::describe(velt::ClassBuilder<NSText>& c) {

@@ -252,9 +252,7 @@ void NSTextView::syncWidget(QWidget& shown) {
     widget.setPalette(palette);
     widget.viewport()->setAutoFillBackground(drawsBackground());
 
-    constexpr Qt::Alignment kAlignments[] = {Qt::AlignLeft | Qt::AlignAbsolute, Qt::AlignRight | Qt::AlignAbsolute,
-                                             Qt::AlignHCenter, Qt::AlignJustify, Qt::AlignLeading};
-    widget.setAlignment(alignment() >= 0 && alignment() < 5 ? kAlignments[alignment()] : Qt::AlignLeading);
+    widget.setAlignment(velt::qtAlignment(alignment()));
     widget.setBreaksLines(container_->widthTracksTextView() || container_->containerSize().width < kUnlimitedWidth);
 
     // Within a scroll view this view scrolls in its place, with the bars that the scroll view wants.

@@ -38,6 +38,15 @@ std::vector<id> textsOf(const id& value) {
     return texts;
 }
 
+/// An item's view leaves that window, and the widget that held it.
+void letGo(NSView& view, const NSWindow* window) {
+    if (view.windowPointer() == window) view.moveToWindow(nullptr);
+    QWidget* shown = view.existingWidget();
+    if (!shown) return;
+    shown->hide();
+    shown->setParent(nullptr);
+}
+
 bool holds(const std::vector<id>& texts, const id& text) {
     return std::any_of(texts.begin(), texts.end(), [&](const id& each) { return velt::isEqual(each, text); });
 }
@@ -72,12 +81,7 @@ void NSToolbar::windowGone() {
 void NSToolbar::releaseViews() {
     for (const Ref<NSToolbarItem>& item : items_) {
         NSView* view = item ? item->viewPointer() : nullptr;
-        if (!view || !velt::isMainThread()) continue;
-        if (view->windowPointer() == window_) view->moveToWindow(nullptr);
-        if (QWidget* shown = view->existingWidget()) {
-            shown->hide();
-            shown->setParent(nullptr);
-        }
+        if (view && velt::isMainThread()) letGo(*view, window_);
     }
 }
 
@@ -92,6 +96,10 @@ void NSToolbar::changed() {
     if (widget_ && !changing_) widget_->toolbarChanged();
 }
 void NSToolbar::itemChanged() { changed(); }
+void NSToolbar::itemViewChanged(NSView* before, NSView* view) {
+    if (before) letGo(*before, window_);
+    if (view) view->moveToWindow(window_);
+}
 void NSToolbar::itemEnabledChanged(const NSToolbarItem& item) {
     if (widget_) widget_->strip().showEnabled(item);
 }
@@ -165,10 +173,7 @@ Ref<NSToolbarItem> NSToolbar::itemFor(const id& identifier, bool inserted) {
 void NSToolbar::tell(std::string_view selector, std::string_view notification, NSToolbarItem& item) {
     Ref<NSMutableDictionary> info = velt::make<NSMutableDictionary>();
     info->setObject(object(&item), velt::string(u"item"));
-    const Ref<NSNotification> told = velt::make<NSNotification>(velt::string(notification), object(this), info);
-    const velt::Selector told_by = velt::Selector::named(selector);
-    if (velt::respondsTo(delegate_, told_by)) velt::send(delegate_, told_by, told);
-    NSNotificationCenter::defaultCenter().post(*told);
+    velt::tellDelegateAndObservers(delegate_, selector, notification, object(this), info);
 }
 
 void NSToolbar::append(Ref<NSToolbarItem> item, std::size_t place) {
@@ -203,13 +208,7 @@ void NSToolbar::removeItemAtIndex(long index) {
     const Ref<NSToolbarItem> item = items_[static_cast<std::size_t>(index)];
     items_.erase(items_.begin() + index);
     item->toolbar_ = nullptr;
-    if (NSView* view = item->viewPointer()) {
-        view->moveToWindow(nullptr);
-        if (QWidget* shown = view->existingWidget()) {
-            shown->hide();
-            shown->setParent(nullptr);
-        }
-    }
+    if (NSView* view = item->viewPointer()) letGo(*view, window_);
     changed();
     tell("toolbarDidRemoveItem:", "NSToolbarDidRemoveItemNotification", *item);
 }

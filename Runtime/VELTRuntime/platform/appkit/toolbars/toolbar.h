@@ -89,6 +89,8 @@ public:
     /// The window goes, and its widgets with it.
     void windowGone();
     void itemChanged();
+    /// One of the items shows another view from now on; null stands for none.
+    void itemViewChanged(NSView* before, NSView* view);
     void itemEnabledChanged(const NSToolbarItem& item);
     /// A person clicked an item.
     void clicked(NSToolbarItem& item) noexcept;

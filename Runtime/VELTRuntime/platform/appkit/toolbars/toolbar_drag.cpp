@@ -34,7 +34,7 @@ void DraggedPicture::hide() {
     label_.clear();
 }
 
-ToolbarCover::ToolbarCover(ToolbarStrip& strip, NSToolbar&) : QWidget(&strip), strip_(strip) {
+ToolbarCover::ToolbarCover(ToolbarStrip& strip) : QWidget(&strip), strip_(strip) {
     setFocusPolicy(Qt::StrongFocus);
     setAccessibleName(QStringLiteral("Items of the toolbar"));
     setAccessibleDescription(QStringLiteral("The arrows choose an item, with Control they move it, Delete removes it"));

@@ -31,7 +31,7 @@ private:
 /// Lies over the items while a person customizes: items can be dragged, and moved and removed by keys, but not used.
 class ToolbarCover final : public QWidget {
 public:
-    ToolbarCover(ToolbarStrip& strip, NSToolbar& toolbar);
+    explicit ToolbarCover(ToolbarStrip& strip);
     /// A line at a place of the strip, where a dragged item would stand; -1 for none.
     void setMark(int x);
 
@@ -43,10 +43,10 @@ protected:
     void keyPressEvent(QKeyEvent* event) override;
 
 private:
-    ToolbarStrip& strip_;
     NSToolbar* toolbar() const;
     void change(int from, int to);
 
+    ToolbarStrip& strip_;
     int mark_ = -1, current_ = -1, dragged_ = -1;
     QPoint start_;
     DraggedPicture picture_;

@@ -106,8 +106,9 @@ void NSToolbarItem::changed() {
 }
 
 void NSToolbarItem::setLabel(const id& label) {
-    label_ = textOrEmpty(label);
-    changed();
+    const id before = std::exchange(label_, textOrEmpty(label));
+    // Programs set it whenever they are asked about the item.
+    if (!velt::isEqual(before, label_)) changed();
 }
 void NSToolbarItem::setPaletteLabel(const id& label) {
     paletteLabel_ = textOrEmpty(label);
@@ -124,7 +125,8 @@ void NSToolbarItem::setImage(const id& image) {
 
 id NSToolbarItem::view() const { return view_; }
 void NSToolbarItem::setView(NSView* view) {
-    view_ = Ref<NSView>(view);
+    const Ref<NSView> before = std::exchange(view_, Ref<NSView>(view));
+    if (toolbar_ && before.get() != view) toolbar_->itemViewChanged(before.get(), view);
     if (view && minSize_.width == 0 && minSize_.height == 0) minSize_ = view->frame().size;
     if (view && maxSize_.width == 0 && maxSize_.height == 0) maxSize_ = view->frame().size;
     changed();
@@ -153,10 +155,8 @@ void NSToolbarItem::setEnabled(bool flag) {
     if (toolbar_) toolbar_->itemEnabledChanged(*this);
 }
 
-id NSToolbarItem::actionName() const { return action_ ? velt::string(action_.name()) : nil; }
-void NSToolbarItem::setActionName(const id& name) {
-    action_ = name.isNil() ? velt::Selector() : velt::Selector::named(velt::utf8(VELT_CSTRING(name)));
-}
+id NSToolbarItem::actionName() const { return velt::actionName(action_); }
+void NSToolbarItem::setActionName(const id& name) { action_ = velt::actionNamed(name); }
 
 id NSToolbarItem::toolbar() const { return id(static_cast<NSObject*>(toolbar_)); }
 

@@ -220,15 +220,11 @@ void ToolbarStrip::arrange() {
         if (!out) break;
         out->isShown = false;
     }
-    // What is left over goes to the flexible spaces, or else to the views that can grow.
+    // What is left over goes to the views that can grow, and then to the flexible spaces.
     std::vector<int> widths;
     for (const ToolbarSlot& slot : slots_) widths.push_back(slot.least);
     int left = std::max(0, room - needed());
-    const bool flexible = std::any_of(slots_.begin(), slots_.end(), [](const ToolbarSlot& slot) {
-        return slot.isShown && slot.most == kMost && !slot.widget;
-    });
     for (const bool spaces : {false, true}) {
-        if (spaces != flexible && spaces) break;
         for (bool grown = true; grown && left > 0;) {
             grown = false;
             std::vector<std::size_t> growing;
@@ -260,16 +256,16 @@ void ToolbarStrip::arrange() {
         const int below = label ? label->sizeHint().height() : 0;
         NSView& view = *slot.item->viewPointer();
         const NSSize least = slot.item->minSize(), most = slot.item->maxSize();
-        const int room_up = slot.rect.height() - below;
+        const int above = slot.rect.height() - below;
         double high = least.height > 0 ? least.height : view.frame().size.height;
-        if (most.height > high) high = std::min(most.height, double(room_up));
+        if (most.height > high) high = std::min(most.height, double(above));
         const int wide =
             std::min(slot.rect.width(), std::max(static_cast<int>(most.width), static_cast<int>(least.width)));
-        const QRect place((slot.rect.width() - wide) / 2, std::max(0, (room_up - static_cast<int>(high)) / 2), wide,
+        const QRect place((slot.rect.width() - wide) / 2, std::max(0, (above - static_cast<int>(high)) / 2), wide,
                           static_cast<int>(high));
         runReported([&] { view.setFrame({{0, 0}, {double(place.width()), double(place.height())}}); });
         view.widget().setGeometry(place);
-        if (label) label->setGeometry(0, room_up - kLabelRise, slot.rect.width(), below);
+        if (label) label->setGeometry(0, above - kLabelRise, slot.rect.width(), below);
     }
     overflow_->setVisible(overflows);
     const QSize size = overflow_->sizeHint();
@@ -282,21 +278,24 @@ void ToolbarStrip::fillOverflow() {
     QMenu& menu = *overflow_->menu();
     menu.clear();
     if (!toolbar_) return;
+    std::vector<Ref<NSToolbarItem>> hidden;
     for (const ToolbarSlot& slot : slots_) {
-        if (slot.isShown || slot.item->isSpace()) continue;
-        if (const id form = slot.item->menuFormRepresentation(); is<NSMenuItem>(form)) {
+        if (!slot.isShown && !slot.item->isSpace()) hidden.push_back(slot.item);
+    }
+    for (const Ref<NSToolbarItem>& item : hidden) {
+        if (const id form = item->menuFormRepresentation(); is<NSMenuItem>(form)) {
             menu.addAction(&as<NSMenuItem>(form)->toolkitAction());
             continue;
         }
-        QString text = qtText(slot.item->label());
-        if (text.isEmpty()) text = toolbarName(*slot.item);
-        QAction* action = menu.addAction(toolbarIcon(*slot.item), text.replace(u'&', QStringLiteral("&&")));
-        // Asked now: the toolbar asks only for what can be seen.
+        // Asked now: the toolbar asks only for what can be seen. Who is asked may change the item.
         runReported([&] {
-            if (slot.item->autovalidates()) slot.item->validate();
+            if (item->autovalidates()) item->validate();
         });
-        action->setEnabled(slot.item->isEnabled());
-        connect(action, &QAction::triggered, this, [this, item = slot.item] {
+        QString text = qtText(item->label());
+        if (text.isEmpty()) text = toolbarName(*item);
+        QAction* action = menu.addAction(toolbarIcon(*item), text.replace(u'&', QStringLiteral("&&")));
+        action->setEnabled(item->isEnabled());
+        connect(action, &QAction::triggered, this, [this, item] {
             if (toolbar_) toolbar_->clicked(*item);
         });
     }
@@ -324,7 +323,7 @@ void ToolbarStrip::paintEvent(QPaintEvent*) {
 void ToolbarStrip::setCustomizing(bool flag) {
     delete cover_;
     if (flag && toolbar_) {
-        cover_ = new ToolbarCover(*this, *toolbar_);
+        cover_ = new ToolbarCover(*this);
         cover_->setGeometry(rect());
         cover_->show();
         cover_->raise();

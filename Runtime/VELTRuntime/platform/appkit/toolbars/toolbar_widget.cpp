@@ -44,7 +44,7 @@ ToolbarWidget::~ToolbarWidget() = default;
 void ToolbarWidget::forget() {
     toolbar_ = nullptr;
     strip_->forget();
-    if (sheet_) static_cast<CustomizationSheet*>(sheet_.data())->forget();
+    if (sheet_) sheet()->forget();
 }
 
 void ToolbarWidget::toolbarChanged() {
@@ -86,11 +86,13 @@ bool ToolbarWidget::eventFilter(QObject* watched, QEvent* event) {
 /// What a person does may change what can be done next. Asked once for all that happens before the program rests.
 void ToolbarWidget::validateSoon() {
     if (!toolbar_ || !isVisible() || std::exchange(validating_, true)) return;
-    QTimer::singleShot(0, this, [this] {
-        validating_ = false;
-        if (!toolbar_ || toolbar_->customizationPaletteIsRunning()) return;
-        const Ref<NSToolbar> kept(toolbar_);
-        runReported([&] { kept->validateVisibleItems(); });
+    QTimer::singleShot(0, this, [this, shown = QPointer<ToolbarWidget>(this)] {
+        if (toolbar_ && !toolbar_->customizationPaletteIsRunning()) {
+            const Ref<NSToolbar> kept(toolbar_);
+            runReported([&] { kept->validateVisibleItems(); });
+        }
+        // Who was asked may have changed items: that is no reason to ask again, or there would be no end.
+        if (shown) validating_ = false;
     });
 }
 
