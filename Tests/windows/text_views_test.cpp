@@ -4,12 +4,16 @@
 #include "support/control_window.h"
 #include "support/shown_text.h"
 
+#include "VELTRuntime/platform/appkit/text/paragraph_style.h"
 #include "VELTRuntime/platform/appkit/text/text_finder.h"
 #include "VELTRuntime/platform/object/cycles.h"
+#include "VELTRuntime/platform/object/exception.h"
 
 #include <QApplication>
 #include <QClipboard>
 #include <QMimeData>
+#include <QTextBlock>
+#include <QTextDocument>
 #include <random>
 
 using namespace velt::test;
@@ -45,6 +49,29 @@ public:
     std::string asked, heard, takes, commands;
     int selections = 0;
     bool allowed = true;
+};
+
+/// A delegate that fails, or puts another text in the place of the view's, when it hears of a change.
+class HastyListener : public NSObject {
+    VELT_OBJECT(HastyListener, NSObject)
+
+public:
+    void textDidChange(const id& notification) {
+        if (--changesBefore > 0) return;
+        if (failsAtChange) velt::raise(velt::kRuntimeException, "no");
+        if (!text.isNil()) velt::send(velt::send(notification, "object"), "setString:", text);
+    }
+    void selectionChanged(const id&) {
+        if (failsAtSelection) velt::raise(velt::kRuntimeException, "no");
+    }
+    static void describe(velt::ClassBuilder<HastyListener>& c) {
+        c.method("textDidChange:", &HastyListener::textDidChange)
+            .method("textViewDidChangeSelection:", &HastyListener::selectionChanged)
+            .owns(&HastyListener::text);
+    }
+    bool failsAtChange = false, failsAtSelection = false;
+    int changesBefore = 1;
+    id text;
 };
 
 /// Says where it was coloured, as the editor does.
@@ -320,6 +347,50 @@ TEST(TextViews, AskTheirDelegateAndTellIt) {
     EXPECT_EQ("", listener->heard);
 }
 
+TEST(TextViews, UndoWhatIsChangedAfterTheirDelegateFailed) {
+    const Ref<NSTextView> view = viewOf("abc");
+    const Ref<HastyListener> listener = velt::make<HastyListener>();
+    VELT_NSTEXTVIEW_DELEGATE(view, listener);
+    velt::send(view, "setSelectedRange:", range(3, 0));
+    listener->failsAtChange = true;
+    EXPECT_RAISES("VLException: no", velt::send(view, "deleteBackward:", nil));
+    listener->failsAtChange = false;
+    // These are no deletions of a person's, which would be undone as one.
+    velt::send(view, "replaceCharactersInRange:withString:", range(0, 1), str("zz"));
+    velt::send(view, "replaceCharactersInRange:withString:", range(0, 2), str("y"));
+    EXPECT_EQ("yb", value(view));
+    while (VELT_CBOOL(VELT_NSTEXTVIEW_CANUNDO(view))) VELT_NSTEXTVIEW_UNDO(view);
+    EXPECT_EQ("abc", value(view));
+}
+
+TEST(TextViews, KnowWhatIsTheProgramsOwnAfterTheirDelegateFailed) {
+    const Ref<NSTextView> view = viewOf("abc");
+    const Ref<HastyListener> listener = velt::make<HastyListener>();
+    VELT_NSTEXTVIEW_DELEGATE(view, listener);
+    velt::send(view, "setSelectedRange:", range(1, 0));
+    listener->failsAtSelection = true;
+    EXPECT_RAISES("VLException: no", VELT_NSTEXTVIEW_INSERT(view, str("X")));
+    listener->failsAtSelection = false;
+    EXPECT_EQ("aXbc", value(view));
+    EXPECT_VALUE("c 1", VELT_NSTEXTVIEW_CANUNDO(view));
+    velt::send(velt::send(view, "textStorage"), "replaceCharactersInRange:withString:", range(0, 1), str("A"));
+    EXPECT_VALUE("c 0", VELT_NSTEXTVIEW_CANUNDO(view));
+}
+
+TEST(TextViews, KeepTheSelectionInATextThatGotShorterMeanwhile) {
+    const Ref<NSTextView> view = viewOf("abcde");
+    const Ref<HastyListener> listener = velt::make<HastyListener>();
+    VELT_NSTEXTVIEW_DELEGATE(view, listener);
+    velt::send(view, "setSelectedRanges:", array(range(1, 1), range(3, 1)));
+    listener->text = str("");
+    listener->changesBefore = 2;
+    VELT_NSTEXTVIEW_DELETE(view);
+    EXPECT_EQ("", value(view));
+    EXPECT_VALUE("{_NSRange=QQ} {0, 0}", velt::send(view, "selectedRange"));
+    VELT_NSTEXTVIEW_INSERT(view, str("x"));
+    EXPECT_EQ("", value(view)) << "the delegate's text";
+}
+
 TEST(TextViews, LeaveEscapeToTheirDelegateAndThenToTheWindow) {
     const Ref<NSTextView> view = viewOf("abc");
     const Ref<TextViewListener> listener = velt::make<TextViewListener>();
@@ -385,6 +456,23 @@ TEST(TextViews, CutCopyAndPaste) {
     velt::send(view, "selectAll:", nil);
     VELT_NSTEXTVIEW_DELETE(view);
     EXPECT_EQ("", value(view));
+}
+
+TEST(TextViews, CopyEachParagraphWithItsOwnAlignment) {
+    const Ref<NSTextView> view = viewOf("one\ntwo\r\nthree\r\nfour");
+    const Ref<NSMutableParagraphStyle> style = velt::make<NSMutableParagraphStyle>();
+    style->alignment = 1;
+    velt::send(velt::send(view, "textStorage"), "addAttribute:value:range:", str("NSParagraphStyle"), style,
+               range(4, 16));
+    velt::send(view, "selectAll:", nil);
+    VELT_NSTEXTVIEW_COPY(view);
+    QTextDocument copied;
+    copied.setHtml(QApplication::clipboard()->mimeData()->html());
+    std::string alignments;
+    for (QTextBlock block = copied.begin(); block.isValid(); block = block.next()) {
+        alignments += block.text().toStdString() + (block.blockFormat().alignment() & Qt::AlignRight ? "> " : " ");
+    }
+    EXPECT_EQ("one two> three> four> ", alignments);
 }
 
 TEST(TextViews, PasteLooksOnlyIntoRichText) {
@@ -475,6 +563,20 @@ TEST(TextViews, FindAndReplaceByTheSendersTag) {
     VELT_NSTEXTVIEW_PERFORMFINDPANELACTION(view, integer(99));
     VELT_NSTEXTVIEW_PERFORMFINDPANELACTION(view, nil);
     EXPECT_EQ("dog Cat concat dog.", value(view));
+}
+
+TEST(TextViews, FindWholeWordsOfAnyScript) {
+    const Ref<NSTextView> view = viewOf("a\U0001D400 \U0001D400a a\u0301a _a a");
+    view->findRequest() = {u"a", u"-"};
+    view->findRequest().wholeWords = true;
+    findAction(view, 4);
+    EXPECT_EQ("a\U0001D400 \U0001D400a a\u0301a _a -", value(view));
+    view->findRequest() = {u"\U0001D400", u"-"};
+    view->findRequest().wholeWords = true;
+    VELT_NSTEXTVIEW_VALUE(view, str("\U0001D400\U0001D400 b\U0001D400 \U0001D400."));
+    findAction(view, 4);
+    EXPECT_EQ("\U0001D400\U0001D400 b\U0001D400 -.", value(view));
+    view->findRequest() = {};
 }
 
 TEST(TextViews, ReplaceAllKeepsTheLooksAround) {

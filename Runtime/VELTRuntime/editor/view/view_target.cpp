@@ -9,7 +9,6 @@
 #include "VELTRuntime/platform/object/message.h"
 
 #include <QApplication>
-#include <QPointer>
 
 namespace velt {
 
@@ -39,22 +38,6 @@ public:
 
 private:
     ViewTarget& target_;
-};
-
-/// While it exists, what is shown anew and selected does not scroll the view.
-class PlaceKeeper {
-public:
-    explicit PlaceKeeper(TextWidget* widget) : widget_(widget) {
-        if (widget_) widget_->setKeepsPlace(true);
-    }
-    ~PlaceKeeper() {
-        if (widget_) widget_->setKeepsPlace(false);
-    }
-    PlaceKeeper(const PlaceKeeper&) = delete;
-    PlaceKeeper& operator=(const PlaceKeeper&) = delete;
-
-private:
-    const QPointer<TextWidget> widget_;
 };
 
 }  // namespace

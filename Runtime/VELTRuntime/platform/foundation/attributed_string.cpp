@@ -118,11 +118,15 @@ void NSAttributedString::visitOwned(velt::OwnedVisitor& visitor) {
     NSObject::visitOwned(visitor);
 }
 
-void NSAttributedString::requireRange(const char* operation, NSRange range) const {
-    if (range.location <= length() && range.length <= length() - range.location) return;
+void velt::requireRange(const NSObject& asked, const char* operation, NSRange range, std::size_t length) {
+    if (range.location <= length && range.length <= length - range.location) return;
     std::size_t end = 0;
     if (__builtin_add_overflow(range.location, range.length, &end)) end = LONG_MAX;
-    velt::raiseRange("'" + isa().name() + "' " + operation, static_cast<long long>(end), length());
+    raiseRange("'" + asked.isa().name() + "' " + operation, static_cast<long long>(end), length);
+}
+
+void NSAttributedString::requireRange(const char* operation, NSRange range) const {
+    velt::requireRange(*this, operation, range, length());
 }
 
 id NSAttributedString::attributesAt(long position, NSRange* range) const {

@@ -5,8 +5,6 @@
 #include "VELTRuntime/platform/foundation/dictionary.h"
 #include "VELTRuntime/platform/object/exception.h"
 
-#include <climits>
-
 namespace {
 
 /// The attributes of every unit, in runs.
@@ -52,12 +50,7 @@ void NSTextContainer::describe(velt::ClassBuilder<NSTextContainer>& c) {
 NSLayoutManager::NSLayoutManager(NSTextView* view) : view_(view), layer_(std::make_unique<RunLayer>()) {}
 
 void NSLayoutManager::change(const char* operation, NSRange range, const std::function<id(const id&)>& changed) {
-    const std::size_t length = layer_->length();
-    if (range.location > length || range.length > length - range.location) {
-        std::size_t end = 0;
-        if (__builtin_add_overflow(range.location, range.length, &end)) end = LONG_MAX;
-        velt::raiseRange(std::string("'NSLayoutManager' ") + operation, static_cast<long long>(end), length);
-    }
+    velt::requireRange(*this, operation, range, layer_->length());
     layer_->change(range, changed);
     if (view_) view_->temporaryAttributesChanged();
 }

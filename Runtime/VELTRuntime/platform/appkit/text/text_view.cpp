@@ -4,6 +4,7 @@
 #include "VELTRuntime/platform/appkit/font.h"
 #include "VELTRuntime/platform/appkit/qt_values.h"
 #include "VELTRuntime/platform/appkit/text/moved_range.h"
+#include "VELTRuntime/platform/appkit/text/setting.h"
 #include "VELTRuntime/platform/appkit/text/text_widget.h"
 #include "VELTRuntime/platform/foundation/array.h"
 #include "VELTRuntime/platform/foundation/attribute_names.h"
@@ -59,11 +60,7 @@ void NSTextView::setString(const id& text) {
 }
 
 void NSTextView::requireRange(const char* operation, NSRange range) const {
-    const std::size_t length = textLength();
-    if (range.location <= length && range.length <= length - range.location) return;
-    std::size_t end = 0;
-    if (__builtin_add_overflow(range.location, range.length, &end)) end = LONG_MAX;
-    velt::raiseRange("'" + isa().name() + "' " + operation, static_cast<long long>(end), length);
+    velt::requireRange(*this, operation, range, textLength());
 }
 
 void NSTextView::replaceCharacters(NSRange range, const id& text) {
@@ -76,10 +73,10 @@ void NSTextView::replaceCharacters(NSRange range, const id& text) {
 
 void NSTextView::replaceCharactersWithAttributed(NSRange range, const NSAttributedString& text) {
     requireRange("replaceCharactersInRange:withAttributedString:", range);
+    const Ref<NSTextView> kept(this);
     registerUndo(range, text.length());
-    const bool outer = std::exchange(editing_, true);
+    const velt::Setting editing(editing_, true);
     storage()->replaceCharacters(range, text);
-    editing_ = outer;
 }
 
 void NSTextView::storageChanged(NSRange range, std::size_t newLength, bool textChanged) {
@@ -101,10 +98,8 @@ void NSTextView::storageChanged(NSRange range, std::size_t newLength, bool textC
     std::vector<NSRange> moved;
     for (const NSRange& selected : ranges_) moved.push_back(velt::movedBy(selected, range, newLength));
     // A selection that only goes along with what the program does to the text scrolls nothing.
-    const bool outer = widget && widget->keepsPlace();
-    if (widget && !editing_) widget->setKeepsPlace(true);
+    const velt::PlaceKeeper keeper(editing_ ? nullptr : widget);
     select(std::move(moved), forward_);
-    if (widget = existingTextWidget(); widget) widget->setKeepsPlace(outer);
 }
 
 // The selection.
@@ -159,10 +154,10 @@ void NSTextView::moveSelectionAhead(NSRange range, std::size_t newLength) {
 }
 
 void NSTextView::catchUp(NSRange range, const NSAttributedString& text) {
-    const bool wasAhead = std::exchange(isSelectionAhead_, true), wasEditing = std::exchange(editing_, true);
-    storage_->replaceCharacters(range, text);
-    editing_ = wasEditing;
-    isSelectionAhead_ = wasAhead;
+    {
+        const velt::Setting ahead(isSelectionAhead_, true), editing(editing_, true);
+        storage_->replaceCharacters(range, text);
+    }
     showSelection();
 }
 

@@ -2,7 +2,7 @@
 #include "VELTRuntime/platform/appkit/event.h"
 #include "VELTRuntime/platform/appkit/font.h"
 #include "VELTRuntime/platform/appkit/qt_values.h"
-#include "VELTRuntime/platform/appkit/text/find_actions.h"
+#include "VELTRuntime/platform/appkit/text/setting.h"
 #include "VELTRuntime/platform/appkit/text/text_positions.h"
 #include "VELTRuntime/platform/appkit/text/text_view.h"
 #include "VELTRuntime/platform/appkit/text/text_widget.h"
@@ -85,9 +85,10 @@ void NSTextView::restore(const id& range, const id& text) {
     const std::size_t length = textLength();
     if (!before || place.location > length || place.length > length - place.location) return;
     const Ref<NSAttributedString> kept = velt::make<NSAttributedString>(*before);
-    const Joins outer = std::exchange(joins_, Joins::No);
-    replaceCharactersWithAttributed(place, *kept);
-    joins_ = outer;
+    {
+        const velt::Setting joins(joins_, Joins::No);
+        replaceCharactersWithAttributed(place, *kept);
+    }
     last_ = {};
     setSelectedRange({place.location + kept->length(), 0});
     scrollRangeToVisible({place.location + kept->length(), 0});
@@ -148,20 +149,13 @@ bool NSTextView::change(NSRange range, const id& text, bool goesBehind) {
 
 void NSTextView::insertTextInRange(const id& text, NSRange range) {
     requireRange("insertText:replacementRange:", range);
-    const Joins outer = std::exchange(joins_, range.length == 0 ? Joins::Typing : Joins::No);
-    const auto end = [&] { joins_ = outer; };
-    try {
-        if (change(range, text, true)) {
-            // Where the delegate put the insertion point meanwhile counts.
-            const NSRange now = ranges_.front();
-            scrollRangeToVisible({now.location + now.length, 0});
-            if (range.length > 0 && last_.registration != 0) last_.kind = Joins::Typing;
-        }
-    } catch (...) {
-        end();
-        throw;
-    }
-    end();
+    const Ref<NSTextView> kept(this);
+    const velt::Setting joins(joins_, range.length == 0 ? Joins::Typing : Joins::No);
+    if (!change(range, text, true)) return;
+    // Where the delegate put the insertion point meanwhile counts.
+    const NSRange now = ranges_.front();
+    scrollRangeToVisible({now.location + now.length, 0});
+    if (range.length > 0 && last_.registration != 0) last_.kind = Joins::Typing;
 }
 
 void NSTextView::insertText(const id& text) { insertTextInRange(text, ranges_.front()); }
@@ -182,7 +176,7 @@ void NSTextView::deleteSelection(const id&) {
     for (const NSRange& range : ranges) {
         if (range.length > 0 && !change(range, ""_v)) return;
     }
-    if (!ranges.empty() && ranges_.size() > 1) select({{ranges.back().location, 0}}, true);
+    if (ranges_.size() > 1) select({{std::min<std::size_t>(ranges.back().location, textLength()), 0}}, true);
 }
 
 void NSTextView::deleteBackward(const id&) {
@@ -190,9 +184,9 @@ void NSTextView::deleteBackward(const id&) {
     if (now.length > 0) return deleteSelection(nil);
     if (now.location == 0) return;
     const std::size_t begin = velt::positionBefore(text(), now.location);
-    const Joins outer = std::exchange(joins_, Joins::Deleting);
+    const Ref<NSTextView> kept(this);
+    const velt::Setting joins(joins_, Joins::Deleting);
     change({begin, now.location - begin}, ""_v);
-    joins_ = outer;
     scrollRangeToVisible({std::min<std::size_t>(begin, textLength()), 0});
 }
 
@@ -201,9 +195,9 @@ void NSTextView::deleteForward(const id&) {
     if (now.length > 0) return deleteSelection(nil);
     const std::size_t end = velt::positionAfter(text(), now.location);
     if (end == now.location) return;
-    const Joins outer = std::exchange(joins_, Joins::Deleting);
+    const Ref<NSTextView> kept(this);
+    const velt::Setting joins(joins_, Joins::Deleting);
     change({now.location, end - now.location}, ""_v);
-    joins_ = outer;
 }
 
 // The clipboard.
