@@ -6,11 +6,9 @@
 
 #include "VELTRuntime/editor/line_roles.h"
 #include "VELTRuntime/editor/recasing.h"
+#include "VELTRuntime/editor/source_syntax.h"
 
 namespace velt {
-
-/// The unit of indentation.
-inline constexpr std::u16string_view kIndentationUnit = u"  ";
 
 /// Lines of less units, their line end among them, are not formatted.
 inline constexpr std::size_t kShortestLine = 2;

@@ -7,6 +7,7 @@
 #include "VELTRuntime/platform/appkit/event.h"
 #include "VELTRuntime/platform/appkit/font.h"
 #include "VELTRuntime/platform/appkit/screen.h"
+#include "VELTRuntime/platform/appkit/text/setting.h"
 #include "VELTRuntime/platform/foundation/array.h"
 #include "VELTRuntime/platform/foundation/index_set.h"
 #include "VELTRuntime/platform/object/providers.h"
@@ -143,7 +144,7 @@ id Autocompletion::objectValue(const id&, const id&, long row) const {
 void Autocompletion::popupChanged() {
     if (!popup_ || !velt::is<AutoCompleteList>(list_)) return;
     auto& list = *velt::as<AutoCompleteList>(list_);
-    const bool outer = std::exchange(syncing_, true);
+    const velt::Setting syncing(syncing_, true);
     list.typed = velt::string(popup_->typed());
     fit();
     list.reloadData();
@@ -153,7 +154,6 @@ void Autocompletion::popupChanged() {
     } else {
         list.deselectAll(nil);
     }
-    syncing_ = outer;
 }
 
 void Autocompletion::popupEnded() {
