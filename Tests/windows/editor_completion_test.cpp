@@ -110,8 +110,13 @@ TEST_F(EditorCompletion, ClosesOnEscapeAndLeavesWhatWasTyped) {
         const id open = velt::send(shown.view, "runningCompletions");
         EXPECT_VALUE("Q 1", velt::send(open, "count"));
         const id top = velt::send(open, "objectAtIndex:", integer(0));
+        EXPECT_VALUE("c 0", velt::send(top, "bAs"));
         EXPECT_VALUE("c 1", velt::send(top, "bClass"));
+        EXPECT_VALUE("c 0", velt::send(top, "bBuiltin"));
+        EXPECT_VALUE("{_NSRange=QQ} {2, 0}", velt::send(top, "triggerRange"));
+        EXPECT_TRUE(velt::isEqual(velt::send(top, "completionList"), host->names));
         EXPECT_TRUE(velt::send(top, "textview") == shown.view);
+        EXPECT_VALUE("c 0", velt::send(shown.view, "bClass")) << "the modes are the list's";
         shown.type("ti");
         shown.key(Qt::Key_Backspace);
         EXPECT_EQ("o.t", shown.text());

@@ -2,6 +2,7 @@
 #include "VELTRuntime/editor/line_formatter.h"
 
 #include "VELTRuntime/editor/operator_spacing.h"
+#include "VELTRuntime/editor/source_syntax.h"
 
 #include <algorithm>
 #include <vector>

@@ -6,7 +6,6 @@
 
 #include "VELTRuntime/editor/line_roles.h"
 #include "VELTRuntime/editor/recasing.h"
-#include "VELTRuntime/editor/source_syntax.h"
 
 namespace velt {
 

@@ -5,7 +5,6 @@
 #include "VELTRuntime/values/text/casing.h"
 
 #include <algorithm>
-#include <array>
 #include <bitset>
 #include <iterator>
 

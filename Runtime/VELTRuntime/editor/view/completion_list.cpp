@@ -13,7 +13,6 @@
 #include "VELTRuntime/platform/object/providers.h"
 #include "VELTRuntime/values/text/utf.h"
 
-#include <QApplication>
 #include <QEventLoop>
 #include <QMainWindow>
 #include <QWindow>

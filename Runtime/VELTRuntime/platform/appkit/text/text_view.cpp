@@ -1,6 +1,5 @@
 #include "VELTRuntime/platform/appkit/text/text_view.h"
 
-#include "VELTRuntime/platform/appkit/event_delivery.h"
 #include "VELTRuntime/platform/appkit/font.h"
 #include "VELTRuntime/platform/appkit/qt_values.h"
 #include "VELTRuntime/platform/appkit/text/moved_range.h"
@@ -11,9 +10,7 @@
 #include "VELTRuntime/platform/object/exception.h"
 
 #include <QPalette>
-#include <QScrollBar>
 #include <climits>
-#include <cmath>
 
 using velt::Ref;
 using velt::TextWidget;

@@ -14,7 +14,6 @@
 #include <QPainter>
 #include <QScrollBar>
 #include <QStyle>
-#include <cmath>
 
 namespace velt {
 

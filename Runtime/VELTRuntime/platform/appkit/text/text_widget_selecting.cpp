@@ -6,14 +6,12 @@
 #include "VELTRuntime/platform/appkit/view_events.h"
 #include "VELTRuntime/values/text/casing.h"
 
-#include <QApplication>
 #include <QClipboard>
 #include <QGuiApplication>
 #include <QKeyEvent>
 #include <QMimeData>
 #include <QScrollBar>
 #include <QStyleHints>
-#include <QTextBoundaryFinder>
 #include <iterator>
 
 namespace velt {
