@@ -7,7 +7,6 @@
 #include "VELTRuntime/platform/appkit/text/rich_text.h"
 #include "VELTRuntime/platform/appkit/text/text_accessible.h"
 #include "VELTRuntime/platform/appkit/text/text_view.h"
-#include "VELTRuntime/platform/appkit/view_events.h"
 
 #include <QAccessible>
 #include <QPaintEvent>

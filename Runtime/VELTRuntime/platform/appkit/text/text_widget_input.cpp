@@ -7,7 +7,6 @@
 #include "VELTRuntime/platform/appkit/text/find_bar.h"
 #include "VELTRuntime/platform/appkit/text/text_view.h"
 #include "VELTRuntime/platform/appkit/text/text_widget.h"
-#include "VELTRuntime/platform/appkit/view_events.h"
 
 #include <QApplication>
 #include <QKeyEvent>

@@ -259,7 +259,7 @@ std::unique_ptr<QMimeData> mimeDataOf(const NSAttributedString& text, bool rich,
 
 std::unique_ptr<QMimeData> TextWidget::selectionData() const {
     NSTextView* shown = view();
-    if (!shown) return nullptr;
+    if (!shown || !shown->isSelectable()) return nullptr;
     const id part = shown->shown().attributedSubstring(shown->selectedRange());
     return mimeDataOf(*attributedStringOf(part), shown->isRichText(), font());
 }

@@ -3,7 +3,6 @@
 #include "VELTRuntime/platform/appkit/text/text_positions.h"
 #include "VELTRuntime/platform/appkit/text/text_view.h"
 #include "VELTRuntime/platform/appkit/text/text_widget.h"
-#include "VELTRuntime/platform/appkit/view_events.h"
 #include "VELTRuntime/values/text/casing.h"
 
 #include <QClipboard>
