@@ -74,6 +74,18 @@ public:
     id text;
 };
 
+/// A delegate that keeps what is undone itself.
+class ManagerGiver : public NSObject {
+    VELT_OBJECT(ManagerGiver, NSObject)
+
+public:
+    id given(const id&) const { return manager; }
+    static void describe(velt::ClassBuilder<ManagerGiver>& c) {
+        c.method("undoManagerForTextView:", &ManagerGiver::given).owns(&ManagerGiver::manager);
+    }
+    id manager = velt::make<NSUndoManager>();
+};
+
 /// Says where it was coloured, as the editor does.
 class SelectionTellingView : public NSTextView {
     VELT_OBJECT(SelectionTellingView, NSTextView)
@@ -315,6 +327,42 @@ TEST(TextViews, UndoStepByStepAndJoinWhatIsTyped) {
     VELT_NSTEXTVIEW_ALLOWSUNDO(view, boolean(false));
     VELT_NSTEXTVIEW_INSERT(view, str("x"));
     EXPECT_VALUE("c 0", VELT_NSTEXTVIEW_CANUNDO(view));
+}
+
+TEST(TextViews, UndoByTheManagerThatTheirDelegateGives) {
+    const Ref<NSTextView> view = viewOf("abc");
+    const Ref<ManagerGiver> giver = velt::make<ManagerGiver>();
+    VELT_NSTEXTVIEW_DELEGATE(view, giver);
+    EXPECT_EQ(giver->manager, velt::send(view, "undoManager"));
+    velt::send(view, "setSelectedRange:", range(0, 3));
+    VELT_NSTEXTVIEW_INSERT(view, str("x"));
+    EXPECT_VALUE("c 1", velt::send(giver->manager, "canUndo"));
+    VELT_NSTEXTVIEW_UNDO(view);
+    EXPECT_EQ("abc", value(view));
+    VELT_NSTEXTVIEW_INSERT(view, str("y"));
+    VELT_NSTEXTVIEW_VALUE(view, str("new"));  // nothing of before can be undone, by whomever
+    EXPECT_VALUE("c 0", velt::send(giver->manager, "canUndo"));
+    VELT_NSTEXTVIEW_INSERT(view, str("z"));
+    velt::send(velt::send(view, "textStorage"), "replaceCharactersInRange:withString:", range(0, 1), str(""));
+    EXPECT_VALUE("c 0", velt::send(giver->manager, "canUndo"));
+}
+
+TEST(TextViews, ForgetWhatWasDoneBeforeAChangeThatCannotBeUndone) {
+    for (const bool isEditor : {false, true}) {
+        const id view = isEditor ? VELT_VLTEXTVIEW_INIT(nil, "") : VELT_NSTEXTVIEW_INIT(nil, "");
+        VELT_NSTEXTVIEW_INSERT(view, str("abc"));
+        EXPECT_VALUE("c 1", VELT_NSTEXTVIEW_CANUNDO(view));
+        VELT_NSTEXTVIEW_ALLOWSUNDO(view, boolean(false));
+        EXPECT_VALUE("c 1", VELT_NSTEXTVIEW_CANUNDO(view));
+        if (isEditor) {
+            VELT_VLTEXTVIEW_COMMENT(view);
+        } else {
+            VELT_NSTEXTVIEW_GOTOFIRSTCHARACTER(view);
+            VELT_NSTEXTVIEW_INSERT(view, str("'"));
+        }
+        EXPECT_VALUE("''abc'", VELT_NSTEXTVIEW_VALUE(view));
+        EXPECT_VALUE("c 0", VELT_NSTEXTVIEW_CANUNDO(view));
+    }
 }
 
 TEST(TextViews, UndoWithTheAttributesThatWereThere) {

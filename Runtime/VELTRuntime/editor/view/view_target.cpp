@@ -196,7 +196,9 @@ void ViewTarget::giveToView() {
         layer_->setIsAhead(false);
         // One message takes all of it back.
         const id manager = view_.undoManager();
-        if (view_.allowsUndo() && is<NSUndoManager>(manager)) {
+        if (!view_.allowsUndo()) {
+            view_.forgetUndo();
+        } else if (is<NSUndoManager>(manager)) {
             const id arguments[] = {make<SourceEdits>(std::move(given.edits))};
             as<NSUndoManager>(manager)->registerUndo(self(), VELT_SELECTOR("restoreEdits:"), arguments);
         }

@@ -51,8 +51,7 @@ id NSTextView::string() const { return storage()->string(); }
 
 void NSTextView::setString(const id& text) {
     const id content = VELT_CSTRING(text);
-    if (undoManager_) undoManager_->removeAllActionsWithTarget(id(static_cast<NSObject*>(this)));
-    last_ = {};
+    forgetUndo();
     storage()->setAttributedString(*velt::make<NSAttributedString>(velt::textOf(content)));
 }
 
@@ -85,9 +84,7 @@ void NSTextView::storageChanged(NSRange range, std::size_t newLength, bool textC
     }
     // What a program changes in the storage cannot be undone; what was done before it neither, unless it was appended.
     const bool appended = range.length == 0 && range.location + newLength == storage_->length();
-    if (!editing_ && !appended && undoManager_) {
-        undoManager_->removeAllActionsWithTarget(id(static_cast<NSObject*>(this)));
-    }
+    if (!editing_ && !appended) forgetUndo();
     if (!editing_) last_ = {};
     layoutManager_->textChanged(range, newLength);
     if (widget) widget->textChanged(range, newLength);

@@ -89,6 +89,7 @@ public:
     id textColor() const override { return textColor_; }
     void setTextColor(const id& color) override;
     void setRichText(bool flag) override;
+    /// Without it a change of the text cannot be undone, nor what was done before it.
     bool allowsUndo() const { return allowsUndo_; }
     void setAllowsUndo(bool flag) { allowsUndo_ = flag; }
     id layoutManager() const { return layoutManager_; }
@@ -106,6 +107,8 @@ public:
     void moveSelectionAhead(NSRange range, std::size_t newLength);
     void selectAhead(std::vector<NSRange> ranges);
     void catchUp(NSRange range, const NSAttributedString& text);
+    /// What was done to the text until now cannot be undone any more.
+    void forgetUndo();
     // The widget's reports.
     void selectedByWidget(std::size_t anchor, std::size_t position);
     void keyboardComes();
@@ -144,6 +147,8 @@ private:
 
     const velt::Ref<NSTextStorage>& storage() const { return textNeeded(), storage_; }
     void storageChanged(NSRange range, std::size_t newLength, bool textChanged) override;
+    /// What the delegate gives to undo by; nil when it leaves that to the view.
+    id delegatesUndoManager() const;
     void registerUndo(NSRange range, std::size_t newLength);
     bool joinUndo(NSRange range, std::size_t newLength, const id& before);
     void restore(const id& range, const id& text);

@@ -29,14 +29,25 @@ id plainTextOf(const id& text) {
 
 // Undo.
 
-id NSTextView::undoManager() {
+id NSTextView::delegatesUndoManager() const {
     static const velt::Selector asks = velt::Selector::named("undoManagerForTextView:");
-    if (velt::respondsTo(delegate(), asks)) {
-        id given = velt::send(delegate(), asks, object(this));
-        if (velt::is<NSUndoManager>(given)) return given;
-    }
+    if (!velt::respondsTo(delegate(), asks)) return nil;
+    id given = velt::send(delegate(), asks, object(this));
+    return velt::is<NSUndoManager>(given) ? given : id();
+}
+
+id NSTextView::undoManager() {
+    if (id given = delegatesUndoManager(); !given.isNil()) return given;
     if (!undoManager_) undoManager_ = velt::make<NSUndoManager>();
     return undoManager_;
+}
+
+void NSTextView::forgetUndo() {
+    last_ = {};
+    if (undoManager_) undoManager_->removeAllActionsWithTarget(object(this));
+    if (const id given = delegatesUndoManager(); !given.isNil()) {
+        velt::as<NSUndoManager>(given)->removeAllActionsWithTarget(object(this));
+    }
 }
 
 void NSTextView::commandBegins() {
@@ -70,12 +81,18 @@ bool NSTextView::joinUndo(NSRange range, std::size_t newLength, const id& before
 
 void NSTextView::registerUndo(NSRange range, std::size_t newLength) {
     const id manager = undoManager();
-    if (!allowsUndo_ || !velt::is<NSUndoManager>(manager)) return;
+    if (!velt::is<NSUndoManager>(manager)) return;
+    auto& undoes = *velt::as<NSUndoManager>(manager);
+    if (!allowsUndo_) {
+        // What was done before would be put back where it does not belong any more.
+        if (!undoes.isUndoing() && !undoes.isRedoing()) forgetUndo();
+        return;
+    }
     const id before = attributedPart(range);
     if (joinUndo(range, newLength, before)) return;
     const id arguments[] = {VELT_ID(NSRange{range.location, newLength}), before};
-    const auto registration = velt::as<NSUndoManager>(manager)->registerUndo(
-        object(this), velt::Selector::named("restoreCharactersInRange:from:"), arguments);
+    const auto registration =
+        undoes.registerUndo(object(this), velt::Selector::named("restoreCharactersInRange:from:"), arguments);
     last_ = {registration, joins_, {range.location, newLength}, before};
 }
 
