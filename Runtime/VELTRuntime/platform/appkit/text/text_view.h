@@ -89,7 +89,7 @@ public:
     id textColor() const override { return textColor_; }
     void setTextColor(const id& color) override;
     void setRichText(bool flag) override;
-    /// Without it a change of the text cannot be undone, nor what was done before it.
+    /// Changes of the text can be undone. After one that cannot, what was done before it cannot either.
     bool allowsUndo() const { return allowsUndo_; }
     void setAllowsUndo(bool flag) { allowsUndo_ = flag; }
     id layoutManager() const { return layoutManager_; }
