@@ -12,6 +12,7 @@
 #include <QClipboard>
 #include <QDropEvent>
 #include <QInputMethodEvent>
+#include <QLabel>
 #include <QLineEdit>
 #include <QMainWindow>
 #include <QMenu>
@@ -289,10 +290,25 @@ TEST_F(TextInput, FindsInABarWithinTheView) {
     QTest::mouseClick(widget->findChild<QToolButton*>(QStringLiteral("replaceOne")), Qt::LeftButton);
     EXPECT_EQ("one 2 one two", value(view));
     EXPECT_EQ("{10, 3}", selected(view));
-    QTest::mouseClick(widget->findChild<QToolButton*>(QStringLiteral("replaceAll")), Qt::LeftButton);
+    const auto* result = widget->findChild<QLabel*>(QStringLiteral("result"));
+    auto* all = widget->findChild<QToolButton*>(QStringLiteral("replaceAll"));
+    VELT_NSTEXT_EDITABLE(view, boolean(false));
+    QTest::mouseClick(all, Qt::LeftButton);
+    EXPECT_EQ("", result->text().toStdString()) << "nothing was replaced";
+    VELT_NSTEXT_EDITABLE(view, boolean(true));
+    QTest::mouseClick(all, Qt::LeftButton);
     EXPECT_EQ("one 2 one 2", value(view));
+    EXPECT_EQ("Replaced: 1", result->text().toStdString());
     QTest::keyClick(find, Qt::Key_Return);
-    EXPECT_FALSE(widget->findChild<QWidget*>(QStringLiteral("result"))->property("text").toString().isEmpty());
+    EXPECT_EQ("Not found", result->text().toStdString());
+    find->setFocus();
+    find->selectAll();
+    QTest::keyClicks(find, QStringLiteral("one"));
+    QTest::keyClick(find, Qt::Key_Return, Qt::ShiftModifier);
+    QTest::keyClick(find, Qt::Key_Return, Qt::ShiftModifier);
+    QTest::keyClick(find, Qt::Key_Return, Qt::ShiftModifier);
+    EXPECT_EQ("{6, 3}", selected(view));
+    EXPECT_EQ("Wrapped", result->text().toStdString());
     QTest::keyClick(find, Qt::Key_Escape);
     EXPECT_FALSE(find->isVisible());
     EXPECT_EQ(whole, widget->viewport()->height());
