@@ -31,6 +31,19 @@ public:
     id text;
 };
 
+/// A program's own view, which hears of changes by the message.
+class CountingView : public NSTextView {
+    VELT_OBJECT(CountingView, NSTextView)
+
+public:
+    void changed() {
+        ++changes;
+        NSTextView::didChangeText();
+    }
+    static void describe(velt::ClassBuilder<CountingView>& c) { c.method("didChangeText", &CountingView::changed); }
+    int changes = 0;
+};
+
 /// A delegate that keeps what is undone itself.
 class ManagerGiver : public NSObject {
     VELT_OBJECT(ManagerGiver, NSObject)
@@ -115,6 +128,16 @@ TEST(TextViews, ForgetWhatWasDoneBeforeAChangeThatCannotBeUndone) {
         EXPECT_VALUE("''abc'", VELT_NSTEXTVIEW_VALUE(view));
         EXPECT_VALUE("c 0", VELT_NSTEXTVIEW_CANUNDO(view));
     }
+}
+
+TEST(TextViews, TellSubclassesOfWhatIsUndone) {
+    const Ref<CountingView> view = velt::make<CountingView>();
+    VELT_NSTEXTVIEW_INSERT(view, str("x"));
+    EXPECT_EQ(1, view->changes);
+    VELT_NSTEXTVIEW_UNDO(view);
+    EXPECT_EQ(2, view->changes);
+    VELT_NSTEXTVIEW_REDO(view);
+    EXPECT_EQ(3, view->changes);
 }
 
 TEST(TextViews, UndoWithTheAttributesThatWereThere) {

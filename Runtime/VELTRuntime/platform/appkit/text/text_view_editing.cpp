@@ -109,7 +109,7 @@ void NSTextView::restore(const id& range, const id& text) {
     last_ = {};
     setSelectedRange({place.location + kept->length(), 0});
     scrollRangeToVisible({place.location + kept->length(), 0});
-    didChangeText();
+    velt::send(object(this), VELT_SELECTOR("didChangeText"));
 }
 
 void NSTextView::undo(const id&) {
