@@ -77,6 +77,8 @@ public:
     virtual void performFindPanelAction(const id& sender);
     /// Whether a person can do now what a menu item stands for: undo needs something to undo, cut a selection.
     virtual bool validateMenuItem(const id& item);
+    /// The same for a command by its name ("undo:"); true for one that the text knows nothing of.
+    bool canDo(std::string_view command);
     /// The same by the number, with what to find. False when there was nothing to do; the desktop's alert says so.
     bool find(long action);
     velt::FindRequest& findRequest() const;

@@ -285,17 +285,20 @@ bool NSTextView::doCommand(const id& selectorName) {
 bool NSTextView::validateMenuItem(const id& item) {
     const id action =
         velt::respondsTo(item, VELT_SELECTOR("action")) ? velt::send(item, VELT_SELECTOR("action")) : id();
-    const std::string name = velt::isString(action) ? velt::utf8(action) : std::string();
+    return canDo(velt::isString(action) ? velt::utf8(action) : std::string());
+}
+
+bool NSTextView::canDo(std::string_view command) {
     const auto undoManagerCan = [this](const char* asks) {
         return isEditable() && VELT_CBOOL(velt::send(undoManager(), velt::Selector::named(asks)));
     };
     const bool isSelected = selectedRange().length > 0;
-    if (name == "undo:") return undoManagerCan("canUndo");
-    if (name == "redo:") return undoManagerCan("canRedo");
-    if (name == "cut:" || name == "delete:") return isEditable() && isSelected;
-    if (name == "copy:") return isSelectable() && isSelected;
-    if (name == "selectAll:") return isSelectable() && textLength() > 0;
-    if (name == "paste:") {
+    if (command == "undo:") return undoManagerCan("canUndo");
+    if (command == "redo:") return undoManagerCan("canRedo");
+    if (command == "cut:" || command == "delete:") return isEditable() && isSelected;
+    if (command == "copy:") return isSelectable() && isSelected;
+    if (command == "selectAll:") return isSelectable() && textLength() > 0;
+    if (command == "paste:") {
         const QMimeData* held = QGuiApplication::clipboard()->mimeData();
         return isEditable() && held && (held->hasText() || held->hasHtml());
     }
