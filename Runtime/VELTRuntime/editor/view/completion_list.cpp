@@ -113,8 +113,10 @@ void Autocompletion::makeList() {
     const Ref<AutoCompleteList> list = velt::make<AutoCompleteList>();
     const Ref<NSTableColumn> column = velt::make<NSTableColumn>("Column1"_v);
     const id cell = column->dataCell();
-    const Ref<NSFont> font = NSFont::named("Monaco"_v, kFontSize);
-    if (velt::is<NSCell>(cell) && font) velt::as<NSCell>(cell)->setFont(font);
+    const Ref<NSFont> wanted = NSFont::named("Monaco"_v, kFontSize);
+    if (velt::is<NSCell>(cell)) {
+        velt::as<NSCell>(cell)->setFont(wanted ? wanted : NSFont::userFixedPitch(kFontSize));
+    }
     column->setWidth(kColumnWidth);
     column->setEditable(false);
     list->addTableColumn(column.get());
