@@ -162,11 +162,10 @@ TEST(Entries, WrapWhenTheyMoveBeyondSixteenBits) {
 TEST(Entries, MoveWithBackspaceBeforeALineFeed) {
     const SourceBuffer buffer(u"ab\ncd");
     const Entries entries(integer(0), integer(1), integer(4));
-    EXPECT_TRUE(velt::keyReleased(buffer, 1, 51, *entries));
+    EXPECT_TRUE(velt::backspaceReleased(buffer, 1, *entries));
     EXPECT_EQ((Positions{0, 0, 3}), entries.positions());
-    EXPECT_FALSE(velt::keyReleased(buffer, 1, 36, *entries)) << "another key";
-    EXPECT_FALSE(velt::keyReleased(buffer, 0, 51, *entries)) << "another unit";
-    EXPECT_FALSE(velt::keyReleased(buffer, 4, 51, *entries)) << "behind the end";
+    EXPECT_FALSE(velt::backspaceReleased(buffer, 0, *entries)) << "another unit";
+    EXPECT_FALSE(velt::backspaceReleased(buffer, 4, *entries)) << "behind the end";
     EXPECT_EQ((Positions{0, 0, 3}), entries.positions());
 }
 

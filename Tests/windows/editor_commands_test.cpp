@@ -17,6 +17,21 @@ id rangeList(std::initializer_list<NSRange> ranges) {
     return list;
 }
 
+/// Sets the editor up anew as soon as something else is selected.
+class Resetter : public NSObject {
+    VELT_OBJECT(Resetter, NSObject)
+
+public:
+    void selectionChanged(const id& notification) {
+        ++count;
+        velt::send(velt::send(notification, "object"), "_myinit");
+    }
+    static void describe(velt::ClassBuilder<Resetter>& c) {
+        c.method("textViewDidChangeSelection:", &Resetter::selectionChanged);
+    }
+    int count = 0;
+};
+
 }  // namespace
 
 TEST(EditorCommands, WorkOnLinesAndAreUndoneInOneStep) {
@@ -121,6 +136,20 @@ TEST(EditorSearch, FindsAndReplaces) {
     VELT_NSTEXTVIEW_VALUE(shown.view, str(""));
     EXPECT_VALUE("q 0", VELT_VLTEXTVIEW_FINDNEXT(shown.view, str("ab")));
     EXPECT_VALUE("q 0", VELT_VLTEXTVIEW_FINDPREVIOUS(shown.view, str("ab")));
+}
+
+TEST(EditorSearch, GoesOnInAViewThatIsSetUpAnewMeanwhile) {
+    EditorWindow shown("one two\none two\n");
+    shown.select(0);
+    const Ref<Resetter> resetter = velt::make<Resetter>();
+    VELT_NSTEXTVIEW_DELEGATE(shown.view, resetter);
+    EXPECT_VALUE("c 1", VELT_VLTEXTVIEW_FINDNEXT(shown.view, str("two")));
+    EXPECT_EQ("{4, 3}", shown.selected());
+    EXPECT_VALUE("c 1", VELT_VLTEXTVIEW_FINDPREVIOUS(shown.view, str("one")));
+    EXPECT_EQ("{0, 3}", shown.selected());
+    VELT_VLTEXTVIEW_GOTOLINE(shown.view, integer(2));
+    EXPECT_EQ("{8, 8}", shown.selected());
+    EXPECT_EQ(3, resetter->count);
 }
 
 TEST(EditorSearch, ReplacesAllInOneStep) {

@@ -104,14 +104,38 @@ TEST_F(EditorCompletion, OffersMembersBehindADotAndInsertsTheChosenOne) {
     EXPECT_EQ("()", velt::utf8(velt::description(velt::send(shown.view, "runningCompletions"))));
 }
 
+TEST_F(EditorCompletion, HasAPlainListOfOneColumn) {
+    shown.type("o.");
+    whenOpen([&] {
+        const id around = velt::send(myFloatingKeyWindow, "contentView");
+        EXPECT_VALUE("c 1", velt::send(around, "hasVerticalScroller"));
+        EXPECT_VALUE("c 0", velt::send(around, "hasHorizontalScroller"));
+        EXPECT_VALUE("c 1", velt::send(around, "autohidesScrollers"));
+        const id table = velt::send(around, "documentView");
+        EXPECT_VALUE("nil", velt::send(table, "headerView"));
+        const id columns = velt::send(table, "tableColumns");
+        EXPECT_VALUE("Q 1", velt::send(columns, "count"));
+        const id column = velt::send(columns, "objectAtIndex:", integer(0));
+        EXPECT_VALUE("'Column1'", velt::send(column, "identifier"));
+        const id font = velt::send(velt::send(column, "dataCell"), "font");
+        EXPECT_VALUE("d 10", velt::send(font, "pointSize"));
+        shown.key(Qt::Key_Escape);
+    });
+}
+
 TEST_F(EditorCompletion, ClosesOnEscapeAndLeavesWhatWasTyped) {
     shown.type("o.");
     whenOpen([&] {
         const id open = velt::send(shown.view, "runningCompletions");
         EXPECT_VALUE("Q 1", velt::send(open, "count"));
         const id top = velt::send(open, "objectAtIndex:", integer(0));
+        EXPECT_VALUE("c 0", velt::send(top, "bAs"));
         EXPECT_VALUE("c 1", velt::send(top, "bClass"));
+        EXPECT_VALUE("c 0", velt::send(top, "bBuiltin"));
+        EXPECT_VALUE("{_NSRange=QQ} {2, 0}", velt::send(top, "triggerRange"));
+        EXPECT_TRUE(velt::isEqual(velt::send(top, "completionList"), host->names));
         EXPECT_TRUE(velt::send(top, "textview") == shown.view);
+        EXPECT_VALUE("c 0", velt::send(shown.view, "bClass")) << "the modes are the list's";
         shown.type("ti");
         shown.key(Qt::Key_Backspace);
         EXPECT_EQ("o.t", shown.text());

@@ -55,6 +55,17 @@ private:
     }
 };
 
+/// Counts how often a widget is drawn because something in it has changed.
+class Repaints final : public QObject {
+public:
+    explicit Repaints(QWidget& watched) { watched.installEventFilter(this); }
+    bool eventFilter(QObject*, QEvent* event) override {
+        if (event->type() == QEvent::Paint) ++count;
+        return false;
+    }
+    int count = 0;
+};
+
 std::string lines(int count) {
     std::string text;
     for (int i = 1; i <= count; ++i) text.append("print ").append(std::to_string(i)).append("\n");
@@ -179,10 +190,24 @@ TEST(EditorMargins, ShowWhatTheListsSay) {
         EXPECT_EQ(line == 2, shown.hasSeparator(line)) << line;
     }
     // A program may put anything into them.
-    VELT_VLTEXTVIEW_BREAKPOINTS(shown.view, array(str("text"), emptyDictionary(), integer(24)));
+    VELT_VLTEXTVIEW_BREAKPOINTS(shown.view, array(str("text"), emptyDictionary(), integer(24), str("8")));
     EXPECT_TRUE(shown.hasMark(4));
+    EXPECT_TRUE(shown.hasMark(2)) << "numbers may be strings";
     EXPECT_FALSE(shown.hasMark(1));
     VELT_VLTEXTVIEW_TOGGLEBREAKPOINT(EditorWindow("print 1\n").view);
+}
+
+TEST(EditorMargins, ShowABreakpointOfTheLastLineThatTheTextDoesNotColour) {
+    const MarginWindow shown("print 1\nprint 2");
+    shown.select(10);
+    VELT_VLTEXTVIEW_PERFORMSYNTAXHIGHLIGHTING(shown.view);
+    QApplication::processEvents();
+    const Repaints repaints(*shown.margin());
+    VELT_VLTEXTVIEW_TOGGLEBREAKPOINT(shown.view);
+    EXPECT_EQ("(8)", shown.breakpoints());
+    QApplication::processEvents();
+    EXPECT_LT(0, repaints.count);
+    EXPECT_TRUE(shown.hasMark(2));
 }
 
 TEST(EditorMargins, FollowTheirTextAsItIsTypedAndScrolled) {

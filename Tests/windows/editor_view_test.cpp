@@ -2,6 +2,7 @@
 #include "windows/editor_support.h"
 
 #include "VELTRuntime/platform/foundation/file_contents.h"
+#include "VELTRuntime/platform/object/cycles.h"
 
 #include <filesystem>
 #include <fstream>
@@ -280,4 +281,15 @@ TEST(EditorViews, StopWrappingInAScrollView) {
     EXPECT_VALUE("c 1", velt::send(shown.view, "isHorizontallyResizable"));
     EXPECT_VALUE("c 1", velt::send(shown.view, "isVerticallyResizable"));
     EXPECT_VALUE("Q 0", velt::send(shown.view, "autoresizingMask"));
+}
+
+TEST(DroppedEditors, LeaveNothingBehind) {
+    velt::collectCycles();
+    for (const char* name : {"setAction:", "setTarget:", "setDelegate:", "setFilename:", "setBreakpoints:"}) {
+        {
+            const id view = VELT_VLTEXTVIEW_INIT(nil, "");
+            velt::send(view, velt::Selector::named(name), array(view));
+        }
+        EXPECT_LE(2u, velt::collectCycles()) << name;
+    }
 }

@@ -72,6 +72,12 @@ TEST(Html, GivesColoursLinesAndLinks) {
     EXPECT_VALUE("q 1", attribute(text, 6, "NSSuperScript"));
 }
 
+TEST(Html, GivesColoursAsProgramsMakeThem) {
+    const id text = read("<font color='#80330A'>a</font>");
+    const id made = velt::make<NSColor>(0x80 / 255.0, 0x33 / 255.0, 0x0A / 255.0, 1.0);
+    EXPECT_TRUE(velt::isEqual(attribute(text, 0, "NSColor"), made));
+}
+
 TEST(Html, GivesListsTheirMarksAndParagraphsTheirLines) {
     EXPECT_VALUE("NSAttributedString \t\u2022\tone\n\t\u2022\ttwo", read("<ul><li>one</li><li>two</li></ul>"));
     EXPECT_VALUE("NSAttributedString \t1.\tone\n\t2.\ttwo", read("<ol><li>one<li>two</ol>"));

@@ -223,6 +223,20 @@ TEST_F(TextDrawing, SelectsAsTheMouseIsDrawn) {
     EXPECT_EQ(value, widget->verticalScrollBar()->value());
 }
 
+TEST_F(TextDrawing, LetsNothingBeDraggedThatMayNotBeSelectedAnyMore) {
+    show("one two three");
+    view->setSelectedRange({0, 7});
+    QWidget* page = widget->viewport();
+    const QPoint away = placeOf(2) + QPoint(0, 4 * QApplication::startDragDistance());
+    QTest::mousePress(page, Qt::LeftButton, {}, placeOf(2));
+    view->setSelectable(false);
+    QMouseEvent moved(QEvent::MouseMove, away, page->mapToGlobal(away), Qt::NoButton, Qt::LeftButton, {});
+    QApplication::sendEvent(page, &moved);
+    QTest::mouseRelease(page, Qt::LeftButton, {}, away);
+    view->setSelectable(true);
+    EXPECT_EQ("{0, 7}", selected());
+}
+
 TEST_F(TextDrawing, PutsTheCaretWhereASelectionIsClicked) {
     show("one two three");
     view->setSelectedRange({4, 3});

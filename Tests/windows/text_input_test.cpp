@@ -12,6 +12,7 @@
 #include <QClipboard>
 #include <QDropEvent>
 #include <QInputMethodEvent>
+#include <QLabel>
 #include <QLineEdit>
 #include <QMainWindow>
 #include <QMenu>
@@ -52,6 +53,21 @@ public:
     }
     std::string heard, taken;
     bool allowed = true;
+};
+
+/// A delegate that makes another undo manager whenever it is asked for one.
+class ForgetfulGiver : public NSObject {
+    VELT_OBJECT(ForgetfulGiver, NSObject)
+
+public:
+    id given(const id&) {
+        ++asked;
+        return velt::make<NSUndoManager>();
+    }
+    static void describe(velt::ClassBuilder<ForgetfulGiver>& c) {
+        c.method("undoManagerForTextView:", &ForgetfulGiver::given);
+    }
+    int asked = 0;
 };
 
 /// Puts two spaces for a Tab, as the editor does.
@@ -289,10 +305,25 @@ TEST_F(TextInput, FindsInABarWithinTheView) {
     QTest::mouseClick(widget->findChild<QToolButton*>(QStringLiteral("replaceOne")), Qt::LeftButton);
     EXPECT_EQ("one 2 one two", value(view));
     EXPECT_EQ("{10, 3}", selected(view));
-    QTest::mouseClick(widget->findChild<QToolButton*>(QStringLiteral("replaceAll")), Qt::LeftButton);
+    const auto* result = widget->findChild<QLabel*>(QStringLiteral("result"));
+    auto* all = widget->findChild<QToolButton*>(QStringLiteral("replaceAll"));
+    VELT_NSTEXT_EDITABLE(view, boolean(false));
+    QTest::mouseClick(all, Qt::LeftButton);
+    EXPECT_EQ("", result->text().toStdString()) << "nothing was replaced";
+    VELT_NSTEXT_EDITABLE(view, boolean(true));
+    QTest::mouseClick(all, Qt::LeftButton);
     EXPECT_EQ("one 2 one 2", value(view));
+    EXPECT_EQ("Replaced: 1", result->text().toStdString());
     QTest::keyClick(find, Qt::Key_Return);
-    EXPECT_FALSE(widget->findChild<QWidget*>(QStringLiteral("result"))->property("text").toString().isEmpty());
+    EXPECT_EQ("Not found", result->text().toStdString());
+    find->setFocus();
+    find->selectAll();
+    QTest::keyClicks(find, QStringLiteral("one"));
+    QTest::keyClick(find, Qt::Key_Return, Qt::ShiftModifier);
+    QTest::keyClick(find, Qt::Key_Return, Qt::ShiftModifier);
+    QTest::keyClick(find, Qt::Key_Return, Qt::ShiftModifier);
+    EXPECT_EQ("{6, 3}", selected(view));
+    EXPECT_EQ("Wrapped", result->text().toStdString());
     QTest::keyClick(find, Qt::Key_Escape);
     EXPECT_FALSE(find->isVisible());
     EXPECT_EQ(whole, widget->viewport()->height());
@@ -360,14 +391,23 @@ TEST_F(TextInput, FollowsLinksOfTextThatIsRead) {
 
 TEST_F(TextInput, OffersAMenuOfWhatCanBeDone) {
     const Ref<NSTextView> view = show("abc");
+    const Ref<ForgetfulGiver> giver = velt::make<ForgetfulGiver>();
+    VELT_NSTEXTVIEW_DELEGATE(view, giver);
     velt::send(view, "selectAll:", nil);
+    QApplication::clipboard()->clear();
+    giver->asked = 0;
     QContextMenuEvent asks(QContextMenuEvent::Mouse, QPoint(5, 5), widget->mapToGlobal(QPoint(5, 5)));
     QApplication::sendEvent(widget->viewport(), &asks);
     auto* menu = widget->findChild<QMenu*>();
     ASSERT_TRUE(menu);
+    EXPECT_LE(2, giver->asked);
+    std::string offered;
+    for (const QAction* action : menu->actions()) {
+        offered += action->isSeparator() ? "-" : action->text().toStdString() + (action->isEnabled() ? "" : "?");
+        offered += " ";
+    }
+    EXPECT_EQ("Undo? Redo? - Cut Copy Paste? Delete - Select All ", offered);
     for (QAction* action : menu->actions()) {
-        const bool isUndo = action->text() == QStringLiteral("Undo");
-        EXPECT_FALSE(isUndo && action->isEnabled());
         if (action->text() != QStringLiteral("Delete")) continue;
         EXPECT_TRUE(action->isEnabled());
         action->trigger();

@@ -3,13 +3,18 @@
 
 #include "support/control_window.h"
 #include "support/shown_text.h"
+#include "windows/text_support.h"
 
+#include "VELTRuntime/platform/appkit/text/paragraph_style.h"
 #include "VELTRuntime/platform/appkit/text/text_finder.h"
 #include "VELTRuntime/platform/object/cycles.h"
 
 #include <QApplication>
 #include <QClipboard>
 #include <QMimeData>
+#include <QTextBlock>
+#include <QTextDocument>
+#include <climits>
 #include <random>
 
 using namespace velt::test;
@@ -57,14 +62,6 @@ public:
         c.method("_selectedText", &SelectionTellingView::selectedText);
     }
 };
-
-Ref<NSTextView> viewOf(std::string_view text) {
-    const id view = VELT_NSTEXTVIEW_INIT(nil, "");
-    VELT_NSTEXTVIEW_VALUE(view, str(text));
-    return Ref<NSTextView>(velt::as<NSTextView>(view));
-}
-
-std::string value(const Ref<NSTextView>& view) { return velt::utf8(VELT_NSTEXTVIEW_VALUE(view)); }
 
 /// A sender with a tag, as a menu item is.
 class FindMenuItem : public NSObject {
@@ -164,6 +161,30 @@ TEST(TextViews, HaveASelectionWhereverThereIsAnInsertionPoint) {
     EXPECT_CAST_FAILURE("'NSArray' expected", velt::send(view, "setSelectedRanges:", str("x")));
 }
 
+TEST(TextViews, RaiseForRangesBeyondTheEnd) {
+    const Ref<NSTextView> view = viewOf("abc");
+    const id layout = velt::send(view, "layoutManager"), none = emptyDictionary();
+    const auto fails = [](const char* who, const char* operation, const char* index) {
+        return std::string("NSRangeException: '") + who + "' " + operation + ": index " + index +
+               " is out of range; the count is 3";
+    };
+    const id text = velt::make<NSAttributedString>(u"x");
+    EXPECT_RAISES(fails("NSTextView", "setSelectedRanges:", "5"),
+                  velt::send(view, "setSelectedRanges:", array(range(0, 1), range(3, 2))));
+    EXPECT_RAISES(fails("NSTextView", "scrollRangeToVisible:", "4"),
+                  velt::send(view, "scrollRangeToVisible:", range(4, 0)));
+    EXPECT_RAISES(fails("NSTextView", "insertText:replacementRange:", "4"),
+                  velt::send(view, "insertText:replacementRange:", str("x"), range(1, 3)));
+    EXPECT_RAISES(fails("NSTextView", "replaceCharactersInRange:withAttributedString:", "9223372036854775807"),
+                  velt::send(view, "replaceCharactersInRange:withAttributedString:", range(2, ULONG_MAX), text));
+    EXPECT_RAISES(fails("NSLayoutManager", "setTemporaryAttributes:forCharacterRange:", "4"),
+                  velt::send(layout, "setTemporaryAttributes:forCharacterRange:", none, range(0, 4)));
+    EXPECT_RAISES(fails("NSLayoutManager", "temporaryAttributesAtCharacterIndex:effectiveRange:", "3"),
+                  velt::send(layout, "temporaryAttributesAtCharacterIndex:effectiveRange:", integer(3), nil));
+    EXPECT_EQ("abc", value(view));
+    EXPECT_VALUE("NSMutableArray ({3, 0})", velt::send(view, "selectedRanges"));
+}
+
 TEST(TextViews, SelectedTextIsTheEditorsToGive) {
     EXPECT_RAISES("NSInvalidArgumentException: 'NSTextView' does not understand '_selectedText'",
                   VELT_NSTEXTVIEW_SELECTEDTEXT(viewOf("abc")));
@@ -254,55 +275,6 @@ TEST(TextViews, DrawTheTextWhateverIsDoneToIt) {
     EXPECT_TRUE(view->text() == model);
 }
 
-TEST(TextViews, UndoStepByStepAndJoinWhatIsTyped) {
-    const Ref<NSTextView> view = viewOf("");
-    const auto done = [&] { view->commandBegins(); };
-    for (const char* unit : {"w", "o", "r", "d"}) {
-        VELT_NSTEXTVIEW_INSERT(view, str(unit));
-        done();
-    }
-    velt::send(view, "insertNewline:", nil);
-    done();
-    VELT_NSTEXTVIEW_INSERT(view, str("x"));
-    done();
-    velt::send(view, "deleteBackward:", nil);
-    done();
-    velt::send(view, "deleteBackward:", nil);
-    done();
-    EXPECT_EQ("word", value(view));
-    VELT_NSTEXTVIEW_UNDO(view);  // both deletions
-    EXPECT_EQ("word\nx", value(view));
-    VELT_NSTEXTVIEW_UNDO(view);
-    EXPECT_EQ("word\n", value(view));
-    VELT_NSTEXTVIEW_UNDO(view);
-    EXPECT_EQ("", value(view));
-    EXPECT_VALUE("c 0", VELT_NSTEXTVIEW_CANUNDO(view));
-    VELT_NSTEXTVIEW_REDO(view);
-    EXPECT_EQ("word\n", value(view));
-    VELT_NSTEXTVIEW_REDO(view);
-    VELT_NSTEXTVIEW_REDO(view);
-    EXPECT_EQ("word", value(view));
-    EXPECT_VALUE("c 0", VELT_NSTEXTVIEW_CANREDO(view));
-    VELT_NSTEXTVIEW_VALUE(view, str("new"));  // nothing of before can be undone
-    EXPECT_VALUE("c 0", VELT_NSTEXTVIEW_CANUNDO(view));
-    VELT_NSTEXTVIEW_ALLOWSUNDO(view, boolean(false));
-    VELT_NSTEXTVIEW_INSERT(view, str("x"));
-    EXPECT_VALUE("c 0", VELT_NSTEXTVIEW_CANUNDO(view));
-}
-
-TEST(TextViews, UndoWithTheAttributesThatWereThere) {
-    const Ref<NSTextView> view = viewOf("abc");
-    const id storage = velt::send(view, "textStorage");
-    velt::send(storage, "addAttribute:value:range:", str("NSUnderline"), integer(1), range(1, 1));
-    velt::send(view, "setSelectedRange:", range(0, 3));
-    VELT_NSTEXTVIEW_DELETE(view);
-    EXPECT_EQ("", value(view));
-    VELT_NSTEXTVIEW_UNDO(view);
-    EXPECT_EQ("abc", value(view));
-    EXPECT_TRUE(velt::send(storage, "attributesAtIndex:", integer(0)).isNil());
-    EXPECT_VALUE("NSDictionary {NSUnderline = 1}", velt::send(storage, "attributesAtIndex:", integer(1)));
-}
-
 TEST(TextViews, AskTheirDelegateAndTellIt) {
     const Ref<NSTextView> view = viewOf("abc");
     const Ref<TextViewListener> listener = velt::make<TextViewListener>();
@@ -385,6 +357,23 @@ TEST(TextViews, CutCopyAndPaste) {
     velt::send(view, "selectAll:", nil);
     VELT_NSTEXTVIEW_DELETE(view);
     EXPECT_EQ("", value(view));
+}
+
+TEST(TextViews, CopyEachParagraphWithItsOwnAlignment) {
+    const Ref<NSTextView> view = viewOf("one\ntwo\r\nthree\r\nfour");
+    const Ref<NSMutableParagraphStyle> style = velt::make<NSMutableParagraphStyle>();
+    style->alignment = 1;
+    velt::send(velt::send(view, "textStorage"), "addAttribute:value:range:", str("NSParagraphStyle"), style,
+               range(4, 16));
+    velt::send(view, "selectAll:", nil);
+    VELT_NSTEXTVIEW_COPY(view);
+    QTextDocument copied;
+    copied.setHtml(QApplication::clipboard()->mimeData()->html());
+    std::string alignments;
+    for (QTextBlock block = copied.begin(); block.isValid(); block = block.next()) {
+        alignments += block.text().toStdString() + (block.blockFormat().alignment() & Qt::AlignRight ? "> " : " ");
+    }
+    EXPECT_EQ("one two> three> four> ", alignments);
 }
 
 TEST(TextViews, PasteLooksOnlyIntoRichText) {
@@ -475,6 +464,20 @@ TEST(TextViews, FindAndReplaceByTheSendersTag) {
     VELT_NSTEXTVIEW_PERFORMFINDPANELACTION(view, integer(99));
     VELT_NSTEXTVIEW_PERFORMFINDPANELACTION(view, nil);
     EXPECT_EQ("dog Cat concat dog.", value(view));
+}
+
+TEST(TextViews, FindWholeWordsOfAnyScript) {
+    const Ref<NSTextView> view = viewOf("a\U0001D400 \U0001D400a a\u0301a _a a");
+    view->findRequest() = {u"a", u"-"};
+    view->findRequest().wholeWords = true;
+    findAction(view, 4);
+    EXPECT_EQ("a\U0001D400 \U0001D400a a\u0301a _a -", value(view));
+    view->findRequest() = {u"\U0001D400", u"-"};
+    view->findRequest().wholeWords = true;
+    VELT_NSTEXTVIEW_VALUE(view, str("\U0001D400\U0001D400 b\U0001D400 \U0001D400."));
+    findAction(view, 4);
+    EXPECT_EQ("\U0001D400\U0001D400 b\U0001D400 -.", value(view));
+    view->findRequest() = {};
 }
 
 TEST(TextViews, ReplaceAllKeepsTheLooksAround) {

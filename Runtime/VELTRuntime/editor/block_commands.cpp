@@ -1,14 +1,13 @@
 #include "VELTRuntime/editor/block_commands.h"
 
+#include "VELTRuntime/editor/source_syntax.h"
 #include "VELTRuntime/values/text/casing.h"
 
 namespace velt {
 
 namespace {
 
-constexpr std::u16string_view kIndent = u"  ", kCommentMarker = u"'";
-
-bool isBlank(char16_t unit) { return unit == u' ' || unit == u'\t'; }
+bool isBlank(char16_t unit) { return kBlanks.find(unit) != kBlanks.npos; }
 
 /// The first position of a line behind its blanks.
 std::size_t behindBlanks(const SourceBuffer& buffer, std::size_t lineStart) {
@@ -73,7 +72,7 @@ void changeCase(EditTarget& target, std::u16string (*changed)(std::u16string_vie
 }
 
 bool beepsForEmpty(EditTarget& target) {
-    if (target.buffer().length() >= kCommentMarker.size()) return false;
+    if (!target.buffer().isEmpty()) return false;
     target.beep();
     return true;
 }
@@ -85,7 +84,7 @@ void shiftRight(EditTarget& target) {
     workLines(
         target,
         [&](const SourceBuffer&, std::size_t line, Worked& worked) {
-            if (target.change({line, 0}, kIndent)) worked.in += kIndent.size();
+            if (target.change({line, 0}, kIndentationUnit)) worked.in += kIndentationUnit.size();
         },
         [](const Worked& worked) {
             return NSRange{worked.firstLine, worked.range.length + worked.in};
@@ -97,7 +96,7 @@ void shiftLeft(EditTarget& target) {
     workLines(
         target,
         [&](const SourceBuffer& buffer, std::size_t line, Worked& worked) {
-            for (std::size_t i = 0; i < kIndent.size(); ++i) {
+            for (std::size_t i = 0; i < kIndentationUnit.size(); ++i) {
                 if (line >= buffer.length() || !isBlank(buffer.at(line))) break;
                 if (target.change({line, 1}, {})) ++worked.out;
             }
@@ -114,7 +113,7 @@ void comment(EditTarget& target) {
     workLines(
         target,
         [&](const SourceBuffer&, std::size_t line, Worked& worked) {
-            if (target.change({line, 0}, kCommentMarker)) worked.in += kCommentMarker.size();
+            if (target.change({line, 0}, {&kCommentMarker, 1})) ++worked.in;
         },
         wholeLines);
 }
@@ -125,8 +124,8 @@ void uncomment(EditTarget& target) {
         target,
         [&](const SourceBuffer& buffer, std::size_t line, Worked& worked) {
             const std::size_t marker = behindBlanks(buffer, line);
-            if (marker >= buffer.length() || buffer.at(marker) != kCommentMarker[0]) return;
-            if (target.change({marker, kCommentMarker.size()}, {})) worked.out += kCommentMarker.size();
+            if (marker >= buffer.length() || buffer.at(marker) != kCommentMarker) return;
+            if (target.change({marker, 1}, {})) ++worked.out;
         },
         wholeLines);
 }
@@ -143,7 +142,7 @@ void insertTab(EditTarget& target) {
         const std::size_t line = target.buffer().lineRangeAt(selection.location).location;
         if (selection.location <= behindBlanks(target.buffer(), line)) shiftRight(target);
     }
-    target.insertText(kIndent);
+    target.insertText(kIndentationUnit);
 }
 
 }  // namespace velt

@@ -7,8 +7,6 @@ namespace velt {
 
 namespace {
 
-constexpr long kBackspaceKeyCode = 51;
-
 id entry(std::int64_t position) { return VELT_ID(static_cast<short>(position)); }
 
 /// Where a line begins when only line feeds end lines; where the last one is known to begin, if there are fewer.
@@ -75,9 +73,9 @@ bool moveEntries(NSMutableArray& entries, std::size_t from, int by) {
     return moved;
 }
 
-bool keyReleased(const SourceBuffer& buffer, std::size_t caret, long keyCode, NSMutableArray& entries) {
+bool backspaceReleased(const SourceBuffer& buffer, std::size_t caret, NSMutableArray& entries) {
     const std::size_t next = caret + 1;
-    if (keyCode != kBackspaceKeyCode || next >= buffer.length() || buffer.at(next) != u'\n') return false;
+    if (next >= buffer.length() || buffer.at(next) != u'\n') return false;
     return moveEntries(entries, caret, -1);
 }
 

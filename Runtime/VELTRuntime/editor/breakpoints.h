@@ -28,8 +28,8 @@ VELT_EXPORT bool toggleBreakpointOfLine(const SourceBuffer& buffer, std::size_t 
 /// Moves all entries from a position on by a number of units. Whether there were any.
 VELT_EXPORT bool moveEntries(NSMutableArray& entries, std::size_t from, int by);
 
-/// Keeps entries in step with a released key: Backspace before a line feed that stands behind the unit at the caret
-/// takes one from all entries from the caret on. Whether there were any.
-VELT_EXPORT bool keyReleased(const SourceBuffer& buffer, std::size_t caret, long keyCode, NSMutableArray& entries);
+/// Keeps entries in step with Backspace, when its key is released: before a line feed that stands behind the unit at
+/// the caret all entries from the caret on go back by one. Whether there were any.
+VELT_EXPORT bool backspaceReleased(const SourceBuffer& buffer, std::size_t caret, NSMutableArray& entries);
 
 }  // namespace velt

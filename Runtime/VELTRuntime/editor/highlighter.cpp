@@ -1,13 +1,12 @@
 #include "VELTRuntime/editor/highlighter.h"
 
+#include "VELTRuntime/editor/source_syntax.h"
 #include "VELTRuntime/editor/word_characters.h"
 #include "VELTRuntime/platform/foundation/array.h"
 
 namespace velt {
 
 namespace {
-
-constexpr char16_t kCommentMarker = u'\'';
 
 InkRun runOf(NSRange range, Ink ink) {
     return {static_cast<std::uint32_t>(range.location), static_cast<std::uint32_t>(endOf(range)), ink};

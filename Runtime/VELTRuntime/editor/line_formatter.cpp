@@ -2,6 +2,7 @@
 #include "VELTRuntime/editor/line_formatter.h"
 
 #include "VELTRuntime/editor/operator_spacing.h"
+#include "VELTRuntime/editor/source_syntax.h"
 
 #include <algorithm>
 #include <vector>
@@ -11,9 +12,6 @@ namespace velt {
 namespace {
 
 using std::u16string_view;
-
-constexpr char16_t kQuote = u'"';
-constexpr char16_t kCommentMarker = u'\'';
 
 /// The code of a line, with what formatting must not touch taken out: the text between quotes, and all from the comment
 /// marker on. No rule of formatting knows the two delimiters, so that what stands between them changes nothing around.
@@ -75,7 +73,7 @@ std::u16string formatted(u16string_view line, const Recasing& words, const Blank
 }  // namespace
 
 std::size_t leadingBlanks(u16string_view line) {
-    const std::size_t ink = line.find_first_not_of(u" \t");
+    const std::size_t ink = line.find_first_not_of(kBlanks);
     return ink == line.npos ? line.size() : ink;
 }
 

@@ -9,9 +9,6 @@
 
 namespace velt {
 
-/// The unit of indentation.
-inline constexpr std::u16string_view kIndentationUnit = u"  ";
-
 /// Lines of less units, their line end among them, are not formatted.
 inline constexpr std::size_t kShortestLine = 2;
 

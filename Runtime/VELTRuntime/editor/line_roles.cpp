@@ -5,7 +5,6 @@
 #include "VELTRuntime/values/text/reading.h"
 
 #include <algorithm>
-#include <climits>
 #include <iterator>
 
 namespace velt {

@@ -5,7 +5,6 @@
 #include "VELTRuntime/values/text/utf.h"
 
 #include <algorithm>
-#include <array>
 #include <bitset>
 #include <iterator>
 

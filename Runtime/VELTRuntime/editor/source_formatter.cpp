@@ -1,5 +1,7 @@
 #include "VELTRuntime/editor/source_formatter.h"
 
+#include "VELTRuntime/editor/source_syntax.h"
+
 namespace velt {
 
 namespace {

@@ -1,5 +1,7 @@
 #include "VELTRuntime/editor/string_pairs.h"
 
+#include "VELTRuntime/editor/source_syntax.h"
+
 namespace velt {
 
 StringPairs::StringPairs(SourceBuffer& buffer) : buffer_(buffer) {
@@ -11,7 +13,7 @@ void StringPairs::textChanged(NSRange replaced, std::size_t inserted) {
     const std::size_t first = quotes_.firstFrom(replaced.location), last = quotes_.firstFrom(endOf(replaced));
     std::vector<Quote> added;
     const std::u16string_view text = buffer_.view({replaced.location, inserted});
-    for (std::size_t at = text.find(u'"'); at != text.npos; at = text.find(u'"', at + 1)) {
+    for (std::size_t at = text.find(kQuote); at != text.npos; at = text.find(kQuote, at + 1)) {
         added.push_back({static_cast<std::uint32_t>(replaced.location + at), Role::Opens});
     }
     if (last > first) quotes_.replace(first, last - first, {});

@@ -7,12 +7,12 @@
 #include "VELTRuntime/platform/appkit/event.h"
 #include "VELTRuntime/platform/appkit/font.h"
 #include "VELTRuntime/platform/appkit/screen.h"
+#include "VELTRuntime/platform/appkit/text/setting.h"
 #include "VELTRuntime/platform/foundation/array.h"
 #include "VELTRuntime/platform/foundation/index_set.h"
 #include "VELTRuntime/platform/object/providers.h"
 #include "VELTRuntime/values/text/utf.h"
 
-#include <QApplication>
 #include <QEventLoop>
 #include <QMainWindow>
 #include <QWindow>
@@ -113,8 +113,10 @@ void Autocompletion::makeList() {
     const Ref<AutoCompleteList> list = velt::make<AutoCompleteList>();
     const Ref<NSTableColumn> column = velt::make<NSTableColumn>("Column1"_v);
     const id cell = column->dataCell();
-    const Ref<NSFont> font = NSFont::named("Monaco"_v, kFontSize);
-    if (velt::is<NSCell>(cell) && font) velt::as<NSCell>(cell)->setFont(font);
+    const Ref<NSFont> wanted = NSFont::named("Monaco"_v, kFontSize);
+    if (velt::is<NSCell>(cell)) {
+        velt::as<NSCell>(cell)->setFont(wanted ? wanted : NSFont::userFixedPitch(kFontSize));
+    }
     column->setWidth(kColumnWidth);
     column->setEditable(false);
     list->addTableColumn(column.get());
@@ -143,7 +145,7 @@ id Autocompletion::objectValue(const id&, const id&, long row) const {
 void Autocompletion::popupChanged() {
     if (!popup_ || !velt::is<AutoCompleteList>(list_)) return;
     auto& list = *velt::as<AutoCompleteList>(list_);
-    const bool outer = std::exchange(syncing_, true);
+    const velt::Setting syncing(syncing_, true);
     list.typed = velt::string(popup_->typed());
     fit();
     list.reloadData();
@@ -153,7 +155,6 @@ void Autocompletion::popupChanged() {
     } else {
         list.deselectAll(nil);
     }
-    syncing_ = outer;
 }
 
 void Autocompletion::popupEnded() {

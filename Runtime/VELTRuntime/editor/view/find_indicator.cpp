@@ -4,7 +4,6 @@
 #include "VELTRuntime/platform/appkit/text/text_widget.h"
 
 #include <QPainter>
-#include <QPointer>
 #include <QTimer>
 
 namespace velt {

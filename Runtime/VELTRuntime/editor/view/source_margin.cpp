@@ -11,7 +11,6 @@
 #include <QStyle>
 #include <QWheelEvent>
 #include <algorithm>
-#include <cmath>
 
 namespace velt {
 
@@ -126,7 +125,7 @@ std::vector<std::size_t> SourceMargin::linesOf(const VLTextView& view, const id&
     const SourceBuffer& buffer = view.buffer();
     for (const id& entry : entries->items()) {
         // What is no place in the text is not shown.
-        const long position = isNumber(entry) ? VELT_CBYTE(entry) : 0;
+        const long position = isNumber(entry) || isString(entry) ? VELT_CBYTE(entry) : 0;
         if (position <= 0 || static_cast<std::size_t>(position) > buffer.length()) continue;
         lines.push_back(buffer.lineAt(static_cast<std::size_t>(position)));
     }

@@ -67,8 +67,8 @@ id VLTextView::initialized() {
 }
 
 void VLTextView::visitOwned(velt::OwnedVisitor& visitor) {
-    for (id* field :
-         {&lineSeparators_, &breakpoints_, &keywords_, &builtins_, &types_, &filename_, &target_, &completionTimer_}) {
+    for (id* field : {&lineSeparators_, &breakpoints_, &keywords_, &builtins_, &types_, &filename_, &action_, &target_,
+                      &completionTimer_}) {
         visitor.visit(*field);
     }
     NSTextView::visitOwned(visitor);
@@ -124,15 +124,25 @@ long VLTextView::position() const {
     return buffer().isEmpty() ? 0 : static_cast<long>(parts_->target.selectedRange().location);
 }
 
-void VLTextView::goToLine(long line) { velt::goToLine(parts_->target, line); }
+/// What only selects and shows: whoever is told of it may set the view up anew.
+template <class Command> auto VLTextView::look(Command&& command) {
+    const Ref<VLTextView> kept(this);
+    const std::shared_ptr<Parts> parts = parts_;
+    return command(parts->target);
+}
+
+void VLTextView::goToLine(long line) {
+    look([line](velt::EditTarget& target) { velt::goToLine(target, line); });
+}
 
 void VLTextView::toggleBreakpoint() {
+    const Ref<VLTextView> kept(this);
+    const std::shared_ptr<Parts> parts = parts_;
     const id list = breakpoints_;
     NSMutableArray* entries = mutableArrayOf(list);
-    if (!entries) return;
-    if (velt::toggleBreakpoint(buffer(), parts_->target.selectedRange().location, *entries)) {
-        parts_->target.highlightAll();
-    }
+    if (!entries || !velt::toggleBreakpoint(buffer(), parts->target.selectedRange().location, *entries)) return;
+    parts->target.highlightAll();
+    velt::SourceMargin::listsChanged(*this);
 }
 
 void VLTextView::moveEntriesFrom(std::size_t position, int by) {
@@ -238,12 +248,13 @@ id VLTextView::selectedText() const { return velt::string(velt::selectedText(par
 
 id VLTextView::findNext(const id& needle) {
     const id sought = VELT_CSTRING(needle);
-    return boxed(velt::findNext(parts_->target, velt::textOf(sought), find_));
+    return look([&](velt::EditTarget& target) { return boxed(velt::findNext(target, velt::textOf(sought), find_)); });
 }
 
 id VLTextView::findPrevious(const id& needle) {
     const id sought = VELT_CSTRING(needle);
-    return boxed(velt::findPrevious(parts_->target, velt::textOf(sought), find_));
+    return look(
+        [&](velt::EditTarget& target) { return boxed(velt::findPrevious(target, velt::textOf(sought), find_)); });
 }
 
 bool VLTextView::replaceSelection(const id& with) {
@@ -298,7 +309,7 @@ void VLTextView::keyUp(const id& event) {
         const std::size_t caret = parts_->target.selectedRange().location;
         for (const id& list : {lineSeparators_, breakpoints_}) {
             NSMutableArray* entries = mutableArrayOf(list);
-            if (entries && velt::keyReleased(buffer(), caret, kBackspaceKeyCode, *entries)) moved = true;
+            if (entries && velt::backspaceReleased(buffer(), caret, *entries)) moved = true;
         }
         if (moved) velt::SourceMargin::listsChanged(*this);
     }

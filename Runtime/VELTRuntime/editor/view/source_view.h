@@ -176,6 +176,7 @@ private:
     /// All fields as in a new view.
     void resetFields();
     id initialized();
+    template <class Command> auto look(Command&& command);
     template <class Command> auto run(Command&& command);
 
     velt::SourceLayer* layer_;      // the layout manager's

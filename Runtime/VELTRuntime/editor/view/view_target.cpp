@@ -9,7 +9,6 @@
 #include "VELTRuntime/platform/object/message.h"
 
 #include <QApplication>
-#include <QPointer>
 
 namespace velt {
 
@@ -39,22 +38,6 @@ public:
 
 private:
     ViewTarget& target_;
-};
-
-/// While it exists, what is shown anew and selected does not scroll the view.
-class PlaceKeeper {
-public:
-    explicit PlaceKeeper(TextWidget* widget) : widget_(widget) {
-        if (widget_) widget_->setKeepsPlace(true);
-    }
-    ~PlaceKeeper() {
-        if (widget_) widget_->setKeepsPlace(false);
-    }
-    PlaceKeeper(const PlaceKeeper&) = delete;
-    PlaceKeeper& operator=(const PlaceKeeper&) = delete;
-
-private:
-    const QPointer<TextWidget> widget_;
 };
 
 }  // namespace
@@ -213,7 +196,9 @@ void ViewTarget::giveToView() {
         layer_->setIsAhead(false);
         // One message takes all of it back.
         const id manager = view_.undoManager();
-        if (view_.allowsUndo() && is<NSUndoManager>(manager)) {
+        if (!view_.allowsUndo()) {
+            view_.forgetUndo();
+        } else if (is<NSUndoManager>(manager)) {
             const id arguments[] = {make<SourceEdits>(std::move(given.edits))};
             as<NSUndoManager>(manager)->registerUndo(self(), VELT_SELECTOR("restoreEdits:"), arguments);
         }

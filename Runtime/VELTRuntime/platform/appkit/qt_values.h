@@ -17,11 +17,12 @@ inline QString qtText(std::u16string_view text) {
 /// A string value's text; empty for nil and for what is no string.
 inline QString qtText(const id& value) { return isString(value) ? qtText(textOf(value)) : QString(); }
 
-/// A new string value of a text.
-inline id textValue(const QString& text) {
-    return string(
-        std::u16string_view(reinterpret_cast<const char16_t*>(text.utf16()), static_cast<std::size_t>(text.size())));
+/// A text's units; valid as long as the text is there and does not change.
+inline std::u16string_view unitsOf(const QString& text) {
+    return {reinterpret_cast<const char16_t*>(text.utf16()), static_cast<std::size_t>(text.size())};
 }
+/// A new string value of a text.
+inline id textValue(const QString& text) { return string(unitsOf(text)); }
 
 inline QColor qtColor(const NSColor& color) {
     return QColor::fromRgbF(static_cast<float>(color.redComponent()), static_cast<float>(color.greenComponent()),

@@ -115,9 +115,13 @@ void NSAttributedString::visitOwned(velt::OwnedVisitor& visitor) {
     NSObject::visitOwned(visitor);
 }
 
+void velt::requireRange(const NSObject& asked, const char* operation, NSRange range, std::size_t length) {
+    if (range.location <= length && range.length <= length - range.location) return;
+    raiseRange("'" + asked.isa().name() + "' " + operation, range.location, range.length, length);
+}
+
 void NSAttributedString::requireRange(const char* operation, NSRange range) const {
-    if (range.location <= length() && range.length <= length() - range.location) return;
-    velt::raiseRange("'" + isa().name() + "' " + operation, range.location, range.length, length());
+    velt::requireRange(*this, operation, range, length());
 }
 
 id NSAttributedString::attributesAt(long position, NSRange* range) const {

@@ -8,7 +8,9 @@
 
 namespace velt {
 struct UnarchivedFill;
-}
+/// Raises "NSRangeException" naming an object and what is asked of it unless a range lies within a text of a length.
+VELT_EXPORT void requireRange(const NSObject& asked, const char* operation, NSRange range, std::size_t length);
+}  // namespace velt
 
 /// Text with attributes that does not change. Positions count UTF-16 units.
 class VELT_EXPORT NSAttributedString : public NSObject {

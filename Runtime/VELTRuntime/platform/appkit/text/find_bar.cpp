@@ -1,7 +1,6 @@
 #include "VELTRuntime/platform/appkit/text/find_bar.h"
 
 #include "VELTRuntime/platform/appkit/qt_values.h"
-
 #include "VELTRuntime/platform/appkit/text/find_actions.h"
 
 #include <QCheckBox>
@@ -16,10 +15,6 @@
 namespace velt {
 
 namespace {
-
-std::u16string unitsOf(const QString& text) {
-    return {reinterpret_cast<const char16_t*>(text.utf16()), static_cast<std::size_t>(text.size())};
-}
 
 QToolButton* makeButton(QWidget* parent, const QString& title, const char* name) {
     auto* button = new QToolButton(parent);

@@ -5,23 +5,16 @@
 
 namespace velt {
 
-namespace {
-
-/// Sizes of controls are whole, those of texts are not: what is wider by a part of a dot is not too long.
-constexpr double kTolerance = 0.99;
-
-}  // namespace
-
 QString fittingLine(const QString& line, const QFont& font, Qt::TextElideMode elided, double width) {
     if (elided == Qt::ElideNone) return line;
-    return QFontMetricsF(font).elidedText(line, elided, width + kTolerance);
+    return QFontMetricsF(font).elidedText(line, elided, width + kWidthTolerance);
 }
 
 void drawLine(QPainter& painter, const QRect& rect, const QString& line, Qt::Alignment alignment,
               Qt::TextElideMode elided) {
     const QString shown = fittingLine(line, painter.font(), elided, rect.width());
     Qt::Alignment across = alignment & Qt::AlignHorizontal_Mask;
-    if (QFontMetricsF(painter.font()).horizontalAdvance(shown) > rect.width() + kTolerance) {
+    if (QFontMetricsF(painter.font()).horizontalAdvance(shown) > rect.width() + kWidthTolerance) {
         across = (line.isRightToLeft() ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignAbsolute;
     }
     painter.save();

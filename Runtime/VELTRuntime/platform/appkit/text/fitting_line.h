@@ -9,6 +9,9 @@ class QRect;
 
 namespace velt {
 
+/// Sizes of controls are whole, those of texts are not: what is wider by a part of a dot is not too long.
+inline constexpr double kWidthTolerance = 0.99;
+
 /// The line, or what of it has room with a sign for the rest. A place of exactly the text's size has room for all of
 /// it.
 QString fittingLine(const QString& line, const QFont& font, Qt::TextElideMode elided, double width);

@@ -50,10 +50,7 @@ void NSTextContainer::describe(velt::ClassBuilder<NSTextContainer>& c) {
 NSLayoutManager::NSLayoutManager(NSTextView* view) : view_(view), layer_(std::make_unique<RunLayer>()) {}
 
 void NSLayoutManager::change(const char* operation, NSRange range, const std::function<id(const id&)>& changed) {
-    const std::size_t length = layer_->length();
-    if (range.location > length || range.length > length - range.location) {
-        velt::raiseRange(std::string("'NSLayoutManager' ") + operation, range.location, range.length, length);
-    }
+    velt::requireRange(*this, operation, range, layer_->length());
     layer_->change(range, changed);
     if (view_) view_->temporaryAttributesChanged();
 }

@@ -62,11 +62,6 @@ QFont fontOf(const QTextCharFormat& format, const QFont& base) {
     return font;
 }
 
-id colorValue(const QColor& color) {
-    return NSColor::deviceRgb(static_cast<double>(color.redF()), static_cast<double>(color.greenF()),
-                              static_cast<double>(color.blueF()), static_cast<double>(color.alphaF()));
-}
-
 id linkValue(const QString& target) {
     if (const Ref<NSURL> url = NSURL::withString(target.toStdString())) return url;
     return textValue(target);
@@ -130,8 +125,7 @@ QString markOf(const QTextBlock& block) {
 void appendPiece(NSMutableAttributedString& text, QString piece, const id& attributes) {
     piece.remove(QChar::ObjectReplacementCharacter);
     piece.replace(QChar::LineSeparator, QLatin1Char('\n'));
-    const std::u16string_view units(reinterpret_cast<const char16_t*>(piece.utf16()),
-                                    static_cast<std::size_t>(piece.size()));
+    const std::u16string_view units = unitsOf(piece);
     if (!units.empty()) text.append(*make<NSAttributedString>(units, attributes));
 }
 
@@ -257,13 +251,12 @@ void fillDocument(QTextDocument& document, const NSAttributedString& text, const
     cursor.beginEditBlock();
     text.forEachRun([&](std::size_t begin, std::size_t end, const id& attributes) {
         const std::u16string_view piece = text.view().substr(begin, end - begin);
+        const int from = cursor.position();  // the document counts a line end of two units as one
         cursor.insertText(qtText(piece), charFormatOf(attributes));
         if (const NSParagraphStyle* style = paragraphStyleOf(attributes)) {
             QTextCursor paragraphs(cursor);
-            const bool endsParagraph = piece.back() == u'\n' && cursor.position() > 0;
-            paragraphs.setPosition(cursor.position() - (endsParagraph ? 1 : 0));
-            paragraphs.setPosition(std::max(0, cursor.position() - static_cast<int>(piece.size())),
-                                   QTextCursor::KeepAnchor);
+            paragraphs.setPosition(cursor.position() - (piece.back() == u'\n' ? 1 : 0));
+            paragraphs.setPosition(from, QTextCursor::KeepAnchor);
             paragraphs.mergeBlockFormat(blockFormatOf(*style));
         }
     });

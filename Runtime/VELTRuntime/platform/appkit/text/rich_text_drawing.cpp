@@ -1,5 +1,6 @@
 #include "VELTRuntime/platform/appkit/text/rich_text_drawing.h"
 
+#include "VELTRuntime/platform/appkit/text/fitting_line.h"
 #include "VELTRuntime/platform/appkit/text/rich_text.h"
 
 #include <QAbstractTextDocumentLayout>
@@ -12,8 +13,6 @@ namespace velt {
 namespace {
 
 constexpr char16_t kLineEnd = u'\n';
-/// A line that is wider by a part of a dot is not too long.
-constexpr double kTolerance = 0.99;
 
 void layOut(QTextDocument& document, const NSAttributedString& text, const RichTextStyle& style, double width) {
     fillDocument(document, text, style.font);
@@ -58,7 +57,7 @@ Ref<NSAttributedString> shortened(const NSAttributedString& text, const RichText
     std::size_t fits = 0, tooMany = text.length();
     while (tooMany - fits > 1) {
         const std::size_t middle = fits + (tooMany - fits) / 2;
-        (richTextSize(*keeping(middle), style).width() <= width + kTolerance ? fits : tooMany) = middle;
+        (richTextSize(*keeping(middle), style).width() <= width + kWidthTolerance ? fits : tooMany) = middle;
     }
     return keeping(fits);
 }
@@ -66,7 +65,7 @@ Ref<NSAttributedString> shortened(const NSAttributedString& text, const RichText
 bool isTooLong(const NSAttributedString& text, const RichTextStyle& style, double width) {
     return style.elided != Qt::ElideNone && !style.wraps && text.length() > 1 &&
            text.view().find(kLineEnd) == std::u16string_view::npos &&
-           richTextSize(text, style).width() > width + kTolerance;
+           richTextSize(text, style).width() > width + kWidthTolerance;
 }
 
 }  // namespace

@@ -5,7 +5,6 @@
 #include "VELTRuntime/platform/appkit/text/rich_text.h"
 #include "VELTRuntime/platform/appkit/text/text_view.h"
 #include "VELTRuntime/platform/appkit/text/text_widget.h"
-#include "VELTRuntime/platform/appkit/view_events.h"
 
 #include <QAccessibleWidget>
 

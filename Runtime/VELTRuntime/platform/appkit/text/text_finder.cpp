@@ -1,8 +1,7 @@
 #include "VELTRuntime/platform/appkit/text/text_finder.h"
 
+#include "VELTRuntime/platform/appkit/text/text_positions.h"
 #include "VELTRuntime/values/text/search.h"
-
-#include <QChar>
 
 namespace velt {
 
@@ -12,12 +11,14 @@ text::Case caseOf(const FindRequest& request) {
     return request.ignoresCase ? text::Case::Ignored : text::Case::Respected;
 }
 
-bool isWordUnit(char16_t unit) { return unit == u'_' || QChar(unit).isLetterOrNumber(); }
+/// A word goes on over a position.
+bool joinsWord(std::u16string_view whole, std::size_t position) {
+    const auto isWord = [&](std::size_t at) { return isWordCharacter(text::codePointAt(whole, at).value); };
+    return position > 0 && position < whole.size() && isWord(positionBefore(whole, position)) && isWord(position);
+}
 
 bool standsAlone(std::u16string_view whole, std::size_t begin, std::size_t end) {
-    const bool joinsBefore = begin > 0 && isWordUnit(whole[begin - 1]) && isWordUnit(whole[begin]);
-    const bool joinsBehind = end < whole.size() && isWordUnit(whole[end]) && isWordUnit(whole[end - 1]);
-    return !joinsBefore && !joinsBehind;
+    return !joinsWord(whole, begin) && !joinsWord(whole, end);
 }
 
 /// Calls a function with every match within a range, in order, until it says that it has enough.

@@ -25,4 +25,8 @@ std::size_t positionAfter(std::u16string_view text, std::size_t position) {
     return position + (next > 0 ? static_cast<std::size_t>(next) : 1);
 }
 
+bool isWordCharacter(char32_t codePoint) {
+    return codePoint == U'_' || QChar::isLetterOrNumber(codePoint) || QChar::isMark(codePoint);
+}
+
 }  // namespace velt

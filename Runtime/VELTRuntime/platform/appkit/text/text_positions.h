@@ -1,4 +1,5 @@
-// Places in a text between which nobody stands: within a line end of two units, and within one character.
+// Where characters and words begin and end in a text. Nobody stands within a line end of two units or within one
+// character.
 #pragma once
 
 #include <cstddef>
@@ -13,5 +14,9 @@ bool splitsLineEnd(std::u16string_view text, std::size_t position);
 /// all that combines.
 std::size_t positionBefore(std::u16string_view text, std::size_t position);
 std::size_t positionAfter(std::u16string_view text, std::size_t position);
+
+/// The character belongs to a word as a person sees it, in any text: letters with their marks, numbers and "_". What
+/// ends a word of the editor's language is another rule, the language's own.
+bool isWordCharacter(char32_t codePoint);
 
 }  // namespace velt

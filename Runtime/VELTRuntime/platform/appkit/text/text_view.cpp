@@ -1,18 +1,16 @@
 #include "VELTRuntime/platform/appkit/text/text_view.h"
 
-#include "VELTRuntime/platform/appkit/event_delivery.h"
 #include "VELTRuntime/platform/appkit/font.h"
 #include "VELTRuntime/platform/appkit/qt_values.h"
 #include "VELTRuntime/platform/appkit/text/moved_range.h"
+#include "VELTRuntime/platform/appkit/text/setting.h"
 #include "VELTRuntime/platform/appkit/text/text_widget.h"
 #include "VELTRuntime/platform/foundation/array.h"
 #include "VELTRuntime/platform/foundation/attribute_names.h"
 #include "VELTRuntime/platform/object/exception.h"
 
 #include <QPalette>
-#include <QScrollBar>
 #include <climits>
-#include <cmath>
 
 using velt::Ref;
 using velt::TextWidget;
@@ -53,15 +51,12 @@ id NSTextView::string() const { return storage()->string(); }
 
 void NSTextView::setString(const id& text) {
     const id content = VELT_CSTRING(text);
-    if (undoManager_) undoManager_->removeAllActionsWithTarget(id(static_cast<NSObject*>(this)));
-    last_ = {};
+    forgetUndo();
     storage()->setAttributedString(*velt::make<NSAttributedString>(velt::textOf(content)));
 }
 
 void NSTextView::requireRange(const char* operation, NSRange range) const {
-    const std::size_t length = textLength();
-    if (range.location <= length && range.length <= length - range.location) return;
-    velt::raiseRange("'" + isa().name() + "' " + operation, range.location, range.length, length);
+    velt::requireRange(*this, operation, range, textLength());
 }
 
 void NSTextView::replaceCharacters(NSRange range, const id& text) {
@@ -74,10 +69,10 @@ void NSTextView::replaceCharacters(NSRange range, const id& text) {
 
 void NSTextView::replaceCharactersWithAttributed(NSRange range, const NSAttributedString& text) {
     requireRange("replaceCharactersInRange:withAttributedString:", range);
+    const Ref<NSTextView> kept(this);
     registerUndo(range, text.length());
-    const bool outer = std::exchange(editing_, true);
+    const velt::Setting editing(editing_, true);
     storage()->replaceCharacters(range, text);
-    editing_ = outer;
 }
 
 void NSTextView::storageChanged(NSRange range, std::size_t newLength, bool textChanged) {
@@ -89,9 +84,7 @@ void NSTextView::storageChanged(NSRange range, std::size_t newLength, bool textC
     }
     // What a program changes in the storage cannot be undone; what was done before it neither, unless it was appended.
     const bool appended = range.length == 0 && range.location + newLength == storage_->length();
-    if (!editing_ && !appended && undoManager_) {
-        undoManager_->removeAllActionsWithTarget(id(static_cast<NSObject*>(this)));
-    }
+    if (!editing_ && !appended) forgetUndo();
     if (!editing_) last_ = {};
     layoutManager_->textChanged(range, newLength);
     if (widget) widget->textChanged(range, newLength);
@@ -99,10 +92,8 @@ void NSTextView::storageChanged(NSRange range, std::size_t newLength, bool textC
     std::vector<NSRange> moved;
     for (const NSRange& selected : ranges_) moved.push_back(velt::movedBy(selected, range, newLength));
     // A selection that only goes along with what the program does to the text scrolls nothing.
-    const bool outer = widget && widget->keepsPlace();
-    if (widget && !editing_) widget->setKeepsPlace(true);
+    const velt::PlaceKeeper keeper(editing_ ? nullptr : widget);
     select(std::move(moved), forward_);
-    if (widget = existingTextWidget(); widget) widget->setKeepsPlace(outer);
 }
 
 // The selection.
@@ -157,10 +148,10 @@ void NSTextView::moveSelectionAhead(NSRange range, std::size_t newLength) {
 }
 
 void NSTextView::catchUp(NSRange range, const NSAttributedString& text) {
-    const bool wasAhead = std::exchange(isSelectionAhead_, true), wasEditing = std::exchange(editing_, true);
-    storage_->replaceCharacters(range, text);
-    editing_ = wasEditing;
-    isSelectionAhead_ = wasAhead;
+    {
+        const velt::Setting ahead(isSelectionAhead_, true), editing(editing_, true);
+        storage_->replaceCharacters(range, text);
+    }
     showSelection();
 }
 

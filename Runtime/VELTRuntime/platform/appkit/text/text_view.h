@@ -77,6 +77,8 @@ public:
     virtual void performFindPanelAction(const id& sender);
     /// Whether a person can do now what a menu item stands for: undo needs something to undo, cut a selection.
     virtual bool validateMenuItem(const id& item);
+    /// The same for a command by its name ("undo:"); true for one that the text knows nothing of.
+    bool canDo(std::string_view command);
     /// The same by the number, with what to find. False when there was nothing to do; the desktop's alert says so.
     bool find(long action);
     velt::FindRequest& findRequest() const;
@@ -89,6 +91,7 @@ public:
     id textColor() const override { return textColor_; }
     void setTextColor(const id& color) override;
     void setRichText(bool flag) override;
+    /// Changes of the text can be undone. After one that cannot, what was done before it cannot either.
     bool allowsUndo() const { return allowsUndo_; }
     void setAllowsUndo(bool flag) { allowsUndo_ = flag; }
     id layoutManager() const { return layoutManager_; }
@@ -106,6 +109,8 @@ public:
     void moveSelectionAhead(NSRange range, std::size_t newLength);
     void selectAhead(std::vector<NSRange> ranges);
     void catchUp(NSRange range, const NSAttributedString& text);
+    /// What was done to the text until now cannot be undone any more.
+    void forgetUndo();
     // The widget's reports.
     void selectedByWidget(std::size_t anchor, std::size_t position);
     void keyboardComes();
@@ -144,6 +149,8 @@ private:
 
     const velt::Ref<NSTextStorage>& storage() const { return textNeeded(), storage_; }
     void storageChanged(NSRange range, std::size_t newLength, bool textChanged) override;
+    /// What the delegate gives to undo by; nil when it leaves that to the view.
+    id delegatesUndoManager() const;
     void registerUndo(NSRange range, std::size_t newLength);
     bool joinUndo(NSRange range, std::size_t newLength, const id& before);
     void restore(const id& range, const id& text);

@@ -2,7 +2,7 @@
 #include "VELTRuntime/platform/appkit/event.h"
 #include "VELTRuntime/platform/appkit/font.h"
 #include "VELTRuntime/platform/appkit/qt_values.h"
-#include "VELTRuntime/platform/appkit/text/find_actions.h"
+#include "VELTRuntime/platform/appkit/text/setting.h"
 #include "VELTRuntime/platform/appkit/text/text_positions.h"
 #include "VELTRuntime/platform/appkit/text/text_view.h"
 #include "VELTRuntime/platform/appkit/text/text_widget.h"
@@ -29,14 +29,25 @@ id plainTextOf(const id& text) {
 
 // Undo.
 
-id NSTextView::undoManager() {
+id NSTextView::delegatesUndoManager() const {
     static const velt::Selector asks = velt::Selector::named("undoManagerForTextView:");
-    if (velt::respondsTo(delegate(), asks)) {
-        id given = velt::send(delegate(), asks, object(this));
-        if (velt::is<NSUndoManager>(given)) return given;
-    }
+    if (!velt::respondsTo(delegate(), asks)) return nil;
+    id given = velt::send(delegate(), asks, object(this));
+    return velt::is<NSUndoManager>(given) ? given : id();
+}
+
+id NSTextView::undoManager() {
+    if (id given = delegatesUndoManager(); !given.isNil()) return given;
     if (!undoManager_) undoManager_ = velt::make<NSUndoManager>();
     return undoManager_;
+}
+
+void NSTextView::forgetUndo() {
+    last_ = {};
+    if (undoManager_) undoManager_->removeAllActionsWithTarget(object(this));
+    if (const id given = delegatesUndoManager(); !given.isNil()) {
+        velt::as<NSUndoManager>(given)->removeAllActionsWithTarget(object(this));
+    }
 }
 
 void NSTextView::commandBegins() {
@@ -70,12 +81,18 @@ bool NSTextView::joinUndo(NSRange range, std::size_t newLength, const id& before
 
 void NSTextView::registerUndo(NSRange range, std::size_t newLength) {
     const id manager = undoManager();
-    if (!allowsUndo_ || !velt::is<NSUndoManager>(manager)) return;
+    if (!velt::is<NSUndoManager>(manager)) return;
+    auto& undoes = *velt::as<NSUndoManager>(manager);
+    if (!allowsUndo_) {
+        // What was done before would be put back where it does not belong any more.
+        if (!undoes.isUndoing() && !undoes.isRedoing()) forgetUndo();
+        return;
+    }
     const id before = attributedPart(range);
     if (joinUndo(range, newLength, before)) return;
     const id arguments[] = {VELT_ID(NSRange{range.location, newLength}), before};
-    const auto registration = velt::as<NSUndoManager>(manager)->registerUndo(
-        object(this), velt::Selector::named("restoreCharactersInRange:from:"), arguments);
+    const auto registration =
+        undoes.registerUndo(object(this), velt::Selector::named("restoreCharactersInRange:from:"), arguments);
     last_ = {registration, joins_, {range.location, newLength}, before};
 }
 
@@ -85,13 +102,14 @@ void NSTextView::restore(const id& range, const id& text) {
     const std::size_t length = textLength();
     if (!before || place.location > length || place.length > length - place.location) return;
     const Ref<NSAttributedString> kept = velt::make<NSAttributedString>(*before);
-    const Joins outer = std::exchange(joins_, Joins::No);
-    replaceCharactersWithAttributed(place, *kept);
-    joins_ = outer;
+    {
+        const velt::Setting joins(joins_, Joins::No);
+        replaceCharactersWithAttributed(place, *kept);
+    }
     last_ = {};
     setSelectedRange({place.location + kept->length(), 0});
     scrollRangeToVisible({place.location + kept->length(), 0});
-    didChangeText();
+    velt::send(object(this), VELT_SELECTOR("didChangeText"));
 }
 
 void NSTextView::undo(const id&) {
@@ -148,20 +166,13 @@ bool NSTextView::change(NSRange range, const id& text, bool goesBehind) {
 
 void NSTextView::insertTextInRange(const id& text, NSRange range) {
     requireRange("insertText:replacementRange:", range);
-    const Joins outer = std::exchange(joins_, range.length == 0 ? Joins::Typing : Joins::No);
-    const auto end = [&] { joins_ = outer; };
-    try {
-        if (change(range, text, true)) {
-            // Where the delegate put the insertion point meanwhile counts.
-            const NSRange now = ranges_.front();
-            scrollRangeToVisible({now.location + now.length, 0});
-            if (range.length > 0 && last_.registration != 0) last_.kind = Joins::Typing;
-        }
-    } catch (...) {
-        end();
-        throw;
-    }
-    end();
+    const Ref<NSTextView> kept(this);
+    const velt::Setting joins(joins_, range.length == 0 ? Joins::Typing : Joins::No);
+    if (!change(range, text, true)) return;
+    // Where the delegate put the insertion point meanwhile counts.
+    const NSRange now = ranges_.front();
+    scrollRangeToVisible({now.location + now.length, 0});
+    if (range.length > 0 && last_.registration != 0) last_.kind = Joins::Typing;
 }
 
 void NSTextView::insertText(const id& text) { insertTextInRange(text, ranges_.front()); }
@@ -182,7 +193,7 @@ void NSTextView::deleteSelection(const id&) {
     for (const NSRange& range : ranges) {
         if (range.length > 0 && !change(range, ""_v)) return;
     }
-    if (!ranges.empty() && ranges_.size() > 1) select({{ranges.back().location, 0}}, true);
+    if (ranges_.size() > 1) select({{std::min<std::size_t>(ranges.back().location, textLength()), 0}}, true);
 }
 
 void NSTextView::deleteBackward(const id&) {
@@ -190,9 +201,9 @@ void NSTextView::deleteBackward(const id&) {
     if (now.length > 0) return deleteSelection(nil);
     if (now.location == 0) return;
     const std::size_t begin = velt::positionBefore(text(), now.location);
-    const Joins outer = std::exchange(joins_, Joins::Deleting);
+    const Ref<NSTextView> kept(this);
+    const velt::Setting joins(joins_, Joins::Deleting);
     change({begin, now.location - begin}, ""_v);
-    joins_ = outer;
     scrollRangeToVisible({std::min<std::size_t>(begin, textLength()), 0});
 }
 
@@ -201,9 +212,9 @@ void NSTextView::deleteForward(const id&) {
     if (now.length > 0) return deleteSelection(nil);
     const std::size_t end = velt::positionAfter(text(), now.location);
     if (end == now.location) return;
-    const Joins outer = std::exchange(joins_, Joins::Deleting);
+    const Ref<NSTextView> kept(this);
+    const velt::Setting joins(joins_, Joins::Deleting);
     change({now.location, end - now.location}, ""_v);
-    joins_ = outer;
 }
 
 // The clipboard.
@@ -274,17 +285,20 @@ bool NSTextView::doCommand(const id& selectorName) {
 bool NSTextView::validateMenuItem(const id& item) {
     const id action =
         velt::respondsTo(item, VELT_SELECTOR("action")) ? velt::send(item, VELT_SELECTOR("action")) : id();
-    const std::string name = velt::isString(action) ? velt::utf8(action) : std::string();
+    return canDo(velt::isString(action) ? velt::utf8(action) : std::string());
+}
+
+bool NSTextView::canDo(std::string_view command) {
     const auto undoManagerCan = [this](const char* asks) {
         return isEditable() && VELT_CBOOL(velt::send(undoManager(), velt::Selector::named(asks)));
     };
     const bool isSelected = selectedRange().length > 0;
-    if (name == "undo:") return undoManagerCan("canUndo");
-    if (name == "redo:") return undoManagerCan("canRedo");
-    if (name == "cut:" || name == "delete:") return isEditable() && isSelected;
-    if (name == "copy:") return isSelectable() && isSelected;
-    if (name == "selectAll:") return isSelectable() && textLength() > 0;
-    if (name == "paste:") {
+    if (command == "undo:") return undoManagerCan("canUndo");
+    if (command == "redo:") return undoManagerCan("canRedo");
+    if (command == "cut:" || command == "delete:") return isEditable() && isSelected;
+    if (command == "copy:") return isSelectable() && isSelected;
+    if (command == "selectAll:") return isSelectable() && textLength() > 0;
+    if (command == "paste:") {
         const QMimeData* held = QGuiApplication::clipboard()->mimeData();
         return isEditable() && held && (held->hasText() || held->hasHtml());
     }

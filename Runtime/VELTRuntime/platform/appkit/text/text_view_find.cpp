@@ -78,12 +78,10 @@ bool NSTextView::findNext(bool backward) {
 bool NSTextView::replaceMatches(NSRange within) {
     const velt::FindRequest& request = findRequest();
     const std::vector<NSRange> matches = velt::findAll(text(), request, within);
-    TextWidget* widget = existingTextWidget();
-    if (widget) {
-        widget->tellFindResult(matches.empty() ? QStringLiteral("Not found")
-                                               : QStringLiteral("Replaced: %1").arg(matches.size()));
-    }
-    if (matches.empty()) return false;
+    const auto tellResult = [this](const QString& result) {
+        if (TextWidget* widget = existingTextWidget()) widget->tellFindResult(result);
+    };
+    if (matches.empty()) return tellResult(QStringLiteral("Not found")), false;
     // One change from the first match to the last, however many there are.
     const NSRange all{matches.front().location,
                       matches.back().location + matches.back().length - matches.front().location};
@@ -95,6 +93,7 @@ bool NSTextView::replaceMatches(NSRange within) {
     const bool everywhere = within.location == 0 && within.length == textLength();
     const std::size_t grown = replaced->length() - all.length;  // may wrap around; so does its sum
     if (!change(all, isRichText() ? id(replaced) : replaced->string())) return false;
+    tellResult(QStringLiteral("Replaced: %1").arg(matches.size()));
     if (!everywhere) setSelectedRange({within.location, within.length + grown});
     return true;
 }

@@ -7,14 +7,12 @@
 #include "VELTRuntime/platform/appkit/text/rich_text.h"
 #include "VELTRuntime/platform/appkit/text/text_accessible.h"
 #include "VELTRuntime/platform/appkit/text/text_view.h"
-#include "VELTRuntime/platform/appkit/view_events.h"
 
 #include <QAccessible>
 #include <QPaintEvent>
 #include <QPainter>
 #include <QScrollBar>
 #include <QStyle>
-#include <cmath>
 
 namespace velt {
 

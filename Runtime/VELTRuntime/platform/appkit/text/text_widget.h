@@ -12,6 +12,7 @@
 #include <QAbstractScrollArea>
 #include <QBasicTimer>
 #include <QElapsedTimer>
+#include <QPointer>
 #include <functional>
 
 class NSTextView;
@@ -220,6 +221,24 @@ template <class Each> void TextWidget::forEachLineInSight(Each&& each) {
         y += lines_.line(number).height;
     }
 }
+
+/// While it exists, what is shown anew and selected does not scroll a widget, if there is one and for as long as it is
+/// there.
+class PlaceKeeper {
+public:
+    explicit PlaceKeeper(TextWidget* widget) : widget_(widget), before_(widget && widget->keepsPlace()) {
+        if (widget_) widget_->setKeepsPlace(true);
+    }
+    ~PlaceKeeper() {
+        if (widget_) widget_->setKeepsPlace(before_);
+    }
+    PlaceKeeper(const PlaceKeeper&) = delete;
+    PlaceKeeper& operator=(const PlaceKeeper&) = delete;
+
+private:
+    const QPointer<TextWidget> widget_;
+    const bool before_;
+};
 
 /// The text and looks that a clipboard or a drag brings; nil when it brings no text.
 id textFrom(const QMimeData& source, bool rich);

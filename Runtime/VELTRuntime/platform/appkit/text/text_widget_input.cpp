@@ -3,10 +3,10 @@
 #include "VELTRuntime/platform/appkit/event_delivery.h"
 #include "VELTRuntime/platform/appkit/menus/menu_bar.h"
 #include "VELTRuntime/platform/appkit/qt_values.h"
+#include "VELTRuntime/platform/appkit/text/find_actions.h"
 #include "VELTRuntime/platform/appkit/text/find_bar.h"
 #include "VELTRuntime/platform/appkit/text/text_view.h"
 #include "VELTRuntime/platform/appkit/text/text_widget.h"
-#include "VELTRuntime/platform/appkit/view_events.h"
 
 #include <QApplication>
 #include <QKeyEvent>
@@ -16,6 +16,7 @@
 namespace velt {
 
 namespace {
+
 /// A key of the desktop and the command that it stands for.
 struct KeyCommand {
     QKeySequence::StandardKey key;
@@ -44,10 +45,14 @@ constexpr std::ptrdiff_t kEverywhere = 6;
 
 struct KeyFind {
     QKeySequence::StandardKey key;
-    long action;
+    FindAction action;
 };
 constexpr KeyFind kKeyFinds[] = {
-    {QKeySequence::Find, 1}, {QKeySequence::Replace, 1}, {QKeySequence::FindNext, 2}, {QKeySequence::FindPrevious, 3}};
+    {QKeySequence::Find, kShowFindBar},
+    {QKeySequence::Replace, kShowFindBar},
+    {QKeySequence::FindNext, kFindNext},
+    {QKeySequence::FindPrevious, kFindPrevious},
+};
 
 // Where the plus sign needs the shift key, its key counts without it too.
 struct KeyZoom {

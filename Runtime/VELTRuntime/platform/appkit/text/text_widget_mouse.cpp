@@ -21,10 +21,27 @@
 #include <QScrollBar>
 #include <QToolTip>
 #include <QUrl>
+#include <array>
+#include <iterator>
 
 namespace velt {
 
 namespace {
+
+struct MenuItem {
+    const char* title;
+    const char* command;
+    bool beginsGroup = false;
+};
+constexpr MenuItem kMenuItems[] = {
+    {"Undo", "undo:"},
+    {"Redo", "redo:"},
+    {"Cut", "cut:", true},
+    {"Copy", "copy:"},
+    {"Paste", "paste:"},
+    {"Delete", "delete:"},
+    {"Select All", "selectAll:", true},
+};
 
 constexpr int kScrollMilliseconds = 60;  // from row to row while the mouse is drawn beyond an edge
 
@@ -201,35 +218,19 @@ void TextWidget::wheelEvent(QWheelEvent* event) {
 void TextWidget::contextMenuEvent(QContextMenuEvent* event) {
     NSTextView* shown = view();
     if (!shown) return;
-    struct Item {
-        const char* title;
-        const char* command;
-        bool enabled;
-    };
-    const bool edits = !isReadOnly_, selected = hasSelection();
-    const QMimeData* held = QGuiApplication::clipboard()->mimeData();
-    const bool undoes = shown->allowsUndo() && edits;
-    auto* manager = to<NSUndoManager>(shown->undoManager());
-    const Item items[] = {
-        {"Undo", "undo:", undoes && manager && manager->canUndo()},
-        {"Redo", "redo:", undoes && manager && manager->canRedo()},
-        {nullptr, nullptr, false},
-        {"Cut", "cut:", edits && selected},
-        {"Copy", "copy:", selected},
-        {"Paste", "paste:", held && canInsert(*held)},
-        {"Delete", "delete:", edits && selected},
-        {nullptr, nullptr, false},
-        {"Select All", "selectAll:", shown->shown().length() > 0},
-    };
+    const Ref<NSTextView> offered(shown);
+    // The delegate may be asked who undoes.
+    std::array<bool, std::size(kMenuItems)> canDo{};
+    runReported([&] {
+        for (std::size_t i = 0; i < canDo.size(); ++i) canDo[i] = offered->canDo(kMenuItems[i].command);
+    });
     auto* menu = new QMenu(this);
     menu->setAttribute(Qt::WA_DeleteOnClose);
-    for (const Item& item : items) {
-        if (!item.title) {
-            menu->addSeparator();
-            continue;
-        }
+    for (std::size_t i = 0; i < canDo.size(); ++i) {
+        const MenuItem& item = kMenuItems[i];
+        if (item.beginsGroup) menu->addSeparator();
         QAction* action = menu->addAction(QString::fromLatin1(item.title));
-        action->setEnabled(item.enabled);
+        action->setEnabled(canDo[i]);
         connect(action, &QAction::triggered, this, [this, command = item.command] {
             NSTextView* asked = view();
             if (!asked) return;
@@ -259,7 +260,7 @@ std::unique_ptr<QMimeData> mimeDataOf(const NSAttributedString& text, bool rich,
 
 std::unique_ptr<QMimeData> TextWidget::selectionData() const {
     NSTextView* shown = view();
-    if (!shown) return nullptr;
+    if (!shown || !shown->isSelectable()) return nullptr;
     const id part = shown->shown().attributedSubstring(shown->selectedRange());
     return mimeDataOf(*attributedStringOf(part), shown->isRichText(), font());
 }

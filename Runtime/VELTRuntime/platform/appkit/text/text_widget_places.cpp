@@ -1,4 +1,5 @@
 // Where the lines of a text view's widget lie, and how it scrolls.
+#include "VELTRuntime/platform/appkit/text/setting.h"
 #include "VELTRuntime/platform/appkit/text/text_widget.h"
 
 #include <QScrollBar>
@@ -6,23 +7,6 @@
 #include <cmath>
 
 namespace velt {
-
-namespace {
-
-/// While it exists, a flag is set.
-class Setting {
-public:
-    explicit Setting(bool& flag) : flag_(flag), before_(std::exchange(flag, true)) {}
-    ~Setting() { flag_ = before_; }
-    Setting(const Setting&) = delete;
-    Setting& operator=(const Setting&) = delete;
-
-private:
-    bool& flag_;
-    bool before_;
-};
-
-}  // namespace
 
 double TextWidget::left() const { return kMargin - horizontalScrollBar()->value(); }
 
@@ -86,7 +70,7 @@ void TextWidget::layOutSeen() {
 
 void TextWidget::updateBars() {
     if (settingBars_) return;
-    const Setting setting(settingBars_);
+    const Setting setting(settingBars_, true);
     const std::size_t inSight = lastRowsInSight(), rows = lines_.rowCount();
     const auto most = static_cast<int>(rows > inSight ? rows - inSight : 0);
     const auto before = static_cast<int>(lines_.rowsBefore(top_));

@@ -3,16 +3,14 @@
 #include "VELTRuntime/platform/appkit/text/text_positions.h"
 #include "VELTRuntime/platform/appkit/text/text_view.h"
 #include "VELTRuntime/platform/appkit/text/text_widget.h"
-#include "VELTRuntime/platform/appkit/view_events.h"
+#include "VELTRuntime/values/text/casing.h"
 
-#include <QApplication>
 #include <QClipboard>
 #include <QGuiApplication>
 #include <QKeyEvent>
 #include <QMimeData>
 #include <QScrollBar>
 #include <QStyleHints>
-#include <QTextBoundaryFinder>
 #include <iterator>
 
 namespace velt {
@@ -68,9 +66,7 @@ bool movesUpOrDown(QTextCursor::MoveOperation operation) {
 /// What belongs to one word with its neighbours of the same kind.
 enum class CharacterKind { Word, Space, Other };
 CharacterKind kindOf(char32_t character) {
-    if (character == U'_' || QChar::isLetterOrNumber(character) || QChar::isMark(character)) {
-        return CharacterKind::Word;
-    }
+    if (isWordCharacter(character)) return CharacterKind::Word;
     return QChar::isSpace(character) ? CharacterKind::Space : CharacterKind::Other;
 }
 
@@ -204,11 +200,7 @@ NSRange TextWidget::unitAt(std::size_t position) const {
     std::size_t begin = std::min<std::size_t>(position - line.location, text.size());
     // Behind the last character of a line, that one is meant.
     if (begin == text.size()) begin = positionBefore(text, begin);
-    const auto kindAt = [&](std::size_t at) {
-        const bool isPair =
-            at + 1 < text.size() && QChar::isHighSurrogate(text[at]) && QChar::isLowSurrogate(text[at + 1]);
-        return kindOf(isPair ? QChar::surrogateToUcs4(text[at], text[at + 1]) : text[at]);
-    };
+    const auto kindAt = [&](std::size_t at) { return kindOf(text::codePointAt(text, at).value); };
     const CharacterKind kind = kindAt(begin);
     std::size_t end = positionAfter(text, begin);
     if (kind != CharacterKind::Other) {  // signs stand for themselves
