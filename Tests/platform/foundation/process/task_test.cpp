@@ -217,11 +217,14 @@ TEST(TaskEnd, HasAStatusOnlyAfterwards) {
     EXPECT_EQ(task->processIdentifier(), 0);
     EXPECT_FALSE(task->isRunning());
     task->setLaunchPath(string(childProgram()));
-    task->setArguments(stringArray({"pause", "200", "exit", "7"}));
+    task->setArguments(stringArray({"await", "exit", "7"}));
+    const Ref<NSPipe> input = make<NSPipe>();
+    task->setStandardInput(input);
     task->launch();
     EXPECT_GT(task->processIdentifier(), 1);
     EXPECT_TRUE(task->isRunning());
     EXPECT_RAISES("NSInvalidArgumentException: task still running", task->terminationStatus());
+    input->fileHandleForWriting()->closeFile();
     task->waitUntilExit();
     EXPECT_FALSE(task->isRunning());
     EXPECT_EQ(task->terminationStatus(), 7);
