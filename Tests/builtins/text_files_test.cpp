@@ -1,5 +1,6 @@
 #include "VELTRuntime/builtins/location.h"
 #include "VELTRuntime/platform/foundation/url_loader.h"
+#include "support/environment.h"
 #include "support/http_server.h"
 #include "support/processes.h"
 #include "support/values.h"
@@ -151,7 +152,6 @@ protected:
         ASSERT_FALSE(port_.empty());
     }
     ~ReadStringFromAnEncryptedServer() override {
-        unsetenv("SSL_CERT_FILE");
         if (server_ <= 0) return;
         kill(server_, SIGKILL);
         waitpid(server_, nullptr, 0);
@@ -164,6 +164,6 @@ protected:
 TEST_F(ReadStringFromAnEncryptedServer, GivesTheBodyWhenTheServerIsTrusted) {
     const id url = str("https://127.0.0.1:" + port_ + "/text");
     EXPECT_RAISES(kFailed, VELT_READSTRING(url));
-    setenv("SSL_CERT_FILE", folder_.file("certificate").c_str(), 1);
+    const EnvironmentVariable trusted("SSL_CERT_FILE", folder_.file("certificate"));
     EXPECT_VALUE("'hällo'", VELT_READSTRING(url));
 }

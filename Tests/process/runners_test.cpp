@@ -2,6 +2,7 @@
 #include "VELTRuntime/process/runners.h"
 
 #include "support/child_tasks.h"
+#include "support/environment.h"
 #include "support/generated_bytes.h"
 #include "support/processes.h"
 #include "support/values.h"
@@ -87,11 +88,8 @@ TEST(Bash, RunsACommandLineInALoginShellWithNothingToRead) {
 TEST(Bash, ReadsTheUsersProfile) {
     const TemporaryFolder home;
     home.write(".profile", "VELT_FROM_PROFILE=read\n");
-    const char* before = ::getenv("HOME");
-    const std::string kept = before ? before : "";
-    ::setenv("HOME", home.file("").c_str(), 1);
+    const EnvironmentVariable variable("HOME", home.file(""));
     EXPECT_EQ(bash("echo $VELT_FROM_PROFILE"), "read\n");
-    ::setenv("HOME", kept.c_str(), 1);
 }
 
 TEST(Bash, RunsAScriptWithItsArguments) {

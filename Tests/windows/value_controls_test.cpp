@@ -7,6 +7,7 @@
 #include "VELTRuntime/platform/foundation/date.h"
 #include "VELTRuntime/platform/foundation/url.h"
 #include "VELTRuntime/platform/object/cycles.h"
+#include "support/environment.h"
 
 #include <QAccessible>
 #include <QCalendarWidget>
@@ -393,18 +394,13 @@ TEST(PathControls, OpenADoubleClickedPartWithTheDesktop) {
         << "[Desktop Entry]\nType=Application\nName=Opener\nExec=" << root
         << "/open.sh %f\nMimeType=inode/directory;\n";
     std::ofstream(root + "/applications/mimeapps.list") << "[Default Applications]\ninode/directory=opener.desktop\n";
-    const QByteArray before = qgetenv("XDG_DATA_HOME");
-    qputenv("XDG_DATA_HOME", folder.path().toUtf8());
     const id control = VELT_NSPATHCONTROL_INIT(nil, "");
     VELT_NSCONTROL_STRINGVALUE(control, str(root));
     {
+        const EnvironmentVariable data("XDG_DATA_HOME", root);
         ShownControl shown(control, 600, 22);
         QTest::mouseDClick(&shown.widget(), Qt::LeftButton, {}, {10, 11});  // the root
     }
-    if (before.isEmpty())
-        qunsetenv("XDG_DATA_HOME");
-    else
-        qputenv("XDG_DATA_HOME", before);
     QFile said(folder.filePath(QStringLiteral("open.sh.said")));
     ASSERT_TRUE(QTest::qWaitFor([&] { return said.exists(); }, 10'000));
     ASSERT_TRUE(said.open(QIODevice::ReadOnly));

@@ -5,6 +5,7 @@
 #include "VELTRuntime/platform/foundation/process/child_process.h"
 #include "VELTRuntime/platform/foundation/process/descriptor_io.h"
 #include "support/child_tasks.h"
+#include "support/environment.h"
 #include "support/generated_bytes.h"
 #include "support/processes.h"
 #include "support/values.h"
@@ -111,10 +112,9 @@ TEST(Task, GivesTheEnvironmentThatWasSetAndNothingElse) {
 }
 
 TEST(Task, InheritsTheProgramsEnvironment) {
-    ::setenv("VELT_TEST_VARIABLE", "inherited", 1);
+    const EnvironmentVariable variable("VELT_TEST_VARIABLE", "inherited");
     EXPECT_EQ(outputOf({"environment", "VELT_TEST_VARIABLE"}), "inherited");
     EXPECT_EQ(utf8(as<NSDictionary>(make<NSTask>()->environment())->objectForKey("VELT_TEST_VARIABLE"_v)), "inherited");
-    ::unsetenv("VELT_TEST_VARIABLE");
 }
 
 TEST(Task, RunsInItsWorkingFolder) {
