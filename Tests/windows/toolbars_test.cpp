@@ -226,8 +226,7 @@ TEST(Toolbars, SendTheActionOfAClickedItem) {
     bar.owner->refuses = "";
     // What a person does lets the items be asked again.
     QTest::keyClick(&window.widget(), Qt::Key_Shift);
-    QTest::qWait(20);
-    EXPECT_VALUE("c 1", VELT_NSTOOLBARITEM_ENABLED(item));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return VELT_CBOOL(VELT_NSTOOLBARITEM_ENABLED(item)); }));
     velt::send(item, "setAction:", str("unknown:"));
     velt::send(bar.toolbar, "validateVisibleItems");
     EXPECT_VALUE("c 0", VELT_NSTOOLBARITEM_ENABLED(item));
@@ -302,9 +301,8 @@ TEST(Toolbars, PutWhatHasNoRoomIntoAMenu) {
     EXPECT_FALSE(bar.widget().strip().overflow().isVisible());
     EXPECT_EQ("new open FlexibleSpace search ", bar.shown());
     VELT_NSWINDOW_WIDTH(window.window, VELT_ID(100L));
-    QTest::qWait(20);
-    EXPECT_TRUE(bar.widget().strip().overflow().isVisible());
-    EXPECT_EQ("new ", bar.shown());
+    EXPECT_TRUE(QTest::qWaitFor([&] { return bar.widget().strip().overflow().isVisible() && bar.shown() == "new "; }))
+        << bar.shown();
     bar.owner->told();
     QMenu* menu = bar.widget().strip().overflow().menu();
     menu->popup(QPoint(100, 100));
