@@ -70,6 +70,40 @@ std::chrono::duration<double> now() { return std::chrono::steady_clock::now().ti
 
 }  // namespace
 
+TEST(DoRunLoop, DeliversAndNestsAndReturns) {
+    std::string events;
+    RunLoop::current().perform([&] {
+        events += "a";
+        RunLoop::current().perform([&] { events += "b"; });
+        VELT_DORUNLOOP(VELT_ID(0.02));
+        events += "c";
+    });
+    RunLoop::current().after(0.001, [&] { events += "d"; });
+    EXPECT_VALUE("nil", VELT_DORUNLOOP("0.05"_v));
+    EXPECT_EQ(events.size(), 4u);
+    EXPECT_LT(events.find('a'), events.find('b'));
+    EXPECT_LT(events.find('b'), events.find('c'));
+    EXPECT_NE(events.find('d'), std::string::npos);
+    VELT_DORUNLOOP(VELT_ID(0L));
+    VELT_DORUNLOOP(VELT_ID(-1L));
+    EXPECT_CAST_FAILURE("'Double' expected", VELT_DORUNLOOP(nil));
+}
+
+TEST(DoRunLoop, ReturnsThoughThereIsAlwaysMoreToDeliver) {
+    long count = 0;
+    bool isOver = false;
+    std::function<void()> again = [&] {
+        ++count;
+        if (!isOver) RunLoop::current().perform(again);
+    };
+    again();
+    VELT_DORUNLOOP(VELT_ID(0.02));
+    isOver = true;
+    VELT_DORUNLOOP(VELT_ID(0L));
+    EXPECT_GT(count, 1);
+    EXPECT_FALSE(RunLoop::current().isPending());
+}
+
 TEST(DoRunLoop, DeliversTimersDelayedMessagesAndOutputTogether) {
     const Ref<Diary> diary = make<Diary>();
     const id timer = VELT_NSTIMER_INIT(diary, "tick", VELT_ID(0.002));
