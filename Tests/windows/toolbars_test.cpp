@@ -30,8 +30,6 @@ public:
         const std::string name = velt::utf8(identifier);
         if (name == "unknown") return nil;
         heard += (inserted ? "+" : "?") + name + " ";
-        const id item = VELT_NSTOOLBARITEM_INIT(id(this), "click:");
-        velt::send(item, "setTarget:", id(this));
         const id made = velt::make<NSToolbarItem>(identifier);
         VELT_NSTOOLBARITEM_LABEL(made, identifier);
         velt::send(made, "setTarget:", id(this));
