@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
 """Runs the works of the library and of its peers in turn and prints medians, ratios and whether the goals hold.
 
-compare.py BUILD_FOLDER [ROUNDS] [--markdown FILE]
+compare.py BUILD_FOLDER [ROUNDS]
 """
 import os
 import shutil
@@ -53,10 +53,10 @@ def keyed_archives(name, command, times, checks):
 
 
 def main():
-    arguments = [a for a in sys.argv[1:] if a != "--markdown"]
-    markdown = arguments.pop() if "--markdown" in sys.argv else None
-    folder = arguments[0]
-    rounds = int(arguments[1]) if len(arguments) > 1 else 5
+    if len(sys.argv) < 2:
+        sys.exit(__doc__)
+    folder = sys.argv[1]
+    rounds = int(sys.argv[2]) if len(sys.argv) > 2 else 5
     programs = {"VELTRuntime": [f"{folder}/Benchmarks/programs/works"], "plain C++": [f"{folder}/Benchmarks/plain/works"]}
     starts = {"VELTRuntime": [f"{folder}/Benchmarks/programs/empty"], "plain C++": [f"{folder}/Benchmarks/plain/empty"]}
     for peer, extension, nothing in (("lua5.4", "lua", "-e "), ("luajit", "lua", "-e "), ("python3", "py", "-c "), ("node", "js", "-e ")):
@@ -100,18 +100,15 @@ def main():
         cells = [f"{own * 1000:.2f} {'MB' if work.endswith('_memory') else 'ms'}"]
         cells += [f"{medians[(work, n)] / own:.2f}" if (work, n) in medians else "" for n in names[1:]]
         rows.append(f"| {work} | " + " | ".join(cells) + " |")
-    table = "\n".join(rows)
     print("Ours in milliseconds; of the others how many times as long they take (medians of "
-          f"{rounds} alternating rounds).\n\n{table}\n")
+          f"{rounds} alternating rounds).\n")
+    print("\n".join(rows) + "\n")
     for work, peer, least in GOALS:
         if (work, peer) in medians:
             ratio = medians[(work, peer)] / medians[(work, "VELTRuntime")]
             print(f"{'holds' if ratio >= least else 'FAILS'}  {work} against {peer}: {ratio:.2f}, at least {least:.2f}")
     missing = medians[("search_missing", "VELTRuntime")]
     print(f"Searching plain text: {20e6 / missing / 1e9:.1f} GB/s of UTF-16")
-    if markdown:
-        with open(markdown, "w", encoding="utf-8") as file:
-            file.write(table + "\n")
 
 
 main()

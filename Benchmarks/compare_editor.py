@@ -68,6 +68,8 @@ def main():
             figures.run("VELTRuntime", [own, "keys", SHORT], "short")
             for work, lines in (("replace", "200000"), ("shift", LONG), ("format", LONG), ("format", "50000")):
                 figures.run("VELTRuntime", [own, work, lines], f"{work} {lines}")
+            for work, lines in (("replace", "200000"), ("shift", LONG)):
+                figures.run("VELTRuntime", [own, work, lines, "delegate"], f"told {work}")
 
     print("A source of 100,000 lines (5 MB), a file of 10 MB; in brackets how many times ours.\n")
     print("| with | a key | 99th percentile | 10 MB opened | all coloured | bytes a unit |")
@@ -91,8 +93,10 @@ def main():
            figures.median("VELTRuntime", f"format {LONG} done") / figures.median("VELTRuntime", "format 50000 done"), 2.2)
     report("100,000 matches replaced in 10 MB", figures.milliseconds("replace 200000 done"), 500, " ms")
     report("100,000 lines shifted", figures.milliseconds(f"shift {LONG} done"), 200, " ms")
-    report("bytes a unit of a loaded text", figures.median("VELTRuntime", "file memory"), 6)
-    for what in ("replace 200000", f"shift {LONG}", f"format {LONG}"):
+    report("bytes a unit of a coloured text", figures.median("VELTRuntime", "file coloured_memory"), 6)
+    print(f"While a delegate hears of each: {figures.milliseconds('told replace done'):.0f} ms to replace, "
+          f"{figures.milliseconds('told shift done'):.0f} ms to shift")
+    for what in ("replace 200000", f"shift {LONG}", f"format {LONG}", "told replace", "told shift"):
         for failure in ("undone_in_several_steps", "not_undone"):
             if ("VELTRuntime", f"{what} {failure}") in figures.found:
                 print(f"FAILS  {what}: {failure}")

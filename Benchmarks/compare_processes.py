@@ -13,6 +13,8 @@ HERE = os.path.dirname(os.path.abspath(__file__))
 
 
 def main():
+    if len(sys.argv) < 2:
+        sys.exit(__doc__)
     folder = sys.argv[1]
     rounds = int(sys.argv[2]) if len(sys.argv) > 2 else 5
     launches, size, megabytes = (sys.argv[3:] + ["300", str(1 << 30), "4096"][len(sys.argv[3:]):])[:3]

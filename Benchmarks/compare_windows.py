@@ -48,6 +48,8 @@ class Figures:
 
 
 def main():
+    if len(sys.argv) < 2:
+        sys.exit(__doc__)
     folder = f"{sys.argv[1]}/Benchmarks/windows"
     rounds = int(sys.argv[2]) if len(sys.argv) > 2 else 7
     programs = {"VELTRuntime": "velt", "Qt": "qt"}

@@ -1,4 +1,4 @@
-// What a program pays for single steps: a number, an operator, a message, a string, an entry of a dictionary, a cycle.
+// What a program pays for single steps: a number, an operator, a string, an entry of a dictionary, a cycle.
 #include <VELTRuntime/VELTRuntime.h>
 
 #include <benchmark/benchmark.h>
@@ -8,9 +8,8 @@ namespace {
 class Cell : public NSObject {
     VELT_OBJECT(Cell, NSObject)
 public:
-    virtual id take(const id& value) { return value; }
     id next;
-    static void describe(velt::ClassBuilder<Cell>& c) { c.property("next", &Cell::next).method("take:", &Cell::take); }
+    static void describe(velt::ClassBuilder<Cell>& c) { c.property("next", &Cell::next); }
 };
 
 void addIntegers(benchmark::State& state) {
@@ -41,24 +40,6 @@ void shareAndDropAnObject(benchmark::State& state) {
     }
 }
 BENCHMARK(shareAndDropAnObject);
-
-void callVirtually(benchmark::State& state) {
-    velt::Ref<Cell> cell = velt::make<Cell>();
-    Cell* object = cell.get();
-    const id value = VELT_ID(5L);
-    for (auto _ : state) {
-        benchmark::DoNotOptimize(object);
-        benchmark::DoNotOptimize(object->take(value));
-    }
-}
-BENCHMARK(callVirtually);
-
-void sendByName(benchmark::State& state) {
-    const id cell = velt::make<Cell>(), value = VELT_ID(5L);
-    const velt::Selector take = VELT_SELECTOR("take:");
-    for (auto _ : state) benchmark::DoNotOptimize(velt::send(cell, take, value));
-}
-BENCHMARK(sendByName);
 
 void readAnInteger(benchmark::State& state) {
     const id text = velt::string(" -1234567");

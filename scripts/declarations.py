@@ -239,10 +239,10 @@ def _paragraphs(lines):
 
 def families():
     """All headers that declare something for programs, in the order of their folders."""
-    folders = ["values", "operators", "builtins", "process", "ui", "editor/view", "drawing", "preferences"]
+    folders = ["values", "operators", "builtins", "process", "ui", "editor/view", "drawing"]
     found = []
     for folder in folders:
-        for path in sorted((HEADERS / folder).rglob("*.h")) if (HEADERS / folder).is_dir() else []:
+        for path in sorted((HEADERS / folder).rglob("*.h")):
             if path.name.startswith("accessor") or path.name == "frame_parts.h":
                 continue
             header = _Reader(path).read()

@@ -4,7 +4,7 @@ import re
 
 from declarations import HEADERS, EXPORTS
 
-FOLDERS = ("platform", "editor/view", "process", "drawing", "preferences", "values")
+FOLDERS = ("platform", "editor/view", "process", "drawing", "values")
 
 
 class PlatformNotes:
@@ -21,7 +21,7 @@ class PlatformNotes:
         self.selectors = {}  # (class, selector): member
         paths = list(HEADERS.parent.glob("*.*"))  # what programs include by its bare name
         for folder in FOLDERS:
-            paths += (HEADERS / folder).rglob("*") if (HEADERS / folder).is_dir() else []
+            paths += (HEADERS / folder).rglob("*")
         for path in sorted(path for path in paths if path.suffix in (".h", ".cpp")):
             if path.suffix == ".h":
                 self._read_header(path.read_text())

@@ -1,6 +1,7 @@
 #include "VELTRuntime/platform/foundation/date.h"
 #include "VELTRuntime/platform/foundation/notification_center.h"
 #include "VELTRuntime/platform/foundation/user.h"
+#include "support/environment.h"
 #include "support/processes.h"
 #include "support/values.h"
 
@@ -9,22 +10,6 @@
 using namespace velt::test;
 
 namespace {
-
-/// An environment variable for the length of a test.
-class Variable {
-public:
-    Variable(const char* name, const char* value) : name_(name) {
-        if (const char* old = std::getenv(name)) before_ = old;
-        value ? setenv(name, value, 1) : unsetenv(name);
-    }
-    ~Variable() { before_ ? setenv(name_, before_->c_str(), 1) : unsetenv(name_); }
-    Variable(const Variable&) = delete;
-    Variable& operator=(const Variable&) = delete;
-
-private:
-    const char* name_;
-    std::optional<std::string> before_;
-};
 
 class Spectator : public NSObject {
     VELT_OBJECT(Spectator, NSObject)
@@ -56,20 +41,21 @@ std::string bundleText(const std::string& bundle, const std::string& resources, 
 TEST(User, HasNamesAndFolders) {
     EXPECT_NE("", velt::utf8(VELT_USER_USERNAME(ignored)));
     EXPECT_NE("", velt::utf8(VELT_USER_FULLUSERNAME(integer(5))));
-    const Variable home("HOME", "/home/somebody/"), temporary("TMPDIR", "/var/somewhere");
+    const EnvironmentVariable home("HOME", "/home/somebody/"), temporary("TMPDIR", "/var/somewhere");
     EXPECT_VALUE("'/home/somebody'", VELT_USER_HOMEDIRECTORY(ignored));
     EXPECT_VALUE("'/home/somebody/Desktop'", VELT_USER_DESKTOPDIRECTORY(ignored));
     EXPECT_VALUE("'/var/somewhere/'", VELT_USER_TEMPORARYDIRECTORY(ignored));
 }
 
 TEST(User, HasFoldersWithoutAnEnvironmentToo) {
-    const Variable home("HOME", "relative"), temporary("TMPDIR", nullptr), configuration("XDG_CONFIG_HOME", "");
+    const EnvironmentVariable home("HOME", "relative"), temporary("TMPDIR", std::nullopt),
+        configuration("XDG_CONFIG_HOME", "");
     const std::string own = velt::utf8(VELT_USER_HOMEDIRECTORY(ignored));
     EXPECT_TRUE(own.starts_with('/')) << own;
     EXPECT_VALUE("'" + own + "/Desktop'", VELT_USER_DESKTOPDIRECTORY(ignored));
     EXPECT_VALUE("'/tmp/'", VELT_USER_TEMPORARYDIRECTORY(ignored));
     EXPECT_EQ(own + "/.config", velt::configurationFolder());
-    const Variable root("TMPDIR", "/");
+    const EnvironmentVariable root("TMPDIR", "/");
     EXPECT_VALUE("'/'", VELT_USER_TEMPORARYDIRECTORY(ignored));
 }
 
@@ -103,7 +89,7 @@ TEST(Bundle, NeedsBothTheApplicationAndItsContents) {
 }
 
 TEST(Process, HasArgumentsEnvironmentAndNumber) {
-    const Variable variable("VELT_TEST_VARIABLE", "a=b");
+    const EnvironmentVariable variable("VELT_TEST_VARIABLE", "a=b");
     EXPECT_EQ("(" + std::string(VELT_TEST_PROGRAMS) + "/services, process, , \xC3\xA4 b)'a=b'",
               runProgram("services", {"process", "", "\xC3\xA4 b"}).output);
     EXPECT_VALUE("q " + std::to_string(getpid()), VELT_NSPROCESSINFO_PID(ignored));
@@ -114,15 +100,18 @@ TEST(Process, HasArgumentsEnvironmentAndNumber) {
 class SettingFunctions : public ::testing::Test {
 protected:
     // The standard settings are placed at their first use; nothing of the user's own is touched.
-    static void SetUpTestSuite() { setenv("XDG_CONFIG_HOME", folder().file("config").c_str(), 1); }
+    static void SetUpTestSuite() { configuration_.emplace("XDG_CONFIG_HOME", folder().file("config")); }
     static void TearDownTestSuite() {
         VELT_NSUSERDEFAULTS_SYNCHRONIZE(ignored);
-        unsetenv("XDG_CONFIG_HOME");
+        configuration_.reset();
     }
     static const TemporaryFolder& folder() {
         static const TemporaryFolder instance;
         return instance;
     }
+
+private:
+    inline static std::optional<EnvironmentVariable> configuration_;
 };
 
 TEST_F(SettingFunctions, GiveTheStoredThenTheRegisteredValue) {

@@ -1,5 +1,6 @@
 #include "VELTRuntime/builtins/location.h"
 #include "VELTRuntime/platform/foundation/url_loader.h"
+#include "support/environment.h"
 #include "support/http_server.h"
 #include "support/processes.h"
 #include "support/values.h"
@@ -7,6 +8,7 @@
 #include <chrono>
 #include <csignal>
 #include <fcntl.h>
+#include <future>
 #include <sys/stat.h>
 #include <thread>
 
@@ -89,8 +91,7 @@ protected:
         if (path == "/latin") return httpResponse("200 OK", "caf\xE9");
         if (path == "/big") return httpResponse("200 OK", std::string(5'000'000, 'x'));
         if (path == "/cut") return "HTTP/1.1 200 OK\r\nContent-Length: 100\r\n\r\nonly this";
-        if (path == "/slow") std::this_thread::sleep_for(std::chrono::milliseconds(2500));
-        if (path == "/slow" || path == "/closed") return "";
+        if (path == "/closed") return "";
         return httpResponse("404 Not Found", "no such thing");
     }
     ~ReadStringFromAServer() override { velt::urlTimeouts() = {}; }
@@ -114,8 +115,14 @@ TEST_F(ReadStringFromAServer, FailsForErrorsAndOtherBodies) {
 }
 
 TEST_F(ReadStringFromAServer, GivesUpOnAServerThatStalls) {
+    std::promise<void> gaveUp;
+    HttpServer stalled([over = gaveUp.get_future().share()](const std::string&) {
+        over.wait_for(std::chrono::minutes(1));
+        return httpResponse("200 OK", "too late");
+    });
     velt::urlTimeouts() = {.connect = 1, .stall = 1};
-    EXPECT_RAISES(kFailed, VELT_READSTRING(str(server_.url("/slow"))));
+    EXPECT_RAISES(kFailed, VELT_READSTRING(str(stalled.url("/"))));
+    gaveUp.set_value();
 }
 
 class ReadStringFromAnEncryptedServer : public ::testing::Test {
@@ -145,7 +152,6 @@ protected:
         ASSERT_FALSE(port_.empty());
     }
     ~ReadStringFromAnEncryptedServer() override {
-        unsetenv("SSL_CERT_FILE");
         if (server_ <= 0) return;
         kill(server_, SIGKILL);
         waitpid(server_, nullptr, 0);
@@ -158,6 +164,6 @@ protected:
 TEST_F(ReadStringFromAnEncryptedServer, GivesTheBodyWhenTheServerIsTrusted) {
     const id url = str("https://127.0.0.1:" + port_ + "/text");
     EXPECT_RAISES(kFailed, VELT_READSTRING(url));
-    setenv("SSL_CERT_FILE", folder_.file("certificate").c_str(), 1);
+    const EnvironmentVariable trusted("SSL_CERT_FILE", folder_.file("certificate"));
     EXPECT_VALUE("'hällo'", VELT_READSTRING(url));
 }

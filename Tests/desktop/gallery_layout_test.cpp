@@ -2,7 +2,7 @@
 // each direction of reading. Letters may look otherwise. After a change that is meant, VELT_RENEW_LAYOUTS=1 set for
 // this program stores what is seen now in Tests/data.
 #include "support/layout.h"
-#include "support/processes.h"
+#include "support/unseen_examples.h"
 
 #include <QPainter>
 #include <algorithm>
@@ -107,16 +107,10 @@ constexpr Mode kModes[] = {{"gallery_layout.txt", "1", false},
 QImage pictureOf(const Mode& mode) {
     const TemporaryFolder folder;
     const std::string path = folder.file("picture.png");
-    const QByteArray platform = qgetenv("QT_QPA_PLATFORM");
-    qputenv("VELT_SCREENSHOT", path.c_str());
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-    qputenv("QT_SCALE_FACTOR", mode.scale);
-    if (mode.fromRight) qputenv("VELT_SCREENSHOT_FROM_RIGHT", "1");
-    const ProgramResult result = runExample("controls");
-    qunsetenv("VELT_SCREENSHOT_FROM_RIGHT");
-    qunsetenv("VELT_SCREENSHOT");
-    qunsetenv("QT_SCALE_FACTOR");
-    qputenv("QT_QPA_PLATFORM", platform);
+    const EnvironmentVariable scale("QT_SCALE_FACTOR", mode.scale);
+    const EnvironmentVariable fromRight("VELT_SCREENSHOT_FROM_RIGHT",
+                                        mode.fromRight ? std::optional("1") : std::nullopt);
+    const ProgramResult result = runUnseen("controls", path);
     EXPECT_EQ(0, result.status) << result.errors;
     QImage picture(QString::fromStdString(path));
     picture.setDevicePixelRatio(std::atof(mode.scale));

@@ -1,10 +1,10 @@
 // The address book, run as a person runs it.
+#include "support/generated.h"
 #include "support/processes.h"
 
 #include <chrono>
 #include <csignal>
 #include <gtest/gtest.h>
-#include <random>
 #include <thread>
 
 using namespace velt::test;
@@ -63,7 +63,9 @@ TEST(AddressbookExample, SaysWhatIsWrong) {
     EXPECT_EQ("no archive", contentOf(other));
 }
 
-TEST(AddressbookExample, SurvivesAKillWhileItSaves) {
+using KilledAddressbooks = Generated;
+
+TEST_F(KilledAddressbooks, LeaveAWholeBookAtAnyMoment) {
     const TemporaryFolder folder;
     const std::string book = folder.file("book");
     std::string commands;
@@ -71,12 +73,11 @@ TEST(AddressbookExample, SurvivesAKillWhileItSaves) {
         commands += "add Name " + std::to_string(i % 300) + "; " + std::to_string(i) + "\n";
     const std::string input = folder.write("commands", commands);
     const std::string program = (std::filesystem::path(VELT_EXAMPLE_PROGRAMS) / "addressbook").string();
-    std::minstd_rand random(std::random_device{}());
     // A kill falls anywhere between the start and several saves, however slow the build is.
     const auto begin = std::chrono::steady_clock::now();
     ASSERT_EQ("", runExample("addressbook", {folder.file("other book")}, "add Ann; 5\nadd Bob; 6\n").errors);
-    const auto unit = std::chrono::steady_clock::now() - begin;
-    std::uniform_int_distribution<std::int64_t> pause(unit.count() / 4, unit.count() * 4);
+    const std::chrono::nanoseconds unit = std::chrono::steady_clock::now() - begin;
+    const auto quarter = static_cast<std::size_t>(unit.count() / 4);
     // The commands add the same 300 names again and again, so that a book that lost some would show.
     int most = 0;
     for (int round = 0; round < 40; ++round) {
@@ -85,7 +86,8 @@ TEST(AddressbookExample, SurvivesAKillWhileItSaves) {
             execl(program.c_str(), program.c_str(), book.c_str(), input.c_str(), static_cast<char*>(nullptr));
             _exit(127);
         }
-        std::this_thread::sleep_for(std::chrono::steady_clock::duration(pause(random)));
+        ASSERT_GT(child, 0);
+        std::this_thread::sleep_for(std::chrono::nanoseconds(quarter + below(quarter * 15)));
         kill(child, SIGKILL);
         waitpid(child, nullptr, 0);
         const ProgramResult result = runExample("addressbook", {book}, "find no such thing\n");

@@ -4,6 +4,7 @@
 #include "VELTRuntime/platform/foundation/process/child_process.h"
 #include "VELTRuntime/process/task.h"
 #include "support/child_tasks.h"
+#include "support/environment.h"
 #include "support/values.h"
 
 #include <cstdlib>
@@ -58,27 +59,17 @@ bool hasDisplay() {
 }  // namespace
 
 TEST(WindowActivation, FindsNoProcessWithoutADisplay) {
-    const char* before = ::getenv("DISPLAY");
-    const std::string kept = before ? before : "";
-    ::unsetenv("DISPLAY");
-    {
-        const WindowActivation activation;
-        EXPECT_FALSE(activation.isPossible());
-        EXPECT_EQ(activation.bringToFront(::getpid()), -600);
-    }
-    if (before) ::setenv("DISPLAY", kept.c_str(), 1);
+    const EnvironmentVariable display("DISPLAY", std::nullopt);
+    const WindowActivation activation;
+    EXPECT_FALSE(activation.isPossible());
+    EXPECT_EQ(activation.bringToFront(::getpid()), -600);
 }
 
 TEST(WindowActivation, FindsNoProcessOnADisplayThatDoesNotAnswer) {
-    const char* before = ::getenv("DISPLAY");
-    const std::string kept = before ? before : "";
-    ::setenv("DISPLAY", ":64999", 1);
-    {
-        const WindowActivation activation;
-        EXPECT_FALSE(activation.isPossible());
-        EXPECT_EQ(activation.bringToFront(::getpid()), -600);
-    }
-    before ? ::setenv("DISPLAY", kept.c_str(), 1) : ::unsetenv("DISPLAY");
+    const EnvironmentVariable display("DISPLAY", ":64999");
+    const WindowActivation activation;
+    EXPECT_FALSE(activation.isPossible());
+    EXPECT_EQ(activation.bringToFront(::getpid()), -600);
 }
 
 TEST(WindowActivationOnADisplay, BringsTheWindowOfTheProcessToTheFront) {

@@ -4,12 +4,11 @@
 #include "VELTRuntime/process/desktop_entry.h"
 #include "VELTRuntime/process/file_types.h"
 #include "support/child_tasks.h"
+#include "support/environment.h"
 #include "support/processes.h"
 #include "support/values.h"
 
 #include <gtest/gtest.h>
-#include <map>
-#include <optional>
 #include <unistd.h>
 
 using namespace velt;
@@ -26,23 +25,9 @@ public:
         }
         folder_.write("data/mime/globs2", "50:text/x-csrc:*.c:cs\n50:text/plain:*.txt\n50:image/png:*.png\n"
                                           "50:application/gzip:*.gz\n60:application/x-tarball:*.tar.gz\n# end\n");
-        set("XDG_DATA_HOME", folder_.file("data"));
-        set("XDG_DATA_DIRS", folder_.file("system"));
-        set("XDG_CONFIG_HOME", folder_.file("config"));
-        set("XDG_CONFIG_DIRS", folder_.file("none"));
-        set("XDG_CURRENT_DESKTOP", "Tests:Other");
         const std::string script =
             folder_.write("record", "#!/bin/sh\nprintf '%s|' \"$@\" >\"$0.out.part\"\nmv \"$0.out.part\" \"$0.out\"\n");
         std::filesystem::permissions(script, std::filesystem::perms::owner_all);
-    }
-    ~Desktop() {
-        for (const auto& [name, value] : before_) {
-            if (value) {
-                ::setenv(name.c_str(), value->c_str(), 1);
-            } else {
-                ::unsetenv(name.c_str());
-            }
-        }
     }
     /// An application that records the arguments that it is started with after its own name.
     void add(const std::string& name, const std::string& more, const std::string& arguments = "%f",
@@ -68,13 +53,10 @@ public:
     }
 
 private:
-    void set(const std::string& name, const std::string& value) {
-        const char* old = ::getenv(name.c_str());
-        before_[name] = old ? std::optional<std::string>(old) : std::nullopt;
-        ::setenv(name.c_str(), value.c_str(), 1);
-    }
     TemporaryFolder folder_;
-    std::map<std::string, std::optional<std::string>> before_;
+    EnvironmentVariable home_{"XDG_DATA_HOME", folder_.file("data")}, folders_{"XDG_DATA_DIRS", folder_.file("system")},
+        configuration_{"XDG_CONFIG_HOME", folder_.file("config")},
+        configurations_{"XDG_CONFIG_DIRS", folder_.file("none")}, desktop_{"XDG_CURRENT_DESKTOP", "Tests:Other"};
 };
 
 }  // namespace

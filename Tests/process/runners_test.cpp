@@ -2,12 +2,12 @@
 #include "VELTRuntime/process/runners.h"
 
 #include "support/child_tasks.h"
+#include "support/environment.h"
 #include "support/generated_bytes.h"
 #include "support/processes.h"
 #include "support/values.h"
 
 #include <fcntl.h>
-#include <functional>
 #include <gtest/gtest.h>
 #include <thread>
 #include <unistd.h>
@@ -87,11 +87,8 @@ TEST(Bash, RunsACommandLineInALoginShellWithNothingToRead) {
 TEST(Bash, ReadsTheUsersProfile) {
     const TemporaryFolder home;
     home.write(".profile", "VELT_FROM_PROFILE=read\n");
-    const char* before = ::getenv("HOME");
-    const std::string kept = before ? before : "";
-    ::setenv("HOME", home.file("").c_str(), 1);
+    const EnvironmentVariable variable("HOME", home.file(""));
     EXPECT_EQ(bash("echo $VELT_FROM_PROFILE"), "read\n");
-    ::setenv("HOME", kept.c_str(), 1);
 }
 
 TEST(Bash, RunsAScriptWithItsArguments) {
@@ -194,40 +191,6 @@ TEST(Architecture, IsNamedAsUsual) {
 #else
     EXPECT_GT(textOf(VELT_ARCH()).size(), 2u);
 #endif
-}
-
-TEST(DoRunLoop, DeliversAndNestsAndReturns) {
-    std::string events;
-    RunLoop::current().perform([&] {
-        events += "a";
-        RunLoop::current().perform([&] { events += "b"; });
-        VELT_DORUNLOOP(VELT_ID(0.02));
-        events += "c";
-    });
-    RunLoop::current().after(0.001, [&] { events += "d"; });
-    EXPECT_VALUE("nil", VELT_DORUNLOOP("0.05"_v));
-    EXPECT_EQ(events.size(), 4u);
-    EXPECT_LT(events.find('a'), events.find('b'));
-    EXPECT_LT(events.find('b'), events.find('c'));
-    EXPECT_NE(events.find('d'), std::string::npos);
-    VELT_DORUNLOOP(VELT_ID(0L));
-    VELT_DORUNLOOP(VELT_ID(-1L));
-    EXPECT_CAST_FAILURE("'Double' expected", VELT_DORUNLOOP(nil));
-}
-
-TEST(DoRunLoop, ReturnsThoughThereIsAlwaysMoreToDeliver) {
-    long count = 0;
-    bool isOver = false;
-    std::function<void()> again = [&] {
-        ++count;
-        if (!isOver) RunLoop::current().perform(again);
-    };
-    again();
-    VELT_DORUNLOOP(VELT_ID(0.02));
-    isOver = true;
-    VELT_DORUNLOOP(VELT_ID(0L));
-    EXPECT_GT(count, 1);
-    EXPECT_FALSE(RunLoop::current().isPending());
 }
 
 TEST(Runners, WorkWhileTheProgramsOwnStreamsAreClosed) {

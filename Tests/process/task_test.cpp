@@ -433,7 +433,8 @@ TEST(VLTaskAccessors, PassTheReceiverUnchecked) {
     EXPECT_VALUE("c 0", VELT_VLTASK_RESUME(nil));
     EXPECT_VALUE("nil", VELT_VLTASK_STOP(nil));
     EXPECT_VALUE("nil", VELT_VLTASK_STARTANDWAIT(nil, VELT_ID(BOOL{1})));
-    EXPECT_EQ(raised([] { VELT_VLTASK_PATH(stringArray({})); }).substr(0, 27), "NSInvalidArgumentException:");
+    EXPECT_RAISES("NSInvalidArgumentException: 'NSMutableArray' does not understand 'task'",
+                  VELT_VLTASK_PATH(stringArray({})));
 }
 
 TEST(VLTaskAccessors, WaitForTheEndAndReportAfterwards) {

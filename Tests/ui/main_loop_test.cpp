@@ -107,8 +107,7 @@ TEST_F(ApplicationLoop, DeliversWithinTheToolkitsOwnLoops) {
 TEST_F(ApplicationLoop, LetsTheToolkitDeliverItsOwn) {
     bool fired = false;
     QTimer::singleShot(1, [&] { fired = true; });
-    loop.runUntil(0.05);
-    EXPECT_TRUE(fired);
+    EXPECT_TRUE(runLoopUntil([&] { return fired; }));
 }
 
 TEST_F(ApplicationLoop, MayBeNestedAndStopped) {

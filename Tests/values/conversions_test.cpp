@@ -112,3 +112,16 @@ TEST(RaisingByName, MakesAnExceptionOfThatNameAndReason) {
     EXPECT_RAISES("5: 7", VELT_EXCEPTION(integer(5), integer(7), array()));
     EXPECT_RAISES("VLException: nil has no text: a string cannot be made from it", VELT_EXCEPTION(nil, str("x"), nil));
 }
+
+TEST(DataConversion, GivesDataOfItsOwn) {
+    const id bytes = mutableData("abc");
+    const id converted = VELT_CDATA(bytes);
+    velt::as<NSMutableData>(converted)->append("d");
+    EXPECT_VALUE("NSMutableData <616263>", bytes);
+    EXPECT_VALUE("NSMutableData <c3a4>", VELT_CDATA(str("ä")));
+    EXPECT_VALUE("NSData <f09f9880>", VELT_DATA(str("😀")));
+    EXPECT_VALUE("'a\xEF\xBF\xBD"
+                 "b'",
+                 VELT_CSTRING(data("a\xFF"
+                                   "b")));
+}

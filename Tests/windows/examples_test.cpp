@@ -1,5 +1,5 @@
 // The example programs with windows, run where nobody looks: they work themselves and write what they show.
-#include "support/processes.h"
+#include "support/unseen_examples.h"
 
 #include <QColor>
 #include <QImage>
@@ -9,17 +9,12 @@
 #include <set>
 #include <vector>
 
-using velt::test::ProgramResult;
-using velt::test::runExample;
-using velt::test::TemporaryFolder;
+using namespace velt::test;
 
 TEST(DrawingExample, DrawsAndShowsIt) {
     const TemporaryFolder folder;
     const std::string path = folder.write("picture.png", "");
-    setenv("VELT_SCREENSHOT", path.c_str(), 1);
-    setenv("QT_QPA_PLATFORM", "offscreen", 1);
-    const ProgramResult result = runExample("drawing", {});
-    unsetenv("VELT_SCREENSHOT");
+    const ProgramResult result = runUnseen("drawing", path);
     EXPECT_EQ("The picture is in " + path + ".\n", result.output);
     EXPECT_EQ(0, result.status);
     const QImage picture(QString::fromStdString(path));
@@ -35,10 +30,7 @@ TEST(DrawingExample, DrawsAndShowsIt) {
 }
 
 TEST(DrawingExample, SaysWhenItsPictureCannotBeWritten) {
-    setenv("VELT_SCREENSHOT", "/nowhere/picture.png", 1);
-    setenv("QT_QPA_PLATFORM", "offscreen", 1);
-    const ProgramResult result = runExample("drawing", {});
-    unsetenv("VELT_SCREENSHOT");
+    const ProgramResult result = runUnseen("drawing", "/nowhere/picture.png");
     EXPECT_NE(std::string::npos, result.errors.find("The picture cannot be written to /nowhere/picture.png.\n"));
     EXPECT_EQ(1, result.status);
 }
@@ -46,10 +38,7 @@ TEST(DrawingExample, SaysWhenItsPictureCannotBeWritten) {
 TEST(GradientsExample, ShowsTheChosenOne) {
     const TemporaryFolder folder;
     const std::string path = folder.file("picture.png");
-    setenv("VELT_SCREENSHOT", path.c_str(), 1);
-    setenv("QT_QPA_PLATFORM", "offscreen", 1);
-    const ProgramResult result = runExample("gradients", {});
-    unsetenv("VELT_SCREENSHOT");
+    const ProgramResult result = runUnseen("gradients", path);
     EXPECT_EQ("The picture is in " + path + ".\n", result.output);
     EXPECT_EQ(0, result.status);
     const QImage picture(QString::fromStdString(path));
@@ -68,10 +57,7 @@ TEST(GradientsExample, ShowsTheChosenOne) {
 TEST(ControlsExample, ShowsEveryControlAndWorksSome) {
     const TemporaryFolder folder;
     const std::string path = folder.file("picture.png");
-    setenv("VELT_SCREENSHOT", path.c_str(), 1);
-    setenv("QT_QPA_PLATFORM", "offscreen", 1);
-    const ProgramResult result = runExample("controls", {});
-    unsetenv("VELT_SCREENSHOT");
+    const ProgramResult result = runUnseen("controls", path);
     EXPECT_EQ("The picture is in " + path + ".\n", result.output);
     EXPECT_EQ(0, result.status);
     const QImage picture(QString::fromStdString(path));
@@ -104,10 +90,7 @@ TEST(ControlsExample, ShowsEveryControlAndWorksSome) {
 TEST(ControlsExample, WearsDarkColoursWhenAsked) {
     const TemporaryFolder folder;
     const std::string path = folder.file("picture.png");
-    setenv("VELT_SCREENSHOT", path.c_str(), 1);
-    setenv("QT_QPA_PLATFORM", "offscreen", 1);
-    const ProgramResult result = runExample("controls", {"--dark"});
-    unsetenv("VELT_SCREENSHOT");
+    const ProgramResult result = runUnseen("controls", path, {"--dark"});
     EXPECT_EQ(0, result.status) << result.errors;
     const QImage picture(QString::fromStdString(path));
     ASSERT_FALSE(picture.isNull());
@@ -122,10 +105,7 @@ TEST(ControlsExample, WearsDarkColoursWhenAsked) {
 TEST(TablesExample, SortsItsMillionRowsAndChangesSome) {
     const TemporaryFolder folder;
     const std::string path = folder.file("picture.png");
-    setenv("VELT_SCREENSHOT", path.c_str(), 1);
-    setenv("QT_QPA_PLATFORM", "offscreen", 1);
-    const ProgramResult result = runExample("tables", {});
-    unsetenv("VELT_SCREENSHOT");
+    const ProgramResult result = runUnseen("tables", path);
     EXPECT_EQ("The picture is in " + path + ".\n", result.output);
     EXPECT_EQ(0, result.status) << result.errors;
     const QImage picture(QString::fromStdString(path));
@@ -148,12 +128,8 @@ TEST(TablesExample, SortsItsMillionRowsAndChangesSome) {
 TEST(NotesExample, AddsANoteAndShowsAnother) {
     const TemporaryFolder folder;
     const std::string path = folder.file("picture.png");
-    setenv("VELT_SCREENSHOT", path.c_str(), 1);
-    setenv("QT_QPA_PLATFORM", "offscreen", 1);
-    setenv("XDG_CONFIG_HOME", folder.file("config").c_str(), 1);
-    const ProgramResult result = runExample("notes", {});
-    unsetenv("XDG_CONFIG_HOME");
-    unsetenv("VELT_SCREENSHOT");
+    const EnvironmentVariable configuration("XDG_CONFIG_HOME", folder.file("config"));
+    const ProgramResult result = runUnseen("notes", path);
     EXPECT_EQ("The picture is in " + path + ".\n", result.output);
     EXPECT_EQ(0, result.status) << result.errors;
     const QImage picture(QString::fromStdString(path));
@@ -165,10 +141,7 @@ TEST(NotesExample, AddsANoteAndShowsAnother) {
 TEST(DialogsExample, AnswersItsDialogsAndShowsTheCodes) {
     const TemporaryFolder folder;
     const std::string path = folder.file("picture.png");
-    setenv("VELT_SCREENSHOT", path.c_str(), 1);
-    setenv("QT_QPA_PLATFORM", "offscreen", 1);
-    const ProgramResult result = runExample("dialogs", {});
-    unsetenv("VELT_SCREENSHOT");
+    const ProgramResult result = runUnseen("dialogs", path);
     EXPECT_EQ("The picture is in " + path + ".\n", result.output);
     EXPECT_EQ(0, result.status);
     // The window has grown by the view that it was expanded by.

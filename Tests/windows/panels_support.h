@@ -62,7 +62,7 @@ inline void clickButton(NSWindow& window, std::string_view title) {
     ADD_FAILURE() << "no button " << title;
 }
 
-/// The sheet that a window shows, once it is seen and has the keyboard; null when it is not within a second.
+/// The sheet that a window shows, once it is seen and has the keyboard; null when it is not within two seconds.
 inline Ref<NSWindow> waitForSheet(const id& window) {
     NSWindow& shown = *as<NSWindow>(window);
     const auto seen = [&] {

@@ -2,7 +2,7 @@
 #include "preferences_support.h"
 
 #include "preferences/reader.h"
-#include "support/processes.h"
+#include "support/unseen_examples.h"
 
 #include "VELTRuntime/platform/appkit/controls/color_panel.h"
 #include "VELTRuntime/platform/appkit/controls/color_well.h"
@@ -285,12 +285,8 @@ TEST(PreferencesExample, ShowsWhatItsSettingsFileSays) {
     const TemporaryFolder folder;
     const auto dotOfPaper = [&](const char* picture) {
         const std::string path = folder.file(picture);
-        setenv("VELT_SCREENSHOT", path.c_str(), 1);
-        setenv("QT_QPA_PLATFORM", "offscreen", 1);
-        setenv("XDG_CONFIG_HOME", folder.file("").c_str(), 1);
-        const ProgramResult result = runExample("preferences");
-        unsetenv("XDG_CONFIG_HOME");
-        unsetenv("VELT_SCREENSHOT");
+        const EnvironmentVariable configuration("XDG_CONFIG_HOME", folder.file(""));
+        const ProgramResult result = runUnseen("preferences", path);
         EXPECT_EQ("The picture is in " + path + ".\n", result.output);
         EXPECT_EQ(0, result.status) << result.errors;
         const QImage seen(QString::fromStdString(path));

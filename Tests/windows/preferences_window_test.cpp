@@ -63,15 +63,6 @@ struct ShownPrefs {
     Ref<TwoPanes> prefs = velt::make<TwoPanes>();
 };
 
-std::string raisedBy(const std::function<void()>& work) {
-    try {
-        work();
-    } catch (const NSException& e) {
-        return std::string(e.name()).append(": ").append(e.reason());
-    }
-    return "nothing";
-}
-
 }  // namespace
 
 TEST(WindowControllers, ReadTheirWindowFromItsDescriptionWhenSomebodyWantsIt) {
@@ -89,11 +80,11 @@ TEST(WindowControllers, ReadTheirWindowFromItsDescriptionWhenSomebodyWantsIt) {
 TEST(WindowControllers, SayWhatIsWrongWithTheDescription) {
     const Ref<NSWindowController> controller = velt::make<NSWindowController>();
     velt::send(id(controller), "initWithWindowNibName:", str("no such window"));
-    const std::string raised = raisedBy([&] { controller->window(); });
-    EXPECT_TRUE(raised.starts_with("NSInternalInconsistencyException: The window of 'NSWindowController' cannot be "
-                                   "loaded: there is no "))
-        << raised;
-    EXPECT_TRUE(raised.ends_with("/no such window.ui")) << raised;
+    const std::string said = raised([&] { controller->window(); });
+    EXPECT_TRUE(said.starts_with("NSInternalInconsistencyException: The window of 'NSWindowController' cannot be "
+                                 "loaded: there is no "))
+        << said;
+    EXPECT_TRUE(said.ends_with("/no such window.ui")) << said;
 }
 
 namespace {
@@ -292,16 +283,16 @@ TEST(PreferencesWindows, AreSetUpAnewEachTimeTheyAreShown) {
 
 TEST(PreferencesWindows, RefuseToBeWithoutAPane) {
     ShownPrefs shown(0);
-    EXPECT_EQ("NSInternalInconsistencyException: No items were added to the toolbar in -setupToolbar.",
-              raisedBy([&] { shown.show(); }));
+    EXPECT_RAISES("NSInternalInconsistencyException: No items were added to the toolbar in -setupToolbar.",
+                  shown.show());
 }
 
 TEST(PreferencesWindows, RefusePanesWithoutAView) {
     ShownPrefs shown;
-    EXPECT_EQ("NSInternalInconsistencyException: Attempted to add a nil view when calling -addView:label:image:.",
-              raisedBy([&] { velt::send(id(shown.prefs), "addView:label:image:", nil, str("General"), nil); }));
-    EXPECT_EQ("NSInternalInconsistencyException: Attempted to add a nil view when calling -addView:label:image:.",
-              raisedBy([&] { velt::send(id(shown.prefs), "addView:label:", nil, str("General")); }));
+    EXPECT_RAISES("NSInternalInconsistencyException: Attempted to add a nil view when calling -addView:label:image:.",
+                  velt::send(id(shown.prefs), "addView:label:image:", nil, str("General"), nil));
+    EXPECT_RAISES("NSInternalInconsistencyException: Attempted to add a nil view when calling -addView:label:image:.",
+                  velt::send(id(shown.prefs), "addView:label:", nil, str("General")));
 }
 
 namespace {
@@ -355,8 +346,8 @@ TEST(ProgramPreferences, TakeTheirPanesFromTheProgramsMethods) {
     EXPECT_FALSE(prefs->crossFade());
     EXPECT_FALSE(prefs->shiftSlowsAnimation());
     prefs->fits = false;
-    EXPECT_EQ("NSInternalInconsistencyException: No items were added to the toolbar in -setupToolbar.",
-              raisedBy([&] { velt::send(id(prefs), "showWindow:", nil); }))
+    EXPECT_RAISES("NSInternalInconsistencyException: No items were added to the toolbar in -setupToolbar.",
+                  velt::send(id(prefs), "showWindow:", nil))
         << "as many labels as views, or none is added";
     prefs->close();
 }
@@ -364,8 +355,8 @@ TEST(ProgramPreferences, TakeTheirPanesFromTheProgramsMethods) {
 TEST(ProgramPreferences, HaveNoPanesOfTheirOwn) {
     const Ref<VLPreferences> prefs = velt::make<VLPreferences>();
     velt::send(id(prefs), "initWithWindowNibName:", str("Preferences"));
-    EXPECT_EQ("NSInternalInconsistencyException: No items were added to the toolbar in -setupToolbar.",
-              raisedBy([&] { velt::send(id(prefs), "showWindow:", nil); }));
+    EXPECT_RAISES("NSInternalInconsistencyException: No items were added to the toolbar in -setupToolbar.",
+                  velt::send(id(prefs), "showWindow:", nil));
     EXPECT_EQ(0U, velt::arrayOf(velt::send(id(prefs), "PreferencesItems"))->count());
     EXPECT_EQ(0U, velt::arrayOf(velt::send(id(prefs), "PreferencesItemIdentifiers"))->count());
     EXPECT_EQ(0U, velt::dictionaryOf(velt::send(id(prefs), "PreferencesDefaults"))->count());

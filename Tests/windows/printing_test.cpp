@@ -3,6 +3,7 @@
 
 #include "VELTRuntime/platform/appkit/application_object.h"
 #include "VELTRuntime/platform/foundation/url.h"
+#include "support/environment.h"
 
 #include <QDesktopServices>
 #include <QDir>
@@ -89,17 +90,8 @@ private:
 /// The desktop's viewer of files. While it lives, temporary files are in a folder of their own.
 class Viewer : public QTextBrowser {
 public:
-    Viewer() {
-        qputenv("TMPDIR", QByteArray::fromStdString(folder_.file("")));
-        QDesktopServices::setUrlHandler(QStringLiteral("file"), this, "setSource");
-    }
-    ~Viewer() override {
-        QDesktopServices::unsetUrlHandler(QStringLiteral("file"));
-        if (usual_.isNull())
-            qunsetenv("TMPDIR");
-        else
-            qputenv("TMPDIR", usual_);
-    }
+    Viewer() { QDesktopServices::setUrlHandler(QStringLiteral("file"), this, "setSource"); }
+    ~Viewer() override { QDesktopServices::unsetUrlHandler(QStringLiteral("file")); }
     static int temporaryFiles() { return static_cast<int>(QDir::temp().entryList(QDir::Files).size()); }
 
     std::vector<std::string> opened;
@@ -110,8 +102,8 @@ protected:
     }
 
 private:
-    const QByteArray usual_ = qgetenv("TMPDIR");
     const TemporaryFolder folder_;
+    const EnvironmentVariable temporary_{"TMPDIR", folder_.file("")};
 };
 
 id previewSettings() {

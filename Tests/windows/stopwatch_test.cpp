@@ -1,6 +1,7 @@
 // The stopwatch example, run as a person without a display runs it.
 #include <VELTRuntime/VELTRuntimeUI.h>
 
+#include "support/environment.h"
 #include "support/processes.h"
 
 #include <QImage>
@@ -10,9 +11,8 @@ using namespace velt::test;
 
 TEST(StopwatchExample, WorksItselfAndLeavesAPictureOfItsWindow) {
     const TemporaryFolder folder;
-    setenv("VELT_SCREENSHOT", folder.file("stopwatch.png").c_str(), 1);
+    const EnvironmentVariable screenshot("VELT_SCREENSHOT", folder.file("stopwatch.png"));
     const ProgramResult result = runExample("stopwatch");
-    unsetenv("VELT_SCREENSHOT");
     EXPECT_EQ("The picture is in " + folder.file("stopwatch.png") + ".\n", result.output);
     EXPECT_EQ(std::string::npos, result.errors.find("stopwatch")) << result.errors;
     EXPECT_EQ(0, result.status);

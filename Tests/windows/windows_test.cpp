@@ -1,5 +1,6 @@
 #include <VELTRuntime/VELTRuntimeUI.h>
 
+#include "support/environment.h"
 #include "support/processes.h"
 #include "support/values.h"
 
@@ -289,16 +290,15 @@ TEST(FirstResponderActions, GoToWhoeverAnswersThem) {
 }
 
 TEST(ProgramsWithWindows, SayInOneSentenceThatThereIsNoDisplay) {
-    unsetenv("DISPLAY");
-    unsetenv("WAYLAND_DISPLAY");
-    unsetenv("QT_QPA_PLATFORM");
+    const EnvironmentVariable display("DISPLAY", std::nullopt), wayland("WAYLAND_DISPLAY", std::nullopt),
+        platform("QT_QPA_PLATFORM", std::nullopt);
     ProgramResult result = runProgram("window");
     EXPECT_EQ("before\n", result.output);
     EXPECT_EQ(
         "window: this program shows windows, and there is no display: neither DISPLAY nor WAYLAND_DISPLAY is set.\n",
         result.errors);
     EXPECT_EQ(1, result.status);
-    setenv("QT_QPA_PLATFORM", "offscreen", 1);
+    const EnvironmentVariable offscreen("QT_QPA_PLATFORM", "offscreen");
     result = runProgram("window");
     EXPECT_EQ("before\nshown\n", result.output);
     EXPECT_EQ(0, result.status);

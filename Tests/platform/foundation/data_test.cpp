@@ -27,16 +27,3 @@ TEST(DataCopies, CannotBeChangedUnlessAskedFor) {
     EXPECT_VALUE("NSMutableData <616263>", velt::send(copy, "mutableCopy"));
     EXPECT_VALUE("Q 5", velt::send(bytes, "length"));
 }
-
-TEST(DataConversion, GivesDataOfItsOwn) {
-    const id bytes = mutableData("abc");
-    const id converted = VELT_CDATA(bytes);
-    velt::as<NSMutableData>(converted)->append("d");
-    EXPECT_VALUE("NSMutableData <616263>", bytes);
-    EXPECT_VALUE("NSMutableData <c3a4>", VELT_CDATA(str("ä")));
-    EXPECT_VALUE("NSData <f09f9880>", VELT_DATA(str("😀")));
-    EXPECT_VALUE("'a\xEF\xBF\xBD"
-                 "b'",
-                 VELT_CSTRING(data("a\xFF"
-                                   "b")));
-}

@@ -1,14 +1,27 @@
 #include "VELTRuntime/platform/foundation/date.h"
+#include "support/environment.h"
 #include "support/generated.h"
 #include "support/values.h"
 
 #include <cmath>
-#include <cstdlib>
 #include <ctime>
 
 using namespace velt::test;
 
 namespace {
+/// The user's time zone while this object lives.
+class TimeZone {
+public:
+    explicit TimeZone(const char* name) : variable_(std::in_place, "TZ", name) { tzset(); }
+    ~TimeZone() {
+        variable_.reset();
+        tzset();
+    }
+
+private:
+    std::optional<EnvironmentVariable> variable_;
+};
+
 id date(double seconds) { return velt::make<NSDate>(seconds); }
 std::string iso(double seconds) { return velt::isoText(seconds).value_or("none"); }
 }  // namespace
@@ -25,25 +38,15 @@ TEST(Dates, ShowThemselvesByAFormatInTheUsersTimeZone) {
     const auto shown = [](double seconds, const id& format) {
         return velt::send(date(seconds), "descriptionWithCalendarFormat:timeZone:locale:", format, nil, nil);
     };
-    const char* before = std::getenv("TZ");
-    const std::string zone = before ? before : "";
-    setenv("TZ", "UTC", 1);
-    tzset();
+    const TimeZone utc("UTC");
     EXPECT_VALUE("'2026-11-21 07:31'", shown(816939111, "%Y-%m-%d %H:%M"_v));
     EXPECT_VALUE("'100%, 51 s'", shown(816939111, "100%%, %S s"_v));
     EXPECT_VALUE("'2000-12-31 23:59:59'", shown(-0.5, "%Y-%m-%d %H:%M:%S"_v));
     EXPECT_VALUE("''", shown(0, ""_v));
     EXPECT_VALUE("'2001-01-01 00:00:00 +0000'", shown(0, nil));
     EXPECT_VALUE("'date nan'", shown(std::nan(""), "%Y"_v));
-    setenv("TZ", "UTC-2", 1);
-    tzset();
+    const TimeZone east("UTC-2");
     EXPECT_VALUE("'21. 09:31'", shown(816939111, "%d. %H:%M"_v));
-    if (before) {
-        setenv("TZ", zone.c_str(), 1);
-    } else {
-        unsetenv("TZ");
-    }
-    tzset();
 }
 
 TEST(Dates, AreEqualAndOrderedByTheirMoment) {

@@ -114,6 +114,7 @@ TEST_F(KilledWriters, LeaveAWholeFileAtAnyMoment) {
             execl(program.c_str(), program.c_str(), path.c_str(), first.c_str(), nullptr);
             _exit(127);
         }
+        ASSERT_GT(child, 0);
         const timespec moment{0, static_cast<long>(below(static_cast<std::size_t>(window)))};
         nanosleep(&moment, nullptr);
         kill(child, SIGKILL);
@@ -135,6 +136,7 @@ TEST(WritingAFile, RemovesWhatKilledWritersLeft) {
     const TemporaryFolder folder;
     const pid_t gone = fork();
     if (gone == 0) _exit(0);
+    ASSERT_GT(gone, 0);
     ASSERT_EQ(gone, waitpid(gone, nullptr, 0));
     const std::string left = ".velt-" + std::to_string(gone) + "-1", fresh = ".velt-" + std::to_string(gone) + "-2",
                       running = ".velt-" + std::to_string(getppid()) + "-1", other = ".velt-x-1";

@@ -2,6 +2,7 @@
 
 #include "VELTRuntime/platform/foundation/date.h"
 #include "VELTRuntime/platform/foundation/property_list/property_list.h"
+#include "support/environment.h"
 #include "support/generated.h"
 #include "support/processes.h"
 #include "support/values.h"
@@ -17,9 +18,6 @@ namespace {
 /// Programs started meanwhile keep their settings in a folder of the test's own.
 class Settings : public ::testing::Test {
 protected:
-    Settings() { setenv("XDG_CONFIG_HOME", folder.file("config").c_str(), 1); }
-    ~Settings() override { unsetenv("XDG_CONFIG_HOME"); }
-
     ProgramResult run(std::vector<std::string> arguments) { return runProgram("services", arguments); }
     /// The settings of the program `services` as they are in its file.
     std::string kept() {
@@ -29,6 +27,9 @@ protected:
 
     TemporaryFolder folder;
     const std::string path = folder.file("settings/test.plist");
+
+private:
+    EnvironmentVariable configuration_{"XDG_CONFIG_HOME", folder.file("config")};
 };
 
 }  // namespace
@@ -191,13 +192,10 @@ TEST_F(Settings, AreWrittenWhenTheRunLoopIsIdle) {
 }
 
 TEST_F(Settings, LieWhereTheDesktopSays) {
-    unsetenv("XDG_CONFIG_HOME");
-    const std::string home = std::getenv("HOME") ? std::getenv("HOME") : "";
-    setenv("HOME", folder.file("home").c_str(), 1);
+    const EnvironmentVariable home("HOME", folder.file("home")), none("XDG_CONFIG_HOME", std::nullopt);
     EXPECT_EQ(folder.file("home/.config/services.plist"), run({"defaults-path"}).output);
-    setenv("XDG_CONFIG_HOME", "relative", 1);
+    const EnvironmentVariable relative("XDG_CONFIG_HOME", "relative");
     EXPECT_EQ(folder.file("home/.config/services.plist"), run({"defaults-path"}).output);
-    setenv("HOME", home.c_str(), 1);
 }
 
 TEST_F(Settings, RefuseWhatAPropertyListCannotHold) {

@@ -3,8 +3,7 @@
 
 #include "support/generated.h"
 #include "support/observers.h"
-
-#include <thread>
+#include "support/threads.h"
 
 using namespace velt::test;
 
@@ -20,17 +19,6 @@ public:
         c.method("observeValueForKeyPath:ofObject:change:context:", &Tally::observe);
     }
 };
-
-template <class Work> void onThreads(int count, Work work) {
-    std::vector<std::thread> threads;
-    for (int i = 0; i < count; ++i) {
-        threads.emplace_back([&work, i] {
-            const velt::ThreadScope scope;
-            work(i);
-        });
-    }
-    for (std::thread& thread : threads) thread.join();
-}
 
 }  // namespace
 

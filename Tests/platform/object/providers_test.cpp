@@ -1,5 +1,6 @@
 #include "VELTRuntime/platform/object/providers.h"
 
+#include "support/environment.h"
 #include "support/processes.h"
 #include "support/values.h"
 
@@ -17,14 +18,13 @@ public:
         Dl_info own{};
         dladdr(reinterpret_cast<void*>(&velt::raiseNotProvided), &own);
         fs::copy_file(own.dli_fname, folder_.file("libVELTRuntime.so.0"));
-        setenv("LD_LIBRARY_PATH", folder_.file("").c_str(), 1);
     }
-    ~LonelyLibrary() { unsetenv("LD_LIBRARY_PATH"); }
     std::string file(const std::string& name) const { return folder_.file(name); }
     void write(const std::string& name, const std::string& text) const { folder_.write(name, text); }
 
 private:
     TemporaryFolder folder_;
+    EnvironmentVariable variable_{"LD_LIBRARY_PATH", folder_.file("")};
 };
 
 /// A library is found although it is not beside the other one: it is installed, or the address sanitizer looks for it

@@ -1,26 +1,12 @@
 // Values shared and dropped by several threads at once; mostly for the thread sanitizer's eyes.
 #include "VELTRuntime/platform/object/cycles.h"
 #include "support/generated.h"
+#include "support/threads.h"
 #include "support/values.h"
 
 #include <thread>
 
 using namespace velt::test;
-
-namespace {
-
-template <class Work> void onThreads(int count, Work work) {
-    std::vector<std::thread> threads;
-    for (int i = 0; i < count; ++i) {
-        threads.emplace_back([&work, i] {
-            const velt::ThreadScope scope;
-            work(i);
-        });
-    }
-    for (std::thread& thread : threads) thread.join();
-}
-
-}  // namespace
 
 TEST(SharedValues, SurviveBeingCopiedAndDroppedEverywhere) {
     const id text = str("a text that is too long for the object itself");

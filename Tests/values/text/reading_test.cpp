@@ -41,11 +41,14 @@ TEST(FloatingReading, TakesAMillionDigits) {
 
 TEST(FloatingReading, DoesNotDependOnTheLocale) {
     const std::string before = std::setlocale(LC_ALL, nullptr);
-    for (const char* name : {"de_DE.UTF-8", "fr_FR.UTF-8", "C.UTF-8"}) {
+    bool found = false;
+    for (const char* name : {"de_DE.UTF-8", "fr_FR.UTF-8"}) {
         if (!std::setlocale(LC_ALL, name)) continue;
+        found = true;
         EXPECT_EQ(1.5, doubleReading(u"1.5")) << name;
     }
     std::setlocale(LC_ALL, before.c_str());
+    if (!found) GTEST_SKIP() << "no locale with a decimal comma is installed";
 }
 
 TEST(FloatReading, RoundsOnce) {

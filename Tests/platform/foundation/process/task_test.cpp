@@ -5,6 +5,7 @@
 #include "VELTRuntime/platform/foundation/process/child_process.h"
 #include "VELTRuntime/platform/foundation/process/descriptor_io.h"
 #include "support/child_tasks.h"
+#include "support/environment.h"
 #include "support/generated_bytes.h"
 #include "support/processes.h"
 #include "support/values.h"
@@ -111,17 +112,16 @@ TEST(Task, GivesTheEnvironmentThatWasSetAndNothingElse) {
 }
 
 TEST(Task, InheritsTheProgramsEnvironment) {
-    ::setenv("VELT_TEST_VARIABLE", "inherited", 1);
+    const EnvironmentVariable variable("VELT_TEST_VARIABLE", "inherited");
     EXPECT_EQ(outputOf({"environment", "VELT_TEST_VARIABLE"}), "inherited");
     EXPECT_EQ(utf8(as<NSDictionary>(make<NSTask>()->environment())->objectForKey("VELT_TEST_VARIABLE"_v)), "inherited");
-    ::unsetenv("VELT_TEST_VARIABLE");
 }
 
 TEST(Task, RunsInItsWorkingFolder) {
     const TemporaryFolder folder;
     Piped piped({"folder"});
     piped.task->setCurrentDirectoryPath(string(folder.file("")));
-    EXPECT_EQ(piped.run() + "/", std::filesystem::canonical(folder.file("")).string() + "/");
+    EXPECT_EQ(piped.run(), std::filesystem::canonical(folder.file(".")).string());
 }
 
 TEST(Task, FindsARelativePathFromTheProgramsOwnFolder) {
@@ -217,11 +217,14 @@ TEST(TaskEnd, HasAStatusOnlyAfterwards) {
     EXPECT_EQ(task->processIdentifier(), 0);
     EXPECT_FALSE(task->isRunning());
     task->setLaunchPath(string(childProgram()));
-    task->setArguments(stringArray({"pause", "200", "exit", "7"}));
+    task->setArguments(stringArray({"await", "exit", "7"}));
+    const Ref<NSPipe> input = make<NSPipe>();
+    task->setStandardInput(input);
     task->launch();
     EXPECT_GT(task->processIdentifier(), 1);
     EXPECT_TRUE(task->isRunning());
     EXPECT_RAISES("NSInvalidArgumentException: task still running", task->terminationStatus());
+    input->fileHandleForWriting()->closeFile();
     task->waitUntilExit();
     EXPECT_FALSE(task->isRunning());
     EXPECT_EQ(task->terminationStatus(), 7);
