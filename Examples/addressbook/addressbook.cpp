@@ -13,7 +13,7 @@ class Contact : public NSObject {
     VELT_OBJECT(Contact, NSObject)
 
 public:
-    id name, phone, email;
+    id name, phone = VELT__STRING(""_v), email = VELT__STRING(""_v);
     id edits = VELT_ID(0L);
 
     id encodeWithCoder(id coder) {
@@ -186,9 +186,9 @@ public:
             VELTS("addressbook.bas", "Book.Export", "103", "");
             id record = velt::make<NSMutableDictionary>();
             VELTS("addressbook.bas", "Book.Export", "104", "");
-            VELT_NSMUTABLEDICTIONARY_INSERT(record, "Phone"_v, VELT_CONCAT(VELT_PROPERTY(contact, "phone"_v), ""_v));
+            VELT_NSMUTABLEDICTIONARY_INSERT(record, "Phone"_v, VELT_PROPERTY(contact, "phone"_v));
             VELTS("addressbook.bas", "Book.Export", "105", "");
-            VELT_NSMUTABLEDICTIONARY_INSERT(record, "Email"_v, VELT_CONCAT(VELT_PROPERTY(contact, "email"_v), ""_v));
+            VELT_NSMUTABLEDICTIONARY_INSERT(record, "Email"_v, VELT_PROPERTY(contact, "email"_v));
             VELTS("addressbook.bas", "Book.Export", "106", "");
             VELT_NSMUTABLEDICTIONARY_INSERT(record, "Edits"_v, VELT_PROPERTY(contact, "edits"_v));
             VELTS("addressbook.bas", "Book.Export", "107", "");

@@ -238,4 +238,4 @@ int program(int, char**) {
 
 }  // namespace
 
-int main(int count, char** arguments) { return velt::runApplication(program, count, arguments); }
+int main(int count, char** arguments) { return example::runShowing("stopwatch", program, count, arguments); }

@@ -48,6 +48,17 @@ TEST(AddressbookExample, ExportsAPropertyList) {
     EXPECT_NE(text.npos, text.find("<integer>2</integer>")) << text;
 }
 
+TEST(AddressbookExample, LeavesEmptyWhatNobodySaid) {
+    const TemporaryFolder folder;
+    const std::string list = folder.file("list.plist");
+    const ProgramResult result =
+        runExample("addressbook", {folder.file("book")}, "add Ann\nadd Ben; 5\nlist\nexport " + list + "\n");
+    EXPECT_EQ("Ann" + std::string(21 + 18, ' ') + "\nBen" + std::string(21, ' ') + "5" + std::string(17, ' ') +
+                  "\n2 of 2\nexported 2 to " + list + "\n",
+              result.output);
+    EXPECT_EQ(contentOf(list).npos, contentOf(list).find("null")) << contentOf(list);
+}
+
 TEST(AddressbookExample, SaysWhatIsWrong) {
     const TemporaryFolder folder;
     ProgramResult result =
@@ -71,7 +82,9 @@ TEST(AddressbookExample, SurvivesAKillWhileItSaves) {
         commands += "add Name " + std::to_string(i % 300) + "; " + std::to_string(i) + "\n";
     const std::string input = folder.write("commands", commands);
     const std::string program = (std::filesystem::path(VELT_EXAMPLE_PROGRAMS) / "addressbook").string();
-    std::minstd_rand random(std::random_device{}());
+    const unsigned seed = std::random_device{}();
+    SCOPED_TRACE("seed " + std::to_string(seed));
+    std::minstd_rand random(seed);
     // A kill falls anywhere between the start and several saves, however slow the build is.
     const auto begin = std::chrono::steady_clock::now();
     ASSERT_EQ("", runExample("addressbook", {folder.file("other book")}, "add Ann; 5\nadd Bob; 6\n").errors);
