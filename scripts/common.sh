@@ -11,11 +11,13 @@ check_packages="clang clang-format clang-tidy libclang-rt-14-dev"
 say() { printf '== %s\n' "$*" >&2; }
 fail() { printf '== %s\n' "$*" >&2; exit 1; }
 
+has() { [ "$(dpkg-query -W -f='${db:Status-Status}' "$1" 2>/dev/null)" = installed ]; }
+
 # Installs those of the named Debian packages that are missing.
 need() {
   local missing=() package
   for package in "$@"; do
-    [ "$(dpkg-query -W -f='${db:Status-Status}' "$package" 2>/dev/null)" = installed ] || missing+=("$package")
+    has "$package" || missing+=("$package")
   done
   [ ${#missing[@]} -eq 0 ] && return 0
   say "Installing: ${missing[*]}"
@@ -25,11 +27,19 @@ need() {
     apt-get install -q -y --no-install-recommends "${missing[@]}"; } >&2 || fail "Installing packages failed"
 }
 
-# Configures a preset when it was not, and builds the named targets (all without names).
+# Whether a preset was configured, with all that could be built now: windows need Qt, tests GoogleTest.
+configured() {
+  local cache=$root/build/$1/CMakeCache.txt
+  [ -f "$root/build/$1/build.ninja" ] || return 1
+  ! { grep -q '^Qt6_DIR:PATH=.*-NOTFOUND' "$cache" && has qt6-base-dev; } || return 1
+  ! { grep -q '^GTest_DIR:PATH=.*-NOTFOUND' "$cache" && has libgtest-dev; }
+}
+
+# Configures a preset when it has to be, and builds the named targets (all without names).
 build() {
   local preset=$1
   shift
-  [ -f "$root/build/$preset/build.ninja" ] || {
+  configured "$preset" || {
     say "Configuring ($preset)"
     (cd "$root" && cmake --preset "$preset") >&2 || fail "Configuring $preset failed"
   }

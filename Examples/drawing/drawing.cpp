@@ -1,8 +1,13 @@
 // drawing.bas as the translator writes it: a view of the program's own that draws, and hears the mouse and the keys.
 #include "support/screenshot.h"
+#include "support/window_values.h"
 
 #include <cmath>
 #include <vector>
+
+using example::newPoint;
+using example::newRect;
+using example::number;
 
 namespace {
 
@@ -10,10 +15,6 @@ const id kYes = VELT_ID(BOOL{1});
 const id kColors = NSColor::entry().object();
 const id kPaths = NSBezierPath::entry().object();
 const id kFonts = NSFont::entry().object();
-
-id number(long value) { return VELT_ID(value); }
-id newPoint(id x, id y) { return VELT_POINT_INIT(nil, "", x, y); }
-id newRect(id x, id y, id width, id height) { return VELT_RECT_INIT(nil, "", x, y, width, height); }
 
 class Stroke : public NSObject {
     VELT_OBJECT(Stroke, NSObject)
