@@ -42,6 +42,10 @@ Class Book
 
   Sub Add(fields As NSMutableArray)
     Dim name As String = Trim(fields(0))
+    If name = "" Then
+      PrintError "addressbook: a name is missing"
+      Return
+    End If
     Dim contact As Contact = contacts(name)
     If contact = Nil Then
       contact = New Contact

@@ -62,9 +62,10 @@ TEST(AddressbookExample, LeavesEmptyWhatNobodySaid) {
 TEST(AddressbookExample, SaysWhatIsWrong) {
     const TemporaryFolder folder;
     ProgramResult result =
-        runExample("addressbook", {folder.file("book")}, "dance\nremove Nobody\nexport /nowhere/x\n");
+        runExample("addressbook", {folder.file("book")}, "dance\nremove Nobody\nadd ; 5\nexport /nowhere/x\n");
     EXPECT_EQ("addressbook: what is dance? (add, remove, list, find, export)\n"
               "addressbook: nobody is called Nobody\n"
+              "addressbook: a name is missing\n"
               "addressbook: cannot export to /nowhere/x\n",
               result.errors);
     const std::string other = folder.write("other", "no archive");
