@@ -28,7 +28,9 @@ endforeach()
 install(FILES README.md LICENSE CHANGELOG.md CONTRIBUTING.md DESTINATION ${CMAKE_INSTALL_DOCDIR})
 install(FILES Benchmarks/README.md DESTINATION ${CMAKE_INSTALL_DOCDIR}/Benchmarks)
 install(DIRECTORY Documentation/ DESTINATION ${CMAKE_INSTALL_DOCDIR}/Documentation)
-install(DIRECTORY Examples DESTINATION ${CMAKE_INSTALL_DOCDIR})
+install(DIRECTORY Examples DESTINATION ${CMAKE_INSTALL_DOCDIR}
+        PATTERN build EXCLUDE  # what the builder built
+        PATTERN .gitignore EXCLUDE)
 
 set(CPACK_GENERATOR DEB)
 set(CPACK_PACKAGE_NAME libveltruntime-dev)

@@ -3,8 +3,8 @@
 
 Class Contact
   Public Dim name As String
-  Public Dim phone As String
-  Public Dim email As String
+  Public Dim phone As String = ""
+  Public Dim email As String = ""
   Public Dim edits As Integer = 0
 
   Sub EncodeWithCoder(coder)
@@ -42,6 +42,10 @@ Class Book
 
   Sub Add(fields As NSMutableArray)
     Dim name As String = Trim(fields(0))
+    If name = "" Then
+      PrintError "addressbook: a name is missing"
+      Return
+    End If
     Dim contact As Contact = contacts(name)
     If contact = Nil Then
       contact = New Contact
@@ -101,8 +105,8 @@ Class Book
     For i = 0 To names.Count - 1
       Dim contact As Contact = contacts(names(i))
       Dim record As NSMutableDictionary = New NSMutableDictionary
-      record("Phone") = contact.phone & ""
-      record("Email") = contact.email & ""
+      record("Phone") = contact.phone
+      record("Email") = contact.email
       record("Edits") = contact.edits
       list(names(i)) = record
     Next

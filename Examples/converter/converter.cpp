@@ -1,10 +1,12 @@
 // converter.bas as the translator writes it: text fields that tell of every key, and show what others' numbers become.
 #include "support/screenshot.h"
+#include "support/window_values.h"
+
+using example::newRect;
+using example::number;
 
 namespace {
 
-id number(long value) { return VELT_ID(value); }
-id newRect(id x, id y, id width, id height) { return VELT_RECT_INIT(nil, "", x, y, width, height); }
 const id kNo = VELT_ID(BOOL{0});
 
 class Converter : public NSObject {
@@ -186,4 +188,4 @@ int program(int, char**) {
 
 }  // namespace
 
-int main(int count, char** arguments) { return velt::runApplication(program, count, arguments); }
+int main(int count, char** arguments) { return example::runShowing("converter", program, count, arguments); }

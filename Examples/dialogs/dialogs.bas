@@ -78,10 +78,10 @@ Class Dialogs
     Say("open panel", NSOpenPanel.Run())
     Say("file", NSOpenPanel.FileName())
   End Sub
+
   Sub Place(title As String, action As String)
-    Dim button = New PushButton
+    Dim button = New PushButton(Me, action)
     button.Title = title
-    button.Action = action
     button.Frame = Rect(16, 380 - row * 34, 130, 26)
     button.AutoresizingMask = 8
     window.Append(button)
@@ -111,9 +111,8 @@ Class Dialogs
     dialog = New NSWindow
     dialog.Title = "A dialog"
     dialog.ContentSize = Size(220, 80)
-    Dim done = New PushButton
+    Dim done = New PushButton(Me, "done:")
     done.Title = "Done"
-    done.Action = "done:"
     done.Frame = Rect(60, 24, 100, 26)
     dialog.Append(done)
     drawer = New NSDrawer
@@ -124,5 +123,7 @@ Class Dialogs
   End Sub
 End Class
 
-Dim dialogs = New Dialogs
-dialogs.Open()
+Sub Main
+  Dim dialogs As Dialogs = New Dialogs
+  dialogs.Open()
+End Sub

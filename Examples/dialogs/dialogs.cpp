@@ -115,9 +115,9 @@ public:
     }
 
     void place(id title, const char* action) {
-        VELTS("dialogs.bas", "Dialogs.Place", "82", "");
-        id button = VELT_PUSHBUTTON_INIT(id(this), action);
         VELTS("dialogs.bas", "Dialogs.Place", "83", "");
+        id button = VELT_PUSHBUTTON_INIT(id(this), action);
+        VELTS("dialogs.bas", "Dialogs.Place", "84", "");
         VELT_NSBUTTON_TITLE(button, title);
         VELTS("dialogs.bas", "Dialogs.Place", "85", "");
         VELT_NSVIEW_FRAME(button,
@@ -180,19 +180,19 @@ public:
         id doneButton = VELT_PUSHBUTTON_INIT(id(this), "done:");
         VELTS("dialogs.bas", "Dialogs.Open", "115", "");
         VELT_NSBUTTON_TITLE(doneButton, "Done"_v);
-        VELTS("dialogs.bas", "Dialogs.Open", "117", "");
+        VELTS("dialogs.bas", "Dialogs.Open", "116", "");
         VELT_NSVIEW_FRAME(doneButton, VELT_RECT_INIT(nil, "", VELT_ID(60L), VELT_ID(24L), VELT_ID(100L), VELT_ID(26L)));
-        VELTS("dialogs.bas", "Dialogs.Open", "118", "");
+        VELTS("dialogs.bas", "Dialogs.Open", "117", "");
         VELT_NSWINDOW_APPEND(dialog, doneButton);
-        VELTS("dialogs.bas", "Dialogs.Open", "119", "");
+        VELTS("dialogs.bas", "Dialogs.Open", "118", "");
         drawer = VELT_NSDRAWER_INIT(id(this), "");
-        VELTS("dialogs.bas", "Dialogs.Open", "120", "");
+        VELTS("dialogs.bas", "Dialogs.Open", "119", "");
         VELT_NSDRAWER_PARENTWINDOW(drawer, window);
-        VELTS("dialogs.bas", "Dialogs.Open", "121", "");
+        VELTS("dialogs.bas", "Dialogs.Open", "120", "");
         extra = VELT_NSBOX_INIT(id(this), "");
-        VELTS("dialogs.bas", "Dialogs.Open", "122", "");
+        VELTS("dialogs.bas", "Dialogs.Open", "121", "");
         VELT_NSVIEW_FRAME(extra, VELT_RECT_INIT(nil, "", VELT_ID(0L), VELT_ID(0L), VELT_ID(520L), VELT_ID(60L)));
-        VELTS("dialogs.bas", "Dialogs.Open", "123", "");
+        VELTS("dialogs.bas", "Dialogs.Open", "122", "");
         VELT_NSWINDOW_CENTERANDSHOW(window);
     }
 

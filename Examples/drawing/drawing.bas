@@ -11,6 +11,7 @@ Class Sheet Inherits NSView
   Public Dim colors As NSMutableArray = New NSMutableArray
   Public Dim color As Integer = 0
   Public Dim width As Integer = 4
+  Public Dim drawn As Stroke
 
   Function AcceptsFirstResponder() As Boolean
     Return True
@@ -52,6 +53,7 @@ Class Sheet Inherits NSView
     Dim place As Point = PerformSelector2(Me, "convertPoint:fromView:", event.locationInWindow, Nil)
     If place.Y < 40 AndAlso place.X < 12 + 28 * colors.Count Then
       ChooseColor((place.X - 12) \ 28)
+      drawn = Nil
       Return
     End If
     Dim stroke As Stroke = New Stroke
@@ -63,15 +65,17 @@ Class Sheet Inherits NSView
     PerformSelector1(stroke.path, "moveToPoint:", place)
     PerformSelector1(stroke.path, "lineToPoint:", place)
     strokes.Append(stroke)
+    drawn = stroke
     Redraw
   End Sub
 
+  ' A press that chose a colour draws nothing.
   Sub MouseDragged(event)
-    If strokes.Count = 0 Then
+    If drawn = Nil Then
       Return
     End If
     Dim place As Point = PerformSelector2(Me, "convertPoint:fromView:", event.locationInWindow, Nil)
-    PerformSelector1(strokes(strokes.Count - 1).path, "lineToPoint:", place)
+    PerformSelector1(drawn.path, "lineToPoint:", place)
     Redraw
   End Sub
 

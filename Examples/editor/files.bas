@@ -208,6 +208,10 @@ Class SourceEditor Inherits SourceWindow
       RemoveSource(closing)
       closing = Nil
     ElseIf what = "window" Then
+      ' The program ends with its window, and need not ask again.
+      For i = 0 To sources.Count - 1
+        sources(i).edited = False
+      Next
       window.Close()
     Else
       Give(what, True)

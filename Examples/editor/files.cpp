@@ -341,95 +341,101 @@ void SourceEditor::proceed(id what) {
         VELTS("files.bas", "SourceEditor.Proceed", "209", "");
         closing = nullptr;
     } else if (VELTS("files.bas", "SourceEditor.Proceed", "210", ""), VELT_CBOOL(VELT_EQUAL(what, "window"_v))) {
-        VELTS("files.bas", "SourceEditor.Proceed", "211", "");
+        VELTS("files.bas", "SourceEditor.Proceed", "212", "");
+        const id last = VELT_SUB(VELT_NSMUTABLEARRAY_COUNT(sources), number(1));
+        for (id i = number(0); VELT_CBOOL(VELT_SMALLEREQUAL(i, last)); i = VELT_ADD(i, number(1))) {
+            VELTS("files.bas", "SourceEditor.Proceed", "213", "");
+            toSource(VELT_NSMUTABLEARRAY_OBJECT(sources, i))->edited = VELT__BOOLEAN(boolean(false));
+        }
+        VELTS("files.bas", "SourceEditor.Proceed", "215", "");
         VELT_NSWINDOW_CLOSE(window);
     } else {
-        VELTS("files.bas", "SourceEditor.Proceed", "213", "");
+        VELTS("files.bas", "SourceEditor.Proceed", "217", "");
         give(VELT__STRING(what), boolean(true));
     }
 }
 
 void SourceEditor::give(id what, id answer) {
-    VELTS("files.bas", "SourceEditor.Give", "219", "");
+    VELTS("files.bas", "SourceEditor.Give", "223", "");
     VELT_NSMUTABLEARRAY_REMOVEALL(unanswered);
-    VELTS("files.bas", "SourceEditor.Give", "220", "");
+    VELTS("files.bas", "SourceEditor.Give", "224", "");
     if (VELT_CBOOL(VELT_EQUAL(what, "quit"_v)))
         VELT_NSOBJECT_PERFORMSELECTOR1(application(), "replyToApplicationShouldTerminate:"_v, answer);
 }
 
 id SourceEditor::validateMenuItem(id item) {
-    VELTS("files.bas", "SourceEditor.ValidateMenuItem", "225", "");
+    VELTS("files.bas", "SourceEditor.ValidateMenuItem", "229", "");
     id action = VELT__STRING(VELT_PROPERTY(item, "action"_v));
-    VELTS("files.bas", "SourceEditor.ValidateMenuItem", "226", "");
+    VELTS("files.bas", "SourceEditor.ValidateMenuItem", "230", "");
     if (VELT_CBOOL(VELT_EQUAL(action, "clearRecent:"_v)))
         return VELT__BOOLEAN(VELT_GREATER(VELT_NSMUTABLEARRAY_COUNT(settings->recent), number(0)));
-    VELTS("files.bas", "SourceEditor.ValidateMenuItem", "227", "");
+    VELTS("files.bas", "SourceEditor.ValidateMenuItem", "231", "");
     if (VELT_CBOOL(VELT_EQUAL(action, "saveFile:"_v)))
         return VELT__BOOLEAN(VELT_ORELSE(current()->edited, VELT_EQUAL(current()->path, ""_v)));
-    VELTS("files.bas", "SourceEditor.ValidateMenuItem", "228", "");
+    VELTS("files.bas", "SourceEditor.ValidateMenuItem", "232", "");
     if (VELT_CBOOL(VELT_EQUAL(action, "printSource:"_v)))
         return VELT__BOOLEAN(VELT_NSOBJECT_RESPONDSTOSELECTOR(current()->view, "PrintShowingPrintPanel:::"_v));
-    VELTS("files.bas", "SourceEditor.ValidateMenuItem", "229", "");
+    VELTS("files.bas", "SourceEditor.ValidateMenuItem", "233", "");
     if (VELT_CBOOL(VELT_ORELSE(VELT_EQUAL(action, "nextTab:"_v), VELT_EQUAL(action, "previousTab:"_v))))
         return VELT__BOOLEAN(VELT_GREATER(VELT_NSMUTABLEARRAY_COUNT(sources), number(1)));
-    VELTS("files.bas", "SourceEditor.ValidateMenuItem", "230", "");
+    VELTS("files.bas", "SourceEditor.ValidateMenuItem", "234", "");
     if (VELT_CBOOL(VELT_EQUAL(action, "useSelection:"_v)))
         return VELT__BOOLEAN(VELT_UNEQUAL(VELT_NSTEXTVIEW_SELECTEDTEXT(current()->view), ""_v));
-    VELTS("files.bas", "SourceEditor.ValidateMenuItem", "231", "");
+    VELTS("files.bas", "SourceEditor.ValidateMenuItem", "235", "");
     if (VELT_CBOOL(VELT_CONTAINS(" findNext: findPrevious: replaceOne: replaceAll: "_v,
                                  VELT_CONCAT(VELT_CONCAT(" "_v, action), " "_v), boolean(true))))
         return VELT__BOOLEAN(VELT_UNEQUAL(search->needle, ""_v));
-    VELTS("files.bas", "SourceEditor.ValidateMenuItem", "232", "");
+    VELTS("files.bas", "SourceEditor.ValidateMenuItem", "236", "");
     return VELT__BOOLEAN(boolean(true));
 }
 
 id SourceEditor::windowShouldClose(id) {
-    VELTS("files.bas", "SourceEditor.WindowShouldClose", "236", "");
+    VELTS("files.bas", "SourceEditor.WindowShouldClose", "240", "");
     if (VELT_CBOOL(VELT_NOT(hasChanges()))) return VELT__BOOLEAN(boolean(true));
-    VELTS("files.bas", "SourceEditor.WindowShouldClose", "237", "");
+    VELTS("files.bas", "SourceEditor.WindowShouldClose", "241", "");
     askNext(VELT__STRING("window"_v));
-    VELTS("files.bas", "SourceEditor.WindowShouldClose", "238", "");
+    VELTS("files.bas", "SourceEditor.WindowShouldClose", "242", "");
     return VELT__BOOLEAN(boolean(false));
 }
 
 void SourceEditor::windowWillClose(id) {
-    VELTS("files.bas", "SourceEditor.WindowWillClose", "242", "");
+    VELTS("files.bas", "SourceEditor.WindowWillClose", "246", "");
     keepSettings();
-    VELTS("files.bas", "SourceEditor.WindowWillClose", "243", "");
+    VELTS("files.bas", "SourceEditor.WindowWillClose", "247", "");
     VELT_NSOBJECT_PERFORMSELECTOR0(preferences, "close"_v);
 }
 
 id SourceEditor::applicationShouldTerminate(id) {
-    VELTS("files.bas", "SourceEditor.ApplicationShouldTerminate", "248", "");
-    if (VELT_CBOOL(VELT_UNEQUAL(VELT_PROPERTY(window, "attachedSheet"_v), nil))) return VELT__INTEGER(number(0));
-    VELTS("files.bas", "SourceEditor.ApplicationShouldTerminate", "249", "");
-    if (VELT_CBOOL(VELT_NOT(hasChanges()))) return VELT__INTEGER(number(1));
-    VELTS("files.bas", "SourceEditor.ApplicationShouldTerminate", "250", "");
-    VELT_NSWINDOW_SHOW(window);
-    VELTS("files.bas", "SourceEditor.ApplicationShouldTerminate", "251", "");
-    askNext(VELT__STRING("quit"_v));
     VELTS("files.bas", "SourceEditor.ApplicationShouldTerminate", "252", "");
+    if (VELT_CBOOL(VELT_UNEQUAL(VELT_PROPERTY(window, "attachedSheet"_v), nil))) return VELT__INTEGER(number(0));
+    VELTS("files.bas", "SourceEditor.ApplicationShouldTerminate", "253", "");
+    if (VELT_CBOOL(VELT_NOT(hasChanges()))) return VELT__INTEGER(number(1));
+    VELTS("files.bas", "SourceEditor.ApplicationShouldTerminate", "254", "");
+    VELT_NSWINDOW_SHOW(window);
+    VELTS("files.bas", "SourceEditor.ApplicationShouldTerminate", "255", "");
+    askNext(VELT__STRING("quit"_v));
+    VELTS("files.bas", "SourceEditor.ApplicationShouldTerminate", "256", "");
     return VELT__INTEGER(number(2));
 }
 
 void SourceEditor::applicationDidFinishLaunching(id) {
-    VELTS("files.bas", "SourceEditor.ApplicationDidFinishLaunching", "257", "");
+    VELTS("files.bas", "SourceEditor.ApplicationDidFinishLaunching", "261", "");
     if (VELT_CBOOL(VELT_GREATER(VELT_NSMUTABLEARRAY_COUNT(sources), number(0))))
         showSource(toSource(VELT_NSMUTABLEARRAY_OBJECT(sources, number(0))));
 }
 
 void SourceEditor::applicationWillTerminate(id) {
-    VELTS("files.bas", "SourceEditor.ApplicationWillTerminate", "261", "");
+    VELTS("files.bas", "SourceEditor.ApplicationWillTerminate", "265", "");
     keepSettings();
 }
 
 id SourceEditor::applicationOpenFile(id, id path) {
-    VELTS("files.bas", "SourceEditor.ApplicationOpenFile", "265", "");
+    VELTS("files.bas", "SourceEditor.ApplicationOpenFile", "269", "");
     return VELT__BOOLEAN(openPath(VELT__STRING(path)));
 }
 
 void SourceEditor::showKeys(id) {
-    VELTS("files.bas", "SourceEditor.ShowKeys", "269", "");
+    VELTS("files.bas", "SourceEditor.ShowKeys", "273", "");
     VELT_INFORMATIONALALERTPANEL(
         "The editor by keys"_v,
         "Escape offers every name that fits. Behind a dot come the members, behind a parenthesis the arguments, behind “As” the types; the arrows choose one and Return takes it. Tab shifts the selected lines. Ctrl+Page Down and Ctrl+Page Up go from tab to tab."_v,

@@ -1,7 +1,8 @@
 // preferences.bas: the window in which a person sets the editor up.
 #pragma once
 
-#include "editor/window_values.h"
+#include "editor/values.h"
+#include "support/window_values.h"
 
 namespace editor {
 

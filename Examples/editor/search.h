@@ -2,7 +2,7 @@
 #pragma once
 
 #include "editor/whole_words.h"
-#include "editor/window_values.h"
+#include "support/window_values.h"
 
 namespace editor {
 

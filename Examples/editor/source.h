@@ -3,7 +3,7 @@
 
 #include "editor/assistant.h"
 #include "editor/settings.h"
-#include "editor/window_values.h"
+#include "support/window_values.h"
 
 namespace editor {
 

@@ -35,8 +35,3 @@ Function GoesOnAsCode(part As String) As Boolean
   Dim quotes As Integer = Count(part, Character(34), True)
   Return quotes Mod 2 = 0 AndAlso WithoutComment(part) = part
 End Function
-
-' The last line of a text.
-Function LastLine(text As String) As String
-  Return Mid(text, InStrRev(text, Character(10), -1, True) + 1, -1)
-End Function

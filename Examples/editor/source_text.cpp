@@ -58,11 +58,4 @@ id goesOnAsCode(id part) {
         VELT_ANDALSO(VELT_EQUAL(VELT_MOD(quotes, number(2)), number(0)), VELT_EQUAL(withoutComment(part), part)));
 }
 
-id lastLine(id text) {
-    VELTS("source_text.bas", "LastLine", "41", "");
-    return VELT__STRING(
-        VELT_MID(text, VELT_ADD(VELT_INSTRREV(text, VELT_CHARACTER(number(10)), number(-1), boolean(true)), number(1)),
-                 number(-1)));
-}
-
 }  // namespace editor

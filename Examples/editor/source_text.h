@@ -9,6 +9,5 @@ id isWordUnit(id unit);
 id firstWord(id text);
 id withoutComment(id line);
 id goesOnAsCode(id part);
-id lastLine(id text);
 
 }  // namespace editor

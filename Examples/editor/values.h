@@ -1,11 +1,10 @@
-// Values that generated code makes again and again.
+// The literals of the examples by their short names.
 #pragma once
 
-#include "VELTRuntime/VELTRuntime.h"
+#include "support/literals.h"
 
 namespace editor {
 
-inline id number(long value) { return VELT_ID(value); }
-inline id boolean(bool value) { return VELT_ID(static_cast<BOOL>(value)); }
+using namespace example;
 
 }  // namespace editor

@@ -1,6 +1,11 @@
 // gradients.bas as the translator writes it: a list of gradients, a background and a spot that show the chosen one, and
 // controls that change how.
 #include "support/screenshot.h"
+#include "support/window_values.h"
+
+using example::newColor;
+using example::newRect;
+using example::number;
 
 namespace {
 
@@ -8,15 +13,7 @@ const id kColors = NSColor::entry().object();
 const id kPaths = NSBezierPath::entry().object();
 const id kGradients = PXGradient::entry().object();
 
-id number(long value) { return VELT_ID(value); }
 id real(double value) { return VELT_ID(value); }
-id newRect(id x, id y, id width, id height) { return VELT_RECT_INIT(nil, "", x, y, width, height); }
-id newRect(long x, long y, long width, long height) {
-    return newRect(number(x), number(y), number(width), number(height));
-}
-id newColor(double red, double green, double blue, double alpha) {
-    return VELT_NSCOLOR_INIT(nil, "", real(red), real(green), real(blue), real(alpha));
-}
 
 id newGradient(id index) {
     VELTS("gradients.bas", "NewGradient", "4", "");

@@ -3,18 +3,18 @@
 Class NotesDocument Inherits NotesWindow
   Public Dim waiting As String = ""
 
+  ' The last file is open again; where there is none, or it cannot be read, the window has no notes yet.
   Sub Open()
     Build()
     RestorePreferences()
+    ShowBook(New Notebook)
+    window.Show()
     Dim last = NSUserDefaults.Get("File")
     If last = Nil Then
       ShowWelcome()
-    ElseIf last = "" OrElse Not NSFileManager.Exists(CString(last)) Then
-      ShowBook(New Notebook)
-    Else
+    ElseIf last <> "" AndAlso NSFileManager.Exists(CString(last)) Then
       OpenFile(last)
     End If
-    window.Show()
   End Sub
 
   ' Who never saw the program finds some notes in it, in no file yet.

@@ -24,28 +24,27 @@ void NotesDocument::describe(velt::ClassBuilder<NotesDocument>& c) {
 }
 
 void NotesDocument::open() {
-    VELTS("document.bas", "NotesDocument.Open", "7", "");
-    build();
     VELTS("document.bas", "NotesDocument.Open", "8", "");
-    restorePreferences();
+    build();
     VELTS("document.bas", "NotesDocument.Open", "9", "");
-    id last = VELT_NSUSERDEFAULTS_GET(nil, "File"_v);
+    restorePreferences();
     VELTS("document.bas", "NotesDocument.Open", "10", "");
+    showBook(velt::make<Notebook>());
+    VELTS("document.bas", "NotesDocument.Open", "11", "");
+    VELT_NSWINDOW_SHOW(window);
+    VELTS("document.bas", "NotesDocument.Open", "12", "");
+    id last = VELT_NSUSERDEFAULTS_GET(nil, "File"_v);
+    VELTS("document.bas", "NotesDocument.Open", "13", "");
     if (VELT_CBOOL(VELT_EQUAL(last, nil))) {
-        VELTS("document.bas", "NotesDocument.Open", "11", "");
+        VELTS("document.bas", "NotesDocument.Open", "14", "");
         showWelcome();
-    } else if (VELTS("document.bas", "NotesDocument.Open", "12", ""),
-               VELT_CBOOL(VELT_ORELSE(
-                   VELT_EQUAL(last, ""_v),
-                   VELT_NOT(VELT_NSFILEMANAGER_EXISTS(VELT_NSFILEMANAGER_INIT(nil, ""), VELT_CSTRING(last)))))) {
-        VELTS("document.bas", "NotesDocument.Open", "13", "");
-        showBook(velt::make<Notebook>());
-    } else {
-        VELTS("document.bas", "NotesDocument.Open", "15", "");
+    } else if (VELTS("document.bas", "NotesDocument.Open", "15", ""),
+               VELT_CBOOL(
+                   VELT_ANDALSO(VELT_UNEQUAL(last, ""_v),
+                                VELT_NSFILEMANAGER_EXISTS(VELT_NSFILEMANAGER_INIT(nil, ""), VELT_CSTRING(last))))) {
+        VELTS("document.bas", "NotesDocument.Open", "16", "");
         openFile(VELT__STRING(last));
     }
-    VELTS("document.bas", "NotesDocument.Open", "17", "");
-    VELT_NSWINDOW_SHOW(window);
 }
 
 void NotesDocument::showWelcome() {

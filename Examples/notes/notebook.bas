@@ -85,7 +85,7 @@ Class Notebook
       Dim record As NSDictionary = records(i)
       Dim note As Note = New Note
       note.Write(CString(record("text")))
-      note.changed = Property(record("changed"), "timeIntervalSinceReferenceDate")
+      note.changed = CDouble(Property(record("changed"), "timeIntervalSinceReferenceDate"))
       found.Append(note)
     Next
     notes = found

@@ -125,8 +125,8 @@ void Notebook::read(id from) {
         VELTS("notebook.bas", "Notebook.Read", "87", "");
         note->write(VELT__STRING(VELT_CSTRING(VELT_NSDICTIONARY_OBJECT(record, "text"_v))));
         VELTS("notebook.bas", "Notebook.Read", "88", "");
-        note->changed = VELT__DOUBLE(
-            VELT_PROPERTY(VELT_NSDICTIONARY_OBJECT(record, "changed"_v), "timeIntervalSinceReferenceDate"_v));
+        note->changed = VELT__DOUBLE(VELT_ID(VELT_CDOUBLE(
+            VELT_PROPERTY(VELT_NSDICTIONARY_OBJECT(record, "changed"_v), "timeIntervalSinceReferenceDate"_v))));
         VELTS("notebook.bas", "Notebook.Read", "89", "");
         VELT_NSMUTABLEARRAY_APPEND(found, note);
     }

@@ -121,6 +121,11 @@ Class Reader
     PerformSelector1(window, "performClose:", sender)
   End Sub
 
+  ' The program ends with its window, which may ask before.
+  Sub Quit(sender)
+    PerformSelector1(window, "performClose:", sender)
+  End Sub
+
   Function WindowShouldClose(sender) As Boolean
     If Not NSUserDefaults.Get("AsksToClose") Then Return True
     BeginAlertSheet(Me, "Close the reader?", "The preferences say that you want to be asked.", "close", "Close", "Cancel", Nil)
@@ -158,6 +163,7 @@ Function MainMenu(owner As Reader) As NSMenu
   AddItem(menu, owner, "Preferences…", "showPreferences", ",")
   menu.AppendSeparator()
   AddItem(menu, owner, "Close", "closeReader", "w")
+  AddItem(menu, owner, "Quit", "quit", "q")
   menu = New NSMenu("View")
   main.AppendMenu(menu)
   AddItem(menu, owner, "Bigger Text", "biggerText", "+")

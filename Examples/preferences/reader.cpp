@@ -17,6 +17,7 @@ void Reader::describe(velt::ClassBuilder<Reader>& c) {
         .method("biggerText:", &Reader::biggerText)
         .method("smallerText:", &Reader::smallerText)
         .method("closeReader:", &Reader::closeReader)
+        .method("quit:", &Reader::quit)
         .method("windowShouldClose:", &Reader::windowShouldClose)
         .method("alertSheetDidEnd:returnCode:contextInfo:", &Reader::alertSheetDidEnd)
         .method("windowWillClose:", &Reader::windowWillClose);
@@ -223,77 +224,84 @@ void Reader::closeReader(id sender) {
     VELT_NSOBJECT_PERFORMSELECTOR1(window, "performClose:"_v, sender);
 }
 
+void Reader::quit(id sender) {
+    VELTS("reader.bas", "Reader.Quit", "126", "");
+    VELT_NSOBJECT_PERFORMSELECTOR1(window, "performClose:"_v, sender);
+}
+
 id Reader::windowShouldClose(id) {
-    VELTS("reader.bas", "Reader.WindowShouldClose", "125", "");
+    VELTS("reader.bas", "Reader.WindowShouldClose", "130", "");
     if (VELT_CBOOL(VELT_NOT(VELT_NSUSERDEFAULTS_GET(nil, "AsksToClose"_v)))) return VELT__BOOLEAN(boolean(true));
-    VELTS("reader.bas", "Reader.WindowShouldClose", "126", "");
+    VELTS("reader.bas", "Reader.WindowShouldClose", "131", "");
     VELT_BEGINALERTSHEET(id(this), "Close the reader?"_v, "The preferences say that you want to be asked."_v, "close"_v,
                          "Close"_v, "Cancel"_v, nil);
-    VELTS("reader.bas", "Reader.WindowShouldClose", "127", "");
+    VELTS("reader.bas", "Reader.WindowShouldClose", "132", "");
     return VELT__BOOLEAN(boolean(false));
 }
 
 void Reader::alertSheetDidEnd(id, id code, id) {
-    VELTS("reader.bas", "Reader.AlertSheetDidEnd", "131", "");
+    VELTS("reader.bas", "Reader.AlertSheetDidEnd", "136", "");
     if (VELT_CBOOL(VELT_EQUAL(code, number(1000)))) VELT_NSWINDOW_CLOSE(window);
 }
 
 void Reader::windowWillClose(id) {
-    VELTS("reader.bas", "Reader.WindowWillClose", "136", "");
-    id frame = VELT__NSMUTABLEARRAY(velt::make<NSMutableArray>());
-    VELTS("reader.bas", "Reader.WindowWillClose", "137", "");
-    VELT_NSMUTABLEARRAY_APPEND(frame, VELT_NSWINDOW_X(window));
-    VELTS("reader.bas", "Reader.WindowWillClose", "138", "");
-    VELT_NSMUTABLEARRAY_APPEND(frame, VELT_NSWINDOW_Y(window));
-    VELTS("reader.bas", "Reader.WindowWillClose", "139", "");
-    VELT_NSMUTABLEARRAY_APPEND(frame, VELT_NSWINDOW_WIDTH(window));
-    VELTS("reader.bas", "Reader.WindowWillClose", "140", "");
-    VELT_NSMUTABLEARRAY_APPEND(frame, VELT_NSWINDOW_HEIGHT(window));
     VELTS("reader.bas", "Reader.WindowWillClose", "141", "");
-    VELT_NSUSERDEFAULTS_SET(nil, "Frame"_v, frame);
+    id frame = VELT__NSMUTABLEARRAY(velt::make<NSMutableArray>());
     VELTS("reader.bas", "Reader.WindowWillClose", "142", "");
-    VELT_NSTIMER_STOP(ticker);
+    VELT_NSMUTABLEARRAY_APPEND(frame, VELT_NSWINDOW_X(window));
     VELTS("reader.bas", "Reader.WindowWillClose", "143", "");
+    VELT_NSMUTABLEARRAY_APPEND(frame, VELT_NSWINDOW_Y(window));
+    VELTS("reader.bas", "Reader.WindowWillClose", "144", "");
+    VELT_NSMUTABLEARRAY_APPEND(frame, VELT_NSWINDOW_WIDTH(window));
+    VELTS("reader.bas", "Reader.WindowWillClose", "145", "");
+    VELT_NSMUTABLEARRAY_APPEND(frame, VELT_NSWINDOW_HEIGHT(window));
+    VELTS("reader.bas", "Reader.WindowWillClose", "146", "");
+    VELT_NSUSERDEFAULTS_SET(nil, "Frame"_v, frame);
+    VELTS("reader.bas", "Reader.WindowWillClose", "147", "");
+    VELT_NSTIMER_STOP(ticker);
+    VELTS("reader.bas", "Reader.WindowWillClose", "148", "");
     VELT_NSOBJECT_PERFORMSELECTOR0(preferences, "close"_v);
 }
 
 namespace {
 
 void addItem(id menu, velt::Ref<Reader> owner, id title, id action, id key) {
-    VELTS("reader.bas", "AddItem", "148", "");
+    VELTS("reader.bas", "AddItem", "153", "");
     id item = VELT_NSMENUITEM_INIT(owner, "", title);
-    VELTS("reader.bas", "AddItem", "149", "");
+    VELTS("reader.bas", "AddItem", "154", "");
     VELT_NSMENUITEM_ACTIONNAME(item, action);
-    VELTS("reader.bas", "AddItem", "150", "");
+    VELTS("reader.bas", "AddItem", "155", "");
     VELT_NSMENUITEM_KEYEQUIVALENT(item, key);
-    VELTS("reader.bas", "AddItem", "151", "");
+    VELTS("reader.bas", "AddItem", "156", "");
     VELT_NSMENU_APPENDMENUITEM(menu, item);
 }
 
 }  // namespace
 
 id mainMenu(velt::Ref<Reader> owner) {
-    VELTS("reader.bas", "MainMenu", "155", "");
-    id main = VELT_NSMENU_INIT(nil, "", "Reader"_v);
-    VELTS("reader.bas", "MainMenu", "156", "");
-    id menu = VELT_NSMENU_INIT(nil, "", "File"_v);
-    VELTS("reader.bas", "MainMenu", "157", "");
-    VELT_NSMENU_APPENDMENU(main, menu);
-    VELTS("reader.bas", "MainMenu", "158", "");
-    addItem(menu, owner, VELT__STRING("Preferences…"_v), VELT__STRING("showPreferences"_v), VELT__STRING(","_v));
-    VELTS("reader.bas", "MainMenu", "159", "");
-    VELT_NSMENU_APPENDSEPARATOR(menu);
     VELTS("reader.bas", "MainMenu", "160", "");
-    addItem(menu, owner, VELT__STRING("Close"_v), VELT__STRING("closeReader"_v), VELT__STRING("w"_v));
+    id main = VELT_NSMENU_INIT(nil, "", "Reader"_v);
     VELTS("reader.bas", "MainMenu", "161", "");
-    menu = VELT__NSMENU(VELT_NSMENU_INIT(nil, "", "View"_v));
+    id menu = VELT_NSMENU_INIT(nil, "", "File"_v);
     VELTS("reader.bas", "MainMenu", "162", "");
     VELT_NSMENU_APPENDMENU(main, menu);
     VELTS("reader.bas", "MainMenu", "163", "");
-    addItem(menu, owner, VELT__STRING("Bigger Text"_v), VELT__STRING("biggerText"_v), VELT__STRING("+"_v));
+    addItem(menu, owner, VELT__STRING("Preferences…"_v), VELT__STRING("showPreferences"_v), VELT__STRING(","_v));
     VELTS("reader.bas", "MainMenu", "164", "");
-    addItem(menu, owner, VELT__STRING("Smaller Text"_v), VELT__STRING("smallerText"_v), VELT__STRING("-"_v));
+    VELT_NSMENU_APPENDSEPARATOR(menu);
     VELTS("reader.bas", "MainMenu", "165", "");
+    addItem(menu, owner, VELT__STRING("Close"_v), VELT__STRING("closeReader"_v), VELT__STRING("w"_v));
+    VELTS("reader.bas", "MainMenu", "166", "");
+    addItem(menu, owner, VELT__STRING("Quit"_v), VELT__STRING("quit"_v), VELT__STRING("q"_v));
+    VELTS("reader.bas", "MainMenu", "167", "");
+    menu = VELT__NSMENU(VELT_NSMENU_INIT(nil, "", "View"_v));
+    VELTS("reader.bas", "MainMenu", "168", "");
+    VELT_NSMENU_APPENDMENU(main, menu);
+    VELTS("reader.bas", "MainMenu", "169", "");
+    addItem(menu, owner, VELT__STRING("Bigger Text"_v), VELT__STRING("biggerText"_v), VELT__STRING("+"_v));
+    VELTS("reader.bas", "MainMenu", "170", "");
+    addItem(menu, owner, VELT__STRING("Smaller Text"_v), VELT__STRING("smallerText"_v), VELT__STRING("-"_v));
+    VELTS("reader.bas", "MainMenu", "171", "");
     return VELT__NSMENU(main);
 }
 

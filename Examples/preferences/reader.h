@@ -25,6 +25,7 @@ public:
     void biggerText(id sender);
     void smallerText(id sender);
     void closeReader(id sender);
+    void quit(id sender);
     id windowShouldClose(id sender);
     void alertSheetDidEnd(id alert, id code, id what);
     void windowWillClose(id notification);

@@ -1,4 +1,5 @@
 // runner.bas as the translator writes it: a task whose output comes piece by piece while the program waits.
+#include "support/clock.h"
 #include "support/console.h"
 #include "support/terminal.h"
 

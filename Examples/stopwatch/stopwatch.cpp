@@ -1,13 +1,13 @@
 // stopwatch.bas as the translator writes it: timers, buttons and keys.
 #include "support/screenshot.h"
 #include "support/window_clock.h"
+#include "support/window_values.h"
 
+using example::newRect;
 using example::pause;
 using example::seconds;
 
 namespace {
-
-id rect(double x, double y, double width, double height) { return VELT_ID(NSRect{{x, y}, {width, height}}); }
 
 class Stopwatch : public NSObject {
     VELT_OBJECT(Stopwatch, NSObject)
@@ -182,13 +182,13 @@ public:
         VELTS("stopwatch.bas", "Stopwatch.Open", "108", "");
         VELT_NSWINDOW_STYLEMASK(window, VELT_ID(7L));
         VELTS("stopwatch.bas", "Stopwatch.Open", "109", "");
-        VELT_NSWINDOW_FRAME(window, rect(0, 0, 340, 282));
+        VELT_NSWINDOW_FRAME(window, newRect(0, 0, 340, 282));
         VELTS("stopwatch.bas", "Stopwatch.Open", "110", "");
         laps = velt::make<NSMutableArray>();
         VELTS("stopwatch.bas", "Stopwatch.Open", "111", "");
         lapLabels = velt::make<NSMutableArray>();
         VELTS("stopwatch.bas", "Stopwatch.Open", "112", "");
-        display = VELT__NSTEXTFIELD(label(rect(10, 195, 320, 56), VELT_ID(44L)));
+        display = VELT__NSTEXTFIELD(label(newRect(10, 195, 320, 56), VELT_ID(44L)));
         VELTS("stopwatch.bas", "Stopwatch.Open", "113", "");
         startButton = VELT__NSBUTTON(button("Start"_v, " "_v, "startStop", VELT_ID(18L)));
         VELTS("stopwatch.bas", "Stopwatch.Open", "114", "");
@@ -238,4 +238,4 @@ int program(int, char**) {
 
 }  // namespace
 
-int main(int count, char** arguments) { return velt::runApplication(program, count, arguments); }
+int main(int count, char** arguments) { return example::runShowing("stopwatch", program, count, arguments); }

@@ -373,4 +373,8 @@ TEST(CompiledProgramsDocument, ShowsOnlyCodeThatIsCompiledHere) {
         15u);
 }
 
+TEST(ReadmeDocument, ShowsTheProgramThatIsBuiltOutsideTheProject) {
+    EXPECT_EQ(velt::test::blocksFoundIn("README.md", "Tests/install/hello.cpp"), 1u);
+}
+
 }  // namespace

@@ -48,12 +48,24 @@ TEST(AddressbookExample, ExportsAPropertyList) {
     EXPECT_NE(text.npos, text.find("<integer>2</integer>")) << text;
 }
 
+TEST(AddressbookExample, LeavesEmptyWhatNobodySaid) {
+    const TemporaryFolder folder;
+    const std::string list = folder.file("list.plist");
+    const ProgramResult result =
+        runExample("addressbook", {folder.file("book")}, "add Ann\nadd Ben; 5\nlist\nexport " + list + "\n");
+    EXPECT_EQ("Ann" + std::string(21 + 18, ' ') + "\nBen" + std::string(21, ' ') + "5" + std::string(17, ' ') +
+                  "\n2 of 2\nexported 2 to " + list + "\n",
+              result.output);
+    EXPECT_EQ(contentOf(list).npos, contentOf(list).find("null")) << contentOf(list);
+}
+
 TEST(AddressbookExample, SaysWhatIsWrong) {
     const TemporaryFolder folder;
     ProgramResult result =
-        runExample("addressbook", {folder.file("book")}, "dance\nremove Nobody\nexport /nowhere/x\n");
+        runExample("addressbook", {folder.file("book")}, "dance\nremove Nobody\nadd ; 5\nexport /nowhere/x\n");
     EXPECT_EQ("addressbook: what is dance? (add, remove, list, find, export)\n"
               "addressbook: nobody is called Nobody\n"
+              "addressbook: a name is missing\n"
               "addressbook: cannot export to /nowhere/x\n",
               result.errors);
     const std::string other = folder.write("other", "no archive");

@@ -2,6 +2,8 @@
 #include "support/processes.h"
 
 #include <algorithm>
+#include <filesystem>
+#include <fstream>
 #include <gtest/gtest.h>
 #include <regex>
 #include <sstream>
@@ -280,37 +282,55 @@ namespace {
 
 /// The procedure that each line of a BASIC source belongs to, "Class.Method" in a class; empty outside.
 std::vector<std::string> scopesOf(const std::string& source) {
+    static const std::regex beginOfClass("^Class (\\w+)"), begin("^ *(?:Sub|Function) (\\w+)"),
+        end("^ *End (?:Sub|Function)$");
     std::vector<std::string> scopes{""};
     std::istringstream lines(source);
     std::string line, cls, scope;
     while (std::getline(lines, line)) {
         std::smatch found;
-        if (std::regex_search(line, found, std::regex("^Class (\\w+)"))) cls = found.str(1) + ".";
-        if (std::regex_search(line, found, std::regex("^ *(?:Sub|Function) (\\w+)"))) scope = cls + found.str(1);
+        if (std::regex_search(line, found, beginOfClass)) cls = found.str(1) + ".";
+        if (std::regex_search(line, found, begin)) scope = cls + found.str(1);
         scopes.push_back(scope);
-        if (std::regex_search(line, std::regex("^ *End (?:Sub|Function)$"))) scope.clear();
+        if (std::regex_search(line, end)) scope.clear();
         if (line == "End Class") cls.clear();
     }
     return scopes;
 }
 
+const std::filesystem::path kExamples = std::filesystem::path(VELT_SOURCE_FOLDER) / "Examples";
+
 }  // namespace
 
 TEST(ExamplePrograms, RecordPositionsThatExistInTheirSources) {
     const std::regex call("VELTS\\(\"([^\"]*)\", \"([^\"]*)\", \"([0-9]+)\", \"\"\\)");
-    const std::string folder = std::string(VELT_SOURCE_FOLDER) + "/Examples/";
-    for (const std::string program : {"textstat/textstat", "calculator/calculator", "calculator/parser",
-                                      "mandelbrot/mandelbrot", "life/life", "runner/runner", "builder/builder"}) {
-        const std::string source = program.substr(program.find('/') + 1) + ".bas";
-        const std::vector<std::string> scopes = scopesOf(contentOf(folder + program + ".bas"));
-        const std::string code = contentOf(folder + program + ".cpp");
+    std::size_t programs = 0;
+    for (const auto& entry : std::filesystem::recursive_directory_iterator(kExamples)) {
+        std::filesystem::path source = entry.path();
+        if (source.extension() != ".cpp") continue;
+        const std::string code = contentOf(source.string());
+        source.replace_extension(".bas");
+        if (!std::filesystem::exists(source)) continue;
+        const std::vector<std::string> scopes = scopesOf(contentOf(source.string()));
         std::size_t calls = 0;
         for (std::sregex_iterator i(code.begin(), code.end(), call), end; i != end; ++i, ++calls) {
             const std::size_t line = std::stoul(i->str(3));
-            EXPECT_EQ(i->str(1), source);
+            EXPECT_EQ(i->str(1), source.filename().string());
             ASSERT_LT(line, scopes.size()) << i->str();
             EXPECT_EQ(i->str(2), scopes[line]) << i->str();
         }
-        EXPECT_GT(calls, 20u) << program;
+        EXPECT_GT(calls, 0u) << source;
+        ++programs;
+    }
+    EXPECT_GT(programs, 30u);
+}
+
+TEST(ExamplePrograms, AreDescribedInTheThirdLineOfTheirReadme) {
+    for (const auto& entry : std::filesystem::directory_iterator(kExamples)) {
+        if (!entry.is_directory() || entry.path().filename() == "support") continue;
+        std::ifstream readme(entry.path() / "README.md");
+        std::string line;
+        for (int i = 0; i < 3; ++i) std::getline(readme, line);
+        EXPECT_TRUE(line.ends_with('.')) << entry.path() << ": " << line;
     }
 }

@@ -35,5 +35,5 @@ check() { # program, its package, what it prints
     [ "$output" = "$3" ] || { printf 'expected: %s\nprinted:  %s\n' "$3" "$output" >&2; exit 1; }
   done
 }
-check hello VELTRuntime "Hello, 7 words"
+check hello VELTRuntime "Words: 3"
 [ ! -f "$lib/libVELTRuntimeUI.so" ] || check window VELTRuntimeUI "Outside"

@@ -1,12 +1,12 @@
-// A program outside the project, as its README shows one.
+// The program that the README shows, built outside the project.
 #include <VELTRuntime/VELTRuntime.h>
 #include <cstdio>
 
 static int program(int, char**) {
-    VELTS("hello.bas", "Main", "1", "");
-    const id words = VELT_SPLIT("one two three four five six seven"_v, " "_v);
+    VELTS("hello.bas", "Main", "1", "");                    // where we are, before each statement
+    const id words = VELT_SPLIT("one two three"_v, " "_v);  // "…"_v is a string value
     VELTS("hello.bas", "Main", "2", "");
-    const id text = VELT_CONCAT(VELT_CONCAT("Hello, "_v, VELT_NSARRAY_COUNT(words)), " words"_v);
+    const id text = VELT_CONCAT("Words: "_v, VELT_NSARRAY_COUNT(words));
     std::puts(velt::utf8(text).c_str());
     return 0;
 }

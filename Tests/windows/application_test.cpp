@@ -42,7 +42,7 @@ public:
     }
     id shouldTerminate(const id&) {
         heard += "may-end ";
-        return boolean(false);
+        return mayEnd;
     }
     static void describe(velt::ClassBuilder<Listener>& c) {
         c.method("applicationDidBecomeActive:", &Listener::active)
@@ -56,6 +56,7 @@ public:
             .method("notified:", &Listener::notified);
     }
     std::string heard, notes, opened;
+    id mayEnd = boolean(false);
 };
 
 /// Another program with a window, until the end of its scope.
@@ -197,6 +198,10 @@ TEST_F(Applications, AskTheirDelegateWhenTheDesktopWantsThemToEnd) {
     QEvent quit(QEvent::Quit);
     QApplication::sendEvent(qApp, &quit);
     EXPECT_EQ("may-end may-end ", listener->heard);
+    listener->mayEnd = boolean(true);
+    EXPECT_TRUE(NSApplication::sharedApplication().agreesToEnd());
+    listener->mayEnd = integer(2);  // it will tell later: the session must not end before
+    EXPECT_FALSE(NSApplication::sharedApplication().agreesToEnd());
     NSApplication::sharedApplication().setDelegate(nil);
     EXPECT_TRUE(NSApplication::sharedApplication().agreesToEnd());
 }

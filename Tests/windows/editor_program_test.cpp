@@ -527,6 +527,18 @@ TEST_F(EditorProgram, AsksAboutEachFileAtItsEnd) {
     EXPECT_EQ(kList, contentOf(list));
 }
 
+TEST_F(EditorProgram, AsksOnceAboutChangesThatNobodyWants) {
+    type("x");
+    window().performClose(nil);
+    const Ref<NSWindow> sheet = waitForSheet(program->window);
+    ASSERT_TRUE(sheet);
+    clickButton(*sheet, "Don’t Save");
+    ASSERT_TRUE(QTest::qWaitFor([this] { return !window().isVisible(); }, 2000));
+    // The last window that closes ends the program, which asks its delegate first.
+    EXPECT_VALUE("q 1", program->applicationShouldTerminate(nil));
+    EXPECT_EQ(kShelf, contentOf(shelf));
+}
+
 TEST_F(EditorProgram, KeepsTheTextOfAFileThatCannotBeWritten) {
     type("x");
     current()->path = str("/nowhere/at/all.bas");

@@ -26,7 +26,7 @@ TEST(DrawingExample, DrawsAndShowsIt) {
     for (const QRgb color : {qRgb(255, 0, 0), qRgb(0, 255, 0), qRgb(0, 0, 255), qRgb(128, 0, 128), qRgb(255, 128, 0)}) {
         EXPECT_TRUE(seen.contains(color)) << QColor(color).name().toStdString();
     }
-    EXPECT_EQ(qRgb(255, 255, 255), picture.pixel(240, 5));
+    EXPECT_EQ(qRgb(255, 255, 255), picture.pixel(240, 5)) << "a press on the palette draws nothing";
 }
 
 TEST(DrawingExample, SaysWhenItsPictureCannotBeWritten) {
@@ -52,6 +52,18 @@ TEST(GradientsExample, ShowsTheChosenOne) {
     EXPECT_GT(20, hue(602, 134));
     EXPECT_LT(200, hue(602, 32));
     EXPECT_EQ(picture.pixel(2, 2), picture.pixel(205, 17));  // outside of the round corner
+}
+
+TEST(ConverterExample, TypesANumberAndLeavesAPicture) {
+    const TemporaryFolder folder;
+    const std::string path = folder.file("picture.png");
+    setenv("VELT_SCREENSHOT", path.c_str(), 1);
+    setenv("QT_QPA_PLATFORM", "offscreen", 1);
+    const ProgramResult result = runExample("converter", {});
+    unsetenv("VELT_SCREENSHOT");
+    EXPECT_EQ("The picture is in " + path + ".\n", result.output);
+    EXPECT_EQ(0, result.status) << result.errors;
+    EXPECT_FALSE(QImage(QString::fromStdString(path)).isNull());
 }
 
 TEST(ControlsExample, ShowsEveryControlAndWorksSome) {

@@ -317,7 +317,9 @@ TEST_F(NotesProgram, LeavesADamagedFileAlone) {
         "<plist version=\"1.0\"><array/></plist>",
         "<plist version=\"1.0\"><dict/></plist>",
         "<plist version=\"1.0\"><dict><key>notes</key><array><string>x</string></array></dict></plist>",
-        "<plist version=\"1.0\"><dict><key>notes</key><array><dict/></array></dict></plist>"};
+        "<plist version=\"1.0\"><dict><key>notes</key><array><dict/></array></dict></plist>",
+        "<plist version=\"1.0\"><dict><key>notes</key><array><dict><key>text</key><string>x</string></dict></array>"
+        "</dict></plist>"};
     for (const std::string& content : broken) {
         const std::string damaged = folder.write("damaged.notes", content);
         EXPECT_EQ(
@@ -328,6 +330,20 @@ TEST_F(NotesProgram, LeavesADamagedFileAlone) {
         EXPECT_EQ("[Garden] Train Bread ", list());
         EXPECT_EQ("my.notes", velt::utf8(VELT_NSWINDOW_TITLE(program->window)));
     }
+}
+
+TEST_F(NotesProgram, BeginsWithoutNotesWhenTheLastFileIsDamaged) {
+    close();
+    const std::string damaged = folder.write("damaged.notes", "no property list");
+    VELT_NSUSERDEFAULTS_SET(nil, "File"_v, str(damaged));
+    program = velt::make<NotesDocument>();
+    NSApplication::sharedApplication().setDelegate(program);
+    EXPECT_EQ("“damaged.notes” cannot be opened.|It is damaged, or no file of notes. Nothing in it was changed.|[OK]",
+              ask([this] { program->open(); }, Qt::Key_Return));
+    EXPECT_EQ("Untitled", velt::utf8(VELT_NSWINDOW_TITLE(program->window)));
+    // What is typed where there is no note would be lost.
+    EXPECT_FALSE(VELT_CBOOL(VELT_NSTEXT_EDITABLE(program->text)));
+    EXPECT_EQ("no property list", contentOf(damaged));
 }
 
 TEST_F(NotesProgram, AsksAboutChangesBeforeItCloses) {

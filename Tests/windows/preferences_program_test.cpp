@@ -265,6 +265,12 @@ TEST_F(ReaderProgram, ClosesTheWindowThatHasTheKeyboard) {
     EXPECT_TRUE(QTest::qWaitFor([this] { return !window().isVisible(); }, kWait));
 }
 
+TEST_F(ReaderProgram, QuitsFromItsPreferencesToo) {
+    openPreferences();
+    pressKey(prefs(), Qt::Key_Q, kCommand);
+    EXPECT_TRUE(QTest::qWaitFor([this] { return !window().isVisible() && !prefs().isVisible(); }, kWait));
+}
+
 TEST_F(ReaderProgram, GoesBackToTheUsualSettings) {
     openPreferences();
     type("Ada");

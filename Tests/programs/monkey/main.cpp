@@ -174,7 +174,7 @@ private:
         case 1:
             VELT_NSWINDOW_CONTENTSIZE(window_, VELT_ID(NSSize{double(1 + upTo(1300)), double(1 + upTo(1000))}));
             break;
-        case 2: VELT_NSWINDOW_CONTENTSIZE(window_, VELT_ID(NSSize{984, 812})); break;
+        case 2: VELT_NSWINDOW_CONTENTSIZE(window_, VELT_ID(NSSize{1104, 732})); break;
         case 3: QApplication::setActiveWindow(oneIn(2) ? nullptr : &widget); break;
         case 4: QApplication::setLayoutDirection(oneIn(2) ? Qt::RightToLeft : Qt::LeftToRight); break;
         case 5:

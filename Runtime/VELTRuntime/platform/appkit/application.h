@@ -45,7 +45,7 @@ public:
     void replyToApplicationShouldTerminate(bool flag);
     /// The delegate opens a file (absolute path in UTF-8); false when it does not.
     bool openFile(const std::string& path);
-    /// The desktop's session is about to end; false when the delegate wants the program to stay.
+    /// The desktop's session is about to end; false when the delegate wants the program to stay, or to tell later.
     bool agreesToEnd();
     void activateIgnoringOtherApps(bool flag);
     bool isActive() const;

@@ -167,7 +167,10 @@ void NSApplication::end() {
 bool NSApplication::agreesToEnd() {
     static const Selector asks = Selector::named("applicationShouldTerminate:");
     if (terminating_ || !velt::respondsTo(delegate_, asks)) return true;
-    return VELT_CBOOL(velt::send(delegate_, asks, id(this))) != 0;
+    const id answer = velt::send(delegate_, asks, id(this));
+    // Who will tell later still asks somebody; the session does not wait for that.
+    if (velt::isNumber(answer) && VELT_CINTEGER(answer) == kLater) return false;
+    return VELT_CBOOL(answer) != 0;
 }
 
 namespace velt {
