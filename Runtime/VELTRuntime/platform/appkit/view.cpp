@@ -12,6 +12,7 @@
 #include "VELTRuntime/platform/appkit/window.h"
 #include "VELTRuntime/platform/foundation/array.h"
 #include "VELTRuntime/platform/foundation/run_loop.h"
+#include "VELTRuntime/platform/object/drop_elements.h"
 #include "VELTRuntime/platform/object/exception.h"
 
 #include <QPainter>
@@ -42,7 +43,7 @@ void NSView::dissolve() {
         view->superview_ = nullptr;
         view->moveToWindow(nullptr);
     }
-    subviews_.clear();
+    velt::dropAll(subviews_);
     setNextKeyView(nullptr);
     NSResponder::dissolve();
 }
@@ -138,7 +139,9 @@ void NSView::removeFromSuperview() {
     if (!superview_) return;
     const Ref<NSView> kept(this);
     const Ref<NSView> held(superview_);
-    std::erase_if(held->subviews_, [this](const Ref<NSView>& view) { return view.get() == this; });
+    std::vector<Ref<NSView>>& views = held->subviews_;
+    views.erase(
+        std::find_if(views.begin(), views.end(), [this](const Ref<NSView>& view) { return view.get() == this; }));
     held->detach(*this);
     held->subviewsChanged();
     velt::namesMayHaveChanged();

@@ -1,5 +1,6 @@
 #include "VELTRuntime/platform/foundation/run_list.h"
 
+#include "VELTRuntime/platform/object/drop_elements.h"
 #include "VELTRuntime/platform/object/message.h"
 
 #include <algorithm>
@@ -79,9 +80,7 @@ void RunList::replace(NSRange range, const RunList& with) {
     for (std::size_t i = last; i < runs_.size(); ++i) runs_[i].end += added - range.length;
     const auto begin = runs_.begin() + static_cast<std::ptrdiff_t>(first);
     const auto end = runs_.begin() + static_cast<std::ptrdiff_t>(last);
-    // Dropped when the list is whole again: what is dropped may begin a collection of cycles, which looks at the list.
-    const std::vector<Run> dropped(std::make_move_iterator(begin), std::make_move_iterator(end));
-    runs_.erase(begin, end);
+    dropRange(runs_, begin, end);
     std::vector<Run> shifted(with.runs_);
     for (Run& run : shifted) run.end += range.location;
     runs_.insert(runs_.begin() + static_cast<std::ptrdiff_t>(first), std::make_move_iterator(shifted.begin()),

@@ -4,6 +4,7 @@
 #include "VELTRuntime/platform/foundation/notification_center.h"
 #include "VELTRuntime/platform/foundation/null.h"
 #include "VELTRuntime/platform/foundation/run_loop.h"
+#include "VELTRuntime/platform/object/drop_elements.h"
 #include "VELTRuntime/platform/object/exception.h"
 #include "VELTRuntime/platform/object/message.h"
 #include "VELTRuntime/values/string.h"
@@ -18,17 +19,6 @@ id object(const NSObject* pointer) { return id(const_cast<NSObject*>(pointer)); 
 
 [[noreturn]] void raiseOrder(const char* call, const char* reason) {
     velt::raise(velt::kInternalInconsistencyException, std::string("'NSUndoManager' ") + call + ": " + reason);
-}
-
-// An object that is dropped may begin a collection of cycles, which looks at the manager's lists: they are whole again
-// before what was in them goes.
-
-template <class T> void dropAll(std::vector<T>& list) { const std::vector<T> dropped = std::exchange(list, {}); }
-
-/// Drops all from a place on.
-template <class T> void dropFrom(std::vector<T>& list, typename std::vector<T>::iterator place) {
-    const std::vector<T> dropped(std::make_move_iterator(place), std::make_move_iterator(list.end()));
-    list.erase(place, list.end());
 }
 
 /// Writes messages down in place of their receiver.
@@ -77,7 +67,7 @@ std::uint64_t NSUndoManager::registerUndo(const id& target, velt::Selector selec
             if (*alive) (*alive)->endEvent();
         });
     }
-    if (state_ == State::Normal) dropAll(redo_);
+    if (state_ == State::Normal) velt::dropAll(redo_);
     open_.actions.push_back({++registrations_, target, selector, std::vector<id>(arguments.begin(), arguments.end())});
     return registrations_;
 }
@@ -119,7 +109,7 @@ void NSUndoManager::push(Group group) {
 void NSUndoManager::trim(std::vector<Group>& groups) const {
     if (levels_ == 0 || groups.size() <= levels_) return;
     const auto kept = groups.end() - static_cast<std::ptrdiff_t>(levels_);
-    dropFrom(groups, std::rotate(groups.begin(), kept, groups.end()));
+    velt::dropFrom(groups, std::rotate(groups.begin(), kept, groups.end()));
 }
 
 void NSUndoManager::enableUndoRegistration() {
@@ -209,9 +199,9 @@ void NSUndoManager::setLevelsOfUndo(unsigned long levels) {
 }
 
 void NSUndoManager::removeAllActions() {
-    dropAll(undo_);
-    dropAll(redo_);
-    dropAll(open_.actions);
+    velt::dropAll(undo_);
+    velt::dropAll(redo_);
+    velt::dropAll(open_.actions);
     if (eventGroup_ && state_ == State::Normal) {
         level_ = 0;
         eventGroup_ = false;
@@ -221,7 +211,7 @@ void NSUndoManager::removeAllActions() {
 void NSUndoManager::removeAllActionsWithTarget(const id& target) {
     const auto clear = [&](Group& group) {
         const auto isOther = [&](const Action& action) { return action.target != target; };
-        dropFrom(group.actions, std::stable_partition(group.actions.begin(), group.actions.end(), isOther));
+        velt::dropFrom(group.actions, std::stable_partition(group.actions.begin(), group.actions.end(), isOther));
     };
     clear(open_);
     for (std::vector<Group>* groups : {&undo_, &redo_}) {

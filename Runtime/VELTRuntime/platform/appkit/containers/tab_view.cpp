@@ -10,6 +10,7 @@
 #include "VELTRuntime/platform/appkit/qt_values.h"
 #include "VELTRuntime/platform/appkit/window.h"
 #include "VELTRuntime/platform/foundation/array.h"
+#include "VELTRuntime/platform/object/drop_elements.h"
 #include "VELTRuntime/platform/object/exception.h"
 
 #include <QPainter>
@@ -27,7 +28,7 @@ void NSTabView::dissolve() {
     for (const Ref<NSTabViewItem>& item : items_) {
         if (item) item->setTabView(nullptr);
     }
-    items_.clear();
+    velt::dropAll(items_);
     selected_ = nullptr;
     NSView::dissolve();
 }

@@ -3,6 +3,7 @@
 #include "VELTRuntime/platform/appkit/controls/segmented_control.h"
 #include "VELTRuntime/platform/appkit/controls/segmented_widget.h"
 #include "VELTRuntime/platform/appkit/qt_values.h"
+#include "VELTRuntime/platform/object/drop_elements.h"
 #include "VELTRuntime/platform/object/exception.h"
 
 #include <QApplication>
@@ -20,7 +21,9 @@ velt::Segment& NSSegmentedCell::at(long place) { return const_cast<velt::Segment
 
 void NSSegmentedCell::setSegmentCount(long count) {
     constexpr long kMost = 2048;  // more than a screen has dots
-    segments_.resize(static_cast<std::size_t>(std::clamp(count, 0L, kMost)));
+    const long wanted = std::clamp(count, 0L, kMost);
+    if (wanted < segmentCount()) velt::dropFrom(segments_, segments_.begin() + wanted);
+    segments_.resize(static_cast<std::size_t>(wanted));
     for (velt::Segment& segment : segments_) {
         if (segment.label.isNil()) segment.label = velt::string(std::u16string_view());
     }

@@ -3,6 +3,7 @@
 #include "VELTRuntime/platform/appkit/controls/control.h"
 #include "VELTRuntime/platform/foundation/array.h"
 #include "VELTRuntime/platform/foundation/attributed_string.h"
+#include "VELTRuntime/platform/object/drop_elements.h"
 
 #include <algorithm>
 
@@ -75,7 +76,7 @@ void NSTokenFieldCell::replaceTokens(std::size_t first, std::size_t count, const
     first = std::min(first, tokens_.size());
     count = std::min(count, tokens_.size() - first);
     const auto begin = tokens_.begin() + static_cast<std::ptrdiff_t>(first);
-    const auto at = tokens_.erase(begin, begin + static_cast<std::ptrdiff_t>(count));
+    const auto at = velt::dropRange(tokens_, begin, begin + static_cast<std::ptrdiff_t>(count));
     tokens_.insert(at, with.begin(), with.end());
     publish();
 }

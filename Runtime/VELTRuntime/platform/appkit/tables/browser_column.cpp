@@ -4,6 +4,7 @@
 #include "VELTRuntime/platform/appkit/qt_values.h"
 #include "VELTRuntime/platform/appkit/tables/cell_painting.h"
 #include "VELTRuntime/platform/appkit/text/fitting_line.h"
+#include "VELTRuntime/platform/object/drop_elements.h"
 
 #include <QKeyEvent>
 #include <QLabel>
@@ -95,7 +96,7 @@ NSBrowser* browserAround(const QWidget* widget) {
 
 void BrowserRows::setRows(int rows) {
     beginResetModel();
-    cells_.clear();
+    dropAll(cells_);
     rows_ = rows;
     endResetModel();
 }

@@ -3,6 +3,7 @@
 #include "VELTRuntime/platform/appkit/event_delivery.h"
 #include "VELTRuntime/platform/appkit/tables/outline_view.h"
 #include "VELTRuntime/platform/appkit/tables/table_model.h"
+#include "VELTRuntime/platform/object/drop_elements.h"
 
 namespace velt {
 
@@ -160,7 +161,7 @@ void OutlineModel::reset() {
     beginResetModel();
     ++loads_;
     nodes_.clear();
-    root_.children.clear();
+    dropAll(root_.children);
     root_.counted = false;
     endResetModel();
 }
@@ -185,7 +186,7 @@ void OutlineModel::resetChildren(const QModelIndex& parent) {
         beginRemoveRows(parent, 0, static_cast<int>(node.children.size()) - 1);
         ++loads_;
         forgetItems(node);
-        node.children.clear();
+        dropAll(node.children);
         endRemoveRows();
     }
     node.counted = false;

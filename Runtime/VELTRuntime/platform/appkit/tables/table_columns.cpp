@@ -29,7 +29,8 @@ void NSTableView::addTableColumn(NSTableColumn* column) {
 void NSTableView::removeTableColumn(NSTableColumn* column) {
     if (!column || column->table_ != this) return;
     const Ref<NSTableColumn> kept(column);
-    std::erase_if(columns_, [&](const Ref<NSTableColumn>& own) { return own.get() == column; });
+    columns_.erase(std::find_if(columns_.begin(), columns_.end(),
+                                [&](const Ref<NSTableColumn>& own) { return own.get() == column; }));
     column->table_ = nullptr;
     columnsChanged();
 }
