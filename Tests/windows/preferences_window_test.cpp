@@ -108,7 +108,7 @@ public:
 TEST(WindowControllers, ReadTheirWindowAtTheNextWishWhenTheyWereInterrupted) {
     const Ref<Interrupted> controller = velt::make<Interrupted>();
     velt::send(id(controller), "initWithWindowNibName:", str("Preferences"));
-    EXPECT_EQ("NotYet: later", raisedBy([&] { controller->window(); }));
+    EXPECT_RAISES("NotYet: later", controller->window());
     EXPECT_FALSE(controller->isWindowLoaded());
     EXPECT_TRUE(velt::is<NSWindow>(controller->window()));
     EXPECT_EQ(2, controller->begun);

@@ -2,6 +2,7 @@
 
 #include "VELTRuntime/platform/appkit/text/text_positions.h"
 #include "VELTRuntime/values/text/search.h"
+#include "VELTRuntime/values/text/utf.h"
 
 namespace velt {
 

@@ -3,7 +3,7 @@
 #include "VELTRuntime/platform/appkit/text/text_positions.h"
 #include "VELTRuntime/platform/appkit/text/text_view.h"
 #include "VELTRuntime/platform/appkit/text/text_widget.h"
-#include "VELTRuntime/values/text/casing.h"
+#include "VELTRuntime/values/text/utf.h"
 
 #include <QClipboard>
 #include <QGuiApplication>
