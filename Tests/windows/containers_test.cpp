@@ -65,6 +65,17 @@ public:
     id pane;
 };
 
+/// Raises as soon as the panes of a split view have changed.
+class PaneCritic : public NSObject {
+    VELT_OBJECT(PaneCritic, NSObject)
+
+public:
+    void didResize(const id&) { velt::raise("PaneException", "too narrow"); }
+    static void describe(velt::ClassBuilder<PaneCritic>& c) {
+        c.method("splitViewDidResizeSubviews:", &PaneCritic::didResize);
+    }
+};
+
 Ref<NSTabView> tabs(const std::vector<std::string>& labels) {
     const Ref<NSTabView> view(velt::as<NSTabView>(VELT_NSTABVIEW_INIT(nil, "")));
     for (const std::string& label : labels) {
@@ -336,6 +347,17 @@ TEST(SplitViews, MayLoseAPaneWhileTheyAreResized) {
     outer->adjustSubviews();
     EXPECT_EQ("{{0, 0}, {209, 80}} ", frames(*outer));
     inner->setDelegate(nil);
+}
+
+TEST(SplitViews, GoOnSharingTheirRoomAfterAPaneHasRaised) {
+    const Ref<NSSplitView> outer = panes(0, {309, 100}, true), inner = panes(2, {100, 100}, false);
+    outer->addSubview(inner.get());
+    outer->addSubview(velt::make<NSView>().get());
+    inner->setDelegate(velt::make<PaneCritic>());
+    EXPECT_RAISES("PaneException: too narrow", outer->setFrameSize({209, 80}));
+    inner->setDelegate(nil);
+    outer->adjustSubviews();
+    EXPECT_EQ("{{0, 0}, {200, 80}} {{209, 0}, {0, 80}} ", frames(*outer));
 }
 
 TEST(SplitViews, LetTheirDividersBeDragged) {
