@@ -247,10 +247,11 @@ TEST(TabViews, FindTheirItemsByIdentifier) {
     EXPECT_EQ("Two", selected(*view));
     EXPECT_VALUE("q 1", velt::send(view, "indexOfTabViewItemWithIdentifier:", str("Two")));
     EXPECT_VALUE("q -1", velt::send(view, "indexOfTabViewItemWithIdentifier:", str("Four")));
-    EXPECT_RAISES("NSRangeException: selectTabViewItemWithIdentifier:: index -1 is out of range; the count is 2",
-                  velt::send(view, "selectTabViewItemWithIdentifier:", str("Four")));
+    EXPECT_RAISES(
+        "NSRangeException: 'NSTabView' selectTabViewItemWithIdentifier:: index -1 is out of range; the count is 2",
+        velt::send(view, "selectTabViewItemWithIdentifier:", str("Four")));
     for (const int index : {2, -1}) {
-        EXPECT_RAISES("NSRangeException: selectTabViewItemAtIndex:: index " + std::to_string(index) +
+        EXPECT_RAISES("NSRangeException: 'NSTabView' selectTabViewItemAtIndex:: index " + std::to_string(index) +
                           " is out of range; the count is 2",
                       VELT_NSTABVIEW_SELECT(view, integer(index)));
     }
@@ -318,8 +319,9 @@ TEST(SplitViews, ShareTheirRoomAmongTheirPanes) {
     EXPECT_EQ("{{0, 0}, {52, 80}} {{53, 0}, {156, 80}} ", frames(*view));
     view->setFrameSize({0, 0});
     EXPECT_EQ("{{0, 0}, {0, 0}} {{1, 0}, {0, 0}} ", frames(*view));
-    EXPECT_RAISES("NSRangeException: setPosition:ofDividerAtIndex:: index 1 is out of range; the count is 1",
-                  velt::send(view, "setPosition:ofDividerAtIndex:", integer(25), integer(1)));
+    EXPECT_RAISES(
+        "NSRangeException: 'NSSplitView' setPosition:ofDividerAtIndex:: index 1 is out of range; the count is 1",
+        velt::send(view, "setPosition:ofDividerAtIndex:", integer(25), integer(1)));
 }
 
 TEST(SplitViews, GiveTheRoomOfAHiddenPaneToTheOthers) {

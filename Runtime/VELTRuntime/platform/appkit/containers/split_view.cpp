@@ -101,7 +101,9 @@ void NSSplitView::tellResized() {
 
 void NSSplitView::requireDivider(const char* operation, long divider) const {
     const std::size_t panes = shownPanes().size(), count = panes > 0 ? panes - 1 : 0;
-    if (divider < 0 || static_cast<std::size_t>(divider) >= count) velt::raiseRange(operation, divider, count);
+    if (divider < 0 || static_cast<std::size_t>(divider) >= count) {
+        velt::raiseRange("'" + isa().name() + "' " + operation, divider, count);
+    }
 }
 
 double NSSplitView::positionOfDivider(long divider) const {
