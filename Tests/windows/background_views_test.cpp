@@ -216,6 +216,41 @@ TEST(BackgroundViews, DrawAnImageAsLargeAsThePathFromTheOrigin) {
     }
 }
 
+TEST(BackgroundViews, DrawImagesUprightOnPaperToo) {
+    class Canvas : public KRBackgroundView {
+    public:
+        id image, path;
+        bool pointsDown = false;
+        bool isFlipped() const override { return pointsDown; }
+        void drawRect(NSRect) override { drawImage(velt::as<NSImage>(image), 1, velt::as<NSBezierPath>(path)); }
+    };
+    QImage halves(20, 20, QImage::Format_RGB32);
+    for (int y = 0; y < 20; ++y) {
+        for (int x = 0; x < 20; ++x) halves.setPixel(x, y, y < 10 ? qRgb(0, 0, 0) : qRgb(255, 0, 0));
+    }
+    const NSRect whole{{0, 0}, {kWidth, kHeight}};
+    const Ref<Canvas> canvas = velt::make<Canvas>();
+    canvas->setFrame(whole);
+    canvas->image = velt::make<NSImage>(halves);
+    canvas->path = velt::send(NSBezierPath::entry().object(), "bezierPathWithRect:", VELT_ID(whole));
+    for (const bool pointsDown : {false, true}) {
+        canvas->pointsDown = pointsDown;
+        // A painter that is a little slanted has no dots to go by, as on paper.
+        for (const double slant : {0.0, 1e-6}) {
+            QImage seen(kWidth, kHeight, QImage::Format_RGB32);
+            seen.fill(Qt::white);
+            {
+                QPainter painter(&seen);
+                painter.shear(slant, 0);
+                canvas->draw(painter, whole);
+            }
+            EXPECT_EQ(qRgb(0, 0, 0), seen.pixel(30, 15)) << pointsDown << " " << slant;
+            EXPECT_EQ(qRgb(255, 0, 0), seen.pixel(30, 28)) << pointsDown << " " << slant;
+            EXPECT_EQ(qRgb(255, 255, 255), seen.pixel(30, 8)) << pointsDown << " " << slant;
+        }
+    }
+}
+
 TEST(BackgroundViews, AreDrivenByProgramsWithThreeFunctions) {
     const Ref<VLBackgroundView> view = backgroundView();
     EXPECT_VALUE("nil", VELT_VLBACKGROUNDVIEW_SETBACKGROUNDGRADIENT(view, color(1, 0, 0), color(0, 0, 1)));

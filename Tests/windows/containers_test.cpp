@@ -65,6 +65,17 @@ public:
     id pane;
 };
 
+/// Raises as soon as the panes of a split view have changed.
+class PaneCritic : public NSObject {
+    VELT_OBJECT(PaneCritic, NSObject)
+
+public:
+    void didResize(const id&) { velt::raise("PaneException", "too narrow"); }
+    static void describe(velt::ClassBuilder<PaneCritic>& c) {
+        c.method("splitViewDidResizeSubviews:", &PaneCritic::didResize);
+    }
+};
+
 Ref<NSTabView> tabs(const std::vector<std::string>& labels) {
     const Ref<NSTabView> view(velt::as<NSTabView>(VELT_NSTABVIEW_INIT(nil, "")));
     for (const std::string& label : labels) {
@@ -236,10 +247,11 @@ TEST(TabViews, FindTheirItemsByIdentifier) {
     EXPECT_EQ("Two", selected(*view));
     EXPECT_VALUE("q 1", velt::send(view, "indexOfTabViewItemWithIdentifier:", str("Two")));
     EXPECT_VALUE("q -1", velt::send(view, "indexOfTabViewItemWithIdentifier:", str("Four")));
-    EXPECT_RAISES("NSRangeException: selectTabViewItemWithIdentifier:: index -1 is out of range; the count is 2",
-                  velt::send(view, "selectTabViewItemWithIdentifier:", str("Four")));
+    EXPECT_RAISES(
+        "NSRangeException: 'NSTabView' selectTabViewItemWithIdentifier:: index -1 is out of range; the count is 2",
+        velt::send(view, "selectTabViewItemWithIdentifier:", str("Four")));
     for (const int index : {2, -1}) {
-        EXPECT_RAISES("NSRangeException: selectTabViewItemAtIndex:: index " + std::to_string(index) +
+        EXPECT_RAISES("NSRangeException: 'NSTabView' selectTabViewItemAtIndex:: index " + std::to_string(index) +
                           " is out of range; the count is 2",
                       VELT_NSTABVIEW_SELECT(view, integer(index)));
     }
@@ -307,8 +319,9 @@ TEST(SplitViews, ShareTheirRoomAmongTheirPanes) {
     EXPECT_EQ("{{0, 0}, {52, 80}} {{53, 0}, {156, 80}} ", frames(*view));
     view->setFrameSize({0, 0});
     EXPECT_EQ("{{0, 0}, {0, 0}} {{1, 0}, {0, 0}} ", frames(*view));
-    EXPECT_RAISES("NSRangeException: setPosition:ofDividerAtIndex:: index 1 is out of range; the count is 1",
-                  velt::send(view, "setPosition:ofDividerAtIndex:", integer(25), integer(1)));
+    EXPECT_RAISES(
+        "NSRangeException: 'NSSplitView' setPosition:ofDividerAtIndex:: index 1 is out of range; the count is 1",
+        velt::send(view, "setPosition:ofDividerAtIndex:", integer(25), integer(1)));
 }
 
 TEST(SplitViews, GiveTheRoomOfAHiddenPaneToTheOthers) {
@@ -336,6 +349,17 @@ TEST(SplitViews, MayLoseAPaneWhileTheyAreResized) {
     outer->adjustSubviews();
     EXPECT_EQ("{{0, 0}, {209, 80}} ", frames(*outer));
     inner->setDelegate(nil);
+}
+
+TEST(SplitViews, GoOnSharingTheirRoomAfterAPaneHasRaised) {
+    const Ref<NSSplitView> outer = panes(0, {309, 100}, true), inner = panes(2, {100, 100}, false);
+    outer->addSubview(inner.get());
+    outer->addSubview(velt::make<NSView>().get());
+    inner->setDelegate(velt::make<PaneCritic>());
+    EXPECT_RAISES("PaneException: too narrow", outer->setFrameSize({209, 80}));
+    inner->setDelegate(nil);
+    outer->adjustSubviews();
+    EXPECT_EQ("{{0, 0}, {200, 80}} {{209, 0}, {0, 80}} ", frames(*outer));
 }
 
 TEST(SplitViews, LetTheirDividersBeDragged) {

@@ -137,6 +137,23 @@ TEST_F(DesignedWindows, AreArrangedByTheirLayouts) {
     EXPECT_NEAR(450 - 9, frameOf(form->nameField).origin.x + frameOf(form->nameField).size.width, 1);
 }
 
+TEST_F(DesignedWindows, LimitDistancesToWhatLayoutsCanReckonWith) {
+    const std::string content =
+        "<layout class=\"QVBoxLayout\" name=\"rows\"><item>" +
+        widget(
+            "QLineEdit", "nameField",
+            "<property name=\"minimumSize\"><size><width>1000000000000</width><height>20</height></size></property>") +
+        "</item><item><spacer name=\"s\"><property name=\"orientation\"><enum>Qt::Vertical</enum></property>"
+        "<property name=\"sizeType\"><enum>QSizePolicy::Fixed</enum></property><property name=\"sizeHint\">"
+        "<size><width>20</width><height>1000000000000</height></size></property></spacer></item></layout>";
+    ASSERT_EQ("", load(document(content)));
+    const NSSize least = window().contentMinSize();
+    for (const double extent : {least.width, least.height}) {
+        EXPECT_LE(QWIDGETSIZE_MAX, extent);
+        EXPECT_GT(2.0 * QWIDGETSIZE_MAX, extent);
+    }
+}
+
 TEST_F(DesignedWindows, NameWhatTheyCannotBeMadeOf) {
     const std::string failure = load(document(widget("QRocket", "saveButton", "")));
     EXPECT_NE(failure.npos, failure.find("there is no class 'QRocket' to make an object of")) << failure;

@@ -46,6 +46,21 @@ public:
     bool acceptsFirstResponder() const override { return true; }
 };
 
+/// A document as wide as what shows it, which raises when it is to.
+class RefusingDocument : public NSView {
+    VELT_OBJECT(RefusingDocument, NSView)
+
+public:
+    RefusingDocument() { setAutoresizingMask(velt::kWidthSizable); }
+    bool refuses = false;
+
+protected:
+    void sizeChanged(NSSize before) override {
+        if (refuses) velt::raise("DocumentException", "wide enough");
+        NSView::sizeChanged(before);
+    }
+};
+
 /// Hears of a moved scroller.
 class ScrollerListener : public NSObject {
     VELT_OBJECT(ScrollerListener, NSObject)
@@ -143,6 +158,17 @@ TEST(ScrollViews, StayWithinADocumentThatShrinks) {
     EXPECT_EQ("{{50, 10}, {100, 80}}", seen(view));
     view->setFrameSize({400, 400});
     EXPECT_EQ("{{0, 0}, {400, 400}}", seen(view));
+}
+
+TEST(ScrollViews, GoOnShowingTheirDocumentAfterItHasRaised) {
+    const Ref<RefusingDocument> document = velt::make<RefusingDocument>();
+    const Ref<NSScrollView> view = scrollView(document, {100, 80}, {100, 80});
+    document->refuses = true;
+    EXPECT_RAISES("DocumentException: wide enough", view->setFrameSize({200, 80}));
+    document->refuses = false;
+    view->setFrameSize({300, 80});
+    EXPECT_EQ("{{0, 0}, {300, 80}}", seen(view));
+    EXPECT_EQ(300, document->frame().size.width);
 }
 
 TEST(ScrollViews, ShowScrollersAsTheyAreAsked) {

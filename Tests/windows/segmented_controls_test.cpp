@@ -172,6 +172,15 @@ TEST(SegmentedControls, ShowEachSegmentInItsWidth) {
     EXPECT_VALUE("''", velt::send(row.control, "labelForSegment:", VELT_ID(4L)));
 }
 
+TEST(SegmentedControls, LimitWidthsToWhatARowCanReckonWith) {
+    const ControlWindow window;
+    const Row row(window);
+    for (const long place : {0L, 1L}) velt::send(row.control, "setWidth:forSegment:", VELT_ID(3e9), VELT_ID(place));
+    const double width = velt::as<NSControl>(row.control)->cellObject().cellSize().width;
+    EXPECT_LT(1e6, width);
+    EXPECT_GT(1.1e6, width);
+}
+
 TEST(SegmentedControls, SayWhatTheyAreToThoseWhoCannotSee) {
     ControlWindow window;
     const Row row(window);

@@ -197,6 +197,9 @@ TEST(ColorWells, TakeThePanelsColourWhileTheyAreActive) {
     EXPECT_TRUE(velt::isEqual(colorOf(10, 20, 250), ask(well, "color")));
     EXPECT_EQ(1, owner->taken());
     EXPECT_EQ(1, owner->colors);
+    panel.picked(colorOf(10, 20, 250));  // the colour that it shows
+    EXPECT_EQ(0, owner->taken());
+    EXPECT_EQ(1, owner->colors);
     QTest::keyClick(&dialog, Qt::Key_Escape);
     EXPECT_TRUE(dialog.isVisible());
     tell(well, "setColor:", colorOf(1, 2, 3));  // a program's colour comes to the panel, without an action

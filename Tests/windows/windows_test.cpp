@@ -182,6 +182,19 @@ TEST(Windows, ComeAndGoAndTellTheirDelegate) {
     EXPECT_VALUE("c 0", VELT_NSWINDOW_VISIBLE(window));
 }
 
+TEST(Windows, FollowTheScreenAfterAChangeOfABarHasRaised) {
+    const Ref<NSWindow> window(velt::as<NSWindow>(VELT_NSWINDOW_INIT(nil, "")));
+    VELT_NSWINDOW_FRAME(window, rect(50, 60, 200, 150));
+    VELT_NSWINDOW_SHOW(window);
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&window->widget()));
+    EXPECT_RAISES("BarException: no room",
+                  window->changeBar([](QMainWindow&) { velt::raise("BarException", "no room"); }));
+    window->widget().resize(260, 190);
+    QApplication::processEvents();
+    EXPECT_EQ(260, window->frame().size.width);
+    VELT_NSWINDOW_CLOSE(window);
+}
+
 TEST(Views, GetTheMouseAndTheKeysInTheirOwnCoordinates) {
     const id window = VELT_NSWINDOW_INIT(nil, "");
     VELT_NSWINDOW_FRAME(window, frame(50, 60, 200, 122));

@@ -18,13 +18,14 @@ void fill(QPainter& painter, const QPainterPath& path, const QBrush& brush, doub
     painter.restore();
 }
 
-/// A picture as a brush, its upper left corner at a point of coordinates whose y points up.
-QBrush pictureBrush(const NSImage& image, QPointF corner) {
+/// A picture as a brush, its upper left corner at that of a rectangle as it is seen. The brush's y points up or down.
+QBrush pictureBrush(const NSImage& image, const QRectF& place, bool upwards) {
+    const QPointF corner = upwards ? place.bottomLeft() : place.topLeft();
     QImage picture = image.picture();
     const double ratio = picture.devicePixelRatio();
     picture.setDevicePixelRatio(1);
     QBrush brush(picture);
-    brush.setTransform(QTransform::fromScale(1 / ratio, -1 / ratio) *
+    brush.setTransform(QTransform::fromScale(1 / ratio, (upwards ? -1 : 1) / ratio) *
                        QTransform::fromTranslate(corner.x(), corner.y()));
     return brush;
 }
@@ -53,7 +54,8 @@ bool BackgroundLayers::operator==(const BackgroundLayers& other) const {
            imageAlpha == other.imageAlpha && size == other.size && path == other.path;
 }
 
-void drawThrough(QPainter& painter, const NSImage& image, double alpha, const QPainterPath& path, QSizeF size) {
+void drawThrough(QPainter& painter, const NSImage& image, double alpha, const QPainterPath& path, QSizeF size,
+                 bool upwards) {
     const NSSize own = image.size();
     // One that is as large as the path lies at the origin wherever the path is; programs rely on it.
     const bool fits = path.boundingRect().size() == QSizeF(own.width, own.height);
@@ -61,7 +63,7 @@ void drawThrough(QPainter& painter, const NSImage& image, double alpha, const QP
     const QRectF place(corner, QSizeF(own.width, own.height));
     const QRect dots = dotsOf(painter, place);
     painter.save();
-    QBrush brush = pictureBrush(image, place.bottomLeft());
+    QBrush brush = pictureBrush(image, place, upwards);
     if (dots.isEmpty()) {
         painter.setClipRect(place, Qt::IntersectClip);
     } else {
@@ -94,7 +96,7 @@ void drawLayers(QPainter& painter, const BackgroundLayers& layers) {
         // Its dots become squares where that is possible.
         const double each = dotsEach(*layers.pattern, painter);
         painter.setRenderHint(QPainter::SmoothPixmapTransform, each != std::round(each));
-        fill(painter, layers.path, pictureBrush(*layers.pattern, area.bottomLeft()), alpha);
+        fill(painter, layers.path, pictureBrush(*layers.pattern, area, true), alpha);
     }
     if (layers.gradient) {
         const NSRect rect{{0, 0}, {area.width(), area.height()}};
@@ -102,7 +104,7 @@ void drawLayers(QPainter& painter, const BackgroundLayers& layers) {
         fill(painter, layers.path, axialBrush(layers.gradient->stops(), axis, painter, area), alpha);
     }
     if (isThere(layers.image)) {
-        drawThrough(painter, *layers.image, static_cast<double>(layers.imageAlpha), layers.path, layers.size);
+        drawThrough(painter, *layers.image, static_cast<double>(layers.imageAlpha), layers.path, layers.size, true);
     }
 }
 

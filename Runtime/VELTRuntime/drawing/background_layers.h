@@ -29,8 +29,9 @@ struct BackgroundLayers {
 /// Draws all layers. The painter's coordinates are those of the path.
 void drawLayers(QPainter& painter, const BackgroundLayers& layers);
 /// Draws an image through a path, in the middle of what has that size; at its origin when the image is as large as the
-/// path.
-void drawThrough(QPainter& painter, const NSImage& image, double alpha, const QPainterPath& path, QSizeF size);
+/// path. It is upright where the painter's y points up and where it points down.
+void drawThrough(QPainter& painter, const NSImage& image, double alpha, const QPainterPath& path, QSizeF size,
+                 bool upwards);
 
 /// A background as it was drawn the last time.
 class BackgroundCache {

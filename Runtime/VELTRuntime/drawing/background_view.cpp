@@ -143,7 +143,7 @@ void KRBackgroundView::drawImage(NSImage* image, float alpha, NSBezierPath* path
     if (!context || !image || !path || !image->isValid()) return;
     const NSSize size = bounds().size;
     velt::drawThrough(context->painter(), *image, static_cast<double>(opacity(alpha)), path->filled(),
-                      QSizeF(size.width, size.height));
+                      QSizeF(size.width, size.height), context->isTurned());
 }
 
 void KRBackgroundView::describe(velt::ClassBuilder<KRBackgroundView>& c) {

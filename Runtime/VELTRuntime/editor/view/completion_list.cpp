@@ -7,10 +7,10 @@
 #include "VELTRuntime/platform/appkit/event.h"
 #include "VELTRuntime/platform/appkit/font.h"
 #include "VELTRuntime/platform/appkit/screen.h"
-#include "VELTRuntime/platform/appkit/text/setting.h"
 #include "VELTRuntime/platform/foundation/array.h"
 #include "VELTRuntime/platform/foundation/index_set.h"
 #include "VELTRuntime/platform/object/providers.h"
+#include "VELTRuntime/platform/object/setting.h"
 #include "VELTRuntime/values/text/utf.h"
 
 #include <QEventLoop>

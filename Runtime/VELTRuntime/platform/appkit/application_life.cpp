@@ -7,6 +7,7 @@
 #include "VELTRuntime/platform/foundation/run_loop.h"
 #include "VELTRuntime/platform/object/callback_failure.h"
 #include "VELTRuntime/platform/object/exception.h"
+#include "VELTRuntime/platform/object/setting.h"
 #include "VELTRuntime/values/boxing.h"
 #include "VELTRuntime/values/conversions.h"
 #include "VELTRuntime/values/string.h"
@@ -96,10 +97,9 @@ bool NSApplication::openFile(const std::string& path) {
 }
 
 void NSApplication::run() {
-    const bool outer = std::exchange(running_, true);
+    const velt::Setting running(running_, true);
     finishLaunching();
     while (running_) RunLoop::main().runOnce(kAlways);
-    running_ = outer;
 }
 
 void NSApplication::stop(const id&) {

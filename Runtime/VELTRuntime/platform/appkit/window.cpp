@@ -14,6 +14,7 @@
 #include "VELTRuntime/platform/appkit/view_widget.h"
 #include "VELTRuntime/platform/appkit/window_widget.h"
 #include "VELTRuntime/platform/foundation/notification_center.h"
+#include "VELTRuntime/platform/object/setting.h"
 
 #include <QApplication>
 #include <QImage>
@@ -400,7 +401,14 @@ void NSWindow::syncWidget() {
 
 void NSWindow::placeWidget() {
     if (!widget_) return;
-    placing_ = true;
+    setWidgetGeometry();
+    // The holder may have been laid out at once, while its reports were not wanted.
+    QWidget* shown = contentView_->existingWidget();
+    if (shown && widget_->isVisible()) shown->setGeometry(widget_->centralWidget()->rect());
+}
+
+void NSWindow::setWidgetGeometry() {
+    const velt::Setting placing(placing_, true);
     // A menu bar and toolbars are above the content, outside of the frame's arithmetic.
     const int extra = widget_->isVisible() ? std::max(0, widget_->height() - widget_->centralWidget()->height())
                                            : heightOfBars(*widget_);
@@ -418,18 +426,15 @@ void NSWindow::placeWidget() {
     } else {
         widget_->resize(rect.size());
     }
-    placing_ = false;
-    // The holder may have been laid out at once, while its reports were not wanted.
-    QWidget* shown = contentView_->existingWidget();
-    if (shown && widget_->isVisible()) shown->setGeometry(widget_->centralWidget()->rect());
 }
 
 void NSWindow::changeBar(const std::function<void(QMainWindow&)>& change) {
     QMainWindow& shown = widget();
-    placing_ = true;
-    change(shown);
-    shown.layout()->activate();
-    placing_ = false;
+    {
+        const velt::Setting placing(placing_, true);
+        change(shown);
+        shown.layout()->activate();
+    }
     placeWidget();
 }
 

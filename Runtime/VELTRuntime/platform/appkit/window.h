@@ -173,6 +173,7 @@ private:
     void syncTitle();
     void syncLimits();
     void placeWidget();
+    void setWidgetGeometry();
     void tell(std::string_view delegateSelector, std::string_view notification);
     void show(bool activate);
 

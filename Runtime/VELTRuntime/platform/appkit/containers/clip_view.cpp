@@ -3,6 +3,7 @@
 #include "VELTRuntime/platform/appkit/containers/scroll_view.h"
 #include "VELTRuntime/platform/appkit/graphics_context.h"
 #include "VELTRuntime/platform/appkit/qt_values.h"
+#include "VELTRuntime/platform/object/setting.h"
 
 #include <QPainter>
 #include <QWidget>
@@ -69,9 +70,10 @@ void NSClipView::moved() {
 /// The document or the room changed: what is seen stays within the document.
 void NSClipView::settle() {
     if (settling_) return;
-    settling_ = true;
-    setBounds({constrainScrollPoint(bounds().origin), frame().size});
-    settling_ = false;
+    {
+        const velt::Setting settling(settling_, true);
+        setBounds({constrainScrollPoint(bounds().origin), frame().size});
+    }
     moved();
 }
 

@@ -5,6 +5,7 @@
 #include "VELTRuntime/platform/appkit/event.h"
 #include "VELTRuntime/platform/appkit/event_delivery.h"
 #include "VELTRuntime/platform/appkit/graphics_context.h"
+#include "VELTRuntime/platform/object/setting.h"
 #include "VELTRuntime/values/string.h"
 
 #include <QAbstractScrollArea>
@@ -99,7 +100,16 @@ void NSScrollView::sizeChanged(NSSize before) {
 
 void NSScrollView::tile() {
     if (tiling_ || !vertical_ || !horizontal_) return;
-    tiling_ = true;
+    {
+        const velt::Setting tiling(tiling_, true);
+        placeParts();
+    }
+    showScrollers();
+    changed();
+}
+
+/// Where the scrollers and what is scrolled are.
+void NSScrollView::placeParts() {
     QAbstractScrollArea* own = selfScrolling();
     const double border = borderWidth(), bar = NSScroller::scrollerWidth();
     NSSize room{std::max(frame().size.width - 2 * border, 0.0), std::max(frame().size.height - 2 * border, 0.0)};
@@ -125,9 +135,6 @@ void NSScrollView::tile() {
         own->setVerticalScrollBarPolicy(hasVertical_ ? shown : Qt::ScrollBarAlwaysOff);
         own->setHorizontalScrollBarPolicy(hasHorizontal_ ? shown : Qt::ScrollBarAlwaysOff);
     }
-    tiling_ = false;
-    showScrollers();
-    changed();
 }
 
 void NSScrollView::showScrollers() {

@@ -68,6 +68,7 @@ private:
     NSClipView* clip() const;
     QAbstractScrollArea* selfScrolling() const;
     double borderWidth() const;
+    void placeParts();
     void showScrollers();
     bool scrollBy(double right, double down);
     void follow(QWidget* focused);

@@ -3,6 +3,7 @@
 #include "VELTRuntime/platform/appkit/containers/divider.h"
 #include "VELTRuntime/platform/foundation/notification_center.h"
 #include "VELTRuntime/platform/object/exception.h"
+#include "VELTRuntime/platform/object/setting.h"
 #include "VELTRuntime/values/string.h"
 
 #include <QWidget>
@@ -45,13 +46,14 @@ bool NSSplitView::isSubviewCollapsed(const id& view) const {
 }
 
 void NSSplitView::setPanes(const std::vector<Pane>& panes) {
-    arranging_ = true;
-    const NSSize size = frame().size;
-    for (const Pane& pane : panes) {
-        pane.view->setFrame(vertical_ ? NSRect{{pane.first, 0}, {pane.extent, size.height}}
-                                      : NSRect{{0, pane.first}, {size.width, pane.extent}});
+    {
+        const velt::Setting arranging(arranging_, true);
+        const NSSize size = frame().size;
+        for (const Pane& pane : panes) {
+            pane.view->setFrame(vertical_ ? NSRect{{pane.first, 0}, {pane.extent, size.height}}
+                                          : NSRect{{0, pane.first}, {size.width, pane.extent}});
+        }
     }
-    arranging_ = false;
     placeDividers();
     tellResized();
 }
@@ -99,7 +101,9 @@ void NSSplitView::tellResized() {
 
 void NSSplitView::requireDivider(const char* operation, long divider) const {
     const std::size_t panes = shownPanes().size(), count = panes > 0 ? panes - 1 : 0;
-    if (divider < 0 || static_cast<std::size_t>(divider) >= count) velt::raiseRange(operation, divider, count);
+    if (divider < 0 || static_cast<std::size_t>(divider) >= count) {
+        velt::raiseRange("'" + isa().name() + "' " + operation, divider, count);
+    }
 }
 
 double NSSplitView::positionOfDivider(long divider) const {

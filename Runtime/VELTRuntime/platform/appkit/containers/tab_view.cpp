@@ -47,7 +47,9 @@ id NSTabView::tabViewItems() const {
 }
 
 id NSTabView::tabViewItemAtIndex(long index) const {
-    if (index < 0 || index >= numberOfTabViewItems()) velt::raiseRange("tabViewItemAtIndex:", index, items_.size());
+    if (index < 0 || index >= numberOfTabViewItems()) {
+        velt::raiseRange("'" + isa().name() + "' tabViewItemAtIndex:", index, items_.size());
+    }
     return items_[static_cast<std::size_t>(index)];
 }
 
@@ -70,7 +72,7 @@ void NSTabView::addTabViewItem(NSTabViewItem* item) { insertTabViewItem(item, nu
 
 void NSTabView::insertTabViewItem(NSTabViewItem* item, long index) {
     if (index < 0 || index > numberOfTabViewItems()) {
-        velt::raiseRange("insertTabViewItem:atIndex:", index, items_.size() + 1);
+        velt::raiseRange("'" + isa().name() + "' insertTabViewItem:atIndex:", index, items_.size() + 1);
     }
     if (!item || item->tabViewPointer() == this) return;
     const Ref<NSTabViewItem> kept(item);
@@ -155,13 +157,15 @@ void NSTabView::selectTabViewItem(NSTabViewItem* item) {
 
 void NSTabView::selectTabViewItemAtIndex(long index) {
     if (index < 0 || index >= numberOfTabViewItems()) {
-        velt::raiseRange("selectTabViewItemAtIndex:", index, items_.size());
+        velt::raiseRange("'" + isa().name() + "' selectTabViewItemAtIndex:", index, items_.size());
     }
     selectTabViewItem(items_[static_cast<std::size_t>(index)].get());
 }
 void NSTabView::selectTabViewItemWithIdentifier(const id& identifier) {
     const long index = indexOfTabViewItemWithIdentifier(identifier);
-    if (index < 0) velt::raiseRange("selectTabViewItemWithIdentifier:", index, items_.size());
+    if (index < 0) {
+        velt::raiseRange("'" + isa().name() + "' selectTabViewItemWithIdentifier:", index, items_.size());
+    }
     selectTabViewItemAtIndex(index);
 }
 void NSTabView::step(long by) {

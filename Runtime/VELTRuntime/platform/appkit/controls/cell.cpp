@@ -9,6 +9,7 @@
 #include "VELTRuntime/platform/foundation/attributed_string.h"
 #include "VELTRuntime/platform/object/exception.h"
 #include "VELTRuntime/platform/object/observing.h"
+#include "VELTRuntime/platform/object/setting.h"
 
 #include <QFontMetricsF>
 #include <algorithm>
@@ -80,11 +81,7 @@ void NSCell::setObjectValue(const id& value) {
 }
 
 void NSCell::takeValue(const id& value) {
-    taking_ = true;
-    struct Ends {
-        bool& flag;
-        ~Ends() { flag = false; }
-    } ends{taking_};
+    const velt::Setting taking(taking_, true);
     setObjectValue(value);
 }
 

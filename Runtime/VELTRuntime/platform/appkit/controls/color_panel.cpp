@@ -101,9 +101,9 @@ void NSColorPanel::setShowsAlpha(bool flag) {
 }
 
 void NSColorPanel::picked(const id& color) noexcept {
-    if (color == color_) return;
     const Ref<NSColorPanel> kept(this);
     velt::runReported([&] {
+        if (velt::isEqual(color, color_)) return;
         const id self = id(static_cast<NSObject*>(this));
         color_ = color;
         NSColorWell::takeColorForActive(color);

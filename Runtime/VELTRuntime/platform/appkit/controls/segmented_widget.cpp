@@ -14,6 +14,7 @@
 #include <QPainterPath>
 #include <QStyle>
 #include <QStyleOptionButton>
+#include <algorithm>
 #include <cmath>
 #include <numeric>
 
@@ -32,8 +33,9 @@ ButtonLook lookOf(const NSSegmentedCell& cell, const Segment& segment) {
 }
 
 int ownWidth(const NSSegmentedCell& cell, const Segment& segment, const QStyle& style) {
-    if (segment.width > 0) return static_cast<int>(std::lround(segment.width));
-    return buttonContentsSize(lookOf(cell, segment), style).width() + 2 * kSideMargin;
+    constexpr int kMost = 500'000;  // twice the width of the longest row is still an int
+    if (segment.width > 0) return static_cast<int>(std::lround(std::min<double>(segment.width, kMost)));
+    return std::min(buttonContentsSize(lookOf(cell, segment), style).width() + 2 * kSideMargin, kMost);
 }
 
 /// The widths of all segments in a row of that width: those without a width of their own share what is left.

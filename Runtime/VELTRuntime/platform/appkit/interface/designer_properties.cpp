@@ -3,15 +3,26 @@
 #include "VELTRuntime/values/conversions.h"
 #include "VELTRuntime/values/string.h"
 
+#include <QWidget>
+#include <algorithm>
+#include <cmath>
+
 namespace velt {
 
 namespace {
 
 double numberOf(const XmlElement& element) { return VELT_CDOUBLE(string(element.text)); }
 
-double numberIn(const XmlElement& element, std::string_view child) {
+/// A place or an extent. Files may say any number; the toolkit's layouts add them up as int.
+double distanceOf(const XmlElement& element) {
+    constexpr double kMost = QWIDGETSIZE_MAX;
+    const double number = numberOf(element);
+    return std::isnan(number) ? 0 : std::clamp(number, -kMost, kMost);
+}
+
+double distanceIn(const XmlElement& element, std::string_view child) {
     const XmlElement* found = element.child(child);
-    return found ? numberOf(*found) : 0;
+    return found ? distanceOf(*found) : 0;
 }
 
 }  // namespace
@@ -36,6 +47,12 @@ std::optional<double> designerNumber(const XmlElement& element, std::string_view
     return numberOf(*found);
 }
 
+std::optional<int> designerDistance(const XmlElement& element, std::string_view name) {
+    const XmlElement* found = designerProperty(element, name);
+    if (!found) return std::nullopt;
+    return static_cast<int>(distanceOf(*found));
+}
+
 std::optional<bool> designerFlag(const XmlElement& element, std::string_view name) {
     const XmlElement* found = designerProperty(element, name);
     if (!found) return std::nullopt;
@@ -45,14 +62,14 @@ std::optional<bool> designerFlag(const XmlElement& element, std::string_view nam
 std::optional<NSRect> designerRect(const XmlElement& element, std::string_view name) {
     const XmlElement* found = designerProperty(element, name);
     if (!found) return std::nullopt;
-    return NSRect{{numberIn(*found, "x"), numberIn(*found, "y")},
-                  {numberIn(*found, "width"), numberIn(*found, "height")}};
+    return NSRect{{distanceIn(*found, "x"), distanceIn(*found, "y")},
+                  {distanceIn(*found, "width"), distanceIn(*found, "height")}};
 }
 
 std::optional<NSSize> designerSize(const XmlElement& element, std::string_view name) {
     const XmlElement* found = designerProperty(element, name);
     if (!found) return std::nullopt;
-    return NSSize{numberIn(*found, "width"), numberIn(*found, "height")};
+    return NSSize{distanceIn(*found, "width"), distanceIn(*found, "height")};
 }
 
 bool designerHas(const XmlElement& element, std::string_view name, std::string_view value) {

@@ -18,8 +18,10 @@ const XmlElement* designerProperty(const XmlElement& element, std::string_view n
 std::optional<std::string> designerText(const XmlElement& element, std::string_view name,
                                         std::string_view kind = "property");
 std::optional<double> designerNumber(const XmlElement& element, std::string_view name);
+/// A distance in whole units, the nearest that the toolkit's layouts can reckon with.
+std::optional<int> designerDistance(const XmlElement& element, std::string_view name);
 std::optional<bool> designerFlag(const XmlElement& element, std::string_view name);
-/// A rectangle from the parent's upper left corner, y down.
+/// A rectangle from the parent's upper left corner, y down; within what the toolkit can reckon with, as sizes are too.
 std::optional<NSRect> designerRect(const XmlElement& element, std::string_view name);
 std::optional<NSSize> designerSize(const XmlElement& element, std::string_view name);
 /// The last part of an enumeration or a set of flags: "Horizontal" of "Qt::Horizontal" or

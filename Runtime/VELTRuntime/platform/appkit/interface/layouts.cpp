@@ -75,8 +75,7 @@ private:
         constexpr int kMost = QWIDGETSIZE_MAX;
         const auto most = designerSize(element, "maximumSize");
         if (!most) return {kMost, kMost};
-        return {static_cast<int>(std::min<double>(most->width, kMost)),
-                static_cast<int>(std::min<double>(most->height, kMost))};
+        return {static_cast<int>(most->width), static_cast<int>(most->height)};
     }
 
     NSView* const view_;
@@ -150,16 +149,14 @@ private:
             layout = gridOf(element, kind == "QFormLayout");
         }
         const int margin = outermost ? kMargin : 0;
-        const auto side = [&](std::string_view name) {
-            return static_cast<int>(designerNumber(element, name).value_or(margin));
-        };
+        const auto side = [&](std::string_view name) { return designerDistance(element, name).value_or(margin); };
         layout->setContentsMargins(side("leftMargin"), side("topMargin"), side("rightMargin"), side("bottomMargin"));
         return layout;
     }
 
     std::unique_ptr<QLayout> boxOf(const XmlElement& element, bool horizontal) {
         auto box = std::make_unique<QBoxLayout>(horizontal ? QBoxLayout::LeftToRight : QBoxLayout::TopToBottom);
-        box->setSpacing(static_cast<int>(designerNumber(element, "spacing").value_or(kSpacing)));
+        box->setSpacing(designerDistance(element, "spacing").value_or(kSpacing));
         for (const XmlElement& item : element.children) {
             if (item.name == "item") box->addItem(itemOf(item).release());
         }
@@ -170,9 +167,9 @@ private:
 
     std::unique_ptr<QLayout> gridOf(const XmlElement& element, bool isForm) {
         auto grid = std::make_unique<QGridLayout>();
-        const double spacing = designerNumber(element, "spacing").value_or(kSpacing);
-        grid->setHorizontalSpacing(static_cast<int>(designerNumber(element, "horizontalSpacing").value_or(spacing)));
-        grid->setVerticalSpacing(static_cast<int>(designerNumber(element, "verticalSpacing").value_or(spacing)));
+        const int spacing = designerDistance(element, "spacing").value_or(kSpacing);
+        grid->setHorizontalSpacing(designerDistance(element, "horizontalSpacing").value_or(spacing));
+        grid->setVerticalSpacing(designerDistance(element, "verticalSpacing").value_or(spacing));
         for (const XmlElement& item : element.children) {
             if (item.name != "item") continue;
             const int row = std::clamp(attributeNumber(item, "row", 0), 0, kMostRows);

@@ -128,7 +128,7 @@ void comboBox(const id& object, const XmlElement& element) {
 void popUpButton(const id& object, const XmlElement& element) {
     comboItems(object, element, "addItemWithTitle:");
     if (const auto index = designerNumber(element, "currentIndex"))
-        tell(object, "selectItemAtIndex:", number(static_cast<long>(*index)));
+        tell(object, "selectItemAtIndex:", number(truncated(*index)));
 }
 
 void box(const id& object, const XmlElement& element) { setTitle(object, element); }

@@ -7,6 +7,7 @@
 #include "VELTRuntime/platform/appkit/menus/pop_up_look.h"
 #include "VELTRuntime/platform/foundation/array.h"
 #include "VELTRuntime/platform/foundation/notification_center.h"
+#include "VELTRuntime/platform/object/setting.h"
 #include "VELTRuntime/values/string.h"
 
 #include <QApplication>
@@ -165,12 +166,13 @@ void NSPopUpButtonCell::synchronizeTitleAndSelectedItem() {
 
 void NSPopUpButtonCell::showSelection() {
     const Ref<NSMenuItem> next = altersState_ && !pullsDown_ ? selected_ : nullptr;
-    marking_ = true;
-    if (const Ref<NSMenuItem> before = std::exchange(marked_, next); before && before.get() != next.get()) {
-        before->setState(0);
+    {
+        const velt::Setting marking(marking_, true);
+        if (const Ref<NSMenuItem> before = std::exchange(marked_, next); before && before.get() != next.get()) {
+            before->setState(0);
+        }
+        if (next) next->setState(1);
     }
-    if (next) next->setState(1);
-    marking_ = false;
     changed();
 }
 

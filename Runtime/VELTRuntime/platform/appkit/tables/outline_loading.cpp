@@ -2,6 +2,7 @@
 #include "VELTRuntime/platform/appkit/tables/cells_view.h"
 #include "VELTRuntime/platform/appkit/tables/outline_model.h"
 #include "VELTRuntime/platform/appkit/tables/outline_view.h"
+#include "VELTRuntime/platform/object/setting.h"
 
 #include <QTreeView>
 #include <algorithm>
@@ -54,9 +55,10 @@ void NSOutlineView::reloadData() {
     beginReloading();
     model_->reset();
     // What was open is open again, if it is still there.
-    opening_ = true;
-    openAgain({}, open);
-    opening_ = false;
+    {
+        const velt::Setting opening(opening_, true);
+        openAgain({}, open);
+    }
     auto& selection = static_cast<velt::RowSelection&>(*view.selectionModel());
     QItemSelection kept;
     for (const Path& path : selected) {

@@ -6,6 +6,7 @@
 #include "VELTRuntime/platform/appkit/tables/outline_model.h"
 #include "VELTRuntime/platform/appkit/tables/outline_tree.h"
 #include "VELTRuntime/platform/foundation/dictionary.h"
+#include "VELTRuntime/platform/object/setting.h"
 
 #include <QHeaderView>
 #include <QTreeView>
@@ -123,9 +124,8 @@ bool NSOutlineView::mayChange(const QModelIndex& index, bool expand) {
 void NSOutlineView::expansionChanged(const QModelIndex& index, bool expanded) {
     if (opening_) return;
     if (!mayChange(index, expanded)) {
-        opening_ = true;
+        const velt::Setting opening(opening_, true);
         treeOf(itemView()).setExpanded(index, !expanded);
-        opening_ = false;
         return;
     }
     Ref<NSMutableDictionary> info = velt::make<NSMutableDictionary>();

@@ -6,6 +6,7 @@
 #include "VELTRuntime/platform/appkit/tables/table_view.h"
 #include "VELTRuntime/platform/appkit/window.h"
 #include "VELTRuntime/platform/foundation/array.h"
+#include "VELTRuntime/platform/object/setting.h"
 #include "VELTRuntime/values/class_casts.h"
 
 #include <QDrag>
@@ -46,13 +47,8 @@ void NSTableView::setDraggingSourceOperationMask(unsigned long mask, bool local)
 unsigned long NSTableView::validateDrop(const id& info, DropPlace& place) {
     const Selector asks = VELT_SELECTOR("tableView:validateDrop:proposedRow:proposedDropOperation:");
     if (!velt::respondsTo(dataSource_, asks)) return 0;
-    DropPlace* const before = std::exchange(validated_, &place);
+    const velt::Setting validated(validated_, &place);
     const DropPlace proposed = place;
-    struct Restore {
-        NSTableView& table;
-        DropPlace* before;
-        ~Restore() { table.validated_ = before; }
-    } const restore{*this, before};
     const id self(static_cast<NSObject*>(this));
     const long operations =
         VELT_CINTEGER(velt::send(dataSource_, asks, self, info, VELT_ID(proposed.row), VELT_ID(proposed.operation)));
@@ -149,9 +145,8 @@ void RowsView::startDrag(Qt::DropActions) {
     drag->setPixmap(pictureOf(*this, selectionModel()->selectedRows()));
     const Qt::DropActions actions =
         actionsOf(kept->draggingSourceOperationMask(true) | kept->draggingSourceOperationMask(false));
-    OwnDrag* const outer = std::exchange(ownDrag, &own);
+    const Setting dragging(ownDrag, &own);
     drag->exec(actions, actions & Qt::MoveAction ? Qt::MoveAction : Qt::CopyAction);
-    ownDrag = outer;
 }
 
 void RowsView::dragEnterEvent(QDragEnterEvent* event) { dragMoveEvent(event); }

@@ -3,11 +3,11 @@
 #include "VELTRuntime/platform/appkit/font.h"
 #include "VELTRuntime/platform/appkit/qt_values.h"
 #include "VELTRuntime/platform/appkit/text/moved_range.h"
-#include "VELTRuntime/platform/appkit/text/setting.h"
 #include "VELTRuntime/platform/appkit/text/text_widget.h"
 #include "VELTRuntime/platform/foundation/array.h"
 #include "VELTRuntime/platform/foundation/attribute_names.h"
 #include "VELTRuntime/platform/object/exception.h"
+#include "VELTRuntime/platform/object/setting.h"
 
 #include <QPalette>
 #include <climits>

@@ -1,6 +1,6 @@
 // Where the lines of a text view's widget lie, and how it scrolls.
-#include "VELTRuntime/platform/appkit/text/setting.h"
 #include "VELTRuntime/platform/appkit/text/text_widget.h"
+#include "VELTRuntime/platform/object/setting.h"
 
 #include <QScrollBar>
 #include <QStyle>

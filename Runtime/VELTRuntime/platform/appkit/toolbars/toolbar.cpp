@@ -10,6 +10,7 @@
 #include "VELTRuntime/platform/foundation/notification_center.h"
 #include "VELTRuntime/platform/foundation/user_defaults.h"
 #include "VELTRuntime/platform/object/exception.h"
+#include "VELTRuntime/platform/object/setting.h"
 #include "VELTRuntime/values/class_casts.h"
 #include "VELTRuntime/values/string.h"
 
@@ -224,13 +225,8 @@ void NSToolbar::moveItem(long from, long to) {
 
 void NSToolbar::setIdentifiers(const std::vector<id>& identifiers) {
     const Ref<NSToolbar> kept(this);
-    changing_ = true;
-    struct Ends {
-        bool& flag;
-        ~Ends() { flag = false; }
-    };
     {
-        const Ends ends{changing_};
+        const velt::Setting changing(changing_, true);
         while (!items_.empty()) removeItemAtIndex(static_cast<long>(items_.size()) - 1);
         for (const id& identifier : identifiers) {
             insertItemWithItemIdentifier(identifier, static_cast<long>(items_.size()));
