@@ -2,6 +2,7 @@
 
 #include "windows/tables_support.h"
 
+#include "VELTRuntime/platform/appkit/controls/secure_text_field.h"
 #include "VELTRuntime/platform/object/cycles.h"
 
 #include <QAbstractItemView>
@@ -167,6 +168,27 @@ TEST(Tables, ShowCellsOfEveryKind) {
     shown.source->states[1] = 0;
     shown.view().viewport()->update();
     EXPECT_NE(with, shown.view().viewport()->grab().toImage());
+}
+
+TEST(Tables, ShowDotsForSecrets) {
+    const Table shown;
+    const Ref<NSSecureTextFieldCell> cell = velt::make<NSSecureTextFieldCell>(str(""));
+    velt::send(cell, "setEditable:", VELT_ID(BOOL{1}));
+    shown.name->setDataCell(cell);
+    shown.source->texts = {{1, "iiii"}, {4, "WWWW"}, {5, "WW"}};
+    const auto picture = [&](int row) {
+        return shown.view().viewport()->grab(shown.view().visualRect(shown.view().model()->index(row, 0))).toImage();
+    };
+    EXPECT_EQ(picture(1), picture(4));
+    EXPECT_NE(picture(4), picture(5));
+    const QString said = shown.view().model()->index(4, 0).data().toString();
+    EXPECT_EQ(4, said.size());
+    EXPECT_FALSE(said.contains(QLatin1Char('W')));
+    shown.doubleClick(4);
+    auto* editor = shown.view().findChild<QLineEdit*>();
+    ASSERT_TRUE(editor);
+    EXPECT_EQ(QStringLiteral("WWWW"), editor->text());
+    EXPECT_EQ(QLineEdit::Password, editor->echoMode());
 }
 
 TEST(Tables, ForgetTheirColumnsAndSourcesWhenTheyGo) {

@@ -1,6 +1,7 @@
 #include "VELTRuntime/platform/appkit/controls/field_widget.h"
 
 #include "VELTRuntime/platform/appkit/accessibility/said_text.h"
+#include "VELTRuntime/platform/appkit/controls/secret_text.h"
 #include "VELTRuntime/platform/appkit/controls/text_field.h"
 #include "VELTRuntime/platform/appkit/event_delivery.h"
 #include "VELTRuntime/platform/appkit/qt_values.h"
@@ -300,7 +301,7 @@ void FieldWidget::paintText(QPainter& painter, NSTextField& field) {
         color = palette().color(QPalette::PlaceholderText);
     }
     if (text.isEmpty()) return;
-    if (field.isSecret()) text = QString(text.size(), QChar(style()->styleHint(QStyle::SH_LineEdit_PasswordCharacter)));
+    if (field.isSecret()) text = dotsFor(text, *style());
     const QRect place = textRect().adjusted(kTextMargin, 0, -kTextMargin, 0);
     const bool several = field.showsSeveralLines();
     if (const NSAttributedString* rich = cell.richText()) {
