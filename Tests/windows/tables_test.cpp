@@ -91,6 +91,32 @@ TEST(Tables, EditTextInPlaceAndOpenWhatCannotBeEdited) {
     EXPECT_EQ("open q 2 ", shown.source->told());
 }
 
+namespace {
+
+QStringList complaints;  // of the toolkit
+
+void noteComplaint(QtMsgType, const QMessageLogContext&, const QString& text) { complaints.append(text); }
+
+}  // namespace
+
+TEST(Tables, EditForTheProgramOnlyWhatMayBeEdited) {
+    const Table shown;
+    complaints.clear();
+    const QtMessageHandler before = qInstallMessageHandler(noteComplaint);
+    shown.table->editColumn(0, 3, nil, true);  // the delegate refuses
+    shown.table->editColumn(1, 1, nil, true);  // a button
+    shown.name->setEditable(false);
+    shown.table->editColumn(0, 1, nil, true);
+    qInstallMessageHandler(before);
+    EXPECT_TRUE(complaints.filter(QStringLiteral("editing failed")).isEmpty());
+    EXPECT_FALSE(shown.view().findChild<QLineEdit*>());
+    EXPECT_EQ(1, shown.table->selectedRow());
+    shown.name->setEditable(true);
+    shown.table->editColumn(0, 1, nil, true);
+    ASSERT_TRUE(shown.view().findChild<QLineEdit*>());
+    EXPECT_EQ(QStringLiteral("row 1"), shown.view().findChild<QLineEdit*>()->text());
+}
+
 TEST(Tables, WorkButtonsInTheirCells) {
     const Table shown;
     shown.click(1, 1);
