@@ -68,15 +68,10 @@ Qt::TextElideMode elision(long mode) {
 }  // namespace
 
 Qt::Alignment alignmentOf(long alignment, const QString& text, Qt::LayoutDirection direction) {
-    switch (alignment) {
-    case 0: return Qt::AlignLeft | Qt::AlignAbsolute;
-    case 1: return Qt::AlignRight | Qt::AlignAbsolute;
-    case 2: return Qt::AlignHCenter;
-    case 3: return Qt::AlignJustify;
-    default:
-        const bool fromRight = text.isRightToLeft() || direction == Qt::RightToLeft;
-        return (fromRight ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignAbsolute;
-    }
+    const Qt::Alignment asked = qtAlignment(alignment);
+    if (asked != Qt::AlignLeading) return asked;
+    const bool fromRight = text.isRightToLeft() || direction == Qt::RightToLeft;
+    return (fromRight ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignAbsolute;
 }
 
 FieldWidget::FieldWidget() {

@@ -2,6 +2,7 @@
 
 #include "VELTRuntime/platform/appkit/color.h"
 #include "VELTRuntime/platform/appkit/controls/button_cell.h"
+#include "VELTRuntime/platform/appkit/controls/color_group.h"
 #include "VELTRuntime/platform/appkit/controls/secret_text.h"
 #include "VELTRuntime/platform/appkit/event_delivery.h"
 #include "VELTRuntime/platform/appkit/font.h"
@@ -82,10 +83,7 @@ void MatrixWidget::paintCell(QPainter& painter, NSMatrix& matrix, MatrixPlace pl
         (!isButton && (cell->isHighlighted() || (matrix.showsSelection() && matrix.isSelected(place)))) ||
         (isButton && list && matrix.isSelected(place));
     if (shown) {
-        const QPalette::ColorGroup group = !enabled           ? QPalette::Disabled
-                                           : isActiveWindow() ? QPalette::Active
-                                                              : QPalette::Inactive;
-        painter.fillRect(option.rect, palette().color(group, QPalette::Highlight));
+        painter.fillRect(option.rect, palette().color(colorGroupOf(*this, enabled), QPalette::Highlight));
         option.state |= QStyle::State_Selected;
     } else if (!isButton && (cell->isBezeled() || cell->isEditable())) {
         painter.fillRect(option.rect, palette().color(QPalette::Base));
