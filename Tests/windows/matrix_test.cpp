@@ -184,6 +184,25 @@ TEST(Cells, AreCopiedWithWhatTheyWereTold) {
     EXPECT_TRUE(velt::isEqual(date->dateValue(), velt::as<NSDatePickerCell>(velt::copy(date))->dateValue()));
 }
 
+TEST(Matrices, RefuseMoreCellsThanThereIsRoomFor) {
+    const id matrix = VELT_NSMATRIX_INIT(nil, "");
+    const auto renew = [&](long rows, long columns) {
+        velt::send(matrix, "renewRows:columns:", VELT_ID(rows), VELT_ID(columns));
+    };
+    renew(2, 3);
+    EXPECT_RAISES("NSInvalidArgumentException: 'NSMatrix' cannot have 1001 rows and 1000 columns; the most is 1000000 "
+                  "cells",
+                  renew(1001, 1000));
+    EXPECT_RAISES("NSInvalidArgumentException: 'NSMatrix' cannot have 4611686018427387904 rows and 4 columns; the most "
+                  "is 1000000 cells",
+                  renew(1L << 62, 4));
+    EXPECT_RAISES("NSInvalidArgumentException: 'NSMatrix' cannot have 0 rows and 1000001 columns; the most is 1000000 "
+                  "cells",
+                  renew(0, 1'000'001));
+    EXPECT_VALUE("q 2", velt::send(matrix, "numberOfRows"));
+    EXPECT_VALUE("q 3", velt::send(matrix, "numberOfColumns"));
+}
+
 TEST(Matrices, InsertAndRemoveRowsAndColumns) {
     ControlWindow window;
     const Grid grid(window);

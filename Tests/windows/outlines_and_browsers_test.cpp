@@ -230,9 +230,9 @@ struct Browser {
         }
         return *all.at(column);
     }
-    void click(int column, int row) const {
+    void click(int column, int row, Qt::KeyboardModifiers held = {}) const {
         QListView& shown = list(column);
-        QTest::mouseClick(shown.viewport(), Qt::LeftButton, {},
+        QTest::mouseClick(shown.viewport(), Qt::LeftButton, held,
                           shown.visualRect(shown.model()->index(row, 0)).center());
     }
 
@@ -260,6 +260,27 @@ TEST(Browsers, OpenAColumnForWhatIsChosen) {
     shown.click(0, 3);
     EXPECT_EQ("/3 ", shown.source->told());
     EXPECT_EQ(1, shown.browser().lastColumn());
+}
+
+TEST(Browsers, KeepARowSelectedUnlessNoneIsAllowed) {
+    const Browser shown;
+    shown.click(0, 4);
+    shown.browser().setAllowsEmptySelection(false);
+    shown.click(0, 4, Qt::ControlModifier);
+    EXPECT_VALUE("'/4'", shown.browser().path());
+    shown.list(0).clearSelection();
+    EXPECT_EQ(1, shown.browser().lastColumn());
+    shown.click(0, 3);
+    EXPECT_VALUE("'/3'", shown.browser().path());
+    shown.browser().reloadColumn(0);
+    EXPECT_VALUE("'/3'", shown.browser().path());
+    shown.browser().loadColumnZero();
+    EXPECT_VALUE("'/'", shown.browser().path());
+    shown.browser().setAllowsEmptySelection(true);
+    shown.click(0, 4);
+    shown.click(0, 4, Qt::ControlModifier);
+    EXPECT_VALUE("'/'", shown.browser().path());
+    EXPECT_EQ(0, shown.browser().lastColumn());
 }
 
 TEST(Browsers, FollowAPath) {

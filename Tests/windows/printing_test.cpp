@@ -206,6 +206,13 @@ TEST(PrintedViews, WithoutRoomAreNotPrinted) {
     const id info = settings();
     velt::send(info, "setLeftMargin:", real(2000));
     EXPECT_FALSE(print(*view, info));
+    for (const double left : {0.5, 1.5}) {
+        // Half a point is no room, and a million points do not go onto pages of little more than one.
+        velt::send(info, "setLeftMargin:", real(595 - 72 - left));
+        view->setFrame({{0, 0}, {left < 1 ? 100.0 : 1'000'000.0, 100}});
+        EXPECT_FALSE(print(*view, info)) << left;
+    }
+    EXPECT_EQ("", view->heard);
     EXPECT_FALSE(file.isPrinted());
     EXPECT_VALUE("nil", velt::send(NSPrintOperation::entry().object(), "printOperationWithView:", nil));
 }

@@ -2,6 +2,7 @@
 
 #include "windows/tables_support.h"
 
+#include "VELTRuntime/platform/appkit/controls/secure_text_field.h"
 #include "VELTRuntime/platform/object/cycles.h"
 
 #include <QAbstractItemView>
@@ -90,6 +91,32 @@ TEST(Tables, EditTextInPlaceAndOpenWhatCannotBeEdited) {
     EXPECT_EQ("open q 2 ", shown.source->told());
 }
 
+namespace {
+
+QStringList complaints;  // of the toolkit
+
+void noteComplaint(QtMsgType, const QMessageLogContext&, const QString& text) { complaints.append(text); }
+
+}  // namespace
+
+TEST(Tables, EditForTheProgramOnlyWhatMayBeEdited) {
+    const Table shown;
+    complaints.clear();
+    const QtMessageHandler before = qInstallMessageHandler(noteComplaint);
+    shown.table->editColumn(0, 3, nil, true);  // the delegate refuses
+    shown.table->editColumn(1, 1, nil, true);  // a button
+    shown.name->setEditable(false);
+    shown.table->editColumn(0, 1, nil, true);
+    qInstallMessageHandler(before);
+    EXPECT_TRUE(complaints.filter(QStringLiteral("editing failed")).isEmpty());
+    EXPECT_FALSE(shown.view().findChild<QLineEdit*>());
+    EXPECT_EQ(1, shown.table->selectedRow());
+    shown.name->setEditable(true);
+    shown.table->editColumn(0, 1, nil, true);
+    ASSERT_TRUE(shown.view().findChild<QLineEdit*>());
+    EXPECT_EQ(QStringLiteral("row 1"), shown.view().findChild<QLineEdit*>()->text());
+}
+
 TEST(Tables, WorkButtonsInTheirCells) {
     const Table shown;
     shown.click(1, 1);
@@ -167,6 +194,27 @@ TEST(Tables, ShowCellsOfEveryKind) {
     shown.source->states[1] = 0;
     shown.view().viewport()->update();
     EXPECT_NE(with, shown.view().viewport()->grab().toImage());
+}
+
+TEST(Tables, ShowDotsForSecrets) {
+    const Table shown;
+    const Ref<NSSecureTextFieldCell> cell = velt::make<NSSecureTextFieldCell>(str(""));
+    velt::send(cell, "setEditable:", VELT_ID(BOOL{1}));
+    shown.name->setDataCell(cell);
+    shown.source->texts = {{1, "iiii"}, {4, "WWWW"}, {5, "WW"}};
+    const auto picture = [&](int row) {
+        return shown.view().viewport()->grab(shown.view().visualRect(shown.view().model()->index(row, 0))).toImage();
+    };
+    EXPECT_EQ(picture(1), picture(4));
+    EXPECT_NE(picture(4), picture(5));
+    const QString said = shown.view().model()->index(4, 0).data().toString();
+    EXPECT_EQ(4, said.size());
+    EXPECT_FALSE(said.contains(QLatin1Char('W')));
+    shown.doubleClick(4);
+    auto* editor = shown.view().findChild<QLineEdit*>();
+    ASSERT_TRUE(editor);
+    EXPECT_EQ(QStringLiteral("WWWW"), editor->text());
+    EXPECT_EQ(QLineEdit::Password, editor->echoMode());
 }
 
 TEST(Tables, ForgetTheirColumnsAndSourcesWhenTheyGo) {

@@ -53,7 +53,12 @@ public:
         return texts({"new", "open", "save", "search", "NSToolbarSpaceItem", "NSToolbarFlexibleSpaceItem",
                       "NSToolbarSeparatorItem"});
     }
-    id selectable(const id&) { return selects ? texts({"new", "open"}) : texts({}); }
+    id selectable(const id& toolbar) {
+        questions += 1;
+        const std::string name = std::exchange(inserts, "");
+        if (!name.empty()) velt::send(toolbar, "insertItemWithItemIdentifier:atIndex:", str(name.c_str()), VELT_ID(0L));
+        return selects ? texts({"new", "open"}) : texts({});
+    }
     void willAdd(const id& note) { added += nameIn(note); }
     void didRemove(const id& note) { removed += nameIn(note); }
     void click(const id& sender) { heard += "click " + velt::utf8(VELT_NSTOOLBARITEM_ITEMIDENTIFIER(sender)) + " "; }
@@ -73,9 +78,9 @@ public:
             .method("click:", &BarOwner::click);
     }
     std::string told() { return std::exchange(heard, ""); }
-    std::string heard, added, removed, refuses;
+    std::string heard, added, removed, refuses, inserts;
     bool selects = false, relabels = false;
-    int validations = 0;
+    int validations = 0, questions = 0;
 
 private:
     static std::string nameIn(const id& note) {
@@ -259,6 +264,23 @@ TEST(Toolbars, ChooseOneOfTheItemsThatCanBeChosen) {
     EXPECT_TRUE(bar.button("new")->isChecked());
     QTest::mouseClick(bar.button("new"), Qt::LeftButton);
     EXPECT_TRUE(bar.button("new")->isChecked());
+}
+
+TEST(Toolbars, BearADelegateThatChangesThemWhenItIsAskedWhatStaysChosen) {
+    const ControlWindow window({{50, 60}, {600, 180}});
+    const Bar bar(window);
+    bar.owner->selects = true;
+    window.show();
+    bar.owner->inserts = "save";
+    bar.owner->questions = 0;
+    VELT_NSTOOLBAR_SETSELECTEDITEMIDENTIFIER(bar.toolbar, str("open"));
+    EXPECT_EQ(1, bar.owner->questions);
+    EXPECT_EQ("save new open FlexibleSpace search ", bar.names());
+    EXPECT_EQ(bar.names(), bar.shown());
+    EXPECT_EQ(5U, bar.widget().strip().places().size());
+    ASSERT_TRUE(bar.button("open"));
+    EXPECT_TRUE(bar.button("open")->isChecked());
+    EXPECT_FALSE(bar.button("save")->isCheckable());
 }
 
 TEST(Toolbars, InsertAndRemoveItems) {

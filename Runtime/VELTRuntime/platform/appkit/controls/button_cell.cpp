@@ -4,6 +4,7 @@
 #include "VELTRuntime/platform/appkit/controls/button_look.h"
 #include "VELTRuntime/platform/appkit/controls/control.h"
 #include "VELTRuntime/platform/appkit/event.h"
+#include "VELTRuntime/platform/appkit/kept_text.h"
 #include "VELTRuntime/platform/appkit/qt_values.h"
 #include "VELTRuntime/platform/foundation/attributed_string.h"
 #include "VELTRuntime/platform/object/observing.h"
@@ -37,8 +38,6 @@ constexpr std::array<TypeRow, 8> kTypes{{
 constexpr long kCentred = 2, kByDirection = 4;
 
 bool hasIndicator(ButtonType type) { return type == ButtonType::Switch || type == ButtonType::Radio; }
-
-id textOrEmpty(const id& text) { return velt::isString(text) ? velt::copy(text) : velt::string(std::u16string_view()); }
 
 id attributedOr(const id& attributed, const id& plain) {
     if (!attributed.isNil()) return attributed;
@@ -135,12 +134,12 @@ void NSButtonCell::performClick(const id& sender) {
 // Contents.
 
 void NSButtonCell::setTitle(const id& title) {
-    title_ = textOrEmpty(title);
+    title_ = velt::textOrEmpty(title);
     attributedTitle_ = nil;
     changed();
 }
 void NSButtonCell::setAlternateTitle(const id& title) {
-    alternateTitle_ = textOrEmpty(title);
+    alternateTitle_ = velt::textOrEmpty(title);
     attributedAlternateTitle_ = nil;
     changed();
 }
@@ -148,13 +147,13 @@ void NSButtonCell::setAlternateTitle(const id& title) {
 id NSButtonCell::attributedTitle() const { return attributedOr(attributedTitle_, title_); }
 void NSButtonCell::setAttributedTitle(const id& title) {
     attributedTitle_ = velt::attributedStringOf(title) ? velt::copy(title) : nil;
-    title_ = attributedTitle_.isNil() ? textOrEmpty(title) : velt::attributedStringOf(attributedTitle_)->string();
+    title_ = attributedTitle_.isNil() ? velt::textOrEmpty(title) : velt::attributedStringOf(attributedTitle_)->string();
     changed();
 }
 id NSButtonCell::attributedAlternateTitle() const { return attributedOr(attributedAlternateTitle_, alternateTitle_); }
 void NSButtonCell::setAttributedAlternateTitle(const id& title) {
     attributedAlternateTitle_ = velt::attributedStringOf(title) ? velt::copy(title) : nil;
-    alternateTitle_ = attributedAlternateTitle_.isNil() ? textOrEmpty(title)
+    alternateTitle_ = attributedAlternateTitle_.isNil() ? velt::textOrEmpty(title)
                                                         : velt::attributedStringOf(attributedAlternateTitle_)->string();
     changed();
 }
@@ -199,7 +198,7 @@ NSSize NSButtonCell::cellSize() const {
 // Keys.
 
 void NSButtonCell::setKeyEquivalent(const id& key) {
-    keyEquivalent_ = textOrEmpty(key);
+    keyEquivalent_ = velt::textOrEmpty(key);
     changed();
 }
 void NSButtonCell::setKeyEquivalentModifierMask(unsigned long mask) {

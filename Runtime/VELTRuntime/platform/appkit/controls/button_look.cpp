@@ -79,11 +79,10 @@ QSize contentSize(const ButtonLook& look, const Parts& parts) {
                    : larger.expandedTo({0, 0});
 }
 
+/// A title is too short to be justified: it stands at the left then.
 Qt::Alignment horizontal(long alignment) {
-    constexpr long kRight = 1, kCentred = 2, kByDirection = 4;
-    if (alignment == kCentred) return Qt::AlignHCenter;
-    if (alignment == kByDirection) return Qt::AlignLeft;
-    return (alignment == kRight ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignAbsolute;
+    constexpr long kLeft = 0, kJustified = 3;
+    return qtAlignment(alignment == kJustified ? kLeft : alignment);
 }
 
 /// Where picture and title go within the room that the border leaves.

@@ -6,9 +6,11 @@
 
 namespace velt {
 
-inline QPalette::ColorGroup colorGroupOf(const QWidget& widget) {
-    if (!widget.isEnabled()) return QPalette::Disabled;
+/// For a part of the widget that may be disabled by itself.
+inline QPalette::ColorGroup colorGroupOf(const QWidget& widget, bool isEnabled) {
+    if (!isEnabled) return QPalette::Disabled;
     return widget.isActiveWindow() ? QPalette::Active : QPalette::Inactive;
 }
+inline QPalette::ColorGroup colorGroupOf(const QWidget& widget) { return colorGroupOf(widget, widget.isEnabled()); }
 
 }  // namespace velt

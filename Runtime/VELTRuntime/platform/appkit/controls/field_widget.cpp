@@ -1,6 +1,7 @@
 #include "VELTRuntime/platform/appkit/controls/field_widget.h"
 
 #include "VELTRuntime/platform/appkit/accessibility/said_text.h"
+#include "VELTRuntime/platform/appkit/controls/secret_text.h"
 #include "VELTRuntime/platform/appkit/controls/text_field.h"
 #include "VELTRuntime/platform/appkit/event_delivery.h"
 #include "VELTRuntime/platform/appkit/qt_values.h"
@@ -67,15 +68,10 @@ Qt::TextElideMode elision(long mode) {
 }  // namespace
 
 Qt::Alignment alignmentOf(long alignment, const QString& text, Qt::LayoutDirection direction) {
-    switch (alignment) {
-    case 0: return Qt::AlignLeft | Qt::AlignAbsolute;
-    case 1: return Qt::AlignRight | Qt::AlignAbsolute;
-    case 2: return Qt::AlignHCenter;
-    case 3: return Qt::AlignJustify;
-    default:
-        const bool fromRight = text.isRightToLeft() || direction == Qt::RightToLeft;
-        return (fromRight ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignAbsolute;
-    }
+    const Qt::Alignment asked = qtAlignment(alignment);
+    if (asked != Qt::AlignLeading) return asked;
+    const bool fromRight = text.isRightToLeft() || direction == Qt::RightToLeft;
+    return (fromRight ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignAbsolute;
 }
 
 FieldWidget::FieldWidget() {
@@ -300,7 +296,7 @@ void FieldWidget::paintText(QPainter& painter, NSTextField& field) {
         color = palette().color(QPalette::PlaceholderText);
     }
     if (text.isEmpty()) return;
-    if (field.isSecret()) text = QString(text.size(), QChar(style()->styleHint(QStyle::SH_LineEdit_PasswordCharacter)));
+    if (field.isSecret()) text = dotsFor(text, *style());
     const QRect place = textRect().adjusted(kTextMargin, 0, -kTextMargin, 0);
     const bool several = field.showsSeveralLines();
     if (const NSAttributedString* rich = cell.richText()) {

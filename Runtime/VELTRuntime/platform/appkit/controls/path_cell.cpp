@@ -4,6 +4,7 @@
 #include "VELTRuntime/platform/appkit/color.h"
 #include "VELTRuntime/platform/appkit/controls/path_widget.h"
 #include "VELTRuntime/platform/appkit/event_delivery.h"
+#include "VELTRuntime/platform/appkit/file_url.h"
 #include "VELTRuntime/platform/appkit/font.h"
 #include "VELTRuntime/platform/appkit/qt_values.h"
 #include "VELTRuntime/platform/foundation/array.h"
@@ -21,8 +22,6 @@ using velt::cellProperty;
 using velt::Ref;
 
 namespace {
-
-id fileUrl(const QString& path) { return NSURL::withString(QUrl::fromLocalFile(path).toEncoded().toStdString()); }
 
 std::string iconOf(const NSURL& url) {
     if (!url.isFile()) return url.filePath().empty() || url.filePath() == "/" ? "network-server" : "text-html";
@@ -46,10 +45,10 @@ std::vector<Ref<NSPathComponentCell>> componentsOf(const NSURL& url) {
     const QStringList parts = QString::fromStdString(url.filePath()).split(u'/', Qt::SkipEmptyParts);
     if (url.isFile()) {
         QString path = QDir::rootPath();
-        cells.push_back(component(path, fileUrl(path)));
+        cells.push_back(component(path, velt::fileUrl(path)));
         for (const QString& part : parts) {
             path += (path.endsWith(u'/') ? QString() : QStringLiteral("/")) + part;
-            cells.push_back(component(part, fileUrl(path)));
+            cells.push_back(component(part, velt::fileUrl(path)));
         }
         return cells;
     }
@@ -97,7 +96,7 @@ void NSPathCell::setObjectValue(const id& value) {
         if (text.isEmpty())
             url = nil;
         else if (text.startsWith(u'/'))
-            url = fileUrl(text);
+            url = velt::fileUrl(text);
         else
             url = NSURL::withString(velt::utf8(value));
         if (url.isNil() && !text.isEmpty()) velt::raiseClassExpected(NSURL::entry());
@@ -234,7 +233,7 @@ void NSPathControl::doubleClicked(NSPathComponentCell& component) noexcept {
 void NSPathControl::chosen(const std::string& path) noexcept {
     if (!isEnabled() || !isEditable() || !ownCell().allows(path)) return;
     const Ref<NSPathControl> kept(this);
-    velt::runReported([&] { setObjectValue(fileUrl(QString::fromStdString(path))); });
+    velt::runReported([&] { setObjectValue(velt::fileUrl(QString::fromStdString(path))); });
     worked();
 }
 

@@ -2,6 +2,7 @@
 #include "VELTRuntime/platform/appkit/application_object.h"
 #include "VELTRuntime/platform/appkit/controls/segmented_control.h"
 #include "VELTRuntime/platform/appkit/controls/segmented_widget.h"
+#include "VELTRuntime/platform/appkit/kept_text.h"
 #include "VELTRuntime/platform/appkit/qt_values.h"
 #include "VELTRuntime/platform/object/drop_elements.h"
 #include "VELTRuntime/platform/object/exception.h"
@@ -89,7 +90,7 @@ void NSSegmentedCell::pressed(long place) {
 // The segments.
 
 void NSSegmentedCell::setLabelForSegment(const id& label, long place) {
-    at(place).label = velt::isString(label) ? velt::copy(label) : velt::string(std::u16string_view());
+    at(place).label = velt::textOrEmpty(label);
     changed();
 }
 void NSSegmentedCell::setImageForSegment(const id& image, long place) {

@@ -3,6 +3,7 @@
 #include "VELTRuntime/platform/appkit/application.h"
 #include "VELTRuntime/platform/appkit/application_object.h"
 #include "VELTRuntime/platform/appkit/event.h"
+#include "VELTRuntime/platform/appkit/kept_text.h"
 #include "VELTRuntime/platform/appkit/menus/context_menu.h"
 #include "VELTRuntime/platform/appkit/menus/key_equivalents.h"
 #include "VELTRuntime/platform/appkit/menus/menu_widget.h"

@@ -5,6 +5,7 @@
 #include "VELTRuntime/platform/appkit/event.h"
 #include "VELTRuntime/platform/appkit/event_delivery.h"
 #include "VELTRuntime/platform/appkit/image.h"
+#include "VELTRuntime/platform/appkit/kept_text.h"
 #include "VELTRuntime/platform/appkit/menus/key_equivalents.h"
 #include "VELTRuntime/platform/appkit/menus/menu.h"
 #include "VELTRuntime/platform/appkit/qt_values.h"
@@ -19,8 +20,6 @@
 #include <algorithm>
 
 using velt::Ref;
-
-id velt::textOrEmpty(const id& text) { return isString(text) ? copy(text) : string(std::u16string_view()); }
 
 namespace {
 

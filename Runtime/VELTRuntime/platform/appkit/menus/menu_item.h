@@ -7,13 +7,6 @@
 class NSMenu;
 class QAction;
 
-namespace velt {
-
-/// A text as menus keep it: a copy of a string, the empty one for any other value.
-id textOrEmpty(const id& text);
-
-}  // namespace velt
-
 class VELT_EXPORT NSMenuItem : public NSObject {
     VELT_OBJECT(NSMenuItem, NSObject)
 public:

@@ -2,18 +2,17 @@
 
 #include "VELTRuntime/platform/appkit/application_object.h"
 #include "VELTRuntime/platform/appkit/event_delivery.h"
+#include "VELTRuntime/platform/appkit/file_url.h"
 #include "VELTRuntime/platform/appkit/panels/file_dialog.h"
 #include "VELTRuntime/platform/appkit/panels/modal_session.h"
 #include "VELTRuntime/platform/appkit/panels/sheets.h"
 #include "VELTRuntime/platform/appkit/qt_values.h"
 #include "VELTRuntime/platform/foundation/array.h"
-#include "VELTRuntime/platform/foundation/url.h"
 
 #include <QApplication>
 #include <QDir>
 #include <QFileInfo>
 #include <QMainWindow>
-#include <QUrl>
 
 using velt::FileDialog;
 using velt::FileQuestion;
@@ -21,10 +20,7 @@ using velt::Ref;
 
 namespace {
 
-id fileUrl(const std::string& path) {
-    const QByteArray text = QUrl::fromLocalFile(QString::fromStdString(path)).toEncoded();
-    return NSURL::withString(std::string_view(text.constData(), static_cast<std::size_t>(text.size())));
-}
+id urlOf(const std::string& path) { return velt::fileUrl(QString::fromStdString(path)); }
 
 /// The window that a dialog lies before.
 QWidget* activeWindow() { return QApplication::activeWindow(); }
@@ -62,7 +58,7 @@ void NSSavePanel::setRequiredFileType(const id& type) {
 // What was chosen.
 
 id NSSavePanel::filename() const { return chosen_.empty() ? id() : velt::string(chosen_.front()); }
-id NSSavePanel::url() const { return chosen_.empty() ? id() : fileUrl(chosen_.front()); }
+id NSSavePanel::url() const { return chosen_.empty() ? id() : urlOf(chosen_.front()); }
 id NSSavePanel::filenames() const {
     const Ref<NSMutableArray> list = velt::make<NSMutableArray>();
     for (const std::string& path : chosen_) list->append(velt::string(path));
@@ -70,7 +66,7 @@ id NSSavePanel::filenames() const {
 }
 id NSSavePanel::urls() const {
     const Ref<NSMutableArray> list = velt::make<NSMutableArray>();
-    for (const std::string& path : chosen_) list->append(fileUrl(path));
+    for (const std::string& path : chosen_) list->append(urlOf(path));
     return list;
 }
 

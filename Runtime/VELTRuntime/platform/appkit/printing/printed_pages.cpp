@@ -11,20 +11,28 @@ namespace velt {
 
 namespace {
 
+constexpr double kLeastRoom = 1;    // points: nobody can read what stands on less
+constexpr double kMostTiles = 1e5;  // more than anybody prints
+
 /// A view as it looks, cut into the tiles that fit a page: those below each other first.
 class PrintedTiles final : public PrintedPages {
 public:
     PrintedTiles(NSView& view, const NSPrintInfo& info, const PrintedArea& area)
         : view_(&view), room_(area.room), scale_(area.dotsPerPoint) {
         const NSSize size = view.frame().size;
-        if (size.width <= 0 || size.height <= 0 || room_.isEmpty()) return;
+        const double leastRoom = kLeastRoom * area.dotsPerPoint;
+        if (size.width <= 0 || size.height <= 0) return;
+        if (!(room_.width() >= leastRoom && room_.height() >= leastRoom)) return;
         const double width = size.width * area.dotsPerPoint, height = size.height * area.dotsPerPoint;
         double fit = 1;
         if (info.horizontalPagination() == NSPrintInfo::kFit) fit = std::min(fit, room_.width() / width);
         if (info.verticalPagination() == NSPrintInfo::kFit) fit = std::min(fit, room_.height() / height);
         scale_ *= fit;
-        columns_ = tiles(info.horizontalPagination(), width * fit, room_.width());
-        rows_ = tiles(info.verticalPagination(), height * fit, room_.height());
+        const double columns = tiles(info.horizontalPagination(), width * fit, room_.width());
+        const double rows = tiles(info.verticalPagination(), height * fit, room_.height());
+        if (!(columns * rows <= kMostTiles)) return;
+        columns_ = static_cast<std::size_t>(columns);
+        rows_ = static_cast<std::size_t>(rows);
         if (info.isHorizontallyCentered()) spare_.setX(std::max(0.0, room_.width() - width * fit) / 2);
         if (info.isVerticallyCentered()) spare_.setY(std::max(0.0, room_.height() - height * fit) / 2);
     }
@@ -43,9 +51,9 @@ public:
     }
 
 private:
-    static std::size_t tiles(unsigned long mode, double length, double room) {
+    static double tiles(unsigned long mode, double length, double room) {
         if (mode != NSPrintInfo::kAuto) return 1;
-        return static_cast<std::size_t>(std::max(1.0, std::ceil(length / room - 1e-9)));
+        return std::max(1.0, std::ceil(length / room - 1e-9));
     }
 
     const Ref<NSView> view_;

@@ -31,7 +31,8 @@ public:
     virtual void draw(std::size_t page, QPainter& painter) = 0;
 };
 
-/// A text view's whole lines, page by page; any other view as it looks, in tiles.
+/// A text view's whole lines, page by page; any other view as it looks, in tiles. No pages for a view in tiles where a
+/// page has less room than a point, or that needs more than 100000 of them.
 std::unique_ptr<PrintedPages> pagesOf(NSView& view, const NSPrintInfo& info, const PrintedArea& area);
 
 }  // namespace velt

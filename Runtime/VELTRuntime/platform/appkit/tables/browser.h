@@ -72,6 +72,7 @@ public:
     void setMinColumnWidth(double width);
     long maxVisibleColumns() const { return maxVisibleColumns_; }
     void setMaxVisibleColumns(long count);
+    /// A person may deselect the selected row of a column without selecting another one.
     bool allowsEmptySelection() const { return allowsEmpty_; }
     void setAllowsEmptySelection(bool flag) { allowsEmpty_ = flag; }
     /// Keys that choose a cell send the action, as the mouse does.

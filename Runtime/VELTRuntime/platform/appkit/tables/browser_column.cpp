@@ -6,6 +6,7 @@
 #include "VELTRuntime/platform/appkit/text/fitting_line.h"
 #include "VELTRuntime/platform/object/drop_elements.h"
 
+#include <QItemSelectionModel>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QPainter>
@@ -85,6 +86,29 @@ private:
     BrowserColumn& column_;
 };
 
+/// A selection that does not become empty by what a person does, unless the browser allows that.
+class ColumnSelection final : public QItemSelectionModel {
+public:
+    ColumnSelection(QAbstractItemModel& model, QListView& list) : QItemSelectionModel(&model, &list), list_(list) {}
+
+    void select(const QItemSelection& given, SelectionFlags command) override {
+        QItemSelection left = selection();
+        const NSBrowser* browser = browserAround(&list_);
+        if (browser && !browser->allowsEmptySelection() && !left.isEmpty()) {
+            if (command & Clear) left.clear();
+            left.merge(given, command);
+            if (left.isEmpty()) return;
+        }
+        QItemSelectionModel::select(given, command);
+    }
+    void select(const QModelIndex& index, SelectionFlags command) override {
+        select(QItemSelection(index, index), command);
+    }
+
+private:
+    QListView& list_;
+};
+
 }  // namespace
 
 NSBrowser* browserAround(const QWidget* widget) {
@@ -126,6 +150,8 @@ BrowserColumn::BrowserColumn(NSBrowser& browser, long place, QWidget* parent)
       rows_(new BrowserRows(browser, place)) {
     rows_->setParent(this);
     list_->setModel(rows_);
+    delete list_->selectionModel();
+    list_->setSelectionModel(new ColumnSelection(*rows_, *list_));
     list_->setItemDelegate(new BrowserDelegate(list_));
     list_->setUniformItemSizes(true);
     list_->setEditTriggers(QAbstractItemView::NoEditTriggers);

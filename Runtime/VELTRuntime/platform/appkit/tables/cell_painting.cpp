@@ -4,6 +4,7 @@
 #include "VELTRuntime/platform/appkit/color.h"
 #include "VELTRuntime/platform/appkit/controls/button_look.h"
 #include "VELTRuntime/platform/appkit/controls/field_widget.h"
+#include "VELTRuntime/platform/appkit/controls/secret_text.h"
 #include "VELTRuntime/platform/appkit/event_delivery.h"
 #include "VELTRuntime/platform/appkit/font.h"
 #include "VELTRuntime/platform/appkit/image.h"
@@ -46,7 +47,7 @@ void drawImage(QPainter& painter, const QRect& rect, const QImage& picture) {
     painter.drawImage(place, picture);
 }
 
-void drawText(QPainter& painter, const QStyleOptionViewItem& option, const NSCell& cell) {
+void drawText(QPainter& painter, const QStyleOptionViewItem& option, const NSCell& cell, const QStyle& style) {
     const QRect rect = option.rect.adjusted(kMargin, 0, -kMargin, 0);
     const QFont font = cell.hasOwnFont() ? as<NSFont>(cell.font())->font() : option.font;
     const bool selected = option.state & QStyle::State_Selected,
@@ -56,13 +57,14 @@ void drawText(QPainter& painter, const QStyleOptionViewItem& option, const NSCel
                                                                              : QPalette::Inactive;
     painter.setFont(font);
     painter.setPen(option.palette.color(group, selected ? QPalette::HighlightedText : QPalette::Text));
-    QString text = qtText(cell.stringValue());
+    QString text = shownText(cell, style);
     const Qt::Alignment alignment = alignmentOf(cell, text, option.direction);
-    if (const NSAttributedString* rich = attributedStringOf(cell.objectValue())) {
+    const NSAttributedString* rich = isSecret(cell) ? nullptr : attributedStringOf(cell.objectValue());
+    if (rich) {
         const bool wraps = cell.wraps() && QFontMetrics(font).lineSpacing() * 2 <= rect.height();
-        const RichTextStyle style{font,  painter.pen().color(), option.direction,    alignment | Qt::AlignAbsolute,
+        const RichTextStyle looks{font,  painter.pen().color(), option.direction,    alignment | Qt::AlignAbsolute,
                                   wraps, Qt::ElideRight,        !enabled || selected};
-        drawRichText(painter, rect, *rich, style);
+        drawRichText(painter, rect, *rich, looks);
         return;
     }
     if (cell.wraps() && QFontMetrics(font).lineSpacing() * 2 <= rect.height()) {
@@ -108,9 +110,9 @@ void drawCell(QPainter& painter, const QStyleOptionViewItem& option, const NSCel
         drawImage(painter, QStyle::visualRect(option.direction, option.rect, place).adjusted(1, 1, -1, -1),
                   as<NSImage>(cell.image())->picture());
         text.rect = QStyle::visualRect(option.direction, option.rect, option.rect.adjusted(side, 0, 0, 0));
-        drawText(painter, text, cell);
+        drawText(painter, text, cell, style);
     } else {
-        drawText(painter, option, cell);
+        drawText(painter, option, cell, style);
     }
     painter.restore();
 }
@@ -160,6 +162,7 @@ QWidget* CellDelegate::createEditor(QWidget* parent, const QStyleOptionViewItem&
     if (!is<NSCell>(cell) || is<NSButtonCell>(cell) || is<NSImage>(as<NSCell>(cell)->objectValue())) return nullptr;
     auto* editor = new QLineEdit(parent);
     editor->setFrame(false);
+    if (isSecret(*as<NSCell>(cell))) editor->setEchoMode(QLineEdit::Password);
     if (as<NSCell>(cell)->hasOwnFont()) editor->setFont(as<NSFont>(as<NSCell>(cell)->font())->font());
     return editor;
 }

@@ -9,6 +9,7 @@
 #include <QApplication>
 #include <algorithm>
 #include <cmath>
+#include <string>
 
 using velt::MatrixPlace;
 using velt::Ref;
@@ -16,6 +17,8 @@ using velt::Ref;
 namespace {
 
 id object(const NSObject* pointer) { return id(const_cast<NSObject*>(pointer)); }
+
+constexpr long kMostCells = 1'000'000;  // and as many rows and columns
 
 }  // namespace
 
@@ -82,6 +85,11 @@ long NSMatrix::checkedPlace(const char* operation, long position, long count) co
 }
 
 std::vector<NSMatrix::Entry> NSMatrix::rebuilt(long rows, long columns, const std::function<Entry(long, long)>& make) {
+    if (rows > kMostCells || columns > kMostCells || rows * columns > kMostCells) {
+        velt::raise(velt::kInvalidArgumentException,
+                    "'" + isa().name() + "' cannot have " + std::to_string(rows) + " rows and " +
+                        std::to_string(columns) + " columns; the most is " + std::to_string(kMostCells) + " cells");
+    }
     std::vector<Entry> entries;
     entries.reserve(static_cast<std::size_t>(rows * columns));
     try {

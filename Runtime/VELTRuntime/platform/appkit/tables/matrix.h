@@ -43,7 +43,8 @@ public:
     /// A new cell for a place, as the program's subclass makes it.
     id makeCellAt(long row, long column);
 
-    // Rows and columns. Places beyond raise "NSRangeException".
+    // Rows and columns. Places beyond raise "NSRangeException", more than a million cells, rows or columns
+    // "NSInvalidArgumentException".
     long numberOfRows() const { return rows_; }
     long numberOfColumns() const { return columns_; }
     /// Keeps the cells of the places that stay, and makes those that are new.

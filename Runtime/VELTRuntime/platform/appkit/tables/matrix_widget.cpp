@@ -2,6 +2,8 @@
 
 #include "VELTRuntime/platform/appkit/color.h"
 #include "VELTRuntime/platform/appkit/controls/button_cell.h"
+#include "VELTRuntime/platform/appkit/controls/color_group.h"
+#include "VELTRuntime/platform/appkit/controls/secret_text.h"
 #include "VELTRuntime/platform/appkit/event_delivery.h"
 #include "VELTRuntime/platform/appkit/font.h"
 #include "VELTRuntime/platform/appkit/image.h"
@@ -81,10 +83,7 @@ void MatrixWidget::paintCell(QPainter& painter, NSMatrix& matrix, MatrixPlace pl
         (!isButton && (cell->isHighlighted() || (matrix.showsSelection() && matrix.isSelected(place)))) ||
         (isButton && list && matrix.isSelected(place));
     if (shown) {
-        const QPalette::ColorGroup group = !enabled           ? QPalette::Disabled
-                                           : isActiveWindow() ? QPalette::Active
-                                                              : QPalette::Inactive;
-        painter.fillRect(option.rect, palette().color(group, QPalette::Highlight));
+        painter.fillRect(option.rect, palette().color(colorGroupOf(*this, enabled), QPalette::Highlight));
         option.state |= QStyle::State_Selected;
     } else if (!isButton && (cell->isBezeled() || cell->isEditable())) {
         painter.fillRect(option.rect, palette().color(QPalette::Base));
@@ -185,6 +184,7 @@ void MatrixWidget::edit(MatrixPlace place) {
     editor_->installEventFilter(this);
     editor_->setGeometry(rectOf(*shown, place));
     editor_->setFont(cell->hasOwnFont() ? as<NSFont>(cell->font())->font() : font());
+    if (isSecret(*cell)) editor_->setEchoMode(QLineEdit::Password);
     editor_->setText(qtText(cell->stringValue()));
     editor_->setAccessibleName(toolTip());
     editor_->selectAll();
@@ -257,7 +257,9 @@ QString MatrixWidget::valueText() const {
     NSMatrix* shown = matrix();
     if (!shown) return {};
     const id cell = shown->selectedCell();
-    return is<NSCell>(cell) ? qtText(as<NSCell>(cell)->title()) : QString();
+    if (!is<NSCell>(cell)) return {};
+    const QString text = qtText(as<NSCell>(cell)->title());
+    return isSecret(*as<NSCell>(cell)) ? dotsFor(text, *style()) : text;
 }
 
 void MatrixWidget::press() {

@@ -54,8 +54,7 @@ QModelIndex NSTableView::editableAfter(const QModelIndex& edited, bool forward) 
             const int column = titles.logicalIndex(place);
             if (titles.isSectionHidden(column)) continue;
             const QModelIndex index = indexOf(row, column);
-            // Buttons are worked, not edited.
-            if (!velt::is<NSButtonCell>(dataCellAt(index)) && mayEdit(index)) return indexOf(row, column);
+            if (mayType(index)) return indexOf(row, column);
         }
         place = forward ? 0 : columns - 1;
     }

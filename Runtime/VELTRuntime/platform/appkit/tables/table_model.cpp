@@ -1,9 +1,12 @@
 #include "VELTRuntime/platform/appkit/tables/table_model.h"
 
+#include "VELTRuntime/platform/appkit/controls/secret_text.h"
 #include "VELTRuntime/platform/appkit/event_delivery.h"
 #include "VELTRuntime/platform/appkit/menus/pop_up_button_cell.h"
 #include "VELTRuntime/platform/appkit/qt_values.h"
 #include "VELTRuntime/platform/appkit/tables/table_view.h"
+
+#include <QApplication>
 
 namespace velt {
 
@@ -16,9 +19,13 @@ QVariant cellData(NSTableView& table, const QModelIndex& index, int role) {
             if (!text.isEmpty()) result = text;
         } else if (role == Qt::DisplayRole || role == Qt::EditRole) {
             const id cell = table.preparedCell(index);
-            const bool isChoice = is<NSPopUpButtonCell>(cell);
-            if (is<NSCell>(cell))
-                result = qtText(isChoice ? as<NSCell>(cell)->title() : as<NSCell>(cell)->stringValue());
+            if (is<NSPopUpButtonCell>(cell)) {
+                result = qtText(as<NSCell>(cell)->title());
+            } else if (is<NSCell>(cell) && role == Qt::DisplayRole) {
+                result = shownText(*as<NSCell>(cell), *QApplication::style());
+            } else if (is<NSCell>(cell)) {
+                result = qtText(as<NSCell>(cell)->stringValue());
+            }
         }
     });
     return result;

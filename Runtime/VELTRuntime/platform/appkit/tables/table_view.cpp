@@ -1,6 +1,7 @@
 #include "VELTRuntime/platform/appkit/tables/table_view.h"
 
 #include "VELTRuntime/platform/appkit/event_delivery.h"
+#include "VELTRuntime/platform/appkit/image.h"
 #include "VELTRuntime/platform/appkit/qt_values.h"
 #include "VELTRuntime/platform/appkit/tables/cells_view.h"
 #include "VELTRuntime/platform/appkit/tables/table_model.h"
@@ -194,6 +195,10 @@ bool NSTableView::mayEdit(const QModelIndex& index) {
     return VELT_CBOOL(velt::send(delegate(), asks, object(this), object(column), rowArgument(index)));
 }
 
+bool NSTableView::mayType(const QModelIndex& index) {
+    return mayEdit(index) && !velt::is<NSButtonCell>(dataCellAt(index)) && !velt::is<NSImage>(valueAt(index));
+}
+
 // A person's work.
 
 void NSTableView::tell(std::string_view selector, std::string_view notification, const id& userInfo) {
@@ -252,9 +257,9 @@ void NSTableView::setDoubleActionName(const id& name) { doubleAction_ = velt::ac
 void NSTableView::editColumn(long column, long row, const id&, bool) {
     if (row < 0 || row >= numberOfRows() || column < 0 || column >= numberOfColumns()) return;
     QAbstractItemView& view = itemView();
-    const QModelIndex index = indexOf(row, static_cast<int>(column));
+    const QPersistentModelIndex index = indexOf(row, static_cast<int>(column));
     view.setCurrentIndex(index);
-    view.edit(index);
+    if (mayType(index)) view.edit(index);
 }
 
 void NSTableView::scrollRowToVisible(long row) {

@@ -160,6 +160,8 @@ public:
     id preparedCell(const QModelIndex& index);
     id toolTipAt(const QModelIndex& index);
     bool mayEdit(const QModelIndex& index);
+    /// A person may type a text there: buttons are worked and images shown, not edited.
+    bool mayType(const QModelIndex& index);
     bool maySelect(const QModelIndex& index);
     bool maySelectionChange();
     NSTableColumn* columnAt(const QModelIndex& index) const;

@@ -159,9 +159,7 @@ std::vector<id> NSToolbar::allowedIdentifiers() const {
     std::vector<id> allowed = identifiersBy("toolbarAllowedItemIdentifiers:");
     return allowed.empty() ? defaultIdentifiers() : allowed;
 }
-bool NSToolbar::isSelectable(const NSToolbarItem& item) const {
-    return holds(identifiersBy("toolbarSelectableItemIdentifiers:"), item.itemIdentifier());
-}
+std::vector<id> NSToolbar::selectableIdentifiers() const { return identifiersBy("toolbarSelectableItemIdentifiers:"); }
 
 Ref<NSToolbarItem> NSToolbar::itemFor(const id& identifier, bool inserted) {
     if (Ref<NSToolbarItem> item = NSToolbarItem::standard(identifier)) return item;
@@ -259,7 +257,8 @@ void NSToolbar::clicked(NSToolbarItem& item) noexcept {
     const Ref<NSToolbarItem> worked(&item);
     velt::runReported([&] {
         if (!worked->isEnabled()) return;
-        if (isSelectable(*worked)) setSelectedItemIdentifier(worked->itemIdentifier());
+        if (holds(selectableIdentifiers(), worked->itemIdentifier()))
+            setSelectedItemIdentifier(worked->itemIdentifier());
         worked->perform();
     });
 }

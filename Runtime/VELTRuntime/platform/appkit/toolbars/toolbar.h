@@ -61,10 +61,11 @@ public:
     void insertItemWithItemIdentifier(const id& identifier, long index);
     void removeItemAtIndex(long index);
     void moveItem(long from, long to);
-    /// Identifiers that the delegate names, as strings; those of its default set when it names none to be allowed.
+    /// Identifiers that the delegate names, as strings; those of its default set when it names none to be allowed. The
+    /// last are of the items that stay chosen when clicked.
     std::vector<id> defaultIdentifiers() const;
     std::vector<id> allowedIdentifiers() const;
-    bool isSelectable(const NSToolbarItem& item) const;
+    std::vector<id> selectableIdentifiers() const;
     /// A new item of an identifier for the toolbar or for the palette; null when nobody supplies one.
     velt::Ref<NSToolbarItem> itemFor(const id& identifier, bool inserted);
     /// Asks again whether the items in sight may be used.

@@ -2,6 +2,7 @@
 
 #include "VELTRuntime/platform/appkit/application.h"
 #include "VELTRuntime/platform/appkit/image.h"
+#include "VELTRuntime/platform/appkit/kept_text.h"
 #include "VELTRuntime/platform/appkit/toolbars/toolbar.h"
 #include "VELTRuntime/platform/object/exception.h"
 #include "VELTRuntime/values/class_casts.h"
@@ -14,9 +15,8 @@ using velt::Ref;
 
 namespace {
 
-id textOrEmpty(const id& text) {
-    return text.isNil() ? velt::string(std::u16string_view()) : velt::copy(VELT_CSTRING(text));
-}
+/// A value's text; the empty one for nil.
+id convertedText(const id& value) { return velt::textOrEmpty(value.isNil() ? value : VELT_CSTRING(value)); }
 
 /// What the items do that every toolbar has, beside the spaces.
 struct StandardItem {
@@ -43,7 +43,7 @@ constexpr std::array kSpaces{Space{velt::kSeparatorItem, "Separator"}, Space{vel
 NSToolbarItem::NSToolbarItem() : NSToolbarItem(nil) {}
 
 NSToolbarItem::NSToolbarItem(const id& identifier)
-    : identifier_(textOrEmpty(identifier)), label_(textOrEmpty(nil)), paletteLabel_(textOrEmpty(nil)) {}
+    : identifier_(convertedText(identifier)), label_(convertedText(nil)), paletteLabel_(convertedText(nil)) {}
 
 NSToolbarItem::~NSToolbarItem() { NSToolbarItem::dissolve(); }
 
@@ -106,12 +106,12 @@ void NSToolbarItem::changed() {
 }
 
 void NSToolbarItem::setLabel(const id& label) {
-    const id before = std::exchange(label_, textOrEmpty(label));
+    const id before = std::exchange(label_, convertedText(label));
     // Programs set it whenever they are asked about the item.
     if (!velt::isEqual(before, label_)) changed();
 }
 void NSToolbarItem::setPaletteLabel(const id& label) {
-    paletteLabel_ = textOrEmpty(label);
+    paletteLabel_ = convertedText(label);
     changed();
 }
 void NSToolbarItem::setToolTip(const id& text) {

@@ -92,7 +92,7 @@ QWidget* ToolbarStrip::viewHolder(NSToolbarItem& item, ToolbarSlot& slot) {
     return holder;
 }
 
-ToolbarSlot ToolbarStrip::slotFor(NSToolbarItem& item) {
+ToolbarSlot ToolbarStrip::slotFor(NSToolbarItem& item, bool isSelectable) {
     ToolbarSlot slot;
     slot.item = Ref<NSToolbarItem>(&item);
     const auto mode = static_cast<ToolbarDisplay>(toolbar_->displayMode());
@@ -122,7 +122,7 @@ ToolbarSlot ToolbarStrip::slotFor(NSToolbarItem& item) {
         button->setToolTip(qtText(item.toolTip()));
         button->setAccessibleName(toolbarName(item));
         button->setFocusPolicy(Qt::TabFocus);
-        if (toolbar_->isSelectable(item)) {
+        if (isSelectable) {
             button->setCheckable(true);
             button->setChecked(isEqual(toolbar_->selectedItemIdentifier(), item.itemIdentifier()));
         }
@@ -143,9 +143,23 @@ ToolbarSlot ToolbarStrip::slotFor(NSToolbarItem& item) {
 void ToolbarStrip::rebuild() {
     if (!toolbar_) return;
     const Ref<NSToolbar> kept(toolbar_);
+    // Who is asked may change the toolbar: until the answer is there, the strip is rebuilt without it.
+    std::vector<id> selectable;
+    if (!std::exchange(asking_, true)) {
+        const QPointer<ToolbarStrip> strip(this);
+        runReported([&] { selectable = kept->selectableIdentifiers(); });
+        if (!strip) return;
+        asking_ = false;
+        if (!toolbar_) return;
+    }
     before_ = std::exchange(slots_, {});
     runReported([&] {
-        for (const Ref<NSToolbarItem>& item : kept->itemList()) slots_.push_back(slotFor(*item));
+        const std::vector<Ref<NSToolbarItem>> items = kept->itemList();
+        for (const Ref<NSToolbarItem>& item : items) {
+            const id identifier = item->itemIdentifier();
+            slots_.push_back(slotFor(*item, std::any_of(selectable.begin(), selectable.end(),
+                                                        [&](const id& each) { return isEqual(each, identifier); })));
+        }
     });
     for (const ToolbarSlot& slot : before_) {
         if (!slot.widget) continue;

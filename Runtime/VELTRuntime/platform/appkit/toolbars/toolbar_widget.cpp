@@ -48,7 +48,9 @@ void ToolbarWidget::forget() {
 }
 
 void ToolbarWidget::toolbarChanged() {
+    const QPointer<ToolbarWidget> shown(this);  // the delegate is asked
     strip_->rebuild();
+    if (!shown) return;
     // The window is asked for room at once.
     layout()->invalidate();
     layout()->activate();

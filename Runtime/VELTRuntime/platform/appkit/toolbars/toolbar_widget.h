@@ -49,7 +49,7 @@ protected:
 private:
     void arrange();
     void fillOverflow();
-    ToolbarSlot slotFor(NSToolbarItem& item);
+    ToolbarSlot slotFor(NSToolbarItem& item, bool isSelectable);
     QWidget* viewHolder(NSToolbarItem& item, ToolbarSlot& slot);
 
     NSToolbar* toolbar_;
@@ -58,6 +58,7 @@ private:
     QToolButton* overflow_;
     QPointer<QWidget> cover_;
     int height_ = 0, insertion_ = -1;
+    bool asking_ = false;  // the delegate, which items stay chosen
 };
 
 class VELT_EXPORT ToolbarWidget final : public QToolBar {
