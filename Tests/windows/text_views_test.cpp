@@ -185,6 +185,26 @@ TEST(TextViews, RaiseForRangesBeyondTheEnd) {
     EXPECT_VALUE("NSMutableArray ({3, 0})", velt::send(view, "selectedRanges"));
 }
 
+TEST(TextViews, TakeOnlyFontsAndColours) {
+    const Ref<NSTextView> view = viewOf("abc");
+    view->widget();
+    const id red = velt::make<NSColor>(1.0, 0.0, 0.0, 1.0), font = velt::make<NSFont>();
+    for (const char* key : {"textColor", "backgroundColor"}) {
+        VELT_PROPERTY(view, str(key), red);
+        EXPECT_CAST_FAILURE("'NSColor' expected", VELT_PROPERTY(view, str(key), str("red")));
+        EXPECT_CAST_FAILURE("'NSColor' expected", VELT_PROPERTY(view, str(key), font));
+        EXPECT_EQ(red, VELT_PROPERTY(view, str(key)));
+        VELT_PROPERTY(view, str(key), nil);
+        EXPECT_TRUE(VELT_PROPERTY(view, str(key)).isNil());
+    }
+    EXPECT_CAST_FAILURE("'NSColor' expected", velt::send(view, "setTextColor:", font));
+    EXPECT_CAST_FAILURE("'NSColor' expected", velt::send(view, "setBackgroundColor:", font));
+    velt::send(view, "setFont:", font);
+    EXPECT_CAST_FAILURE("'NSFont' expected", velt::send(view, "setFont:", red));
+    EXPECT_CAST_FAILURE("'NSFont' expected", VELT_PROPERTY(view, str("font"), str("Serif")));
+    EXPECT_EQ(font, VELT_NSTEXTVIEW_FONT(view));
+}
+
 TEST(TextViews, SelectedTextIsTheEditorsToGive) {
     EXPECT_RAISES("NSInvalidArgumentException: 'NSTextView' does not understand '_selectedText'",
                   VELT_NSTEXTVIEW_SELECTEDTEXT(viewOf("abc")));

@@ -194,13 +194,13 @@ NSRange NSTextView::charactersIn(NSRect rect) const {
 id NSTextView::font() const { return velt::is<NSFont>(font_) ? font_ : id(velt::make<NSFont>()); }
 
 void NSTextView::setFont(const id& font) {
-    font_ = font;
+    font_ = velt::boxResult(velt::to<NSFont>(font));
     if (textLength() > 0) storage()->removeAttribute(velt::attribute::font(), {0, storage()->length()});
     changed();
 }
 
 void NSTextView::setTextColor(const id& color) {
-    textColor_ = color;
+    textColor_ = velt::boxResult(velt::to<NSColor>(color));
     if (textLength() > 0) storage()->removeAttribute(velt::attribute::foregroundColor(), {0, storage()->length()});
     changed();
 }
