@@ -2,6 +2,7 @@
 
 #include "VELTRuntime/platform/appkit/font.h"
 #include "VELTRuntime/platform/appkit/qt_values.h"
+#include "VELTRuntime/platform/appkit/text/merged_ranges.h"
 #include "VELTRuntime/platform/appkit/text/moved_range.h"
 #include "VELTRuntime/platform/appkit/text/setting.h"
 #include "VELTRuntime/platform/appkit/text/text_widget.h"
@@ -128,6 +129,7 @@ void NSTextView::setSelectedRanges(const id& list) {
 
 void NSTextView::select(std::vector<NSRange> ranges, bool forward) {
     forward_ = forward;
+    ranges = velt::mergedRanges(std::move(ranges));
     const bool same = ranges == ranges_;
     ranges_ = std::move(ranges);
     showSelection();
@@ -136,6 +138,7 @@ void NSTextView::select(std::vector<NSRange> ranges, bool forward) {
 
 void NSTextView::selectAhead(std::vector<NSRange> ranges) {
     last_ = {};
+    ranges = velt::mergedRanges(std::move(ranges));
     if (ranges == ranges_) return;
     ranges_ = std::move(ranges);
     tell("textViewDidChangeSelection:", "NSTextViewDidChangeSelectionNotification");
