@@ -80,12 +80,13 @@ Ref<NSMutableDictionary> SettingsFile::read() {
         reason = error.what();
     }
     const std::string aside = path_ + ".damaged";
-    if (::rename(path_.c_str(), aside.c_str()) != 0) {
+    if (::rename(path_.c_str(), aside.c_str()) == 0) {
+        std::fprintf(stderr, "The settings in %s could not be read and are now in %s: %s\n", path_.c_str(),
+                     aside.c_str(), reason.c_str());
+    } else if (errno != ENOENT) {  // another process may have done it
         report("cannot be read", path_ + ": " + reason);
         return nullptr;
     }
-    std::fprintf(stderr, "The settings in %s could not be read and are now in %s: %s\n", path_.c_str(), aside.c_str(),
-                 reason.c_str());
     return make<NSMutableDictionary>();
 }
 
