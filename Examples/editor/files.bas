@@ -20,12 +20,11 @@ Class SourceEditor Inherits SourceWindow
 
   ' A file that is open already is brought to the front. One that cannot be read changes nothing of what is shown.
   Function OpenPath(path As String) As Boolean
-    For i = 0 To sources.Count - 1
-      If sources(i).path = path Then
-        ShowSource(sources(i))
-        Return True
-      End If
-    Next
+    Dim shown As Source = SourceOf(path)
+    If shown <> Nil Then
+      ShowSource(shown)
+      Return True
+    End If
     Dim reason As String = WhyUnreadable(path)
     Dim before As Source = Current()
     Dim opened As Source = AddSource()
@@ -42,6 +41,14 @@ Class SourceEditor Inherits SourceWindow
     ShowSource(opened)
     RememberFile(path)
     Return True
+  End Function
+
+  ' The source that shows a file, Nil when none does.
+  Function SourceOf(path As String) As Source
+    For i = 0 To sources.Count - 1
+      If sources(i).path = path Then Return sources(i)
+    Next
+    Return Nil
   End Function
 
   ' What is wrong with a file, should it be no source.
@@ -174,7 +181,13 @@ Class SourceEditor Inherits SourceWindow
     End If
   End Sub
 
+  ' Two tabs with one file would overwrite each other.
   Function SaveTo(saved As Source, path As String) As Boolean
+    Dim shown As Source = SourceOf(path)
+    If shown <> Nil AndAlso shown <> saved Then
+      TellOfFailure("“" & FileName(path) & "” cannot be saved.", "The file is open in another tab. Close that tab first, or choose another name. Your text is still here.")
+      Return False
+    End If
     If Not saved.Save(path) Then
       TellOfFailure("“" & FileName(path) & "” cannot be saved.", "Choose a folder in which you may write, on a disk with room. Your text is still here.")
       Return False

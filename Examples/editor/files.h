@@ -15,6 +15,7 @@ public:
     static void describe(velt::ClassBuilder<SourceEditor>& c);
     void open(id words, id paths);
     id openPath(id path);
+    velt::Ref<Source> sourceOf(id path);
     id whyUnreadable(id path);
     void tellOfFailure(id what, id advice);
     void rememberFile(id path);

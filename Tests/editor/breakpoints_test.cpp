@@ -153,6 +153,12 @@ TEST(Entries, MoveFromAPositionOn) {
     EXPECT_FALSE(velt::moveEntries(*entries, 11, 1));
 }
 
+TEST(Entries, StayWhenOneIsNoInteger) {
+    const id damaged = array(integer(3), array());
+    EXPECT_CAST_FAILURE("'Integer' expected", velt::moveEntries(*velt::mutableArrayOf(damaged), 0, 1));
+    EXPECT_VALUE("q 3", velt::mutableArrayOf(damaged)->at(0));
+}
+
 TEST(Entries, WrapWhenTheyMoveBeyondSixteenBits) {
     const Entries entries(integer(32767));
     velt::moveEntries(*entries, 0, 1);

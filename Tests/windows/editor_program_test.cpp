@@ -550,6 +550,18 @@ TEST_F(EditorProgram, KeepsTheTextOfAFileThatCannotBeWritten) {
     EXPECT_EQ(kShelf, contentOf(shelf));
 }
 
+TEST_F(EditorProgram, DoesNotSaveOverAFileOfAnotherTab) {
+    type("x");
+    EXPECT_EQ("“list.bas” cannot be saved.|The file is open in another tab. Close that tab first, or choose another "
+              "name. Your text is still here.|[OK]",
+              ask([this] { program->saveTo(current(), str(list)); }, Qt::Key_Return));
+    EXPECT_EQ("[• shelf.bas] list.bas ", tabs());
+    EXPECT_EQ(std::string("x") + kShelf, text());
+    EXPECT_EQ(kList, contentOf(list));
+    EXPECT_VALUE("c 1", program->saveTo(current(), str(shelf)));
+    EXPECT_EQ(std::string("x") + kShelf, contentOf(shelf));
+}
+
 TEST_F(EditorProgram, SaysWhatIsWrongWithAFile) {
     const std::string damaged = folder.write("damaged.bas", "caf\xe9\n");
     const auto opens = [this](const std::string& path) {

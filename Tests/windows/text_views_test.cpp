@@ -161,6 +161,23 @@ TEST(TextViews, HaveASelectionWhereverThereIsAnInsertionPoint) {
     EXPECT_CAST_FAILURE("'NSArray' expected", velt::send(view, "setSelectedRanges:", str("x")));
 }
 
+TEST(TextViews, SelectEachUnitOnceAndInOrder) {
+    const Ref<NSTextView> view = viewOf("abcdefgh");
+    const auto selected = [&](const id& ranges) {
+        velt::send(view, "setSelectedRanges:", ranges);
+        return velt::utf8(velt::description(velt::send(view, "selectedRanges")));
+    };
+    EXPECT_EQ("({0, 2}, {4, 1})", selected(array(range(4, 1), range(0, 2))));
+    EXPECT_EQ("({0, 3})", selected(array(range(0, 1), range(1, 2)))) << "they touch";
+    EXPECT_EQ("({0, 2})", selected(array(range(2, 0), range(0, 2)))) << "an insertion point at the edge";
+    EXPECT_EQ("({1, 0})", selected(array(range(1, 0), range(1, 0))));
+    EXPECT_EQ("({1, 6})", selected(array(range(1, 6), range(2, 1), range(4, 2)))) << "within the first";
+    EXPECT_EQ("({0, 6}, {7, 1})", selected(array(range(7, 1), range(3, 3), range(0, 4))));
+    VELT_NSTEXTVIEW_DELETE(view);
+    EXPECT_EQ("g", value(view));
+    EXPECT_VALUE("{_NSRange=QQ} {0, 0}", velt::send(view, "selectedRange"));
+}
+
 TEST(TextViews, RaiseForRangesBeyondTheEnd) {
     const Ref<NSTextView> view = viewOf("abc");
     const id layout = velt::send(view, "layoutManager"), none = emptyDictionary();
@@ -183,6 +200,26 @@ TEST(TextViews, RaiseForRangesBeyondTheEnd) {
                   velt::send(layout, "temporaryAttributesAtCharacterIndex:effectiveRange:", integer(3), nil));
     EXPECT_EQ("abc", value(view));
     EXPECT_VALUE("NSMutableArray ({3, 0})", velt::send(view, "selectedRanges"));
+}
+
+TEST(TextViews, TakeOnlyFontsAndColours) {
+    const Ref<NSTextView> view = viewOf("abc");
+    view->widget();
+    const id red = velt::make<NSColor>(1.0, 0.0, 0.0, 1.0), font = velt::make<NSFont>();
+    for (const char* key : {"textColor", "backgroundColor"}) {
+        VELT_PROPERTY(view, str(key), red);
+        EXPECT_CAST_FAILURE("'NSColor' expected", VELT_PROPERTY(view, str(key), str("red")));
+        EXPECT_CAST_FAILURE("'NSColor' expected", VELT_PROPERTY(view, str(key), font));
+        EXPECT_EQ(red, VELT_PROPERTY(view, str(key)));
+        VELT_PROPERTY(view, str(key), nil);
+        EXPECT_TRUE(VELT_PROPERTY(view, str(key)).isNil());
+    }
+    EXPECT_CAST_FAILURE("'NSColor' expected", velt::send(view, "setTextColor:", font));
+    EXPECT_CAST_FAILURE("'NSColor' expected", velt::send(view, "setBackgroundColor:", font));
+    velt::send(view, "setFont:", font);
+    EXPECT_CAST_FAILURE("'NSFont' expected", velt::send(view, "setFont:", red));
+    EXPECT_CAST_FAILURE("'NSFont' expected", VELT_PROPERTY(view, str("font"), str("Serif")));
+    EXPECT_EQ(font, VELT_NSTEXTVIEW_FONT(view));
 }
 
 TEST(TextViews, SelectedTextIsTheEditorsToGive) {

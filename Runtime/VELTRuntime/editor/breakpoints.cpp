@@ -63,11 +63,11 @@ bool toggleBreakpointOfLine(const SourceBuffer& buffer, std::size_t line, NSMuta
 }
 
 bool moveEntries(NSMutableArray& entries, std::size_t from, int by) {
+    const std::vector<std::int64_t> positions = positionsIn(entries);
     bool moved = false;
-    for (std::size_t i = 0; i < entries.count(); ++i) {
-        const std::int64_t position = VELT_CBYTE(entries.items()[i]);
-        if (position < 0 || static_cast<std::size_t>(position) < from) continue;
-        entries.replace(static_cast<long>(i), entry(position + by));
+    for (std::size_t i = 0; i < positions.size(); ++i) {
+        if (positions[i] < 0 || static_cast<std::size_t>(positions[i]) < from) continue;
+        entries.replace(static_cast<long>(i), entry(positions[i] + by));
         moved = true;
     }
     return moved;

@@ -25,7 +25,8 @@ VELT_EXPORT bool toggleBreakpoint(const SourceBuffer& buffer, std::size_t caret,
 /// added. False when nothing changed: for a line that there is not, and the empty one behind the last line end.
 VELT_EXPORT bool toggleBreakpointOfLine(const SourceBuffer& buffer, std::size_t line, NSMutableArray& breakpoints);
 
-/// Moves all entries from a position on by a number of units. Whether there were any.
+/// Moves all entries from a position on by a number of units. Whether there were any. None has moved when one
+/// of them is no integer.
 VELT_EXPORT bool moveEntries(NSMutableArray& entries, std::size_t from, int by);
 
 /// Keeps entries in step with Backspace, when its key is released: before a line feed that stands behind the unit at

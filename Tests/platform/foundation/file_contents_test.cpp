@@ -1,4 +1,6 @@
 #include "VELTRuntime/platform/foundation/file_contents.h"
+
+#include "VELTRuntime/platform/foundation/kept_owner.h"
 #include "support/generated.h"
 #include "support/processes.h"
 #include "support/values.h"
@@ -42,6 +44,24 @@ TEST(WritingAFile, KeepsThePermissionsOfTheOldOne) {
         EXPECT_TRUE(velt::writeFileAtomically(path, "new"));
         EXPECT_EQ(mode, modeOf(path));
     }
+}
+
+TEST(TheOwnerOfAFile, IsTakenOverOrElseNothingRunsAsIt) {
+    const TemporaryFolder folder;
+    const std::string path = folder.write("new", "content");
+    const int file = open(path.c_str(), O_WRONLY | O_CLOEXEC);
+    ASSERT_GE(file, 0);
+    struct stat old {};
+    ASSERT_EQ(0, fstat(file, &old));
+    old.st_mode = S_IFREG | 04755;
+    EXPECT_TRUE(velt::keepOwner(file, old));
+    EXPECT_EQ(04755u, modeOf(path));
+    ++old.st_uid;
+    EXPECT_TRUE(velt::keepOwner(file, old));
+    struct stat kept {};
+    ASSERT_EQ(0, fstat(file, &kept));
+    EXPECT_EQ(kept.st_uid == old.st_uid ? 04755u : 0755u, modeOf(path));
+    close(file);
 }
 
 TEST(WritingAFile, FollowsSymbolicLinks) {

@@ -9,6 +9,7 @@
 
 #include <sys/stat.h>
 #include <thread>
+#include <unistd.h>
 
 using namespace velt::test;
 using velt::SettingsFile;
@@ -103,6 +104,49 @@ TEST_F(Settings, AreNotLostWhenTheyCannotBeWritten) {
     std::filesystem::remove(folder.file("settings"));
     EXPECT_TRUE(settings.synchronize());
     EXPECT_VALUE("NSMutableDictionary {a = 1}", SettingsFile(path).values());
+}
+
+TEST_F(Settings, ThatCannotBeReadAreNotTakenForNone) {
+    std::filesystem::create_directories(path);
+    SettingsFile settings(path);
+    ::testing::internal::CaptureStderr();
+    EXPECT_VALUE("nil", settings.value(str("a")));
+    EXPECT_FALSE(settings.synchronize());
+    settings.set(str("a"), integer(1));
+    EXPECT_FALSE(settings.synchronize());
+    EXPECT_EQ("The settings cannot be read: " + path + ": Is a directory\n", ::testing::internal::GetCapturedStderr());
+    EXPECT_VALUE("NSMutableDictionary {a = 1}", settings.values());
+    std::filesystem::remove(path);
+    EXPECT_TRUE(settings.synchronize());
+    EXPECT_VALUE("NSMutableDictionary {a = 1}", SettingsFile(path).values());
+}
+
+TEST_F(Settings, ThatMayNotBeReadAreNotReplaced) {
+    if (geteuid() == 0) GTEST_SKIP() << "the administrator may read every file";
+    SettingsFile first(path), second(path);
+    first.set(str("a"), integer(1));
+    EXPECT_TRUE(first.synchronize());
+    ASSERT_EQ(0, ::chmod(path.c_str(), 0200));
+    second.set(str("b"), integer(2));
+    ::testing::internal::CaptureStderr();
+    EXPECT_FALSE(second.synchronize());
+    EXPECT_EQ("The settings cannot be read: " + path + ": Permission denied\n",
+              ::testing::internal::GetCapturedStderr());
+    ASSERT_EQ(0, ::chmod(path.c_str(), 0600));
+    EXPECT_TRUE(second.synchronize());
+    EXPECT_VALUE("NSMutableDictionary {a = 1; b = 2}", second.values());
+}
+
+TEST_F(Settings, ThatAreDamagedAndCannotBePutAsideAreNotReplaced) {
+    std::filesystem::create_directories(path + ".damaged");
+    folder.write("settings/test.plist", "no settings");
+    SettingsFile settings(path);
+    settings.set(str("a"), integer(1));
+    ::testing::internal::CaptureStderr();
+    EXPECT_FALSE(settings.synchronize());
+    const std::string said = ::testing::internal::GetCapturedStderr(), begin = "The settings cannot be read: " + path;
+    EXPECT_EQ(begin, said.substr(0, begin.size()));
+    EXPECT_EQ("no settings", contentOf(path));
 }
 
 TEST_F(Settings, HoldEveryCharacterAndDate) {

@@ -1,6 +1,7 @@
 #include "VELTRuntime/editor/view/view_target.h"
 
 #include "VELTRuntime/editor/view/find_indicator.h"
+#include "VELTRuntime/platform/appkit/text/merged_ranges.h"
 #include "VELTRuntime/platform/appkit/text/moved_range.h"
 #include "VELTRuntime/platform/appkit/text/text_widget.h"
 #include "VELTRuntime/platform/foundation/array.h"
@@ -116,7 +117,7 @@ void ViewTarget::setSelectedRanges(std::vector<NSRange> ranges) {
         return view_.selectAhead(std::move(ranges));
     }
     if (batch_) {
-        batch_->selected = std::move(ranges);
+        batch_->selected = mergedRanges(std::move(ranges));  // as the view does it
         batch_->isSelectionNew = true;
         return;
     }

@@ -3,6 +3,7 @@
 #include "VELTRuntime/platform/foundation/descriptor.h"
 #include "VELTRuntime/platform/foundation/file_operations.h"
 #include "VELTRuntime/platform/foundation/file_size_signal.h"
+#include "VELTRuntime/platform/foundation/kept_owner.h"
 #include "VELTRuntime/platform/foundation/path_text.h"
 
 #include <atomic>
@@ -25,7 +26,9 @@ namespace {
 constexpr std::string_view kTemporaryPrefix = ".velt-";
 
 bool fail(std::string* failure, const std::string& path) {
-    if (failure) *failure = path + ": " + std::strerror(errno);
+    const int reason = errno;
+    if (failure) *failure = path + ": " + std::strerror(reason);
+    errno = reason;
     return false;
 }
 
@@ -110,16 +113,6 @@ void removeLeftoversOnce(const std::string& folder) {
     removeLeftovers(folder);
 }
 
-/// Gives a new file the owner and permissions of the one that it replaces. Only some may give files away; what counts
-/// are the permissions.
-bool keepPermissions(int file, const struct stat& old) {
-    struct stat fresh {};
-    if (::fstat(file, &fresh) != 0) return false;
-    if (fresh.st_gid != old.st_gid && ::fchown(file, static_cast<uid_t>(-1), old.st_gid) != 0) errno = 0;
-    if (fresh.st_uid != old.st_uid && ::fchown(file, old.st_uid, static_cast<gid_t>(-1)) != 0) errno = 0;
-    return ::fchmod(file, old.st_mode & 07777) == 0;
-}
-
 }  // namespace
 
 std::optional<std::string> readFile(const std::string& path, std::string* failure) {
@@ -166,7 +159,7 @@ bool writeFileAtomically(const std::string& path, std::string_view content, std:
     std::string temporary;
     Descriptor file(createBeside(target, temporary));
     if (!file) return fail(failure, path);
-    const bool written = writeAll(file.value(), content) && (!exists || keepPermissions(file.value(), old)) &&
+    const bool written = writeAll(file.value(), content) && (!exists || keepOwner(file.value(), old)) &&
                          ::fsync(file.value()) == 0 && file.close() && ::rename(temporary.c_str(), target.c_str()) == 0;
     if (!written) {
         const int reason = errno;

@@ -9,7 +9,8 @@
 
 namespace velt {
 
-/// The whole content of a file, pipe or device; nothing when it cannot be read, with the reason in `failure` if given.
+/// The whole content of a file, pipe or device; nothing when it cannot be read, with the reason in `errno`, and as text
+/// in `failure` if given.
 VELT_EXPORT std::optional<std::string> readFile(const std::string& path, std::string* failure = nullptr);
 
 /// Writes a file as a whole: a new file in the same folder is filled, brought to the disk and put in the place of the

@@ -2,6 +2,7 @@
 
 #include "VELTRuntime/platform/foundation/descriptor.h"
 #include "VELTRuntime/platform/foundation/file_size_signal.h"
+#include "VELTRuntime/platform/foundation/kept_owner.h"
 #include "VELTRuntime/platform/foundation/path_text.h"
 #include "VELTRuntime/platform/foundation/tree_removal.h"
 
@@ -124,12 +125,6 @@ private:
         const bool copied = copyBytes(source.value(), target.value()) && keepOwner(target.value(), status) &&
                             ::futimens(target.value(), timesOf(status).data()) == 0 && target.close();
         return copied || fail(failure_, to);
-    }
-
-    /// Only the super-user can give files away; what runs as its owner may not run as another.
-    static bool keepOwner(int file, const struct stat& status) {
-        const bool kept = ::fchown(file, status.st_uid, status.st_gid) == 0;
-        return ::fchmod(file, status.st_mode & (kept ? 07777 : 0777)) == 0;
     }
 
     bool copyLink(const std::string& from, const std::string& to, const struct stat& status) {

@@ -57,15 +57,21 @@ private:
 
 }  // namespace
 
-void SettingsFile::report(const std::string& failure) {
+void SettingsFile::report(const char* what, const std::string& failure) {
     if (std::exchange(reported_, true)) return;
-    std::fprintf(stderr, "The settings are not kept: %s\n", failure.c_str());
+    std::fprintf(stderr, "The settings %s: %s\n", what, failure.c_str());
 }
 
-/// What the file holds now. A file that cannot be read as settings is put aside, not overwritten.
+/// What the file holds now; null, with the reason told, when there is a file that cannot be read. One that holds no
+/// settings is put aside, not overwritten.
 Ref<NSMutableDictionary> SettingsFile::read() {
-    const auto bytes = readFile(path_);
-    if (!bytes) return make<NSMutableDictionary>();
+    std::string failure;
+    const auto bytes = readFile(path_, &failure);
+    if (!bytes) {
+        if (errno == ENOENT || errno == ENOTDIR) return make<NSMutableDictionary>();
+        report("cannot be read", failure);
+        return nullptr;
+    }
     std::string reason = "it is no dictionary";
     try {
         const id root = readPropertyList(*bytes, Collections::Frozen);
@@ -77,6 +83,9 @@ Ref<NSMutableDictionary> SettingsFile::read() {
     if (::rename(path_.c_str(), aside.c_str()) == 0) {
         std::fprintf(stderr, "The settings in %s could not be read and are now in %s: %s\n", path_.c_str(),
                      aside.c_str(), reason.c_str());
+    } else if (errno != ENOENT) {  // another process may have done it
+        report("cannot be read", path_ + ": " + reason);
+        return nullptr;
     }
     return make<NSMutableDictionary>();
 }
@@ -90,7 +99,7 @@ id SettingsFile::value(const id& key) {
     const id changed = changes_->objectForKey(key);
     if (!changed.isNil()) return changed == removal() ? id() : changed;
     readIfUnread();
-    return stored_->objectForKey(key);
+    return stored_ ? stored_->objectForKey(key) : id();
 }
 
 void SettingsFile::set(const id& key, const id& value) {
@@ -101,7 +110,7 @@ void SettingsFile::set(const id& key, const id& value) {
 Ref<NSMutableDictionary> SettingsFile::values() {
     const std::lock_guard lock(mutex_);
     readIfUnread();
-    Ref<NSMutableDictionary> all = make<NSMutableDictionary>(*stored_);
+    Ref<NSMutableDictionary> all = stored_ ? make<NSMutableDictionary>(*stored_) : make<NSMutableDictionary>();
     apply(*changes_, *all);
     return all;
 }
@@ -114,14 +123,16 @@ bool SettingsFile::hasChanges() const {
 bool SettingsFile::write(const id& values) {
     std::string failure;
     if (writeFileAtomically(path_, bytesOf(values), &failure)) return true;
-    report(failure);
+    report("are not kept", failure);
     return false;
 }
 
 bool SettingsFile::synchronize() {
     const std::lock_guard lock(mutex_);
     if (changes_->count() == 0) {
-        stored_ = read();
+        Ref<NSMutableDictionary> now = read();
+        if (!now) return false;
+        stored_ = now;
         return true;
     }
     // Settings are the user's own business.
@@ -133,10 +144,11 @@ bool SettingsFile::synchronize() {
     }
     const SettingsLock fileLock(path_);
     if (!fileLock) {
-        report(path_ + ".lock: " + std::strerror(errno));
+        report("are not kept", path_ + ".lock: " + std::strerror(errno));
         return false;
     }
     Ref<NSMutableDictionary> merged = read();
+    if (!merged) return false;
     apply(*changes_, *merged);
     if (!write(merged)) return false;
     stored_ = merged;

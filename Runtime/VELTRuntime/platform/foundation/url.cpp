@@ -61,7 +61,6 @@ bool parseAuthority(std::string_view authority, UrlParts& parts) {
         if (!consistsOf(parts.host, "")) return false;
     }
     if (!port.empty() && (port[0] != ':' || !std::all_of(port.begin() + 1, port.end(), isDecimal))) return false;
-    parts.hasAuthority = true;
     return true;
 }
 

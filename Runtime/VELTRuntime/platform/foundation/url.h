@@ -14,7 +14,6 @@ struct UrlParts {
     std::string scheme;  // in lower case
     std::string host;
     std::string path;
-    bool hasAuthority = false;
 };
 
 /// The parts of a URL or relative reference in UTF-8, or nothing when the text is neither: it may hold no spaces and no

@@ -27,18 +27,18 @@ public:
     Ref<NSMutableDictionary> values();
     bool hasChanges() const;
     /// Writes the changes, if any, and takes in what others have written. False, with the reason on standard error
-    /// once, when that fails; the changes are kept.
+    /// once, when that fails; the changes are kept. A file that is there and cannot be read is not replaced.
     bool synchronize();
 
 private:
     void readIfUnread();
     Ref<NSMutableDictionary> read();
     bool write(const id& values);
-    void report(const std::string& failure);
+    void report(const char* what, const std::string& failure);
 
     std::string path_;
     mutable std::mutex mutex_;
-    Ref<NSMutableDictionary> stored_;                                 // as last read or written; null before that
+    Ref<NSMutableDictionary> stored_;  // as last read or written; null until that was possible
     Ref<NSMutableDictionary> changes_ = make<NSMutableDictionary>();  // null objects where a value was removed
     bool reported_ = false;
 };

@@ -9,7 +9,6 @@
 
 namespace {
 
-id truth(bool value) { return VELT_ID(static_cast<BOOL>(value)); }
 bool isTrue(const id& value) { return !value.isNil() && VELT_CBOOL(value); }
 
 /// The transformers that every program has; a negation is its own way back.
@@ -35,11 +34,11 @@ struct Registry {
     Registry() {
         using Way = StandardTransformer::Way;
         enter(
-            "NSNegateBoolean", [](const id& value) { return truth(!isTrue(value)); }, Way::BothWays);
+            "NSNegateBoolean", [](const id& value) { return velt::boxResult(!isTrue(value)); }, Way::BothWays);
         enter(
-            "NSIsNil", [](const id& value) { return truth(value.isNil()); }, Way::OneWay);
+            "NSIsNil", [](const id& value) { return velt::boxResult(value.isNil()); }, Way::OneWay);
         enter(
-            "NSIsNotNil", [](const id& value) { return truth(!value.isNil()); }, Way::OneWay);
+            "NSIsNotNil", [](const id& value) { return velt::boxResult(!value.isNil()); }, Way::OneWay);
     }
     void enter(const char* name, id (*transform)(const id&), StandardTransformer::Way way) {
         byName.emplace(name, velt::make<StandardTransformer>(transform, way));

@@ -205,6 +205,17 @@ TEST(ArchivedClasses, ReferConditionallyOnlyToWhatIsWritten) {
     EXPECT_EQ(arrayOf(both)->at(1), velt::to<Card>(arrayOf(both)->at(0))->watcher);
 }
 
+TEST(ArchivedClasses, ReferConditionallyToValuesThatAreWrittenToo) {
+    for (const id& value : {velt::frozenString("text"), velt::frozenString("$null"), integer(77), integer(LONG_MAX),
+                            real(0.5), id(velt::make<NSData>("data"))}) {
+        const auto watched = card("watched");
+        watched->watcher = value;
+        EXPECT_VALUE("nil", velt::to<Card>(roundTrip(watched))->watcher);
+        const id both = roundTrip(array(watched, value));
+        EXPECT_TRUE(velt::isEqual(value, velt::to<Card>(arrayOf(both)->at(0))->watcher)) << show(value);
+    }
+}
+
 TEST(ArchivedClasses, MayPutAnotherObjectInTheirPlace) {
     const id nickname = velt::make<Nickname>();
     EXPECT_VALUE("NSMutableArray (nick, nick)", roundTrip(array(nickname, nickname)));

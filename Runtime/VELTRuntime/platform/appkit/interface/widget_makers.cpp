@@ -19,7 +19,6 @@ namespace velt {
 
 namespace {
 
-id flag(bool value) { return VELT_ID(static_cast<BOOL>(value)); }
 id number(long value) { return VELT_ID(value); }
 
 /// Sends a message with one argument if the object answers it.
@@ -61,7 +60,7 @@ void pushButton(const id& object, const XmlElement& element) {
 }
 void toolButton(const id& object, const XmlElement& element) { setButton(object, element, 0, 10); }
 void checkBox(const id& object, const XmlElement& element) {
-    if (designerFlag(element, "tristate").value_or(false)) tell(object, "setAllowsMixedState:", flag(true));
+    if (designerFlag(element, "tristate").value_or(false)) tell(object, "setAllowsMixedState:", boxResult(true));
     setButton(object, element, 3, 0);
 }
 void radioButton(const id& object, const XmlElement& element) { setButton(object, element, 4, 0); }
@@ -74,19 +73,19 @@ void setAlignment(const id& object, const XmlElement& element) {
 void label(const id& object, const XmlElement& element) {
     for (const char* selector :
          {"setEditable:", "setSelectable:", "setBezeled:", "setBordered:", "setDrawsBackground:"})
-        tell(object, selector, flag(false));
+        tell(object, selector, boxResult(false));
     tellText(object, "setStringValue:", element, "text");
     setAlignment(object, element);
 }
 void lineEdit(const id& object, const XmlElement& element) {
     tellText(object, "setStringValue:", element, "text");
     tellText(object, "setPlaceholderString:", element, "placeholderText");
-    if (designerFlag(element, "readOnly").value_or(false)) tell(object, "setEditable:", flag(false));
+    if (designerFlag(element, "readOnly").value_or(false)) tell(object, "setEditable:", boxResult(false));
     setAlignment(object, element);
 }
 void textEdit(const id& object, const XmlElement& element) {
     tellText(object, "setString:", element, "plainText");
-    if (designerFlag(element, "readOnly").value_or(false)) tell(object, "setEditable:", flag(false));
+    if (designerFlag(element, "readOnly").value_or(false)) tell(object, "setEditable:", boxResult(false));
 }
 
 void range(const id& object, const XmlElement& element) {
@@ -105,7 +104,7 @@ void dial(const id& object, const XmlElement& element) {
     tell(send(object, VELT_SELECTOR("cell")), "setSliderType:", number(1));
 }
 void progressBar(const id& object, const XmlElement& element) {
-    tell(object, "setIndeterminate:", flag(false));
+    tell(object, "setIndeterminate:", boxResult(false));
     tell(object, "setMaxValue:", VELT_ID(100.0));
     range(object, element);
 }
@@ -135,7 +134,7 @@ void box(const id& object, const XmlElement& element) { setTitle(object, element
 void line(const id& object, const XmlElement&) { tell(object, "setBoxType:", number(2)); }
 void splitter(const id& object, const XmlElement& element) {
     // A splitter of the toolkit that lies horizontally has a vertical divider.
-    tell(object, "setVertical:", flag(!designerHas(element, "orientation", "Vertical")));
+    tell(object, "setVertical:", boxResult(!designerHas(element, "orientation", "Vertical")));
 }
 void plain(const id&, const XmlElement&) {}
 
@@ -274,7 +273,7 @@ id makeAction(const XmlElement& element) {
     id item = Class::known("NSMenuItem").newObject();
     setTitle(item, element);
     if (designerFlag(element, "checked").value_or(false)) tell(item, "setState:", number(1));
-    if (const auto enabled = designerFlag(element, "enabled")) tell(item, "setEnabled:", flag(*enabled));
+    if (const auto enabled = designerFlag(element, "enabled")) tell(item, "setEnabled:", boxResult(*enabled));
     // "Ctrl+Shift+S": the desktop's Control key is the program's Command, its Meta key the program's Control.
     if (const auto shortcut = designerText(element, "shortcut"); shortcut && !shortcut->empty()) {
         // The last plus parts the key from what is held, unless it is the key itself: "Ctrl++".
@@ -307,8 +306,8 @@ id makeWidget(const XmlElement& element, const id& parent) {
     }
     (cls == "NSComboBox" ? comboBox : kind.prepare)(object, element);
     tellText(object, "setToolTip:", element, "toolTip");
-    if (const auto enabled = designerFlag(element, "enabled")) tell(object, "setEnabled:", flag(*enabled));
-    if (const auto visible = designerFlag(element, "visible")) tell(object, "setHidden:", flag(!*visible));
+    if (const auto enabled = designerFlag(element, "enabled")) tell(object, "setEnabled:", boxResult(*enabled));
+    if (const auto visible = designerFlag(element, "visible")) tell(object, "setHidden:", boxResult(!*visible));
     setFont(object, element);
     if (element.attribute("class") == "QMenuBar") NSApplication::sharedApplication().setMainMenu(object);
     return object;

@@ -1,10 +1,11 @@
 #include "VELTRuntime/platform/appkit/text/text.h"
 
+#include "VELTRuntime/platform/appkit/color.h"
 #include "VELTRuntime/platform/foundation/notification_center.h"
 #include "VELTRuntime/values/string.h"
 
 void NSText::setBackgroundColor(const id& color) {
-    backgroundColor_ = color;
+    backgroundColor_ = velt::boxResult(velt::to<NSColor>(color));
     changed();
 }
 

@@ -22,6 +22,8 @@ public:
     virtual void scrollRangeToVisible(NSRange range) = 0;
 
     // Looks.
+    // What is no font or no colour raises "VLCastException" with "'NSFont' expected" or "'NSColor' expected"; nil
+    // brings the desktop's own.
     virtual id font() const = 0;
     virtual void setFont(const id& font) = 0;
     virtual id textColor() const = 0;

@@ -2,6 +2,7 @@
 
 #include "VELTRuntime/platform/appkit/font.h"
 #include "VELTRuntime/platform/appkit/qt_values.h"
+#include "VELTRuntime/platform/appkit/text/merged_ranges.h"
 #include "VELTRuntime/platform/appkit/text/moved_range.h"
 #include "VELTRuntime/platform/appkit/text/text_widget.h"
 #include "VELTRuntime/platform/foundation/array.h"
@@ -128,6 +129,7 @@ void NSTextView::setSelectedRanges(const id& list) {
 
 void NSTextView::select(std::vector<NSRange> ranges, bool forward) {
     forward_ = forward;
+    ranges = velt::mergedRanges(std::move(ranges));
     const bool same = ranges == ranges_;
     ranges_ = std::move(ranges);
     showSelection();
@@ -136,6 +138,7 @@ void NSTextView::select(std::vector<NSRange> ranges, bool forward) {
 
 void NSTextView::selectAhead(std::vector<NSRange> ranges) {
     last_ = {};
+    ranges = velt::mergedRanges(std::move(ranges));
     if (ranges == ranges_) return;
     ranges_ = std::move(ranges);
     tell("textViewDidChangeSelection:", "NSTextViewDidChangeSelectionNotification");
@@ -194,13 +197,13 @@ NSRange NSTextView::charactersIn(NSRect rect) const {
 id NSTextView::font() const { return velt::is<NSFont>(font_) ? font_ : id(velt::make<NSFont>()); }
 
 void NSTextView::setFont(const id& font) {
-    font_ = font;
+    font_ = velt::boxResult(velt::to<NSFont>(font));
     if (textLength() > 0) storage()->removeAttribute(velt::attribute::font(), {0, storage()->length()});
     changed();
 }
 
 void NSTextView::setTextColor(const id& color) {
-    textColor_ = color;
+    textColor_ = velt::boxResult(velt::to<NSColor>(color));
     if (textLength() > 0) storage()->removeAttribute(velt::attribute::foregroundColor(), {0, storage()->length()});
     changed();
 }

@@ -35,7 +35,8 @@ public:
     virtual id attributedPart(NSRange range) const { return storage()->attributedSubstring(range); }
     virtual id undoManager();
 
-    // The selection; further ranges are shown, and copied with the first one.
+    // The selection; further ranges are shown, and copied with the first one. They are in order; what overlaps or
+    // touches is one range.
     NSRange selectedRange() const override;
     void setSelectedRange(NSRange range) override;
     virtual id selectedRanges() const;

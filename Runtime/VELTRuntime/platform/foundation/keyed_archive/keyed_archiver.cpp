@@ -34,6 +34,8 @@ const char* plainTypeCode(const id& number) {
     }
 }
 
+bool isFrozenString(const id& value) { return isString(value) && asString(value).isFrozen(); }
+
 /// An object is being asked for its content; what held before is put back in any case.
 class ContentScope {
 public:
@@ -80,18 +82,8 @@ id NSKeyedArchiver::uid(std::uint32_t place) {
     return uids_[place];
 }
 
-std::uint32_t NSKeyedArchiver::placeOfNumber(const id& number) {
-    const auto next = static_cast<std::uint32_t>(entries_.size());
-    const auto isSame = [&](std::uint32_t place) {
-        // By word, which tells 0.0 from -0.0 and 1 from 1.0; numbers outside the word are of three types and never 0.
-        const id& other = entries_[place];
-        return other == number || (other.isObject() && number.isObject() && velt::isEqual(other, number) &&
-                                   numberCode(other.word()) == numberCode(number.word()));
-    };
-    const std::size_t hash = number.isObject() ? numberHash(number.word()) : number.word() * 0x9E3779B97F4A7C15u;
-    const std::uint32_t place = numbers_.findOrAdd(hash, next, isSame);
-    if (place != next) return place;
-    addPlace(nil, number);
+void NSKeyedArchiver::addNumber(const id& number) {
+    const std::uint32_t place = addPlace(nil, number);
     const char* code = typeCode(number);
     if (std::string_view(code) != plainTypeCode(number)) {
         if (numberTypes_.isNil()) numberTypes_ = make<NSMutableDictionary>();
@@ -100,40 +92,53 @@ std::uint32_t NSKeyedArchiver::placeOfNumber(const id& number) {
         if (types.objectForKey(key).isNil()) types.setObject(make<NSMutableArray>(), key);
         mutableArrayOf(types.objectForKey(key))->append(VELT_ID(static_cast<long>(place)));
     }
-    return place;
 }
 
-std::uint32_t NSKeyedArchiver::placeOfText(const id& string) {
-    const auto next = static_cast<std::uint32_t>(entries_.size());
-    const std::u16string_view text = textOf(string);
-    const std::uint32_t place = texts_.findOrAdd(string.object()->hash(), next, [&](std::uint32_t other) {
-        const id& entry = isString(entries_[other]) ? entries_[other] : sources_[other];
-        return textOf(entry) == text;
-    });
-    // A text that looks like nil is written as an object.
-    if (place == next) addPlace(string, text == u"$null" ? id() : string);
-    return place;
-}
-
-std::uint32_t NSKeyedArchiver::placeOfData(const id& data) {
-    const auto next = static_cast<std::uint32_t>(entries_.size());
-    const std::uint32_t place = data_.findOrAdd(data.object()->hash(), next, [&](std::uint32_t other) {
-        return dataOf(entries_[other])->characters() == dataOf(data)->characters();
-    });
-    if (place == next) addPlace(data, data);
-    return place;
+template <class Search> std::uint32_t NSKeyedArchiver::search(const id& object, Search&& in) {
+    if (isNumber(object)) {
+        const std::size_t hash = object.isObject() ? numberHash(object.word()) : object.word() * 0x9E3779B97F4A7C15u;
+        return in(numbers_, hash, [&](std::uint32_t place) {
+            // By word, which tells 0.0 from -0.0 and 1 from 1.0; numbers outside the word are of three types and
+            // never 0.
+            const id& other = entries_[place];
+            return other == object || (other.isObject() && object.isObject() && velt::isEqual(other, object) &&
+                                       numberCode(other.word()) == numberCode(object.word()));
+        });
+    }
+    if (isFrozenString(object)) {
+        return in(texts_, object.object()->hash(),
+                  [&](std::uint32_t place) { return textOf(sources_[place]) == textOf(object); });
+    }
+    if (isKind(object.word(), Kind::Data)) {
+        return in(data_, object.object()->hash(), [&](std::uint32_t place) {
+            return dataOf(entries_[place])->characters() == dataOf(object)->characters();
+        });
+    }
+    return in(objects_, object.object()->NSObject::hash(),
+              [&](std::uint32_t place) { return sources_[place] == object; });
 }
 
 std::uint32_t NSKeyedArchiver::placeOf(const id& object) {
     if (object.isNil()) return 0;
-    if (isNumber(object)) return placeOfNumber(object);
-    if (isString(object) && asString(object).isFrozen()) return placeOfText(object);
-    if (isKind(object.word(), Kind::Data)) return placeOfData(object);
     const auto next = static_cast<std::uint32_t>(entries_.size());
-    const std::uint32_t place = objects_.findOrAdd(object.object()->NSObject::hash(), next,
-                                                   [&](std::uint32_t other) { return sources_[other] == object; });
-    if (place == next) addPlace(object, nil);
+    const std::uint32_t place = search(object, [next](PlaceTable& table, std::size_t hash, const auto& isSame) {
+        return table.findOrAdd(hash, next, isSame);
+    });
+    if (place != next) return place;
+    if (isNumber(object)) {
+        addNumber(object);
+    } else if (isFrozenString(object)) {
+        // A text that looks like nil is written as an object.
+        addPlace(object, textOf(object) == u"$null" ? id() : object);
+    } else {
+        addPlace(object, isKind(object.word(), Kind::Data) ? object : id());
+    }
     return place;
+}
+
+std::uint32_t NSKeyedArchiver::knownPlaceOf(const id& object) {
+    return search(
+        object, [](const PlaceTable& table, std::size_t hash, const auto& isSame) { return table.find(hash, isSame); });
 }
 
 std::uint32_t NSKeyedArchiver::placeOfClass(const Class& cls) {
@@ -176,7 +181,7 @@ void NSKeyedArchiver::encodeConditionalObject(const id& object, const id& key) {
     requireOpen();
     const id kept = archiveKey(key);
     setContent(uid(0), kept);
-    if (object.isObject()) conditionals_.push_back({content_, kept, object});
+    if (!object.isNil()) conditionals_.push_back({content_, kept, object});
 }
 
 void NSKeyedArchiver::encodePlain(const id& value, const id& key) {
@@ -207,8 +212,7 @@ void NSKeyedArchiver::encodeContent(std::uint32_t place) {
     entries_[place] = content_;
     waiting_[place] = false;
     // A frozen string is an NSString in the archive; all strings are of one class here.
-    const bool frozen = isString(object) && asString(object).isFrozen();
-    setContent(uid(placeOfClass(frozen ? NSString::entry() : cls)), classKey());
+    setContent(uid(placeOfClass(isFrozenString(object) ? NSString::entry() : cls)), classKey());
     if (coding) {
         coding->encode(*this, object);
     } else {
@@ -221,9 +225,7 @@ std::string NSKeyedArchiver::finish() {
     encodeWaiting();
     finished_ = true;
     for (const Conditional& conditional : conditionals_) {
-        const std::uint32_t place =
-            objects_.find(conditional.object.object()->NSObject::hash(),
-                          [&](std::uint32_t other) { return sources_[other] == conditional.object; });
+        const std::uint32_t place = knownPlaceOf(conditional.object);
         if (place) asMutableDictionary(conditional.container).setObject(uid(place), conditional.key);
     }
     const Ref<NSMutableDictionary> root = make<NSMutableDictionary>();

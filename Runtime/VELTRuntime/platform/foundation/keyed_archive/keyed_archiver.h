@@ -57,9 +57,11 @@ private:
     };
 
     std::uint32_t placeOf(const id& object);
-    std::uint32_t placeOfNumber(const id& number);
-    std::uint32_t placeOfText(const id& string);
-    std::uint32_t placeOfData(const id& data);
+    /// 0 for what has not been met.
+    std::uint32_t knownPlaceOf(const id& object);
+    /// Searches the table for an object's sort; `in` is given the table, the object's hash there and a comparison.
+    template <class Search> std::uint32_t search(const id& object, Search&& in);
+    void addNumber(const id& number);
     std::uint32_t placeOfClass(const velt::Class& cls);
     std::uint32_t addPlace(const id& source, const id& entry);
     id uid(std::uint32_t place);
