@@ -410,6 +410,9 @@ TEST(HelpMenus, BearAMainMenuThatChangesWhileItIsSearched) {
     VELT_NSMENU_APPEND(main, file);
     VELT_NSMENU_APPEND(main, help);
     const MainMenu scope(main);
+    NSApplication& application = NSApplication::sharedApplication();
+    const id before = application.helpMenu();
+    application.setHelpMenu(help);
     QMenu& widget = opened(help);
     auto* field = widget.findChild<QLineEdit*>();
     ASSERT_TRUE(field);
@@ -421,4 +424,5 @@ TEST(HelpMenus, BearAMainMenuThatChangesWhileItIsSearched) {
     EXPECT_EQ(QStringLiteral("File ▸ Save"), widget.actions().at(1)->text());
     widget.close();
     listener->onAsked = nullptr;
+    application.setHelpMenu(before);
 }

@@ -25,8 +25,8 @@ struct DroppedElements : testing::Test {
     DroppedElements() {
         for (int i = 0; i < 4; ++i) list.push_back(velt::make<Departing>(list, seen));
     }
+    std::vector<std::size_t> seen;  // outlives those that write into it
     std::vector<id> list;
-    std::vector<std::size_t> seen;
 };
 
 }  // namespace

@@ -9,6 +9,7 @@
 #include "VELTRuntime/platform/foundation/array.h"
 #include "VELTRuntime/platform/foundation/notification_center.h"
 #include "VELTRuntime/platform/foundation/run_loop.h"
+#include "VELTRuntime/platform/object/id_of.h"
 #include "VELTRuntime/values/string.h"
 
 #include <QApplication>
@@ -21,8 +22,6 @@ using velt::RunLoop;
 using velt::Selector;
 
 namespace {
-
-id object(const NSObject* pointer) { return id(const_cast<NSObject*>(pointer)); }
 
 void take(std::vector<Ref<NSWindow>>& windows, const NSWindow& window) {
     std::erase_if(windows, [&window](const Ref<NSWindow>& each) { return each.get() == &window; });
@@ -88,7 +87,7 @@ id NSApplication::targetForAction(Selector action, const id& target, const id&) 
         if (velt::respondsTo(window, action)) return window;
         if (velt::respondsTo(asked.delegate(), action)) return asked.delegate();
     }
-    if (velt::respondsTo(object(this), action)) return object(this);
+    if (velt::respondsTo(velt::idOf(this), action)) return velt::idOf(this);
     return velt::respondsTo(delegate_, action) ? delegate_ : id();
 }
 
@@ -107,7 +106,7 @@ bool NSApplication::sendAction(Selector action, const id& target, const id& send
 }
 
 void NSApplication::tell(std::string_view delegateSelector, std::string_view notification) {
-    velt::tellDelegateAndObservers(delegate_, delegateSelector, notification, object(this));
+    velt::tellDelegateAndObservers(delegate_, delegateSelector, notification, velt::idOf(this));
 }
 
 void NSApplication::activateIgnoringOtherApps(bool flag) {
@@ -136,7 +135,7 @@ void NSApplication::windowCloses(NSWindow& window) {
     if (anyLeft || !running_) return;
     // A program without windows would have no way to be ended; its delegate may want it to stay.
     static const Selector asks = Selector::named("applicationShouldTerminateAfterLastWindowClosed:");
-    if (velt::respondsTo(delegate_, asks) && !VELT_CBOOL(velt::send(delegate_, asks, object(this)))) return;
+    if (velt::respondsTo(delegate_, asks) && !VELT_CBOOL(velt::send(delegate_, asks, velt::idOf(this)))) return;
     const Ref<NSApplication> kept(this);
     RunLoop::main().perform([kept] {
         if (kept->open_.empty()) kept->terminate(nil);
@@ -188,7 +187,7 @@ void NSApplication::describe(velt::ClassBuilder<NSApplication>& c) {
                     return velt::boxResult(velt::as<NSApplication>(self)->sendAction(action, a[1], a[2]));
                 })
         .classMethod("sharedApplication",
-                     [](const id&, const id*) { return object(&NSApplication::sharedApplication()); })
+                     [](const id&, const id*) { return velt::idOf(&NSApplication::sharedApplication()); })
         .owns(&NSApplication::currentEvent_)
         .owns(&NSApplication::mainMenu_)
         .owns(&NSApplication::helpMenu_)

@@ -14,6 +14,7 @@
 #include "VELTRuntime/platform/appkit/view_widget.h"
 #include "VELTRuntime/platform/appkit/window_widget.h"
 #include "VELTRuntime/platform/foundation/notification_center.h"
+#include "VELTRuntime/platform/object/id_of.h"
 #include "VELTRuntime/platform/object/setting.h"
 
 #include <QApplication>
@@ -28,8 +29,6 @@ using velt::Ref;
 using velt::WindowWidget;
 
 namespace {
-
-id object(const NSObject* pointer) { return id(const_cast<NSObject*>(pointer)); }
 
 constexpr unsigned long kUsualStyle =
     velt::kTitledWindow | velt::kClosableWindow | velt::kMiniaturizableWindow | velt::kResizableWindow;
@@ -234,7 +233,7 @@ void NSWindow::show(bool activate) {
         shown.show();
         NSApplication::sharedApplication().windowOpens(*this);
         velt::tellFollowers(*this, velt::LeaderChange::Shown);
-        if (firstResponder() == object(this)) makeFirstResponder(velt::firstKeyView(*this));
+        if (firstResponder() == velt::idOf(this)) makeFirstResponder(velt::firstKeyView(*this));
     } else if (shown.isMinimized()) {
         shown.showNormal();
     }
@@ -288,8 +287,8 @@ void NSWindow::deminiaturize(const id&) {
 
 bool NSWindow::mayClose() {
     static const velt::Selector asks = velt::Selector::named("windowShouldClose:");
-    const id asked = delegate_.isNil() ? object(this) : delegate_;
-    return !velt::respondsTo(asked, asks) || VELT_CBOOL(velt::send(asked, asks, object(this)));
+    const id asked = delegate_.isNil() ? velt::idOf(this) : delegate_;
+    return !velt::respondsTo(asked, asks) || VELT_CBOOL(velt::send(asked, asks, velt::idOf(this)));
 }
 
 void NSWindow::performClose(const id&) {
@@ -487,7 +486,7 @@ void NSWindow::stateChanged() {
 }
 
 void NSWindow::tell(std::string_view delegateSelector, std::string_view notification) {
-    velt::tellDelegateAndObservers(delegate_, delegateSelector, notification, object(this));
+    velt::tellDelegateAndObservers(delegate_, delegateSelector, notification, velt::idOf(this));
 }
 
 id NSWindow::ownNextResponder() const { return nil; }

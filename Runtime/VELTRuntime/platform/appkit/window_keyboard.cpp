@@ -5,6 +5,7 @@
 #include "VELTRuntime/platform/appkit/toolbars/toolbar.h"
 #include "VELTRuntime/platform/appkit/window.h"
 #include "VELTRuntime/platform/appkit/window_widget.h"
+#include "VELTRuntime/platform/object/id_of.h"
 #include "VELTRuntime/values/string.h"
 
 #include <QGuiApplication>
@@ -15,8 +16,6 @@
 using velt::Ref;
 
 namespace {
-
-id object(const NSObject* pointer) { return id(const_cast<NSObject*>(pointer)); }
 
 constexpr int kMostSteps = 10'000;  // a loop of key views need not come back to where it began
 
@@ -36,7 +35,8 @@ void collectKeyViews(NSView& view, std::vector<NSView*>& found) {
         return fa.origin.x < fb.origin.x;
     });
     for (NSView* subview : views) {
-        if (VELT_CBOOL(velt::send(object(subview), VELT_SELECTOR("acceptsFirstResponder")))) found.push_back(subview);
+        if (VELT_CBOOL(velt::send(velt::idOf(subview), VELT_SELECTOR("acceptsFirstResponder"))))
+            found.push_back(subview);
         collectKeyViews(*subview, found);
     }
 }
@@ -85,9 +85,9 @@ id NSWindow::firstResponder() const {
     QWidget* focus = velt::behindMenuBar(widget_ ? widget_->focusWidget() : nullptr);
     // A control's widget may hand the keyboard to a part of itself.
     for (; focus && focus != widget_; focus = focus->parentWidget()) {
-        if (NSView* view = velt::viewOf(focus)) return object(view);
+        if (NSView* view = velt::viewOf(focus)) return velt::idOf(view);
     }
-    return object(this);
+    return velt::idOf(this);
 }
 
 bool NSWindow::makeFirstResponder(const id& responder) {
@@ -100,7 +100,7 @@ bool NSWindow::makeFirstResponder(const id& responder) {
     if (velt::is<NSView>(before) && !agrees(before, "resignFirstResponder")) return false;
     if (!velt::is<NSView>(responder)) {
         if (QWidget* focus = widget_ ? widget_->focusWidget() : nullptr) focus->clearFocus();
-        return responder.isNil() || responder == object(this);
+        return responder.isNil() || responder == velt::idOf(this);
     }
     NSView& view = *velt::as<NSView>(responder);
     if (!view.canBecomeKeyView() || !agrees(responder, "becomeFirstResponder")) return false;
@@ -110,7 +110,7 @@ bool NSWindow::makeFirstResponder(const id& responder) {
 }
 
 void NSWindow::viewLeaves(NSView& view) {
-    const id left = object(&view);
+    const id left = velt::idOf(&view);
     if (initialFirstResponder_ == left) initialFirstResponder_ = nil;
     QWidget* widget = view.existingWidget();
     if (widget && widget->hasFocus()) widget->clearFocus();
@@ -123,7 +123,7 @@ void NSWindow::recalculateKeyViewLoop() {
     for (std::size_t i = 0; bar && i < bar->itemList().size(); ++i) {
         NSView* view = bar->itemList()[i]->viewPointer();
         if (!view) continue;
-        if (VELT_CBOOL(velt::send(object(view), VELT_SELECTOR("acceptsFirstResponder")))) views.push_back(view);
+        if (VELT_CBOOL(velt::send(velt::idOf(view), VELT_SELECTOR("acceptsFirstResponder")))) views.push_back(view);
         collectKeyViews(*view, views);
     }
     const std::size_t above = views.size();
@@ -131,7 +131,7 @@ void NSWindow::recalculateKeyViewLoop() {
     for (std::size_t i = 0; i < views.size(); ++i) views[i]->setNextKeyView(views[(i + 1) % views.size()]);
     // A person begins in the content.
     if (initialFirstResponder_.isNil() && !views.empty()) {
-        initialFirstResponder_ = object(above < views.size() ? views[above] : views.front());
+        initialFirstResponder_ = velt::idOf(above < views.size() ? views[above] : views.front());
     }
 }
 
@@ -160,7 +160,7 @@ void NSWindow::selectKeyViewPrecedingView(NSView* view) {
 
 bool NSWindow::moveKeyView(NSView& from, bool next) {
     NSView* view = nextValidKeyView(from, next);
-    if (!view || !makeFirstResponder(object(view))) return false;
+    if (!view || !makeFirstResponder(velt::idOf(view))) return false;
     // Who moves by keys sees where the keyboard is.
     view->widget().window()->setAttribute(Qt::WA_KeyboardFocusChange);
     view->widget().update();
@@ -187,7 +187,7 @@ void NSWindow::setToolbar(const id& toolbar) {
 }
 
 bool NSWindow::performKeyEquivalent(NSEvent& event) {
-    const id told = object(&event);
+    const id told = velt::idOf(&event);
     // Views are asked from the content view inward, the one in front first.
     const auto ask = [&](const auto& self, NSView& view) -> bool {
         if (view.isHidden()) return false;
@@ -196,14 +196,14 @@ bool NSWindow::performKeyEquivalent(NSEvent& event) {
             if (self(self, **at)) return true;
         }
         const velt::Selector asks = velt::Selector::named("performKeyEquivalent:");
-        return velt::respondsTo(object(&view), asks) && VELT_CBOOL(velt::send(object(&view), asks, told));
+        return velt::respondsTo(velt::idOf(&view), asks) && VELT_CBOOL(velt::send(velt::idOf(&view), asks, told));
     };
     if (ask(ask, *contentView_)) return true;
     const id characters = event.characters();
     const bool isReturn = velt::isString(characters) && velt::textOf(characters) == u"\r";
     constexpr unsigned long kAny = NSEvent::kCommand | NSEvent::kAlternate | NSEvent::kControl;
     if (isReturn && defaultButtonWorks_ && isWithin(defaultButtonCell_, *this) && !(event.modifierFlags() & kAny)) {
-        velt::send(defaultButtonCell_, VELT_SELECTOR("performClick:"), object(this));
+        velt::send(defaultButtonCell_, VELT_SELECTOR("performClick:"), velt::idOf(this));
         return true;
     }
     return false;

@@ -6,6 +6,7 @@
 #include "VELTRuntime/platform/foundation/run_loop.h"
 #include "VELTRuntime/platform/object/drop_elements.h"
 #include "VELTRuntime/platform/object/exception.h"
+#include "VELTRuntime/platform/object/id_of.h"
 #include "VELTRuntime/platform/object/message.h"
 #include "VELTRuntime/values/string.h"
 
@@ -14,8 +15,6 @@
 using velt::Ref;
 
 namespace {
-
-id object(const NSObject* pointer) { return id(const_cast<NSObject*>(pointer)); }
 
 [[noreturn]] void raiseOrder(const char* call, const char* reason) {
     velt::raise(velt::kInternalInconsistencyException, std::string("'NSUndoManager' ") + call + ": " + reason);
@@ -82,7 +81,7 @@ bool NSUndoManager::amend(std::uint64_t registration, std::span<const id> argume
 }
 
 id NSUndoManager::prepareWithInvocationTarget(const id& target) {
-    return velt::make<UndoRecorder>(object(this), target);
+    return velt::make<UndoRecorder>(velt::idOf(this), target);
 }
 
 void NSUndoManager::beginUndoGrouping() { ++level_; }
@@ -118,7 +117,7 @@ void NSUndoManager::enableUndoRegistration() {
 }
 
 void NSUndoManager::tell(std::string_view notification) {
-    NSNotificationCenter::defaultCenter().post(velt::string(notification), object(this));
+    NSNotificationCenter::defaultCenter().post(velt::string(notification), velt::idOf(this));
 }
 
 void NSUndoManager::run(State state, std::vector<Group>& from) {

@@ -3,6 +3,7 @@
 #include "VELTRuntime/platform/appkit/controls/combo_widget.h"
 #include "VELTRuntime/platform/appkit/event_delivery.h"
 #include "VELTRuntime/platform/appkit/qt_values.h"
+#include "VELTRuntime/platform/object/id_of.h"
 #include "VELTRuntime/values/class_casts.h"
 
 #include <QListWidget>
@@ -11,8 +12,6 @@
 using velt::Ref;
 
 namespace {
-
-id object(const NSObject* pointer) { return id(const_cast<NSObject*>(pointer)); }
 
 constexpr long kNotFound = std::numeric_limits<long>::max();  // the platform's
 
@@ -112,7 +111,7 @@ long NSComboBox::numberOfItems() const {
     if (!cell.usesDataSource()) return static_cast<long>(cell.items().count());
     const velt::Selector asks = VELT_SELECTOR("numberOfItemsInComboBox:");
     if (!velt::respondsTo(cell.dataSource(), asks)) return 0;
-    return std::max(0L, static_cast<long>(VELT_CINTEGER(velt::send(cell.dataSource(), asks, object(this)))));
+    return std::max(0L, static_cast<long>(VELT_CINTEGER(velt::send(cell.dataSource(), asks, velt::idOf(this)))));
 }
 
 id NSComboBox::itemObjectValueAtIndex(long index) const {
@@ -122,7 +121,7 @@ id NSComboBox::itemObjectValueAtIndex(long index) const {
     if (index < 0 || index >= count) {
         velt::raiseRange("'" + isa().name() + "' itemObjectValueAtIndex:", index, static_cast<std::size_t>(count));
     }
-    return velt::send(cell.dataSource(), VELT_SELECTOR("comboBox:objectValueForItemAtIndex:"), object(this),
+    return velt::send(cell.dataSource(), VELT_SELECTOR("comboBox:objectValueForItemAtIndex:"), velt::idOf(this),
                       VELT_ID(index));
 }
 
@@ -227,7 +226,7 @@ id NSComboBox::completedString(const id& text) const {
     const NSComboBoxCell& cell = comboCell();
     const velt::Selector asks = VELT_SELECTOR("comboBox:completedString:");
     if (cell.usesDataSource() && velt::respondsTo(cell.dataSource(), asks)) {
-        return velt::send(cell.dataSource(), asks, object(this), text);
+        return velt::send(cell.dataSource(), asks, velt::idOf(this), text);
     }
     const QString begin = velt::qtText(text);
     const long count = numberOfItems();

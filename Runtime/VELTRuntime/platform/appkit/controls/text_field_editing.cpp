@@ -6,13 +6,12 @@
 #include "VELTRuntime/platform/appkit/qt_values.h"
 #include "VELTRuntime/platform/foundation/dictionary.h"
 #include "VELTRuntime/platform/foundation/notification_center.h"
+#include "VELTRuntime/platform/object/id_of.h"
 
 using velt::Ref;
 using velt::Selector;
 
 namespace {
-
-id object(const NSObject* pointer) { return id(const_cast<NSObject*>(pointer)); }
 
 /// A flag is set for as long as this lives.
 class Sets {
@@ -33,11 +32,11 @@ bool NSTextField::delegateAllows(std::string_view selector) {
     const Selector asks = Selector::named(selector);
     const id delegate = this->delegate();
     if (!velt::respondsTo(delegate, asks)) return true;
-    return VELT_CBOOL(velt::send(delegate, asks, object(this), currentEditor()));
+    return VELT_CBOOL(velt::send(delegate, asks, velt::idOf(this), currentEditor()));
 }
 
 void NSTextField::tell(std::string_view delegateSelector, std::string_view notification, const id& userInfo) {
-    velt::tellDelegateAndObservers(delegate(), delegateSelector, notification, object(this), userInfo);
+    velt::tellDelegateAndObservers(delegate(), delegateSelector, notification, velt::idOf(this), userInfo);
 }
 
 void NSTextField::beginEditing() {
@@ -93,7 +92,7 @@ bool NSTextField::endEditing(Movement movement) {
         if (!textCell().finishTyping()) {
             const Selector asks = VELT_SELECTOR("control:didFailToFormatString:errorDescription:");
             const bool taken = velt::respondsTo(delegate(), asks) &&
-                               VELT_CBOOL(velt::send(delegate(), asks, object(this), stringValue(), nil));
+                               VELT_CBOOL(velt::send(delegate(), asks, velt::idOf(this), stringValue(), nil));
             if (!taken) return false;
             const id text = stringValue();
             textCell().dropTyping();
@@ -175,7 +174,7 @@ bool NSTextField::command(std::string_view selector) noexcept {
         const Selector asks = VELT_SELECTOR("control:textView:doCommandBySelector:");
         const id delegate = this->delegate();
         if (velt::respondsTo(delegate, asks)) {
-            taken = VELT_CBOOL(velt::send(delegate, asks, object(this), currentEditor(), velt::string(selector)));
+            taken = VELT_CBOOL(velt::send(delegate, asks, velt::idOf(this), currentEditor(), velt::string(selector)));
         }
         taken = taken || perform(selector);
     });

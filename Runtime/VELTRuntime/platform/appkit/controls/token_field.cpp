@@ -4,18 +4,13 @@
 #include "VELTRuntime/platform/appkit/event_delivery.h"
 #include "VELTRuntime/platform/appkit/qt_values.h"
 #include "VELTRuntime/platform/foundation/array.h"
+#include "VELTRuntime/platform/object/id_of.h"
 
 #include <QClipboard>
 #include <QGuiApplication>
 #include <algorithm>
 
 using velt::Ref;
-
-namespace {
-
-id object(const NSObject* pointer) { return id(const_cast<NSObject*>(pointer)); }
-
-}  // namespace
 
 Ref<NSCell> NSTokenField::makeCell() const {
     Ref<NSTokenFieldCell> cell = velt::make<NSTokenFieldCell>();
@@ -44,7 +39,7 @@ bool NSTokenField::addTokens(const std::vector<id>& texts) {
     const velt::Selector asks = VELT_SELECTOR("tokenField:shouldAddObjects:atIndex:");
     if (velt::respondsTo(delegate(), asks)) {
         const id offered = velt::make<NSArray>(std::span<const id>(made));
-        const id taken = velt::send(delegate(), asks, object(this), offered, VELT_ID(static_cast<long>(at)));
+        const id taken = velt::send(delegate(), asks, velt::idOf(this), offered, VELT_ID(static_cast<long>(at)));
         const NSArray* list = velt::arrayOf(taken);
         made.clear();
         if (list) made.assign(list->items().begin(), list->items().end());
@@ -202,7 +197,7 @@ id NSTokenField::completions() noexcept {
         if (!shown || shown->text().trimmed().isEmpty() || !velt::respondsTo(delegate(), asks)) return;
         const id text = velt::textValue(shown->text().trimmed());
         const auto index = static_cast<long>(tokenCell().tokens().size());
-        found = velt::send(delegate(), asks, object(this), text, VELT_ID(index), VELT_ID(0L));
+        found = velt::send(delegate(), asks, velt::idOf(this), text, VELT_ID(index), VELT_ID(0L));
     });
     return found;
 }

@@ -3,6 +3,7 @@
 #include "VELTRuntime/platform/appkit/event_delivery.h"
 #include "VELTRuntime/platform/appkit/qt_values.h"
 #include "VELTRuntime/platform/appkit/tables/browser_column.h"
+#include "VELTRuntime/platform/object/id_of.h"
 
 #include <QKeyEvent>
 #include <QScrollArea>
@@ -15,8 +16,6 @@ using velt::Ref;
 using velt::Selector;
 
 namespace {
-
-id object(const NSObject* pointer) { return id(const_cast<NSObject*>(pointer)); }
 
 /// The columns side by side, scrolled when they need more room than there is.
 class BrowserWidget final : public QScrollArea {
@@ -105,7 +104,7 @@ long NSBrowser::rowsOfColumn(long column) {
     const Selector asks = VELT_SELECTOR("browser:numberOfRowsInColumn:");
     if (!velt::respondsTo(delegate(), asks)) return 0;
     constexpr long kMost = 0x7FFFFFF0;
-    return std::clamp(VELT_CINTEGER(velt::send(delegate(), asks, object(this), VELT_ID(column))), 0L, kMost);
+    return std::clamp(VELT_CINTEGER(velt::send(delegate(), asks, velt::idOf(this), VELT_ID(column))), 0L, kMost);
 }
 
 void NSBrowser::openColumn() {
@@ -154,7 +153,7 @@ id NSBrowser::newCell(long row, long column) {
     id cell = velt::make<NSBrowserCell>();
     const Selector tells = VELT_SELECTOR("browser:willDisplayCell:atRow:column:");
     if (velt::respondsTo(delegate(), tells)) {
-        velt::send(delegate(), tells, object(this), cell, VELT_ID(row), VELT_ID(column));
+        velt::send(delegate(), tells, velt::idOf(this), cell, VELT_ID(row), VELT_ID(column));
     }
     velt::as<NSBrowserCell>(cell)->setLoaded(true);
     return cell;
@@ -286,7 +285,7 @@ void NSBrowser::syncTitles() {
 id NSBrowser::titleOfColumn(long column) {
     const Selector asks = VELT_SELECTOR("browser:titleOfColumn:");
     if (velt::respondsTo(delegate(), asks)) {
-        id title = velt::send(delegate(), asks, object(this), VELT_ID(column));
+        id title = velt::send(delegate(), asks, velt::idOf(this), VELT_ID(column));
         if (velt::isString(title)) return title;
     }
     if (const auto own = titles_.find(column); own != titles_.end() && !own->second.isNil()) return own->second;

@@ -4,6 +4,7 @@
 #include "VELTRuntime/platform/appkit/tables/matrix_widget.h"
 #include "VELTRuntime/platform/foundation/array.h"
 #include "VELTRuntime/platform/object/exception.h"
+#include "VELTRuntime/platform/object/id_of.h"
 #include "VELTRuntime/values/class_casts.h"
 
 #include <QApplication>
@@ -15,8 +16,6 @@ using velt::MatrixPlace;
 using velt::Ref;
 
 namespace {
-
-id object(const NSObject* pointer) { return id(const_cast<NSObject*>(pointer)); }
 
 constexpr long kMostCells = 1'000'000;  // and as many rows and columns
 
@@ -61,9 +60,9 @@ id NSMatrix::makeCellAt(long, long) {
 }
 
 NSMatrix::Entry NSMatrix::newEntry(long row, long column, const id& given) {
-    const id cell =
-        given.isNil() ? velt::send(object(this), VELT_SELECTOR("makeCellAtRow:column:"), VELT_ID(row), VELT_ID(column))
-                      : given;
+    const id cell = given.isNil() ? velt::send(velt::idOf(this), VELT_SELECTOR("makeCellAtRow:column:"), VELT_ID(row),
+                                               VELT_ID(column))
+                                  : given;
     Entry entry{Ref<NSCell>(velt::as<NSCell>(VELT_CNSCELL(cell))), false, nil};
     NSControl* before = entry.cell->control();
     if (auto* matrix = dynamic_cast<NSMatrix*>(before); matrix && matrix != this) {
@@ -188,7 +187,7 @@ id NSMatrix::cellAt(long row, long column) const { return has({row, column}) ? i
 void NSMatrix::putCell(NSCell* cell, long row, long column) {
     checkedPlace("putCell:atRow:column:", row, rows_);
     checkedPlace("putCell:atRow:column:", column, columns_);
-    Entry next = newEntry(row, column, object(cell));
+    Entry next = newEntry(row, column, velt::idOf(cell));
     Entry& place = entryAt({row, column});
     next.isSelected = place.isSelected;
     next.toolTip = place.toolTip;

@@ -6,6 +6,7 @@
 #include "VELTRuntime/platform/appkit/tables/outline_model.h"
 #include "VELTRuntime/platform/appkit/tables/outline_tree.h"
 #include "VELTRuntime/platform/foundation/dictionary.h"
+#include "VELTRuntime/platform/object/id_of.h"
 #include "VELTRuntime/platform/object/setting.h"
 
 #include <QHeaderView>
@@ -18,8 +19,6 @@ using velt::Ref;
 using velt::Selector;
 
 namespace {
-
-id object(const NSObject* pointer) { return id(const_cast<NSObject*>(pointer)); }
 
 QTreeView& treeOf(QAbstractItemView& view) { return static_cast<QTreeView&>(view); }
 
@@ -49,18 +48,18 @@ long NSOutlineView::askChildCount(const id& item) {
     const Selector asks = VELT_SELECTOR("outlineView:numberOfChildrenOfItem:");
     if (!velt::respondsTo(dataSource(), asks)) return 0;
     constexpr long kMost = 0x7FFFFFF0;
-    return std::clamp(VELT_CINTEGER(velt::send(dataSource(), asks, object(this), item)), 0L, kMost);
+    return std::clamp(VELT_CINTEGER(velt::send(dataSource(), asks, velt::idOf(this), item)), 0L, kMost);
 }
 
 id NSOutlineView::askChild(long index, const id& item) {
     const Selector asks = VELT_SELECTOR("outlineView:child:ofItem:");
     if (!velt::respondsTo(dataSource(), asks)) return nil;
-    return velt::send(dataSource(), asks, object(this), VELT_ID(index), item);
+    return velt::send(dataSource(), asks, velt::idOf(this), VELT_ID(index), item);
 }
 
 bool NSOutlineView::isExpandable(const id& item) {
     const Selector asks = VELT_SELECTOR("outlineView:isItemExpandable:");
-    return velt::respondsTo(dataSource(), asks) && VELT_CBOOL(velt::send(dataSource(), asks, object(this), item));
+    return velt::respondsTo(dataSource(), asks) && VELT_CBOOL(velt::send(dataSource(), asks, velt::idOf(this), item));
 }
 
 const velt::RowMessages& NSOutlineView::rowMessages() const {
@@ -118,7 +117,7 @@ bool NSOutlineView::mayChange(const QModelIndex& index, bool expand) {
     const Selector asks = expand ? Selector(VELT_SELECTOR("outlineView:shouldExpandItem:"))
                                  : Selector(VELT_SELECTOR("outlineView:shouldCollapseItem:"));
     return opening_ || !velt::respondsTo(delegate(), asks) ||
-           VELT_CBOOL(velt::send(delegate(), asks, object(this), model().itemAt(index)));
+           VELT_CBOOL(velt::send(delegate(), asks, velt::idOf(this), model().itemAt(index)));
 }
 
 void NSOutlineView::expansionChanged(const QModelIndex& index, bool expanded) {

@@ -2,6 +2,7 @@
 #include "VELTRuntime/platform/appkit/tables/table_view.h"
 #include "VELTRuntime/platform/foundation/array.h"
 #include "VELTRuntime/platform/object/exception.h"
+#include "VELTRuntime/platform/object/id_of.h"
 
 #include <QAbstractItemView>
 #include <QHeaderView>
@@ -10,12 +11,6 @@
 
 using velt::Ref;
 using velt::Selector;
-
-namespace {
-
-id object(const NSObject* pointer) { return id(const_cast<NSObject*>(pointer)); }
-
-}  // namespace
 
 void NSTableView::addTableColumn(NSTableColumn* column) {
     if (!column) return;
@@ -118,14 +113,14 @@ void NSTableView::setSortDescriptors(const id& descriptors) {
     syncSortIndicator();
     if (velt::isEqual(before, descriptors)) return;
     const Selector tells = VELT_SELECTOR("tableView:sortDescriptorsDidChange:");
-    if (velt::respondsTo(dataSource_, tells)) velt::send(dataSource_, tells, object(this), before);
+    if (velt::respondsTo(dataSource_, tells)) velt::send(dataSource_, tells, velt::idOf(this), before);
 }
 
 void NSTableView::headerClicked(int section) {
     if (section < 0 || static_cast<std::size_t>(section) >= columns_.size()) return;
     const Ref<NSTableColumn> column = columns_[static_cast<std::size_t>(section)];
     const Selector tells = VELT_SELECTOR("tableView:didClickTableColumn:");
-    if (velt::respondsTo(delegate(), tells)) velt::send(delegate(), tells, object(this), id(column));
+    if (velt::respondsTo(delegate(), tells)) velt::send(delegate(), tells, velt::idOf(this), id(column));
     const id prototype = column->sortDescriptorPrototype();
     if (!velt::is<NSSortDescriptor>(prototype)) {
         syncSortIndicator();

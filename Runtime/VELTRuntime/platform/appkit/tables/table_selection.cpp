@@ -3,18 +3,13 @@
 #include "VELTRuntime/platform/appkit/tables/rows_view.h"
 #include "VELTRuntime/platform/appkit/tables/table_view.h"
 #include "VELTRuntime/platform/object/exception.h"
+#include "VELTRuntime/platform/object/id_of.h"
 
 #include <QAbstractItemView>
 #include <algorithm>
 
 using velt::Ref;
 using velt::Selector;
-
-namespace {
-
-id object(const NSObject* pointer) { return id(const_cast<NSObject*>(pointer)); }
-
-}  // namespace
 
 long NSTableView::rowOf(const QModelIndex& index) const { return index.isValid() ? index.row() : -1; }
 QModelIndex NSTableView::indexOf(long row, int column) const {
@@ -96,11 +91,11 @@ void NSTableView::setAllowsMultipleSelection(bool flag) {
 
 bool NSTableView::maySelectionChange() {
     const Selector asks = VELT_SELECTOR("selectionShouldChangeInTableView:");
-    return !velt::respondsTo(delegate(), asks) || VELT_CBOOL(velt::send(delegate(), asks, object(this)));
+    return !velt::respondsTo(delegate(), asks) || VELT_CBOOL(velt::send(delegate(), asks, velt::idOf(this)));
 }
 
 bool NSTableView::maySelect(const QModelIndex& index) {
     const Selector asks = rowMessages().shouldSelect;
     return !velt::respondsTo(delegate(), asks) ||
-           VELT_CBOOL(velt::send(delegate(), asks, object(this), rowArgument(index)));
+           VELT_CBOOL(velt::send(delegate(), asks, velt::idOf(this), rowArgument(index)));
 }

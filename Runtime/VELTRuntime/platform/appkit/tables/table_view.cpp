@@ -9,6 +9,7 @@
 #include "VELTRuntime/platform/foundation/array.h"
 #include "VELTRuntime/platform/foundation/notification_center.h"
 #include "VELTRuntime/platform/object/exception.h"
+#include "VELTRuntime/platform/object/id_of.h"
 
 #include <QCursor>
 #include <QHeaderView>
@@ -18,12 +19,6 @@
 
 using velt::Ref;
 using velt::Selector;
-
-namespace {
-
-id object(const NSObject* pointer) { return id(const_cast<NSObject*>(pointer)); }
-
-}  // namespace
 
 NSTableView::NSTableView()
     : headerView_(velt::make<NSTableHeaderView>()), sortDescriptors_(velt::make<NSMutableArray>()) {
@@ -58,7 +53,7 @@ void NSTableView::setDataSource(const id& source) {
 }
 
 long NSTableView::askRowCount() {
-    const id self = object(this);
+    const id self = velt::idOf(this);
     if (!velt::respondsTo(dataSource_, VELT_SELECTOR("numberOfRowsInTableView:"))) return 0;
     constexpr long kMost = 0x7FFFFFF0;
     return std::clamp(VELT_CINTEGER(velt::send(dataSource_, VELT_SELECTOR("numberOfRowsInTableView:"), self)), 0L,
@@ -131,13 +126,13 @@ id NSTableView::rowArgument(const QModelIndex& index) { return VELT_ID(rowOf(ind
 id NSTableView::valueAt(const QModelIndex& index) {
     const Selector asks = rowMessages().value;
     if (!velt::respondsTo(dataSource_, asks)) return nil;
-    return velt::send(dataSource_, asks, object(this), object(columnAt(index)), rowArgument(index));
+    return velt::send(dataSource_, asks, velt::idOf(this), velt::idOf(columnAt(index)), rowArgument(index));
 }
 
 void NSTableView::setValueAt(const QModelIndex& index, const id& value) {
     const Selector asks = rowMessages().setValue;
     if (!velt::respondsTo(dataSource_, asks)) return;
-    velt::send(dataSource_, asks, object(this), value, object(columnAt(index)), rowArgument(index));
+    velt::send(dataSource_, asks, velt::idOf(this), value, velt::idOf(columnAt(index)), rowArgument(index));
     if (QAbstractItemView* view = existingItemView()) view->viewport()->update();
 }
 
@@ -146,10 +141,10 @@ id NSTableView::columnCell(const id& column, const QModelIndex& index) {
 }
 
 id NSTableView::dataCellAt(const QModelIndex& index) {
-    const id column = object(columnAt(index));
+    const id column = velt::idOf(columnAt(index));
     const Selector asks = rowMessages().dataCell;
     if (velt::respondsTo(delegate(), asks)) {
-        id cell = velt::send(delegate(), asks, object(this), column, rowArgument(index));
+        id cell = velt::send(delegate(), asks, velt::idOf(this), column, rowArgument(index));
         if (velt::is<NSCell>(cell)) return cell;
     }
     return columnCell(column, index);
@@ -162,7 +157,7 @@ id NSTableView::preparedCell(const QModelIndex& index) {
     velt::send(cell, VELT_SELECTOR("setObjectValue:"), valueAt(index));
     const Selector tells = rowMessages().willDisplay;
     if (velt::respondsTo(delegate(), tells)) {
-        velt::send(delegate(), tells, object(this), cell, object(columnAt(index)), rowArgument(index));
+        velt::send(delegate(), tells, velt::idOf(this), cell, velt::idOf(columnAt(index)), rowArgument(index));
     }
     return cell;
 }
@@ -174,13 +169,13 @@ id NSTableView::toolTipAt(const QModelIndex& index) {
         const QPoint corner = view.viewport()->pos(), mouse = view.mapFromGlobal(QCursor::pos());
         const QRect cell = view.visualRect(index).translated(corner);
         const NSRect rect{{double(cell.x()), double(cell.y())}, {double(cell.width()), double(cell.height())}};
-        return velt::send(delegate(), asksAtMouse, object(this), preparedCell(index), VELT_ID(rect),
-                          object(columnAt(index)), rowArgument(index),
+        return velt::send(delegate(), asksAtMouse, velt::idOf(this), preparedCell(index), VELT_ID(rect),
+                          velt::idOf(columnAt(index)), rowArgument(index),
                           VELT_ID(NSPoint{double(mouse.x()), double(mouse.y())}));
     }
     const Selector asks = rowMessages().toolTip;
     if (!velt::respondsTo(delegate(), asks)) return nil;
-    return velt::send(delegate(), asks, object(this), object(columnAt(index)), rowArgument(index));
+    return velt::send(delegate(), asks, velt::idOf(this), velt::idOf(columnAt(index)), rowArgument(index));
 }
 
 bool NSTableView::mayEdit(const QModelIndex& index) {
@@ -192,7 +187,7 @@ bool NSTableView::mayEdit(const QModelIndex& index) {
     if (!velt::is<NSCell>(cell) || !(isButton || velt::as<NSCell>(cell)->isEditable())) return false;
     const Selector asks = rowMessages().shouldEdit;
     if (isButton || !velt::respondsTo(delegate(), asks)) return true;
-    return VELT_CBOOL(velt::send(delegate(), asks, object(this), object(column), rowArgument(index)));
+    return VELT_CBOOL(velt::send(delegate(), asks, velt::idOf(this), velt::idOf(column), rowArgument(index)));
 }
 
 bool NSTableView::mayType(const QModelIndex& index) {
@@ -202,7 +197,7 @@ bool NSTableView::mayType(const QModelIndex& index) {
 // A person's work.
 
 void NSTableView::tell(std::string_view selector, std::string_view notification, const id& userInfo) {
-    velt::tellDelegateAndObservers(delegate(), selector, notification, object(this), userInfo);
+    velt::tellDelegateAndObservers(delegate(), selector, notification, velt::idOf(this), userInfo);
 }
 
 void NSTableView::selectionChanged() {

@@ -6,6 +6,7 @@
 #include "VELTRuntime/platform/appkit/text/text_view.h"
 #include "VELTRuntime/platform/appkit/text/text_widget.h"
 #include "VELTRuntime/platform/object/exception.h"
+#include "VELTRuntime/platform/object/id_of.h"
 #include "VELTRuntime/platform/object/setting.h"
 
 #include <QClipboard>
@@ -16,8 +17,6 @@ using velt::Ref;
 using velt::TextWidget;
 
 namespace {
-
-id object(const NSObject* pointer) { return id(const_cast<NSObject*>(pointer)); }
 
 /// The text of a string or an attributed string; raises the conversion's failure for what has none.
 id plainTextOf(const id& text) {
@@ -32,7 +31,7 @@ id plainTextOf(const id& text) {
 id NSTextView::delegatesUndoManager() const {
     static const velt::Selector asks = velt::Selector::named("undoManagerForTextView:");
     if (!velt::respondsTo(delegate(), asks)) return nil;
-    id given = velt::send(delegate(), asks, object(this));
+    id given = velt::send(delegate(), asks, velt::idOf(this));
     return velt::is<NSUndoManager>(given) ? given : id();
 }
 
@@ -44,9 +43,9 @@ id NSTextView::undoManager() {
 
 void NSTextView::forgetUndo() {
     last_ = {};
-    if (undoManager_) undoManager_->removeAllActionsWithTarget(object(this));
+    if (undoManager_) undoManager_->removeAllActionsWithTarget(velt::idOf(this));
     if (const id given = delegatesUndoManager(); !given.isNil()) {
-        velt::as<NSUndoManager>(given)->removeAllActionsWithTarget(object(this));
+        velt::as<NSUndoManager>(given)->removeAllActionsWithTarget(velt::idOf(this));
     }
 }
 
@@ -92,7 +91,7 @@ void NSTextView::registerUndo(NSRange range, std::size_t newLength) {
     if (joinUndo(range, newLength, before)) return;
     const id arguments[] = {VELT_ID(NSRange{range.location, newLength}), before};
     const auto registration =
-        undoes.registerUndo(object(this), velt::Selector::named("restoreCharactersInRange:from:"), arguments);
+        undoes.registerUndo(velt::idOf(this), velt::Selector::named("restoreCharactersInRange:from:"), arguments);
     last_ = {registration, joins_, {range.location, newLength}, before};
 }
 
@@ -109,17 +108,17 @@ void NSTextView::restore(const id& range, const id& text) {
     last_ = {};
     setSelectedRange({place.location + kept->length(), 0});
     scrollRangeToVisible({place.location + kept->length(), 0});
-    velt::send(object(this), VELT_SELECTOR("didChangeText"));
+    velt::send(velt::idOf(this), VELT_SELECTOR("didChangeText"));
 }
 
 void NSTextView::undo(const id&) {
     last_ = {};
-    velt::send(velt::send(object(this), VELT_SELECTOR("undoManager")), VELT_SELECTOR("undo"));
+    velt::send(velt::send(velt::idOf(this), VELT_SELECTOR("undoManager")), VELT_SELECTOR("undo"));
 }
 
 void NSTextView::redo(const id&) {
     last_ = {};
-    velt::send(velt::send(object(this), VELT_SELECTOR("undoManager")), VELT_SELECTOR("redo"));
+    velt::send(velt::send(velt::idOf(this), VELT_SELECTOR("undoManager")), VELT_SELECTOR("redo"));
 }
 
 // Changing the text.
@@ -130,11 +129,12 @@ bool NSTextView::shouldChangeText(NSRange range, const id& replacement) {
     static const velt::Selector asks = velt::Selector::named("textView:shouldChangeTextInRange:replacementString:");
     const QWidget* widget = existingWidget();
     const bool starts = !begun_ && widget && widget->hasFocus();
-    if (starts && velt::respondsTo(delegate(), begins) && !VELT_CBOOL(velt::send(delegate(), begins, object(this)))) {
+    if (starts && velt::respondsTo(delegate(), begins) &&
+        !VELT_CBOOL(velt::send(delegate(), begins, velt::idOf(this)))) {
         return false;
     }
     if (velt::respondsTo(delegate(), asks) &&
-        !VELT_CBOOL(velt::send(delegate(), asks, object(this), VELT_ID(range), replacement))) {
+        !VELT_CBOOL(velt::send(delegate(), asks, velt::idOf(this), VELT_ID(range), replacement))) {
         return false;
     }
     if (starts) {
@@ -177,14 +177,14 @@ void NSTextView::insertTextInRange(const id& text, NSRange range) {
 
 void NSTextView::insertText(const id& text) { insertTextInRange(text, ranges_.front()); }
 
-void NSTextView::insertTab(const id&) { velt::send(object(this), VELT_SELECTOR("insertText:"), "\t"_v); }
+void NSTextView::insertTab(const id&) { velt::send(velt::idOf(this), VELT_SELECTOR("insertText:"), "\t"_v); }
 
 void NSTextView::insertNewline(const id&) {
-    velt::send(object(this), VELT_SELECTOR("insertText:"), "\n"_v);
+    velt::send(velt::idOf(this), VELT_SELECTOR("insertText:"), "\n"_v);
     last_ = {};  // each line is undone apart
 }
 
-void NSTextView::insertLineBreak(const id&) { velt::send(object(this), VELT_SELECTOR("insertText:"), "\u2028"_v); }
+void NSTextView::insertLineBreak(const id&) { velt::send(velt::idOf(this), VELT_SELECTOR("insertText:"), "\u2028"_v); }
 
 void NSTextView::deleteSelection(const id&) {
     // From the last range to the first, so that places stay right.
@@ -242,7 +242,7 @@ void NSTextView::paste(const id&) {
     const id text = data ? velt::textFrom(*data, isRichText()) : id();
     if (text.isNil()) return;
     last_ = {};
-    velt::send(object(this), VELT_SELECTOR("insertText:"), text);
+    velt::send(velt::idOf(this), VELT_SELECTOR("insertText:"), text);
     last_ = {};
 }
 
@@ -260,7 +260,7 @@ void NSTextView::keyDown(const id& event) {
     }
     // An event that a program made.
     const id characters = velt::is<NSEvent>(event) ? velt::as<NSEvent>(event)->characters() : id();
-    if (velt::isString(characters)) velt::send(object(this), VELT_SELECTOR("insertText:"), characters);
+    if (velt::isString(characters)) velt::send(velt::idOf(this), VELT_SELECTOR("insertText:"), characters);
 }
 
 void NSTextView::keyUp(const id&) {}
@@ -268,15 +268,15 @@ void NSTextView::keyUp(const id&) {}
 bool NSTextView::delegateDoes(const id& selectorName) const {
     static const velt::Selector asks = velt::Selector::named("textView:doCommandBySelector:");
     const id asked = delegate();
-    return velt::respondsTo(asked, asks) && VELT_CBOOL(velt::send(asked, asks, object(this), selectorName));
+    return velt::respondsTo(asked, asks) && VELT_CBOOL(velt::send(asked, asks, velt::idOf(this), selectorName));
 }
 
 bool NSTextView::doCommand(const id& selectorName) {
     const id name = VELT_CSTRING(selectorName);
     if (delegateDoes(name)) return true;
     const velt::Selector selector = velt::Selector::named(velt::utf8(name));
-    if (selector.argumentCount() == 1 && velt::respondsTo(object(this), selector)) {
-        velt::send(object(this), selector, nil);
+    if (selector.argumentCount() == 1 && velt::respondsTo(velt::idOf(this), selector)) {
+        velt::send(velt::idOf(this), selector, nil);
         return true;
     }
     return isSelectable() && static_cast<TextWidget&>(widget()).move(velt::qtText(name));

@@ -10,6 +10,7 @@
 #include "VELTRuntime/platform/foundation/notification_center.h"
 #include "VELTRuntime/platform/foundation/user_defaults.h"
 #include "VELTRuntime/platform/object/exception.h"
+#include "VELTRuntime/platform/object/id_of.h"
 #include "VELTRuntime/platform/object/setting.h"
 #include "VELTRuntime/values/class_casts.h"
 #include "VELTRuntime/values/string.h"
@@ -21,8 +22,6 @@ using velt::Ref;
 using velt::ToolbarWidget;
 
 namespace {
-
-id object(const NSObject* pointer) { return id(const_cast<NSObject*>(pointer)); }
 
 // Under what a configuration keeps what.
 id displayKey() { return velt::string(u"TB Display Mode"); }
@@ -152,7 +151,7 @@ id NSToolbar::visibleItems() const {
 std::vector<id> NSToolbar::identifiersBy(std::string_view selector) const {
     const velt::Selector asks = velt::Selector::named(selector);
     if (!velt::respondsTo(delegate_, asks)) return {};
-    return textsOf(velt::send(delegate_, asks, object(this)));
+    return textsOf(velt::send(delegate_, asks, velt::idOf(this)));
 }
 std::vector<id> NSToolbar::defaultIdentifiers() const { return identifiersBy("toolbarDefaultItemIdentifiers:"); }
 std::vector<id> NSToolbar::allowedIdentifiers() const {
@@ -165,14 +164,14 @@ Ref<NSToolbarItem> NSToolbar::itemFor(const id& identifier, bool inserted) {
     if (Ref<NSToolbarItem> item = NSToolbarItem::standard(identifier)) return item;
     const velt::Selector asks = velt::Selector::named("toolbar:itemForItemIdentifier:willBeInsertedIntoToolbar:");
     if (!velt::respondsTo(delegate_, asks)) return nullptr;
-    const id made = velt::send(delegate_, asks, object(this), identifier, VELT_ID(static_cast<BOOL>(inserted)));
+    const id made = velt::send(delegate_, asks, velt::idOf(this), identifier, VELT_ID(static_cast<BOOL>(inserted)));
     return velt::is<NSToolbarItem>(made) ? Ref<NSToolbarItem>(velt::as<NSToolbarItem>(made)) : nullptr;
 }
 
 void NSToolbar::tell(std::string_view selector, std::string_view notification, NSToolbarItem& item) {
     Ref<NSMutableDictionary> info = velt::make<NSMutableDictionary>();
-    info->setObject(object(&item), velt::string(u"item"));
-    velt::tellDelegateAndObservers(delegate_, selector, notification, object(this), info);
+    info->setObject(velt::idOf(&item), velt::string(u"item"));
+    velt::tellDelegateAndObservers(delegate_, selector, notification, velt::idOf(this), info);
 }
 
 void NSToolbar::append(Ref<NSToolbarItem> item, std::size_t place) {
