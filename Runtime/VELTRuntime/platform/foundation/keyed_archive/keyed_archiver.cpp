@@ -9,6 +9,7 @@
 #include "VELTRuntime/platform/foundation/property_list/property_list.h"
 #include "VELTRuntime/platform/object/exception.h"
 #include "VELTRuntime/platform/object/message.h"
+#include "VELTRuntime/platform/object/setting.h"
 #include "VELTRuntime/values/number.h"
 #include "VELTRuntime/values/string.h"
 
@@ -35,19 +36,6 @@ const char* plainTypeCode(const id& number) {
 }
 
 bool isFrozenString(const id& value) { return isString(value) && asString(value).isFrozen(); }
-
-/// An object is being asked for its content; what held before is put back in any case.
-class ContentScope {
-public:
-    ContentScope(id& content, id next) : content_(content), before_(std::exchange(content, std::move(next))) {}
-    ~ContentScope() { content_ = std::move(before_); }
-    ContentScope(const ContentScope&) = delete;
-    ContentScope& operator=(const ContentScope&) = delete;
-
-private:
-    id& content_;
-    id before_;
-};
 
 }  // namespace
 
@@ -208,7 +196,7 @@ void NSKeyedArchiver::encodeContent(std::uint32_t place) {
     if (!coding && !cls.method(encodeSelector())) {
         raise(kInvalidArgumentException, "'" + cls.name() + "' objects cannot be archived");
     }
-    const ContentScope scope(content_, make<NSMutableDictionary>());
+    const Setting<id> scope(content_, make<NSMutableDictionary>());
     entries_[place] = content_;
     waiting_[place] = false;
     // A frozen string is an NSString in the archive; all strings are of one class here.
