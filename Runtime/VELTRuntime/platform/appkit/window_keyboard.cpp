@@ -78,7 +78,7 @@ id velt::firstKeyView(const NSWindow& window) {
     collectKeyViews(*as<NSView>(first), within);
     const auto taker =
         std::find_if(within.begin(), within.end(), [](NSView* view) { return view->canBecomeKeyView(); });
-    return taker == within.end() ? first : object(*taker);
+    return taker == within.end() ? first : idOf(*taker);
 }
 
 id NSWindow::firstResponder() const {
