@@ -206,6 +206,7 @@ TEST(PrintedViews, WithoutRoomAreNotPrinted) {
     const id info = settings();
     velt::send(info, "setLeftMargin:", real(2000));
     EXPECT_FALSE(print(*view, info));
+    velt::send(info, "setHorizontalPagination:", natural(NSPrintInfo::kAuto));
     for (const double left : {0.5, 1.5}) {
         // Half a point is no room, and a million points do not go onto pages of little more than one.
         velt::send(info, "setLeftMargin:", real(595 - 72 - left));

@@ -122,9 +122,10 @@ TEST(TableSources, MayRaiseWhenACellIsAboutToBeEdited) {
     shown.source->onAsked = [](long) { velt::raise("RowException", "broken"); };
     const std::string said = written([&] {
         const velt::CallbackShelter shelter;
-        shown.table->editColumn(0, 4, nil, true);
+        shown.view().edit(shown.view().model()->index(4, 0));
     });
     EXPECT_NE(std::string::npos, said.find("RowException: broken\n")) << said;
+    EXPECT_RAISES("RowException: broken", shown.table->editColumn(0, 4, nil, true));
     shown.source->onAsked = nullptr;
     EXPECT_TRUE(shown.view().viewport()->findChildren<QLineEdit*>().isEmpty());
     shown.table->editColumn(0, 4, nil, true);

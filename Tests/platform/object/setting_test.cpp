@@ -4,7 +4,7 @@
 
 using velt::Setting;
 
-TEST(Settings, HoldUntilTheirBlockIsLeft) {
+TEST(ScopedSettings, HoldUntilTheirBlockIsLeft) {
     int depth = 1;
     {
         const Setting outer(depth, 2);
@@ -17,7 +17,7 @@ TEST(Settings, HoldUntilTheirBlockIsLeft) {
     EXPECT_EQ(1, depth);
 }
 
-TEST(Settings, EndWithAnExceptionToo) {
+TEST(ScopedSettings, EndWithAnExceptionToo) {
     bool busy = false;
     EXPECT_RAISES("NSGenericException: enough", [&] {
         const Setting working(busy, true);

@@ -52,24 +52,19 @@ void NSOutlineView::reloadData() {
         open = openBelow({});
         for (const QModelIndex& index : view.selectionModel()->selectedRows()) selected.push_back(pathOf(index));
     }
-    QItemSelection kept;
     beginReloading();
-    try {
-        model_->reset();
-        // What was open is open again, if it is still there.
-        {
-            const velt::Setting opening(opening_, true);
-            openAgain({}, open);
-        }
-        for (const Path& path : selected) {
-            const QModelIndex index = follow(path);
-            if (index.isValid()) kept.select(index, index);
-        }
-    } catch (...) {
-        endReloading();
-        throw;
+    model_->reset();
+    // What was open is open again, if it is still there.
+    {
+        const velt::Setting opening(opening_, true);
+        openAgain({}, open);
     }
     auto& selection = static_cast<velt::RowSelection&>(*view.selectionModel());
+    QItemSelection kept;
+    for (const Path& path : selected) {
+        const QModelIndex index = follow(path);
+        if (index.isValid()) kept.select(index, index);
+    }
     selection.selectUnasked(kept, QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
     endReloading();
     if (kept.size() < static_cast<qsizetype>(selected.size())) selectionChanged();
