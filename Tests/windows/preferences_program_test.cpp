@@ -237,7 +237,7 @@ TEST_F(ReaderProgram, AsksBeforeItIsClosedWhenToldTo) {
     ASSERT_TRUE(sheet);
     EXPECT_EQ("Close the reader?|The preferences say that you want to be asked.|[Close][Cancel]", readAlert(*sheet));
     pressKey(*sheet, Qt::Key_Escape);
-    EXPECT_TRUE(QTest::qWaitFor([this] { return window().attachedSheet().isNil(); }, kWait));
+    EXPECT_TRUE(QTest::qWaitFor([this] { return window().attachedSheet().isNil() && window().isKeyWindow(); }, kWait));
     EXPECT_TRUE(window().isVisible());
     pressKey(window(), Qt::Key_W, kCommand);
     sheet = waitForSheet(program->window);
