@@ -121,7 +121,9 @@ void NSNotificationCenter::describe(velt::ClassBuilder<NSNotificationCenter>& c)
 
 void velt::tellDelegateAndObservers(const id& delegate, std::string_view selector, std::string_view notification,
                                     const id& object, const id& userInfo) {
-    const id told(make<NSNotification>(string(notification), object, userInfo)), hears = delegate;
+    const id told(make<NSNotification>(string(notification), object, userInfo));
+    // The owner may let go of it when it hears.
+    const id hears = delegate;  // NOLINT(performance-unnecessary-copy-initialization): kept alive
     const Selector message = Selector::named(selector);
     if (respondsTo(hears, message)) send(hears, message, told);
     NSNotificationCenter::defaultCenter().post(*as<NSNotification>(told));

@@ -64,6 +64,7 @@ void TokenWidget::syncParts(NSTextField& field) {
     // The delegate that is asked may change the tokens.
     const std::vector<id> tokens = cell.tokens();
     std::vector<QString> texts;
+    texts.reserve(tokens.size());
     for (const id& token : tokens) texts.push_back(qtText(cell.textOf(token)));
     if (tokens != cell.tokens()) return;  // and they are shown already
     texts_ = std::move(texts);
