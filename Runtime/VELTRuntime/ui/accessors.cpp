@@ -49,7 +49,7 @@ id get(const id& receiver, const Wrapper& wrapper, ValueKind kind) {
     begin(wrapper);
     if (receiver.isNil()) return zero(kind);
     if (kind != ValueKind::Text && kind != ValueKind::MutableText) return sendFrom(wrapper, receiver, {});
-    const id text = sendFrom(wrapper, receiver, {});
+    id text = sendFrom(wrapper, receiver, {});
     if (!isString(text)) return text;
     NSMutableString* const shown = &asMutableString(text);
     return kind == ValueKind::MutableText ? VELT_ID(shown) : VELT_ID(static_cast<NSString*>(shown));
