@@ -62,14 +62,14 @@ inline void clickButton(NSWindow& window, std::string_view title) {
     ADD_FAILURE() << "no button " << title;
 }
 
-/// The sheet that a window shows, once it is seen and has the keyboard; null when it is not within two seconds.
+/// The sheet that a window shows, once it is seen and has the keyboard; null when it is not within ten seconds.
 inline Ref<NSWindow> waitForSheet(const id& window) {
     NSWindow& shown = *as<NSWindow>(window);
     const auto seen = [&] {
         const id sheet = shown.attachedSheet();
         return !sheet.isNil() && as<NSWindow>(sheet)->isKeyWindow();
     };
-    const bool came = QTest::qWaitFor(seen, 2000);
+    const bool came = QTest::qWaitFor(seen, 10'000);
     EXPECT_TRUE(came);
     return came ? Ref<NSWindow>(as<NSWindow>(shown.attachedSheet())) : Ref<NSWindow>();
 }

@@ -187,6 +187,12 @@ TEST(PreferencesWindows, CrossFadeToThePaneThatIsClickedAndKeepTheirUpperEdge) {
     ShownPrefs shown;
     NSWindow& window = shown.show();
     ASSERT_TRUE(QTest::qWaitForWindowExposed(&window.widget()));
+    // A window manager says late what it puts around a window.
+    ASSERT_TRUE(QTest::qWaitFor([&] {
+        const double before = window.frame().size.height;
+        QTest::qWait(100);
+        return window.frame().size.height == before;
+    }));
     const double top = window.frame().origin.y + window.frame().size.height;
     const double around = window.frame().size.height - 120;
     shown.click("Colours");
