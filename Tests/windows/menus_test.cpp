@@ -63,6 +63,18 @@ struct MainMenu {
     MainMenu& operator=(const MainMenu&) = delete;
 };
 
+/// Chooses the help menu for a test, however it ends.
+class HelpMenu {
+public:
+    explicit HelpMenu(const id& menu) { NSApplication::sharedApplication().setHelpMenu(menu); }
+    ~HelpMenu() { NSApplication::sharedApplication().setHelpMenu(before_); }
+    HelpMenu(const HelpMenu&) = delete;
+    HelpMenu& operator=(const HelpMenu&) = delete;
+
+private:
+    const id before_ = NSApplication::sharedApplication().helpMenu();
+};
+
 QMenu& opened(const id& menu) {
     QMenu& widget = menuOf(menu).widget();
     widget.popup(QPoint(100, 100));
@@ -372,8 +384,7 @@ TEST(HelpMenus, SearchTheTitlesOfTheMainMenuUnlessTheProgramWantsNone) {
     VELT_NSMENU_APPEND(main, help);
     const MainMenu scope(main);
     NSApplication& application = NSApplication::sharedApplication();
-    const id before = application.helpMenu();
-    application.setHelpMenu(nil);
+    const HelpMenu none(nil);
     QMenu& widget = opened(help);
     auto* field = widget.findChild<QLineEdit*>();
     ASSERT_TRUE(field);
@@ -398,7 +409,6 @@ TEST(HelpMenus, SearchTheTitlesOfTheMainMenuUnlessTheProgramWantsNone) {
     opened(file);
     EXPECT_TRUE(menuOf(file).widget().findChild<QLineEdit*>());
     menuOf(file).widget().close();
-    application.setHelpMenu(before);
 }
 
 TEST(HelpMenus, BearAMainMenuThatChangesWhileItIsSearched) {
@@ -410,9 +420,7 @@ TEST(HelpMenus, BearAMainMenuThatChangesWhileItIsSearched) {
     VELT_NSMENU_APPEND(main, file);
     VELT_NSMENU_APPEND(main, help);
     const MainMenu scope(main);
-    NSApplication& application = NSApplication::sharedApplication();
-    const id before = application.helpMenu();
-    application.setHelpMenu(help);
+    const HelpMenu chosen(help);
     QMenu& widget = opened(help);
     auto* field = widget.findChild<QLineEdit*>();
     ASSERT_TRUE(field);
@@ -424,5 +432,4 @@ TEST(HelpMenus, BearAMainMenuThatChangesWhileItIsSearched) {
     EXPECT_EQ(QStringLiteral("File ▸ Save"), widget.actions().at(1)->text());
     widget.close();
     listener->onAsked = nullptr;
-    application.setHelpMenu(before);
 }
