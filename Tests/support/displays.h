@@ -4,11 +4,12 @@
 
 #include <QApplication>
 #include <QScreen>
-#include <QTest>
 #include <QWidget>
+#include <QWindow>
 
 #include "VELTRuntime/platform/appkit/application_object.h"
 #include "VELTRuntime/process/window_activation.h"
+#include "support/patience.h"
 
 namespace velt::test {
 
@@ -24,9 +25,15 @@ inline bool displayIsWayland() { return displayKind().startsWith(QLatin1String("
 inline bool displayHasWindowManager() { return displayIsInMemory() || velt::WindowActivation().isPossible(); }
 /// Gives a window the keyboard. A compositor that has no keyboard to give leaves that to the toolkit.
 inline bool windowBecomesActive(QWidget& window) {
-    if (!displayIsWayland()) return QTest::qWaitForWindowActive(&window);
+    if (!displayIsWayland()) return becomesActive(&window);
     QApplication::setActiveWindow(&window);
-    return QTest::qWaitForWindowExposed(&window);
+    return comesIntoView(&window);
+}
+
+/// Waits for what a window manager says, some time after a window is shown, of what it puts around it.
+inline bool frameIsKnown(QWidget& window) {
+    if (!displayIsX11() || !displayHasWindowManager()) return true;
+    return comesTrue([&] { return !window.windowHandle()->frameMargins().isNull(); });
 }
 
 }  // namespace velt::test

@@ -1,6 +1,7 @@
 #include <VELTRuntime/VELTRuntimeUI.h>
 
 #include "support/displays.h"
+#include "support/patience.h"
 #include "support/processes.h"
 #include "support/values.h"
 
@@ -95,7 +96,7 @@ protected:
         QTest::qWait(50);
     }
     static bool becomesInactive() {
-        return QTest::qWaitFor([] { return !NSApplication::sharedApplication().isActive(); });
+        return comesTrue([] { return !NSApplication::sharedApplication().isActive(); });
     }
     /// A window on the screen that has the keyboard.
     id keyWindow(double x = 100) {
@@ -104,7 +105,7 @@ protected:
         VELT_NSWINDOW_DELEGATE(window, listener);
         windows.push_back(window);
         VELT_NSWINDOW_SHOW(window);
-        EXPECT_TRUE(QTest::qWaitForWindowActive(&velt::as<NSWindow>(window)->widget()));
+        EXPECT_TRUE(becomesActive(&velt::as<NSWindow>(window)->widget()));
         return window;
     }
     const Ref<Listener> listener = velt::make<Listener>();
@@ -119,7 +120,7 @@ TEST_F(Applications, KnowTheWindowWithTheKeyboard) {
     EXPECT_EQ(window, VELT_NSAPPLICATION_KEYWINDOW(application()));
     EXPECT_EQ(window, VELT_NSAPPLICATION_APPLICATIONICONIMAGE(application()));
     VELT_NSWINDOW_CLOSE(window);
-    EXPECT_TRUE(QTest::qWaitFor([] { return VELT_NSAPPLICATION_KEYWINDOW(application()).isNil(); }));
+    EXPECT_TRUE(comesTrue([] { return VELT_NSAPPLICATION_KEYWINDOW(application()).isNil(); }));
     EXPECT_TRUE(VELT_NSAPPLICATION_APPLICATIONICONIMAGE(application()).isNil());
 }
 
@@ -163,7 +164,7 @@ TEST_F(Applications, BringAnotherProcessToTheFront) {
     const OtherProgram other;
     ASSERT_TRUE(becomesInactive());  // new windows come to the front
     VELT_NSAPPLICATION_ACTIVATEIGNORINGOTHERAPPS(application(), boolean(true));
-    ASSERT_TRUE(QTest::qWaitForWindowActive(&velt::as<NSWindow>(window)->widget()));
+    ASSERT_TRUE(becomesActive(&velt::as<NSWindow>(window)->widget()));
     EXPECT_TRUE(VELT_NSAPPLICATION_SHOWOTHERAPPLICATION(application(), other.number()).isNil());
     EXPECT_TRUE(becomesInactive());
     EXPECT_VALUE("c 1", VELT_NSWINDOW_VISIBLE(window));
@@ -216,10 +217,10 @@ TEST_F(Applications, SayWhenTheyBecomeActiveAndWhenNoMore) {
     listener->heard.clear();
     listener->notes.clear();
     keyWindow();
-    ASSERT_TRUE(QTest::qWaitFor([&] { return listener->heard.find("active ") != std::string::npos; }));
+    ASSERT_TRUE(comesTrue([&] { return listener->heard.find("active ") != std::string::npos; }));
     EXPECT_EQ("NSApplicationDidBecomeActiveNotification ", listener->notes);
     const OtherProgram other;
-    EXPECT_TRUE(QTest::qWaitFor([&] { return listener->heard.find("inactive ") != std::string::npos; }));
+    EXPECT_TRUE(comesTrue([&] { return listener->heard.find("inactive ") != std::string::npos; }));
     EXPECT_EQ("NSApplicationDidBecomeActiveNotification NSApplicationDidResignActiveNotification ", listener->notes);
     NSNotificationCenter::defaultCenter().removeObserver(listener);
 }
@@ -231,7 +232,7 @@ TEST_F(Applications, HearWhichWindowHasTheKeyboard) {
     EXPECT_VALUE("c 1", VELT_NSWINDOW_ISKEYWINDOW(first));
     listener->heard.clear();
     const id second = keyWindow(400);
-    EXPECT_TRUE(QTest::qWaitFor([&] { return listener->heard == "no-key key "; })) << listener->heard;
+    EXPECT_TRUE(comesTrue([&] { return listener->heard == "no-key key "; })) << listener->heard;
     EXPECT_VALUE("c 0", VELT_NSWINDOW_ISKEYWINDOW(first));
     EXPECT_EQ(second, VELT_NSAPPLICATION_KEYWINDOW(application()));
 }
@@ -241,13 +242,13 @@ TEST_F(Applications, HearThatAWindowWasMiniaturizedAndCameBack) {
     const id window = keyWindow();
     listener->heard.clear();
     VELT_NSWINDOW_MINIATURIZE(window);
-    EXPECT_TRUE(QTest::qWaitFor([&] { return listener->heard.find("small ") != std::string::npos; }));
+    EXPECT_TRUE(comesTrue([&] { return listener->heard.find("small ") != std::string::npos; }));
     EXPECT_VALUE("c 1", VELT_NSWINDOW_ISMINIATURIZED(window));
     EXPECT_VALUE("c 0", VELT_NSWINDOW_ISVISIBLE(window));
     VELT_NSWINDOW_DEMINIATURIZE(window);
-    EXPECT_TRUE(QTest::qWaitFor([&] { return listener->heard.find("large ") != std::string::npos; }));
+    EXPECT_TRUE(comesTrue([&] { return listener->heard.find("large ") != std::string::npos; }));
     EXPECT_VALUE("c 0", VELT_NSWINDOW_ISMINIATURIZED(window));
-    EXPECT_TRUE(QTest::qWaitFor([&] { return VELT_CBOOL(VELT_NSWINDOW_ISVISIBLE(window)); }));
+    EXPECT_TRUE(comesTrue([&] { return VELT_CBOOL(VELT_NSWINDOW_ISVISIBLE(window)); }));
 }
 
 TEST_F(Applications, PutWindowsAwayThatHideWhenAnotherProgramIsInFront) {
@@ -264,11 +265,11 @@ TEST_F(Applications, PutWindowsAwayThatHideWhenAnotherProgramIsInFront) {
     EXPECT_VALUE("c 1", VELT_NSWINDOW_VISIBLE(panel));
     {
         const OtherProgram other;
-        EXPECT_TRUE(QTest::qWaitFor([&] { return !VELT_CBOOL(VELT_NSWINDOW_VISIBLE(panel)); }));
+        EXPECT_TRUE(comesTrue([&] { return !VELT_CBOOL(VELT_NSWINDOW_VISIBLE(panel)); }));
         EXPECT_VALUE("c 1", VELT_NSWINDOW_VISIBLE(window));
     }
     VELT_NSAPPLICATION_ACTIVATEIGNORINGOTHERAPPS(application(), boolean(true));
-    EXPECT_TRUE(QTest::qWaitFor([&] { return VELT_CBOOL(VELT_NSWINDOW_VISIBLE(panel)) != 0; }));
+    EXPECT_TRUE(comesTrue([&] { return VELT_CBOOL(VELT_NSWINDOW_VISIBLE(panel)) != 0; }));
 }
 
 TEST_F(Applications, LeaveWindowsClosedThatWereClosedWhileTheyWerePutAway) {
@@ -284,12 +285,12 @@ TEST_F(Applications, LeaveWindowsClosedThatWereClosedWhileTheyWerePutAway) {
     for (const id& panel : {closed, ordered}) VELT_NSWINDOW_ORDERFRONT(panel);
     {
         const OtherProgram other;
-        ASSERT_TRUE(QTest::qWaitFor([&] { return !VELT_CBOOL(VELT_NSWINDOW_VISIBLE(ordered)); }));
+        ASSERT_TRUE(comesTrue([&] { return !VELT_CBOOL(VELT_NSWINDOW_VISIBLE(ordered)); }));
         VELT_NSWINDOW_CLOSE(closed);
         velt::send(ordered, "orderOut:", nil);
     }
     VELT_NSAPPLICATION_ACTIVATEIGNORINGOTHERAPPS(application(), boolean(true));
-    ASSERT_TRUE(QTest::qWaitFor([&] { return NSApplication::sharedApplication().isActive(); }));
+    ASSERT_TRUE(comesTrue([&] { return NSApplication::sharedApplication().isActive(); }));
     EXPECT_VALUE("c 0", VELT_NSWINDOW_VISIBLE(closed));
     EXPECT_VALUE("c 0", VELT_NSWINDOW_VISIBLE(ordered));
 }
@@ -298,7 +299,7 @@ TEST_F(Applications, ShowAWindowWithoutContentAsItsTitleBar) {
     const id window = VELT_NSWINDOW_INIT(nil, "");
     windows.push_back(window);
     VELT_NSWINDOW_SHOW(window);
-    EXPECT_TRUE(QTest::qWaitForWindowExposed(&velt::as<NSWindow>(window)->widget()));
+    EXPECT_TRUE(comesIntoView(&velt::as<NSWindow>(window)->widget()));
     EXPECT_VALUE("c 1", VELT_NSWINDOW_VISIBLE(window));
 }
 

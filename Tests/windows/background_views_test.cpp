@@ -1,5 +1,6 @@
 // Views with a decorated background: what they keep, refuse, draw anew, and how programs drive them.
 #include "VELTRuntime/platform/appkit/graphics_context.h"
+#include "support/patience.h"
 #include "windows/background_support.h"
 
 using namespace velt::test;
@@ -289,11 +290,11 @@ TEST(BackgroundViews, AreShownAgainWhenAProgramChangesThem) {
     VELT_NSWINDOW_CONTENTSIZE(window, size(100, 100));
     VELT_NSWINDOW_APPEND(window, view);
     VELT_NSWINDOW_SHOW(window);
-    ASSERT_TRUE(QTest::qWaitForWindowExposed(view->widget().window()));
-    ASSERT_TRUE(QTest::qWaitFor([&] { return view->cache().drawnAnew() > 0; }));
+    ASSERT_TRUE(comesIntoView(view->widget().window()));
+    ASSERT_TRUE(comesTrue([&] { return view->cache().drawnAnew() > 0; }));
     const int before = view->cache().drawnAnew();
     VELT_VLBACKGROUNDVIEW_SETBACKGROUNDGRADIENT(view, color(1, 0, 0), color(0, 0, 1));
-    EXPECT_TRUE(QTest::qWaitFor([&] { return view->cache().drawnAnew() > before; }));
+    EXPECT_TRUE(comesTrue([&] { return view->cache().drawnAnew() > before; }));
     VELT_NSWINDOW_CLOSE(window);
 }
 

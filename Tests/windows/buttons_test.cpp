@@ -2,6 +2,7 @@
 
 #include "support/control_window.h"
 #include "support/direction.h"
+#include "support/patience.h"
 
 #include "VELTRuntime/platform/foundation/attributed_string.h"
 #include "VELTRuntime/platform/object/cycles.h"
@@ -361,7 +362,7 @@ TEST(Buttons, AreSeenPressedWhileTheirActionRuns) {
     EXPECT_EQ("Button ", window.heard());
     EXPECT_TRUE(widgetOf(button).isDown());
     EXPECT_NE(idle, shot(button));
-    EXPECT_TRUE(QTest::qWaitFor([&] { return !widgetOf(button).isDown(); }));
+    EXPECT_TRUE(comesTrue([&] { return !widgetOf(button).isDown(); }));
     VELT_NSBUTTON_HIGHLIGHT(button, VELT_ID(BOOL{1}));
     EXPECT_NE(idle, shot(button));
     VELT_NSBUTTON_HIGHLIGHT(button, VELT_ID(BOOL{0}));
@@ -512,7 +513,7 @@ TEST(Buttons, SurviveBeingRemovedByTheirOwnAction) {
     ASSERT_NE(nullptr, widget);
     QTest::mouseClick(widget, Qt::LeftButton);
     EXPECT_EQ("removed ", window.heard());
-    EXPECT_TRUE(QTest::qWaitFor([&] { return !window.widget().findChild<QAbstractButton*>(); }));
+    EXPECT_TRUE(comesTrue([&] { return !window.widget().findChild<QAbstractButton*>(); }));
 }
 
 TEST(ButtonKinds, ShowThatTheyAreFocused) {

@@ -1,12 +1,11 @@
 // Drawers at every edge, and windows that expand.
 #include "panels_support.h"
+#include "support/patience.h"
 
 using namespace velt::test;
 using velt::Ref;
 
 namespace {
-
-constexpr int kWait = 3000;
 
 struct DrawerListener : public NSObject {
     VELT_OBJECT(DrawerListener, NSObject)
@@ -42,7 +41,7 @@ struct DrawerWindow : ControlWindow {
 
     NSDrawer& object() const { return *velt::as<NSDrawer>(drawer); }
     bool reaches(long state) const {
-        return QTest::qWaitFor([&] { return object().state() == state; }, kWait);
+        return comesTrue([&] { return object().state() == state; });
     }
     NSWindow& drawerWindow() const { return *velt::as<NSWindow>(velt::as<NSView>(object().contentView())->window()); }
     std::string drawerFrame() const { return velt::test::show(VELT_ID(drawerWindow().frame())); }

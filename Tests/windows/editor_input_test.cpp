@@ -1,4 +1,5 @@
 // The clipboard, drags and input methods in the source editor, and the mark of what was found, by real events.
+#include "support/patience.h"
 #include "windows/editor_support.h"
 
 #include <QAbstractScrollArea>
@@ -355,7 +356,7 @@ TEST_F(EditorInput, MarksWhatWasFoundForAWhile) {
     EXPECT_EQ("{14, 3}", shown.selected());
     EXPECT_TRUE(mark().contains((placeOf(14) + placeOf(17)) / 2));
     EXPECT_EQ(1, page().findChildren<QWidget*>(QStringLiteral("findIndicator")).size());
-    EXPECT_TRUE(QTest::qWaitFor([&] { return mark().isEmpty(); }, 5000));
+    EXPECT_TRUE(comesTrue([&] { return mark().isEmpty(); }));
     EXPECT_VALUE("c 0", VELT_VLTEXTVIEW_FINDNEXT(shown.view, str("four")));
     EXPECT_TRUE(mark().isEmpty());
 }
@@ -376,7 +377,7 @@ TEST(EditorFindIndicator, IsShownWhereAMatchOutOfSightHasCome) {
     EXPECT_GT(mark.width(), 20);
     EXPECT_GT(mark.height(), 8);
     keepPicture(*shown.widget, "find-indicator-far");
-    EXPECT_TRUE(QTest::qWaitFor([&] { return marks().isEmpty(); }, 5000));
+    EXPECT_TRUE(comesTrue([&] { return marks().isEmpty(); }));
     EXPECT_VALUE("c 1", VELT_VLTEXTVIEW_FINDPREVIOUS(shown.view, str("line")));
     ASSERT_EQ(1, marks().size());
     EXPECT_TRUE(page.rect().adjusted(-4, -4, 4, 4).contains(marks()[0]->geometry()));

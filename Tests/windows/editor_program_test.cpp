@@ -4,6 +4,7 @@
 #include "preferences_support.h"
 
 #include "editor/files.h"
+#include "support/patience.h"
 #include "support/processes.h"
 
 using namespace velt::test;
@@ -68,7 +69,7 @@ struct EditorProgram : testing::Test {
         for (const std::string& path : paths) VELT_NSMUTABLEARRAY_APPEND(files, str(path));
         program->open(str(VELT_SOURCE_FOLDER "/Examples/editor/Resources"), files);
         ASSERT_TRUE(windowBecomesActive(window().widget()));
-        ASSERT_TRUE(QTest::qWaitFor([this] { return window().isKeyWindow(); }, 2000));
+        ASSERT_TRUE(comesTrue([this] { return window().isKeyWindow(); }));
         program->applicationDidFinishLaunching(nil);
     }
     void close() {
@@ -129,7 +130,7 @@ struct EditorProgram : testing::Test {
         if (!sheet) return "no question";
         const std::string asked = readAlert(*sheet);
         pressKey(*sheet, answer);
-        EXPECT_TRUE(QTest::qWaitFor([&] { return window().attachedSheet() != id(sheet); }, 2000));
+        EXPECT_TRUE(comesTrue([&] { return window().attachedSheet() != id(sheet); }));
         return asked;
     }
     /// Works a sheet of the program, which is gone in the end.
@@ -138,15 +139,15 @@ struct EditorProgram : testing::Test {
         const Ref<NSWindow> sheet = waitForSheet(program->window);
         ASSERT_TRUE(sheet);
         work(*sheet);
-        EXPECT_TRUE(QTest::qWaitFor([this] { return window().attachedSheet().isNil(); }, 2000));
+        EXPECT_TRUE(comesTrue([this] { return window().attachedSheet().isNil(); }));
     }
     /// Opens the preferences, works a pane of them, and closes them.
     void inPreferences(const char* pane, const std::function<void(NSWindow&)>& work) const {
         press(Qt::Key_Comma, kCommand);
         const Ref<NSWindow> prefs(velt::as<NSWindow>(program->preferences->window()));
-        ASSERT_TRUE(QTest::qWaitFor([&] { return prefs->isKeyWindow(); }, 2000));
+        ASSERT_TRUE(comesTrue([&] { return prefs->isKeyWindow(); }));
         ASSERT_NO_FATAL_FAILURE(clickPane(*prefs, pane));
-        ASSERT_TRUE(QTest::qWaitFor([&] { return velt::utf8(prefs->title()) == pane; }, 2000));
+        ASSERT_TRUE(comesTrue([&] { return velt::utf8(prefs->title()) == pane; }));
         work(*prefs);
         closePreferences(*prefs, window());
     }
@@ -441,7 +442,7 @@ TEST_F(EditorProgram, GoesToALine) {
         // Not every display gives the keyboard back by itself.
         window().makeKeyAndOrderFront(nil);
         ASSERT_TRUE(windowBecomesActive(window().widget()));
-        ASSERT_TRUE(QTest::qWaitFor([this] { return window().isKeyWindow(); }, 2000));
+        ASSERT_TRUE(comesTrue([this] { return window().isKeyWindow(); }));
     };
     answer("4");
     EXPECT_EQ("Line 4, column 1", place());
@@ -495,11 +496,11 @@ TEST_F(EditorProgram, AsksAboutChangesBeforeItClosesATab) {
     EXPECT_EQ(saveQuestion("shelf.bas"), ask(closes, Qt::Key_Escape));
     EXPECT_EQ("[• shelf.bas] list.bas ", tabs());
     EXPECT_EQ(saveQuestion("shelf.bas"), ask(closes, Qt::Key_Return));
-    EXPECT_TRUE(QTest::qWaitFor([this] { return tabs() == "[list.bas] "; }, 2000)) << tabs();
+    EXPECT_TRUE(comesTrue([this] { return tabs() == "[list.bas] "; })) << tabs();
     EXPECT_EQ(std::string("x") + kShelf, contentOf(shelf));
-    EXPECT_TRUE(QTest::qWaitFor([this] { return window().firstResponder() == view(); }, 2000));
+    EXPECT_TRUE(comesTrue([this] { return window().firstResponder() == view(); }));
     press(Qt::Key_W, kCommand);
-    EXPECT_TRUE(QTest::qWaitFor([this] { return !window().isVisible(); }, 2000));
+    EXPECT_TRUE(comesTrue([this] { return !window().isVisible(); }));
 }
 
 TEST_F(EditorProgram, AsksAboutEachFileAtItsEnd) {
@@ -516,11 +517,11 @@ TEST_F(EditorProgram, AsksAboutEachFileAtItsEnd) {
         const id now = window().attachedSheet();
         return !now.isNil() && now != id(sheet) && velt::as<NSWindow>(now)->isKeyWindow();
     };
-    ASSERT_TRUE(QTest::qWaitFor(asksAgain, 3000));
+    ASSERT_TRUE(comesTrue(asksAgain));
     sheet = Ref<NSWindow>(velt::as<NSWindow>(window().attachedSheet()));
     EXPECT_EQ(saveQuestion("list.bas"), readAlert(*sheet));
     pressKey(*sheet, Qt::Key_Escape);
-    EXPECT_TRUE(QTest::qWaitFor([this] { return window().attachedSheet().isNil(); }, 2000));
+    EXPECT_TRUE(comesTrue([this] { return window().attachedSheet().isNil(); }));
     EXPECT_EQ("• shelf.bas [• list.bas] ", tabs());
     EXPECT_TRUE(window().isVisible());
     EXPECT_EQ(kShelf, contentOf(shelf));
@@ -533,7 +534,7 @@ TEST_F(EditorProgram, AsksOnceAboutChangesThatNobodyWants) {
     const Ref<NSWindow> sheet = waitForSheet(program->window);
     ASSERT_TRUE(sheet);
     clickButton(*sheet, "Don’t Save");
-    ASSERT_TRUE(QTest::qWaitFor([this] { return !window().isVisible(); }, 2000));
+    ASSERT_TRUE(comesTrue([this] { return !window().isVisible(); }));
     // The last window that closes ends the program, which asks its delegate first.
     EXPECT_VALUE("q 1", program->applicationShouldTerminate(nil));
     EXPECT_EQ(kShelf, contentOf(shelf));
@@ -587,7 +588,7 @@ TEST_F(EditorProgram, OpensAFileOnlyOnce) {
     const std::string third = folder.write("third.bas", "' third\r\n");
     velt::test::type(third);
     press(Qt::Key_O, kCommand);
-    EXPECT_TRUE(QTest::qWaitFor([this] { return tabs() == "shelf.bas list.bas [third.bas] "; }, 5000)) << tabs();
+    EXPECT_TRUE(comesTrue([this] { return tabs() == "shelf.bas list.bas [third.bas] "; })) << tabs();
     EXPECT_EQ("' third\r\n", text());
 }
 
@@ -597,7 +598,7 @@ TEST_F(EditorProgram, AsksForAFileWhenThereIsNone) {
     const std::string path = folder.file("new");
     velt::test::type(path);
     press(Qt::Key_S, kCommand);
-    EXPECT_TRUE(QTest::qWaitFor([this] { return !isEdited(); }, 5000));
+    EXPECT_TRUE(comesTrue([this] { return !isEdited(); }));
     EXPECT_EQ("shelf.bas list.bas [new.bas] ", tabs());
     EXPECT_EQ("print 1", contentOf(path + ".bas"));
 }
@@ -611,7 +612,7 @@ TEST_F(EditorProgram, RemembersTheFilesThatWereOpen) {
     };
     EXPECT_EQ("list.bas;shelf.bas;;Clear Menu;", recent());
     press(Qt::Key_W, kCommand);
-    ASSERT_TRUE(QTest::qWaitFor([this] { return tabs() == "[list.bas] "; }, 2000));
+    ASSERT_TRUE(comesTrue([this] { return tabs() == "[list.bas] "; }));
     velt::send(program->recentMenu, "performActionForItemAtIndex:", VELT_ID(1L));
     EXPECT_EQ("list.bas [shelf.bas] ", tabs());
     EXPECT_EQ("shelf.bas;list.bas;;Clear Menu;", recent());
@@ -619,7 +620,7 @@ TEST_F(EditorProgram, RemembersTheFilesThatWereOpen) {
     std::filesystem::remove(list);
     press(Qt::Key_PageUp, kCommand);
     press(Qt::Key_W, kCommand);
-    ASSERT_TRUE(QTest::qWaitFor([this] { return tabs() == "[shelf.bas] "; }, 2000));
+    ASSERT_TRUE(comesTrue([this] { return tabs() == "[shelf.bas] "; }));
     EXPECT_EQ(
         "“list.bas” cannot be opened.|There is no such file.|[OK]",
         ask([this] { velt::send(program->recentMenu, "performActionForItemAtIndex:", VELT_ID(1L)); }, Qt::Key_Return));
@@ -634,7 +635,7 @@ TEST_F(EditorProgram, IsTheNextTimeAsItWasLeft) {
     press(Qt::Key_Minus, kCommand);
     window().setFrame({{90, 120}, {600, 400}});
     window().performClose(nil);
-    ASSERT_TRUE(QTest::qWaitFor([this] { return !window().isVisible(); }, 2000));
+    ASSERT_TRUE(comesTrue([this] { return !window().isVisible(); }));
     start({list});
     EXPECT_EQ("[list.bas] ", tabs());
     EXPECT_EQ(13.0, VELT_CDOUBLE(program->settings->fontSize));

@@ -1,6 +1,7 @@
 // The open and the save panel, driven through the toolkit's dialog as a person does: by typing a path.
 #include "file_dialog_support.h"
 
+#include "support/patience.h"
 #include "support/processes.h"
 
 #include <filesystem>
@@ -240,7 +241,7 @@ TEST_F(FilePanels, MayBeSheets) {
     velt::send(id(&NSOpenPanel::openPanel()),
                "beginSheetForDirectory:file:types:modalForWindow:modalDelegate:didEndSelector:contextInfo:", str(root),
                id(), id(), window.window, delegate, "sheetDidEnd:returnCode:contextInfo:"_v, "c"_v);
-    EXPECT_TRUE(QTest::qWaitFor([&] { return !delegate->heard.empty(); }, 3000));
+    EXPECT_TRUE(comesTrue([&] { return !delegate->heard.empty(); }));
     EXPECT_EQ("NSOpenPanel q 1 'c' ", delegate->heard);
     EXPECT_VALUE("'" + text + "'", velt::send(id(&NSOpenPanel::openPanel()), "filename"));
 }
@@ -260,7 +261,7 @@ struct PanelSheets : FilePanels {
     }
     id attached() const { return velt::send(window.window, "attachedSheet"); }
     static bool seen() {
-        return QTest::qWaitFor([] { return fileDialog() != nullptr; }, 3000);
+        return comesTrue([] { return fileDialog() != nullptr; });
     }
     const ControlWindow window{{{50, 60}, {480, 300}}};
     const Ref<SheetListener> delegate = velt::make<SheetListener>();
@@ -277,7 +278,7 @@ TEST_F(PanelSheets, AreTheAttachedSheetsOfTheirWindows) {
     EXPECT_VALUE("c 1", velt::send(panel, "isVisible"));
     ASSERT_TRUE(seen());
     cancel();
-    EXPECT_TRUE(QTest::qWaitFor([&] { return !delegate->heard.empty(); }, 3000));
+    EXPECT_TRUE(comesTrue([&] { return !delegate->heard.empty(); }));
     EXPECT_EQ("NSSavePanel q 0 'c' ", delegate->heard);
     EXPECT_TRUE(attached().isNil());
     EXPECT_VALUE("c 0", velt::send(panel, "isSheet"));

@@ -1,6 +1,7 @@
 // Files of a graphical designer, opened as windows.
 #include <VELTRuntime/VELTRuntimeUI.h>
 
+#include "support/patience.h"
 #include "support/processes.h"
 #include "support/values.h"
 
@@ -67,7 +68,7 @@ protected:
     NSWindow& window() { return *velt::as<NSWindow>(form->window); }
     void show() {
         VELT_NSWINDOW_SHOW(form->window);
-        ASSERT_TRUE(QTest::qWaitForWindowExposed(&window().widget()));
+        ASSERT_TRUE(comesIntoView(&window().widget()));
     }
     void TearDown() override {
         if (velt::is<NSWindow>(form->window)) VELT_NSWINDOW_CLOSE(form->window);

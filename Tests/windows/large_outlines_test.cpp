@@ -1,5 +1,6 @@
 // Outlines of many items, which ask for what is seen of them.
 #include "support/control_window.h"
+#include "support/patience.h"
 
 #include <QScrollBar>
 #include <QTreeView>
@@ -156,5 +157,5 @@ TEST_F(LargeOutlines, FindTheRowThatBeginsAsTyped) {
     source->asked.clear();
     QTest::keyClicks(&tree(), QStringLiteral("row q 4711"));
     EXPECT_LT(source->asked.size(), 20000U);
-    EXPECT_TRUE(QTest::qWaitFor([&] { return outline->selectedRow() == 4712; }, 5000));
+    EXPECT_TRUE(comesTrue([&] { return outline->selectedRow() == 4712; }));
 }

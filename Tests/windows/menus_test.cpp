@@ -1,6 +1,7 @@
 #include <VELTRuntime/VELTRuntimeUI.h>
 
 #include "support/control_window.h"
+#include "support/patience.h"
 
 #include "VELTRuntime/platform/foundation/attributed_string.h"
 
@@ -78,7 +79,7 @@ private:
 QMenu& opened(const id& menu) {
     QMenu& widget = menuOf(menu).widget();
     widget.popup(QPoint(100, 100));
-    EXPECT_TRUE(QTest::qWaitForWindowExposed(&widget));
+    EXPECT_TRUE(comesIntoView(&widget));
     return widget;
 }
 

@@ -2,6 +2,7 @@
 #include "file_dialog_support.h"
 
 #include "notes/document.h"
+#include "support/patience.h"
 #include "support/processes.h"
 
 #include <QAction>
@@ -60,7 +61,7 @@ struct NotesProgram : testing::Test {
         NSApplication::sharedApplication().setMainMenu(notes::mainMenu(program));
         program->open();
         ASSERT_TRUE(windowBecomesActive(window().widget()));
-        ASSERT_TRUE(QTest::qWaitFor([this] { return window().isKeyWindow(); }, 2000));
+        ASSERT_TRUE(comesTrue([this] { return window().isKeyWindow(); }));
     }
     void close() {
         if (!program) return;
@@ -87,7 +88,7 @@ struct NotesProgram : testing::Test {
     }
     std::string text() const { return velt::utf8(VELT_NSTEXTVIEW_VALUE(program->text)); }
     bool hasKeyboard(const id& view) const {
-        return QTest::qWaitFor([&] { return window().firstResponder() == view; }, 500);
+        return comesTrue([&] { return window().firstResponder() == view; });
     }
     bool isEdited() const { return window().isDocumentEdited(); }
     /// Presses a key that asks, reads the question and answers it with another key.
@@ -99,7 +100,7 @@ struct NotesProgram : testing::Test {
         keepPicture(window().widget(), "notes-asks");
         pressKey(*sheet, answer);
         // Another one may follow.
-        EXPECT_TRUE(QTest::qWaitFor([&] { return window().attachedSheet() != id(sheet); }, 2000));
+        EXPECT_TRUE(comesTrue([&] { return window().attachedSheet() != id(sheet); }));
         return asked;
     }
     std::string contentsOf(const std::string& file) const {
@@ -221,14 +222,14 @@ TEST_F(NotesProgram, FiltersTheListWhileSomebodyTypes) {
     press(Qt::Key_F, kShifted);
     ASSERT_TRUE(hasKeyboard(program->search));
     type("WATER");
-    EXPECT_TRUE(QTest::qWaitFor([this] { return list() == "[Garden] Bread "; }, 3000)) << list();
+    EXPECT_TRUE(comesTrue([this] { return list() == "[Garden] Bread "; })) << list();
     type("x");
-    EXPECT_TRUE(QTest::qWaitFor([this] { return list().empty(); }, 3000)) << list();
+    EXPECT_TRUE(comesTrue([this] { return list().empty(); })) << list();
     EXPECT_EQ("", text());
     press(Qt::Key_Backspace);
-    EXPECT_TRUE(QTest::qWaitFor([this] { return list() == "[Garden] Bread "; }, 3000)) << list();
+    EXPECT_TRUE(comesTrue([this] { return list() == "[Garden] Bread "; })) << list();
     press(Qt::Key_Escape);
-    EXPECT_TRUE(QTest::qWaitFor([this] { return list() == "[Garden] Train Bread "; }, 3000)) << list();
+    EXPECT_TRUE(comesTrue([this] { return list() == "[Garden] Train Bread "; })) << list();
     EXPECT_EQ("", velt::utf8(VELT_NSCONTROL_STRINGVALUE(program->search)));
     EXPECT_FALSE(isEdited());
 }
@@ -236,7 +237,7 @@ TEST_F(NotesProgram, FiltersTheListWhileSomebodyTypes) {
 TEST_F(NotesProgram, KeepsInSightWhatIsTypedIntoAFoundNote) {
     press(Qt::Key_F, kShifted);
     type("roses");
-    ASSERT_TRUE(QTest::qWaitFor([this] { return list() == "[Garden] "; }, 3000)) << list();
+    ASSERT_TRUE(comesTrue([this] { return list() == "[Garden] "; })) << list();
     press(Qt::Key_T, kCommand);
     press(Qt::Key_A, kCommand);
     type("Tulips");
@@ -287,14 +288,14 @@ TEST_F(NotesProgram, SavesAndReadsAgain) {
     const std::string second = folder.file("second");
     velt::test::type(second);
     press(Qt::Key_S, kShifted);
-    EXPECT_TRUE(QTest::qWaitFor([&] { return velt::utf8(program->book->path) == second + ".notes"; }, 5000))
+    EXPECT_TRUE(comesTrue([&] { return velt::utf8(program->book->path) == second + ".notes"; }))
         << velt::utf8(program->book->path);
     EXPECT_EQ("second.notes", velt::utf8(VELT_NSWINDOW_TITLE(program->window)));
     EXPECT_EQ(contentsOf(path), contentsOf(second + ".notes"));
     // And the first one again.
     velt::test::type(path);
     press(Qt::Key_O, kCommand);
-    EXPECT_TRUE(QTest::qWaitFor([&] { return velt::utf8(program->book->path) == path; }, 5000));
+    EXPECT_TRUE(comesTrue([&] { return velt::utf8(program->book->path) == path; }));
     EXPECT_EQ("[One more] Garden Train Bread ", list());
 }
 
@@ -354,7 +355,7 @@ TEST_F(NotesProgram, AsksAboutChangesBeforeItCloses) {
     EXPECT_TRUE(window().isVisible());
     EXPECT_TRUE(isEdited());
     EXPECT_EQ(kSaveQuestion, ask(closes, Qt::Key_Return));
-    EXPECT_TRUE(QTest::qWaitFor([this] { return !window().isVisible(); }, 2000));
+    EXPECT_TRUE(comesTrue([this] { return !window().isVisible(); }));
     EXPECT_EQ("Bread\nflour and water;Train\nplatform 3;xGarden\nwater the roses;", contentsOf(path));
 }
 
@@ -366,26 +367,26 @@ TEST_F(NotesProgram, DropsChangesThatNobodyWants) {
     ASSERT_TRUE(sheet);
     EXPECT_TRUE(window().isVisible());
     clickButton(*sheet, "Don’t Save");
-    EXPECT_TRUE(QTest::qWaitFor([this] { return !window().isVisible(); }, 2000));
+    EXPECT_TRUE(comesTrue([this] { return !window().isVisible(); }));
     EXPECT_EQ("Bread\nflour and water;Train\nplatform 3;Garden\nwater the roses;", contentsOf(path));
 }
 
 TEST_F(NotesProgram, AsksForAFileBeforeItClosesWithoutOne) {
     press(Qt::Key_N, kShifted);
-    ASSERT_TRUE(QTest::qWaitFor([this] { return list().empty(); }, 2000));
+    ASSERT_TRUE(comesTrue([this] { return list().empty(); }));
     EXPECT_EQ("Untitled", velt::utf8(VELT_NSWINDOW_TITLE(program->window)));
     press(Qt::Key_N, kCommand);
     type("First");
     const std::string other = folder.file("other.notes");
     velt::test::type(other);
     ask([this] { press(Qt::Key_W, kCommand); }, Qt::Key_Return);
-    EXPECT_TRUE(QTest::qWaitFor([this] { return !window().isVisible(); }, 5000));
+    EXPECT_TRUE(comesTrue([this] { return !window().isVisible(); }));
     EXPECT_EQ("First;", contentsOf(other));
 }
 
 TEST_F(NotesProgram, StaysOpenWhenTheSavePanelIsCancelled) {
     press(Qt::Key_N, kShifted);
-    ASSERT_TRUE(QTest::qWaitFor([this] { return list().empty(); }, 2000));
+    ASSERT_TRUE(comesTrue([this] { return list().empty(); }));
     press(Qt::Key_N, kCommand);
     type("First");
     bool cancelled = false;
@@ -394,7 +395,7 @@ TEST_F(NotesProgram, StaysOpenWhenTheSavePanelIsCancelled) {
         cancelled = true;
     });
     ask([this] { press(Qt::Key_W, kCommand); }, Qt::Key_Return);
-    EXPECT_TRUE(QTest::qWaitFor([&] { return cancelled; }, 5000));
+    EXPECT_TRUE(comesTrue([&] { return cancelled; }));
     QTest::qWait(20);
     EXPECT_TRUE(window().isVisible());
     EXPECT_TRUE(isEdited());
@@ -429,7 +430,7 @@ TEST_F(NotesProgram, IsTheNextTimeAsItWasLeft) {
     window().setFrame({{90, 120}, {600, 400}});
     velt::send(program->split, "setPosition:ofDividerAtIndex:", VELT_ID(222.0), VELT_ID(0L));
     press(Qt::Key_W, kCommand);
-    ASSERT_TRUE(QTest::qWaitFor([this] { return !window().isVisible(); }, 2000));
+    ASSERT_TRUE(comesTrue([this] { return !window().isVisible(); }));
     start();
     EXPECT_EQ("[Bread] Garden Train ", list());
     EXPECT_EQ(15.0, VELT_CDOUBLE(program->fontSize));
@@ -455,7 +456,7 @@ TEST_F(NotesProgram, SaysBelowTheListHowManyNotesThereAre) {
     EXPECT_EQ("3 notes", total());
     press(Qt::Key_F, kShifted);
     type("water");
-    EXPECT_TRUE(QTest::qWaitFor([&] { return total() == "2 of 3 notes"; }, 2000)) << total();
+    EXPECT_TRUE(comesTrue([&] { return total() == "2 of 3 notes"; })) << total();
     press(Qt::Key_N, kCommand);
     EXPECT_EQ("4 notes", total());
     for (const char* left : {"3 notes", "2 notes", "1 note", "0 notes"}) {
@@ -463,8 +464,8 @@ TEST_F(NotesProgram, SaysBelowTheListHowManyNotesThereAre) {
         const Ref<NSWindow> sheet = waitForSheet(program->window);
         ASSERT_TRUE(sheet);
         pressKey(*sheet, Qt::Key_Return);
-        EXPECT_TRUE(QTest::qWaitFor([&] { return total() == left; }, 2000)) << total();
-        EXPECT_TRUE(QTest::qWaitFor([this] { return window().attachedSheet().isNil(); }, 2000));
+        EXPECT_TRUE(comesTrue([&] { return total() == left; })) << total();
+        EXPECT_TRUE(comesTrue([this] { return window().attachedSheet().isNil(); }));
     }
 }
 
@@ -476,10 +477,10 @@ TEST_F(NotesProgram, HasItsListOnAShadeThatFollowsTheDesktopsColours) {
     const QPalette before = QApplication::palette();
     EXPECT_LT(128, shade());
     QApplication::setPalette(darkPalette());
-    EXPECT_TRUE(QTest::qWaitFor([&] { return shade() < 100; }, 2000)) << shade();
+    EXPECT_TRUE(comesTrue([&] { return shade() < 100; })) << shade();
     keepPicture(window().widget(), "notes-dark");
     QApplication::setPalette(before);
-    EXPECT_TRUE(QTest::qWaitFor([&] { return shade() > 128; }, 2000)) << shade();
+    EXPECT_TRUE(comesTrue([&] { return shade() > 128; })) << shade();
 }
 
 TEST_F(NotesProgram, FindsAndReplacesWithinANote) {
@@ -487,7 +488,7 @@ TEST_F(NotesProgram, FindsAndReplacesWithinANote) {
     press(Qt::Key_F, kCommand);
     auto* bar = velt::as<NSView>(program->text)->widget().findChild<QLineEdit*>();
     ASSERT_NE(nullptr, bar);
-    EXPECT_TRUE(QTest::qWaitFor([&] { return bar->hasFocus(); }, 1000));
+    EXPECT_TRUE(comesTrue([&] { return bar->hasFocus(); }));
     QTest::keyClicks(bar, "roses");
     QTest::keyClick(bar, Qt::Key_Return);
     EXPECT_EQ((NSRange{17, 5}), velt::as<NSTextView>(program->text)->selectedRange());

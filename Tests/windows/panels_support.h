@@ -2,6 +2,7 @@
 #pragma once
 
 #include "support/control_window.h"
+#include "support/patience.h"
 
 #include <QLabel>
 #include <QLineEdit>
@@ -69,7 +70,7 @@ inline Ref<NSWindow> waitForSheet(const id& window) {
         const id sheet = shown.attachedSheet();
         return !sheet.isNil() && as<NSWindow>(sheet)->isKeyWindow();
     };
-    const bool came = QTest::qWaitFor(seen, 10'000);
+    const bool came = comesTrue(seen);
     EXPECT_TRUE(came);
     return came ? Ref<NSWindow>(as<NSWindow>(shown.attachedSheet())) : Ref<NSWindow>();
 }

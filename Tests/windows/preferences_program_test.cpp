@@ -2,6 +2,7 @@
 #include "preferences_support.h"
 
 #include "preferences/reader.h"
+#include "support/patience.h"
 #include "support/unseen_examples.h"
 
 #include "VELTRuntime/platform/appkit/controls/color_panel.h"
@@ -15,7 +16,6 @@ using velt::Ref;
 
 namespace {
 
-constexpr int kWait = 5000;
 constexpr Qt::KeyboardModifiers kCommand = Qt::ControlModifier;
 
 /// Notes the heights of a window.
@@ -69,13 +69,12 @@ struct ReaderProgram : testing::Test {
     }
     void openPreferences() const {
         pressKey(window(), Qt::Key_Comma, kCommand);
-        ASSERT_TRUE(QTest::qWaitFor([this] { return prefs().isKeyWindow(); }, kWait));
+        ASSERT_TRUE(comesTrue([this] { return prefs().isKeyWindow(); }));
     }
     /// Clicks a pane's button in the toolbar and waits until the window has its size.
     void goTo(const char* pane) const {
         ASSERT_NO_FATAL_FAILURE(clickPane(prefs(), pane));
-        EXPECT_TRUE(
-            QTest::qWaitFor([&] { return velt::utf8(prefs().title()) == pane && prefs().isKeyWindow(); }, kWait));
+        EXPECT_TRUE(comesTrue([&] { return velt::utf8(prefs().title()) == pane && prefs().isKeyWindow(); }));
     }
     NSSize paneSize() const { return velt::as<NSView>(prefs().contentView())->frame().size; }
     /// The control of the open pane that has that title or tool tip.
@@ -154,8 +153,7 @@ TEST_F(ReaderProgram, TakesTheSizeOfEachPane) {
         EXPECT_EQ(top, prefs().frame().origin.y + prefs().frame().size.height) << name;
         // The desktop's window is no larger than that, and has not moved.
         const QMainWindow& shown = prefs().widget();
-        EXPECT_TRUE(
-            QTest::qWaitFor([&] { return shown.centralWidget()->height() == static_cast<int>(height); }, kWait));
+        EXPECT_TRUE(comesTrue([&] { return shown.centralWidget()->height() == static_cast<int>(height); }));
         EXPECT_EQ(shown.height(), shown.centralWidget()->geometry().bottom() + 1) << name;
     }
 }
@@ -231,19 +229,19 @@ TEST_F(ReaderProgram, AsksBeforeItIsClosedWhenToldTo) {
     closePreferences(prefs(), window());
     openPreferences();
     window().makeKeyWindow();
-    ASSERT_TRUE(QTest::qWaitFor([this] { return window().isKeyWindow(); }, kWait));
+    ASSERT_TRUE(comesTrue([this] { return window().isKeyWindow(); }));
     pressKey(window(), Qt::Key_W, kCommand);
     Ref<NSWindow> sheet = waitForSheet(program->window);
     ASSERT_TRUE(sheet);
     EXPECT_EQ("Close the reader?|The preferences say that you want to be asked.|[Close][Cancel]", readAlert(*sheet));
     pressKey(*sheet, Qt::Key_Escape);
-    EXPECT_TRUE(QTest::qWaitFor([this] { return window().attachedSheet().isNil() && window().isKeyWindow(); }, kWait));
+    EXPECT_TRUE(comesTrue([this] { return window().attachedSheet().isNil() && window().isKeyWindow(); }));
     EXPECT_TRUE(window().isVisible());
     pressKey(window(), Qt::Key_W, kCommand);
     sheet = waitForSheet(program->window);
     ASSERT_TRUE(sheet);
     pressKey(*sheet, Qt::Key_Return);
-    EXPECT_TRUE(QTest::qWaitFor([this] { return !window().isVisible(); }, kWait));
+    EXPECT_TRUE(comesTrue([this] { return !window().isVisible(); }));
     EXPECT_FALSE(prefs().isVisible()) << "the preferences go with the window that they are for";
 }
 
@@ -262,13 +260,13 @@ TEST_F(ReaderProgram, ClosesTheWindowThatHasTheKeyboard) {
     openPreferences();
     closePreferences(prefs(), window());
     pressKey(window(), Qt::Key_W, kCommand);
-    EXPECT_TRUE(QTest::qWaitFor([this] { return !window().isVisible(); }, kWait));
+    EXPECT_TRUE(comesTrue([this] { return !window().isVisible(); }));
 }
 
 TEST_F(ReaderProgram, QuitsFromItsPreferencesToo) {
     openPreferences();
     pressKey(prefs(), Qt::Key_Q, kCommand);
-    EXPECT_TRUE(QTest::qWaitFor([this] { return !window().isVisible() && !prefs().isVisible(); }, kWait));
+    EXPECT_TRUE(comesTrue([this] { return !window().isVisible() && !prefs().isVisible(); }));
 }
 
 TEST_F(ReaderProgram, GoesBackToTheUsualSettings) {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "panels_support.h"
+#include "support/patience.h"
 
 #include <QToolButton>
 
@@ -36,7 +37,7 @@ inline void closePreferences(NSWindow& prefs, NSWindow& main) {
     EXPECT_FALSE(prefs.isVisible());
     EXPECT_TRUE(main.isVisible());
     main.makeKeyWindow();
-    EXPECT_TRUE(QTest::qWaitFor([&] { return main.isKeyWindow(); }, 2000));
+    EXPECT_TRUE(comesTrue([&] { return main.isKeyWindow(); }));
 }
 
 /// Clicks a control of the pane that is shown.

@@ -4,6 +4,8 @@
 #include "VELTRuntime/platform/appkit/toolbars/toolbar_widget.h"
 #include "VELTRuntime/platform/foundation/dictionary.h"
 #include "VELTRuntime/platform/foundation/user_defaults.h"
+#include "support/displays.h"
+#include "support/patience.h"
 
 #include <cmath>
 
@@ -11,8 +13,6 @@ using namespace velt::test;
 using velt::Ref;
 
 namespace {
-
-constexpr int kWait = 5000;
 
 Ref<NSView> pane(double width, double height) {
     Ref<NSView> view = velt::make<NSView>(NSRect{{0, 0}, {width, height}});
@@ -186,22 +186,17 @@ TEST(PreferencesWindows, HaveAToolbarOfTheirPanes) {
 TEST(PreferencesWindows, CrossFadeToThePaneThatIsClickedAndKeepTheirUpperEdge) {
     ShownPrefs shown;
     NSWindow& window = shown.show();
-    ASSERT_TRUE(QTest::qWaitForWindowExposed(&window.widget()));
-    // A window manager says late what it puts around a window.
-    ASSERT_TRUE(QTest::qWaitFor([&] {
-        const double before = window.frame().size.height;
-        QTest::qWait(100);
-        return window.frame().size.height == before;
-    }));
+    ASSERT_TRUE(comesIntoView(&window.widget()));
+    ASSERT_TRUE(frameIsKnown(window.widget()));
     const double top = window.frame().origin.y + window.frame().size.height;
     const double around = window.frame().size.height - 120;
     shown.click("Colours");
     EXPECT_EQ(2U, shown.hosted().size()) << "the old pane is still there while it fades";
     EXPECT_EQ("Colours", velt::utf8(window.title()));
-    ASSERT_TRUE(QTest::qWaitFor([&] { return shown.shows(shown.prefs->second); }, kWait));
+    ASSERT_TRUE(comesTrue([&] { return shown.shows(shown.prefs->second); }));
     // A window system may still report the steps on the way.
     const auto upperEdge = [&] { return window.frame().origin.y + window.frame().size.height; };
-    EXPECT_TRUE(QTest::qWaitFor([&] { return window.frame().size.height == 260 + around && upperEdge() == top; }))
+    EXPECT_TRUE(comesTrue([&] { return window.frame().size.height == 260 + around && upperEdge() == top; }))
         << window.frame().size.height << " " << upperEdge();
     EXPECT_EQ(420, window.frame().size.width);
     EXPECT_FALSE(shown.prefs->second->isHidden());
@@ -209,17 +204,17 @@ TEST(PreferencesWindows, CrossFadeToThePaneThatIsClickedAndKeepTheirUpperEdge) {
     EXPECT_EQ(0, shown.prefs->second->frame().origin.y + 260 - shown.page().subviewList().at(0)->frame().size.height);
 
     shown.click("General");
-    ASSERT_TRUE(QTest::qWaitFor([&] { return shown.shows(shown.prefs->first); }, kWait));
+    ASSERT_TRUE(comesTrue([&] { return shown.shows(shown.prefs->first); }));
     EXPECT_FALSE(shown.prefs->first->isHidden());
-    EXPECT_EQ(120 + around, window.frame().size.height);
+    EXPECT_TRUE(comesTrue([&] { return window.frame().size.height == 120 + around; })) << window.frame().size.height;
 }
 
 TEST(PreferencesWindows, SwitchQuicklyBackAndForthWithoutLosingAPane) {
     ShownPrefs shown;
     NSWindow& window = shown.show();
-    ASSERT_TRUE(QTest::qWaitForWindowExposed(&window.widget()));
+    ASSERT_TRUE(comesIntoView(&window.widget()));
     for (int i = 0; i < 6; ++i) shown.click(i % 2 ? "General" : "Colours");
-    ASSERT_TRUE(QTest::qWaitFor([&] { return shown.shows(shown.prefs->first); }, kWait));
+    ASSERT_TRUE(comesTrue([&] { return shown.shows(shown.prefs->first); }));
     EXPECT_FALSE(shown.prefs->first->isHidden());
     EXPECT_EQ("General", velt::utf8(window.title()));
 }
@@ -227,14 +222,15 @@ TEST(PreferencesWindows, SwitchQuicklyBackAndForthWithoutLosingAPane) {
 TEST(PreferencesWindows, KeepThePaneThatIsSetWhileAnotherOneFadesIn) {
     ShownPrefs shown;
     NSWindow& window = shown.show();
-    ASSERT_TRUE(QTest::qWaitForWindowExposed(&window.widget()));
+    ASSERT_TRUE(comesIntoView(&window.widget()));
+    ASSERT_TRUE(frameIsKnown(window.widget()));
     const double around = window.frame().size.height - 120;
     shown.click("Colours");
     ASSERT_EQ(2U, shown.hosted().size());
     velt::send(id(shown.prefs), "displayViewForIdentifier:animate:", str("General"), boolean(false));
     QTest::qWait(400);  // longer than the fade
     EXPECT_TRUE(shown.shows(shown.prefs->first));
-    EXPECT_EQ(120 + around, window.frame().size.height);
+    EXPECT_TRUE(comesTrue([&] { return window.frame().size.height == 120 + around; })) << window.frame().size.height;
     EXPECT_EQ("General", velt::utf8(window.title()));
 }
 
@@ -262,7 +258,7 @@ TEST(PreferencesWindows, SwitchAtOnceWithoutACrossFade) {
 TEST(PreferencesWindows, FadeSlowlyWithShiftAlone) {
     ShownPrefs shown;
     NSWindow& window = shown.show();
-    ASSERT_TRUE(QTest::qWaitForWindowExposed(&window.widget()));
+    ASSERT_TRUE(comesIntoView(&window.widget()));
     EXPECT_TRUE(shown.prefs->crossFade());
     EXPECT_TRUE(shown.prefs->shiftSlowsAnimation());
     const auto fade = [&](const char* label, Qt::KeyboardModifiers held) {
@@ -270,12 +266,12 @@ TEST(PreferencesWindows, FadeSlowlyWithShiftAlone) {
         return shown.prefs->fadeTime();
     };
     EXPECT_EQ(1.25, fade("Colours", Qt::ShiftModifier));
-    ASSERT_TRUE(QTest::qWaitFor([&] { return shown.shows(shown.prefs->second); }, kWait));
+    ASSERT_TRUE(comesTrue([&] { return shown.shows(shown.prefs->second); }));
     EXPECT_EQ(0.25, fade("General", Qt::NoModifier));
-    ASSERT_TRUE(QTest::qWaitFor([&] { return shown.shows(shown.prefs->first); }, kWait));
+    ASSERT_TRUE(comesTrue([&] { return shown.shows(shown.prefs->first); }));
     shown.prefs->setShiftSlowsAnimation(false);
     EXPECT_EQ(0.25, fade("Colours", Qt::ShiftModifier));
-    ASSERT_TRUE(QTest::qWaitFor([&] { return shown.shows(shown.prefs->second); }, kWait));
+    ASSERT_TRUE(comesTrue([&] { return shown.shows(shown.prefs->second); }));
 }
 
 TEST(PreferencesWindows, AreSetUpAnewEachTimeTheyAreShown) {
@@ -463,7 +459,7 @@ TEST(ViewAnimations, ReturnWhenAllHasArrivedUnlessTheyAreToGoOnByThemselves) {
     shown.animation->startAnimation();
     EXPECT_TRUE(shown.animation->isAnimating());
     EXPECT_EQ("end ", shown.listener->heard);
-    EXPECT_TRUE(QTest::qWaitFor([&] { return shown.listener->heard == "end end "; }, kWait));
+    EXPECT_TRUE(comesTrue([&] { return shown.listener->heard == "end end "; }));
     EXPECT_FALSE(shown.animation->isAnimating());
     EXPECT_EQ(10, shown.view->frame().origin.x);
 }
@@ -517,6 +513,6 @@ TEST(ViewAnimations, LiveUntilTheyHaveEnded) {
     shown.animate(velt::kAnimationEndFrame, VELT_ID(NSRect{{100, 50}, {60, 20}}));
     shown.animation->startAnimation();
     shown.animation = Ref<NSViewAnimation>();
-    EXPECT_TRUE(QTest::qWaitFor([&] { return shown.listener->heard == "end "; }, kWait));
+    EXPECT_TRUE(comesTrue([&] { return shown.listener->heard == "end "; }));
     EXPECT_EQ(100, shown.view->frame().origin.x);
 }

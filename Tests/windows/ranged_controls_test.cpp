@@ -1,5 +1,6 @@
 #include "support/control_window.h"
 #include "support/direction.h"
+#include "support/patience.h"
 
 #include "VELTRuntime/platform/appkit/controls/level_indicator.h"
 #include "VELTRuntime/platform/appkit/controls/slider.h"
@@ -334,7 +335,7 @@ TEST(Steppers, StepOnWhileTheyAreHeld) {
     const QImage before = shown.picture();
     shown.press({9, 5});
     EXPECT_NE(before, shown.picture());
-    EXPECT_TRUE(QTest::qWaitFor([&] { return valueOf(stepper) >= 3; }, 10'000));
+    EXPECT_TRUE(comesTrue([&] { return valueOf(stepper) >= 3; }));
     shown.moveTo({9, 22});  // left the half: it rests
     const double rested = valueOf(stepper);
     QTest::qWait(200);
@@ -354,7 +355,7 @@ TEST(Steppers, RestOnceTheyAreHiddenOrBehindADialog) {
     ShownControl shown(stepper, 19, 27);
     const auto holdUntil = [&](double value) {
         shown.press({9, 5});
-        return QTest::qWaitFor([&] { return valueOf(stepper) >= value; }, 10'000);
+        return comesTrue([&] { return valueOf(stepper) >= value; });
     };
     const auto rests = [&] {
         const double rested = valueOf(stepper);

@@ -1,4 +1,5 @@
 #include "support/fields.h"
+#include "support/patience.h"
 #include "support/streams.h"
 
 #include "VELTRuntime/platform/foundation/user_defaults.h"
@@ -91,7 +92,7 @@ TEST_F(SearchFields, SendTheirActionAfterAShortPause) {
     ASSERT_TRUE(shown.focus(field));
     type("ca");
     EXPECT_EQ("begin? began() changed(c) changed(ca) ", listener->take());
-    ASSERT_TRUE(QTest::qWaitFor([this] { return !listener->heard.empty(); }));
+    ASSERT_TRUE(comesTrue([this] { return !listener->heard.empty(); }));
     EXPECT_EQ("action(ca) ", listener->take());
     press(Qt::Key_Return);
     EXPECT_EQ("insertNewline: end? ended16(ca) action(ca) ", listener->take());

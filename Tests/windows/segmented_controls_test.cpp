@@ -1,6 +1,7 @@
 #include <VELTRuntime/VELTRuntimeUI.h>
 
 #include "support/control_window.h"
+#include "support/patience.h"
 
 #include <QAbstractButton>
 #include <QAccessible>
@@ -216,7 +217,7 @@ TEST(SegmentedControls, SurviveLosingTheirSegmentsToTheirOwnAction) {
     window.show();
     row.click(1);
     EXPECT_VALUE("q 0", velt::send(row.control, "segmentCount"));
-    EXPECT_TRUE(QTest::qWaitFor([&] { return row.widget().findChildren<QAbstractButton*>().isEmpty(); }));
+    EXPECT_TRUE(comesTrue([&] { return row.widget().findChildren<QAbstractButton*>().isEmpty(); }));
 }
 
 TEST(SegmentedControls, ShowWhatIsSelected) {

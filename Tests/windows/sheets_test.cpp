@@ -1,5 +1,6 @@
 // Sheets on their windows, alone and with sessions and alerts around them.
 #include "panels_support.h"
+#include "support/patience.h"
 
 using namespace velt::test;
 using velt::Ref;
@@ -55,7 +56,7 @@ TEST(AlertSheets, AreFollowedByWhatTheirDelegateBegins) {
     EXPECT_EQ("Second|I|[Yes]", readAlert(*second));
     EXPECT_FALSE(first->isVisible());
     pressKey(*second, Qt::Key_Return);
-    EXPECT_TRUE(QTest::qWaitFor([&] { return VELT_CBOOL(VELT_NSWINDOW_ISKEYWINDOW(window.window)) != 0; }, 2000));
+    EXPECT_TRUE(comesTrue([&] { return VELT_CBOOL(VELT_NSWINDOW_ISKEYWINDOW(window.window)) != 0; }));
     EXPECT_TRUE(velt::as<NSWindow>(window.window)->attachedSheet().isNil());
 }
 
@@ -131,7 +132,7 @@ TEST(Sheets, LieAtTheTopOfTheirWindowAndFollowIt) {
     ASSERT_TRUE(waitForSheet(window.window));
     const auto expectAtTheTop = [&] {
         // The window system may report where it had put the sheet before.
-        EXPECT_TRUE(QTest::qWaitFor([&] {
+        EXPECT_TRUE(comesTrue([&] {
             const NSRect frame = frameOf(window.window), own = frameOf(sheet.window);
             return frame.origin.x + (frame.size.width - own.size.width) / 2 == own.origin.x &&
                    frame.origin.y + frame.size.height == own.origin.y + own.size.height;
@@ -283,7 +284,7 @@ TEST(Sheets, TellTheirToolbarToShow) {
     velt::as<NSWindow>(sheet.window)->setToolbar(toolbar);
     VELT_BEGINSHEET(nil, sheet.window, ""_v);
     EXPECT_EQ(0, toolbar->shown);
-    EXPECT_TRUE(QTest::qWaitFor([&] { return toolbar->shown == 1; }, 2000));
+    EXPECT_TRUE(comesTrue([&] { return toolbar->shown == 1; }));
     VELT_ENDSHEET(sheet.window, nil);
     velt::as<NSWindow>(sheet.window)->setToolbar(nil);
 }

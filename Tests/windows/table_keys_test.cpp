@@ -1,4 +1,5 @@
 // Tables worked with the keyboard: cells edited one after the other, rows found by typing.
+#include "support/patience.h"
 #include "windows/tables_support.h"
 
 #include <QLineEdit>
@@ -155,7 +156,7 @@ TEST(TableKeys, TypingKeepsNobodyWaitingInAMillionRows) {
     QTest::keyClick(&shown.view(), Qt::Key_Z);
     EXPECT_LE(shown.source->asked.size(), 1000U);
     // It goes on when nothing else is to be done, and stops when the person chooses a row.
-    EXPECT_TRUE(QTest::qWaitFor([&] { return shown.source->asked.size() > 3000; }, 5000));
+    EXPECT_TRUE(comesTrue([&] { return shown.source->asked.size() > 3000; }));
     shown.click(1);
     shown.source->asked.clear();
     for (int i = 0; i < 20; ++i) QApplication::processEvents();
@@ -173,7 +174,7 @@ TEST(TableKeys, TypingFindsARowFarAway) {
     shown.view().setFocus();
     QTest::keyClicks(&shown.view(), QStringLiteral("zo"));
     EXPECT_EQ(-1, shown.table->selectedRow());
-    EXPECT_TRUE(QTest::qWaitFor([&] { return shown.table->selectedRow() == 19500; }, 10000));
+    EXPECT_TRUE(comesTrue([&] { return shown.table->selectedRow() == 19500; }));
 }
 
 TEST(TableKeys, TypingOnAsksNoRowAgainThatBeginsOtherwise) {
@@ -185,7 +186,7 @@ TEST(TableKeys, TypingOnAsksNoRowAgainThatBeginsOtherwise) {
     long times = 0;
     shown.source->onAsked = [&](long row) { times += row == 700; };
     QTest::keyClick(&shown.view(), Qt::Key_X);
-    EXPECT_TRUE(QTest::qWaitFor([&] { return shown.source->asked.size() == 1500; }, 5000));
+    EXPECT_TRUE(comesTrue([&] { return shown.source->asked.size() == 1500; }));
     for (int i = 0; i < 5; ++i) QApplication::processEvents();
     EXPECT_EQ(1, times);
     QTest::keyClick(&shown.view(), Qt::Key_Y);

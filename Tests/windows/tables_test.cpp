@@ -1,5 +1,6 @@
 #include <VELTRuntime/VELTRuntimeUI.h>
 
+#include "support/patience.h"
 #include "windows/tables_support.h"
 
 #include "VELTRuntime/platform/appkit/controls/secure_text_field.h"
@@ -155,7 +156,7 @@ TEST(Tables, KeepTheirColumnsAsThePersonLeavesThem) {
     EXPECT_EQ(100, shown.name->width());
     EXPECT_EQ(103, header.sectionSize(0));
     header.moveSection(0, 1);
-    ASSERT_TRUE(QTest::qWaitFor([&] { return shown.table->columnWithIdentifier(str("name")) == 1; }));
+    ASSERT_TRUE(comesTrue([&] { return shown.table->columnWithIdentifier(str("name")) == 1; }));
     EXPECT_EQ(QStringLiteral("Done"), header.model()->headerData(0, Qt::Horizontal).toString());
     EXPECT_EQ(0, header.logicalIndex(0));
     QTest::qWait(20);
@@ -170,7 +171,7 @@ TEST(Tables, KeepTheirColumnsAsThePersonLeavesThem) {
 TEST(Tables, ScrollToARowWithoutMovingSideways) {
     const Table shown(1000);
     shown.name->setWidth(400);
-    ASSERT_TRUE(QTest::qWaitFor([&] { return shown.view().horizontalScrollBar()->maximum() > 0; }));
+    ASSERT_TRUE(comesTrue([&] { return shown.view().horizontalScrollBar()->maximum() > 0; }));
     const QModelIndex index = shown.view().model()->index(500, 0);
     shown.view().scrollTo(index, QAbstractItemView::PositionAtBottom);
     EXPECT_EQ(shown.view().viewport()->rect().bottom(), shown.view().visualRect(index).bottom());
@@ -327,7 +328,7 @@ TEST(Tables, ChooseInPopUpCells) {
     };
     const auto choose = [&](QMenu& menu, int item) {
         QTest::mouseClick(&menu, Qt::LeftButton, {}, menu.actionGeometry(menu.actions()[item]).center());
-        EXPECT_TRUE(QTest::qWaitFor([&] { return !QApplication::activePopupWidget(); }));
+        EXPECT_TRUE(comesTrue([&] { return !QApplication::activePopupWidget(); }));
         QApplication::processEvents();
         return shown.source->told();
     };

@@ -2,6 +2,7 @@
 #include <VELTRuntime/VELTRuntimeUI.h>
 
 #include "support/control_window.h"
+#include "support/patience.h"
 #include "support/shown_text.h"
 
 #include <QAccessible>
@@ -72,13 +73,13 @@ TEST_F(TextDrawing, DrawsOnlyTheLineAnewThatIsTyped) {
     EXPECT_TRUE(widget->hasFocus());
     QTest::keyClicks(widget, QStringLiteral("x"));
     EXPECT_EQ("{11, 0}", selected());
-    EXPECT_TRUE(QTest::qWaitFor([&] { return region.painted.isValid(); }));
+    EXPECT_TRUE(comesTrue([&] { return region.painted.isValid(); }));
     EXPECT_LE(region.painted.height(), 3 * row);
     EXPECT_TRUE(region.painted.contains(widget->caretRect()));
     region.painted = {};
     key(Qt::Key_Return);
     // All that moved down.
-    EXPECT_TRUE(QTest::qWaitFor([&] { return region.painted.height() > widget->viewport()->height() - 4 * row; }));
+    EXPECT_TRUE(comesTrue([&] { return region.painted.height() > widget->viewport()->height() - 4 * row; }));
 }
 
 TEST_F(TextDrawing, DrawsOnlyTheLinesAnewWhoseTemporaryAttributesChange) {
@@ -89,7 +90,7 @@ TEST_F(TextDrawing, DrawsOnlyTheLinesAnewWhoseTemporaryAttributesChange) {
     green->setObject(velt::make<NSColor>(0.0, 1.0, 0.0, 1.0), str("NSBackgroundColor"));
     PaintedRegion region(*widget->viewport());
     velt::send(layout, "setTemporaryAttributes:forCharacterRange:", green, range(15, 3));
-    EXPECT_TRUE(QTest::qWaitFor([&] { return region.painted.isValid(); }));
+    EXPECT_TRUE(comesTrue([&] { return region.painted.isValid(); }));
     EXPECT_LE(region.painted.height(), 2 * row);
     // Lines out of sight have theirs when they come into it.
     velt::send(layout, "setTemporaryAttributes:forCharacterRange:", green, range(200, 3));
@@ -214,7 +215,7 @@ TEST_F(TextDrawing, SelectsAsTheMouseIsDrawn) {
     const QPoint below(20, page->height() + 30);
     QMouseEvent out(QEvent::MouseMove, below, page->mapToGlobal(below), Qt::NoButton, Qt::LeftButton, {});
     QApplication::sendEvent(page, &out);
-    EXPECT_TRUE(QTest::qWaitFor([&] { return widget->verticalScrollBar()->value() > 3; }));
+    EXPECT_TRUE(comesTrue([&] { return widget->verticalScrollBar()->value() > 3; }));
     QTest::mouseRelease(page, Qt::LeftButton, {}, below);
     const std::string all = selected();
     EXPECT_EQ(0u, all.find("{2, "));

@@ -1,4 +1,5 @@
 #include "support/fields.h"
+#include "support/patience.h"
 
 #include <QClipboard>
 #include <QLineEdit>
@@ -178,7 +179,7 @@ TEST_F(TokenFields, OfferCompletions) {
     ASSERT_TRUE(shown.show());
     ASSERT_TRUE(shown.focus(field));
     type("gr");
-    ASSERT_TRUE(QTest::qWaitFor([] { return QApplication::activePopupWidget() != nullptr; }));
+    ASSERT_TRUE(comesTrue([] { return QApplication::activePopupWidget() != nullptr; }));
     auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
     EXPECT_EQ(2, menu->actions().size());
     listener->take();
@@ -192,7 +193,7 @@ TEST_F(TokenFields, CloseTheirCompletionsWithAKeyThoughTheEditorIsGone) {
     ASSERT_TRUE(shown.show());
     ASSERT_TRUE(shown.focus(field));
     type("gr");
-    ASSERT_TRUE(QTest::qWaitFor([] { return QApplication::activePopupWidget() != nullptr; }));
+    ASSERT_TRUE(comesTrue([] { return QApplication::activePopupWidget() != nullptr; }));
     const QPointer<QWidget> menu = QApplication::activePopupWidget();
     VELT_NSTEXTFIELD_SELECTABLE(field, boolean(false));
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);

@@ -1,6 +1,7 @@
 #include <VELTRuntime/VELTRuntimeUI.h>
 
 #include "support/control_window.h"
+#include "support/patience.h"
 
 #include "VELTRuntime/platform/appkit/toolbars/toolbar_widget.h"
 #include "VELTRuntime/platform/foundation/dictionary.h"
@@ -242,7 +243,7 @@ TEST(Toolbars, SendTheActionOfAClickedItem) {
     bar.owner->refuses = "";
     // What a person does lets the items be asked again.
     QTest::keyClick(&window.widget(), Qt::Key_Shift);
-    EXPECT_TRUE(QTest::qWaitFor([&] { return VELT_CBOOL(VELT_NSTOOLBARITEM_ENABLED(item)); }));
+    EXPECT_TRUE(comesTrue([&] { return VELT_CBOOL(VELT_NSTOOLBARITEM_ENABLED(item)); }));
     velt::send(item, "setAction:", str("unknown:"));
     velt::send(bar.toolbar, "validateVisibleItems");
     EXPECT_VALUE("c 0", VELT_NSTOOLBARITEM_ENABLED(item));
@@ -372,12 +373,12 @@ TEST(Toolbars, PutWhatHasNoRoomIntoAMenu) {
     EXPECT_FALSE(bar.widget().strip().overflow().isVisible());
     EXPECT_EQ("new open FlexibleSpace search ", bar.shown());
     VELT_NSWINDOW_WIDTH(window.window, VELT_ID(100L));
-    EXPECT_TRUE(QTest::qWaitFor([&] { return bar.widget().strip().overflow().isVisible() && bar.shown() == "new "; }))
+    EXPECT_TRUE(comesTrue([&] { return bar.widget().strip().overflow().isVisible() && bar.shown() == "new "; }))
         << bar.shown();
     bar.owner->told();
     QMenu* menu = bar.widget().strip().overflow().menu();
     menu->popup(QPoint(100, 100));
-    ASSERT_TRUE(QTest::qWaitForWindowExposed(menu));
+    ASSERT_TRUE(comesIntoView(menu));
     ASSERT_EQ(2, menu->actions().size());
     EXPECT_EQ(QStringLiteral("open"), menu->actions()[0]->text());
     QTest::mouseClick(menu, Qt::LeftButton, {}, menu->actionGeometry(menu->actions()[0]).center());

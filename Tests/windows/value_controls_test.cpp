@@ -8,6 +8,7 @@
 #include "VELTRuntime/platform/foundation/url.h"
 #include "VELTRuntime/platform/object/cycles.h"
 #include "support/environment.h"
+#include "support/patience.h"
 
 #include <QAccessible>
 #include <QCalendarWidget>
@@ -403,7 +404,7 @@ TEST(PathControls, OpenADoubleClickedPartWithTheDesktop) {
         QTest::mouseDClick(&shown.widget(), Qt::LeftButton, {}, {10, 11});  // the root
     }
     QFile said(folder.filePath(QStringLiteral("open.sh.said")));
-    ASSERT_TRUE(QTest::qWaitFor([&] { return said.exists(); }, 10'000));
+    ASSERT_TRUE(comesTrue([&] { return said.exists(); }));
     ASSERT_TRUE(said.open(QIODevice::ReadOnly));
     EXPECT_EQ("/", said.readAll().toStdString());
 }

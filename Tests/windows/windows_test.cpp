@@ -1,6 +1,7 @@
 #include <VELTRuntime/VELTRuntimeUI.h>
 
 #include "support/environment.h"
+#include "support/patience.h"
 #include "support/processes.h"
 #include "support/values.h"
 
@@ -164,7 +165,7 @@ TEST(Windows, ComeAndGoAndTellTheirDelegate) {
     VELT_NSWINDOW_FRAME(window, frame(50, 60, 200, 122));
     EXPECT_EQ("resize move ", std::exchange(listener->heard, ""));
     VELT_NSWINDOW_SHOW(window);
-    ASSERT_TRUE(QTest::qWaitForWindowExposed(&velt::as<NSWindow>(window)->widget()));
+    ASSERT_TRUE(comesIntoView(&velt::as<NSWindow>(window)->widget()));
     EXPECT_VALUE("c 1", VELT_NSWINDOW_VISIBLE(window));
     listener->heard.clear();
     listener->allowed = false;
@@ -186,7 +187,7 @@ TEST(Windows, FollowTheScreenAfterAChangeOfABarHasRaised) {
     const Ref<NSWindow> window(velt::as<NSWindow>(VELT_NSWINDOW_INIT(nil, "")));
     VELT_NSWINDOW_FRAME(window, rect(50, 60, 200, 150));
     VELT_NSWINDOW_SHOW(window);
-    ASSERT_TRUE(QTest::qWaitForWindowExposed(&window->widget()));
+    ASSERT_TRUE(comesIntoView(&window->widget()));
     EXPECT_RAISES("BarException: no room",
                   window->changeBar([](QMainWindow&) { velt::raise("BarException", "no room"); }));
     window->widget().resize(260, 190);
@@ -202,7 +203,7 @@ TEST(Views, GetTheMouseAndTheKeysInTheirOwnCoordinates) {
     board->setFrame({{20, 10}, {100, 50}});
     VELT_NSWINDOW_APPEND(window, board);
     VELT_NSWINDOW_SHOW(window);
-    ASSERT_TRUE(QTest::qWaitForWindowExposed(&velt::as<NSWindow>(window)->widget()));
+    ASSERT_TRUE(comesIntoView(&velt::as<NSWindow>(window)->widget()));
     EXPECT_LT(0, board->drawn);
     EXPECT_EQ(QRect(20, 40, 100, 50), board->widget().geometry());  // from the content's upper left corner
     QTest::mouseClick(&board->widget(), Qt::LeftButton, {}, QPoint(5, 8));
@@ -236,7 +237,7 @@ TEST(Views, PassOverHiddenGroupsOnTheKeyboardsWay) {
     group->addSubview(hidden.get());
     for (const id& view : {id(first), id(group), id(last)}) VELT_NSWINDOW_APPEND(window, view);
     VELT_NSWINDOW_SHOW(window);
-    ASSERT_TRUE(QTest::qWaitForWindowExposed(&velt::as<NSWindow>(window)->widget()));
+    ASSERT_TRUE(comesIntoView(&velt::as<NSWindow>(window)->widget()));
     first->setNextKeyView(hidden.get());
     hidden->setNextKeyView(last.get());
     group->setHidden(true);
