@@ -1,6 +1,7 @@
 // Trees in a table, and trees in columns side by side.
 #include "support/control_window.h"
 
+#include <QHeaderView>
 #include <QListView>
 #include <QTreeView>
 #include <algorithm>
@@ -17,6 +18,7 @@ class TreeSource : public NSObject {
 public:
     long count(const id&, const id& item) {
         heard += "count " + show(item) + " ";
+        if (raises && !item.isNil()) velt::raise("CountException", "nobody knows");
         return level(item) < 3 ? 2 : 0;
     }
     id child(const id&, long index, const id& item) {
@@ -47,6 +49,7 @@ public:
     }
     std::map<std::string, id> items;
     std::string heard, leaf;
+    bool raises = false;
 };
 
 /// Answers what an outline asks about its items.
@@ -128,6 +131,21 @@ TEST(OutlineViews, KeepWhatIsOpenAndSelectedWhenTheyAreLoadedAnew) {
     EXPECT_EQ(2, shown.view().selectedRow());
     shown.view().reloadItemWithChildren(shown.item("0"), true);
     EXPECT_EQ(4, shown.view().numberOfRows());
+}
+
+TEST(OutlineViews, TellOfSelectionsAfterTheirSourceHasRaised) {
+    const Outline shown;
+    shown.view().expandItem(shown.item("0"));
+    shown.column->setWidth(150);
+    shown.source->raises = true;
+    EXPECT_RAISES("CountException: nobody knows", shown.view().reloadData());
+    EXPECT_EQ(153, shown.tree().header()->sectionSize(0));
+    shown.source->raises = false;
+    shown.source->heard.clear();
+    shown.view().selectRow(1, false);
+    EXPECT_EQ("selected ", shown.source->heard);
+    shown.view().reloadData();
+    EXPECT_EQ(1, shown.view().selectedRow());
 }
 
 TEST(OutlineViews, LoseTheChildrenOfAnItemThatCanNoLongerBeOpened) {

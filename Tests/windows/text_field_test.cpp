@@ -551,6 +551,31 @@ TEST_F(TextFields, ThatAreSecretGiveNothingAway) {
     EXPECT_EQ("pass", textOfField(field));
 }
 
+TEST_F(TextFields, AreAsSecretAsTheirCell) {
+    const id field = VELT_NSTEXTFIELD_INIT(listener, "pressed:");
+    VELT_NSCONTROL_STRINGVALUE(field, str("letters"));
+    const id plain = velt::send(field, "cell");
+    shown.add(field);
+    ASSERT_TRUE(shown.show());
+    ASSERT_TRUE(shown.focus(field));
+    velt::send(field, "setCell:", id(velt::make<NSSecureTextFieldCell>(str("hidden"))));
+    ASSERT_TRUE(lineOf(field));
+    EXPECT_EQ(QLineEdit::Password, lineOf(field)->echoMode());
+    EXPECT_EQ("hidden", lineOf(field)->text().toStdString());
+    QApplication::clipboard()->setText(QStringLiteral("before"));
+    velt::send(field, "selectText:", nil);
+    velt::send(field, "copy:", nil);
+    velt::send(field, "cut:", nil);
+    EXPECT_EQ("before", QApplication::clipboard()->text().toStdString());
+    EXPECT_EQ("hidden", textOfField(field));
+    velt::send(field, "setCell:", plain);
+    EXPECT_EQ(QLineEdit::Normal, lineOf(field)->echoMode());
+    EXPECT_EQ("letters", lineOf(field)->text().toStdString());
+    velt::send(field, "selectText:", nil);
+    velt::send(field, "copy:", nil);
+    EXPECT_EQ("letters", QApplication::clipboard()->text().toStdString());
+}
+
 TEST_F(TextFields, ThatAreSecretShowNoTextWithAttributes) {
     const id field = VELT_NSSECURETEXTFIELD_INIT(listener, "pressed:");
     VELT_NSCONTROL_ATTRIBUTEDSTRINGVALUE(field, id(velt::make<NSAttributedString>(u"pass")));

@@ -86,7 +86,7 @@ NSTextField* FieldWidget::field() const { return static_cast<NSTextField*>(viewO
 
 bool FieldWidget::wantsEditor(const NSTextField& field) const { return field.isSelectable(); }
 
-void FieldWidget::makeEditor(Kind kind, bool secret) {
+void FieldWidget::makeEditor(Kind kind) {
     if (kind == kind_) return;
     const bool hadFocus = editor_ && editor_->widget().hasFocus();
     const QString text = editor_ ? editor_->text() : QString();
@@ -100,8 +100,9 @@ void FieldWidget::makeEditor(Kind kind, bool secret) {
     }
     kind_ = kind;
     if (kind == Kind::None) return;
-    editor_ =
-        (kind == Kind::Line ? makeLineEditor(*this, secret) : makePageEditor(*this, kind == Kind::RichLine)).release();
+    const bool isLine = kind == Kind::Line || kind == Kind::SecretLine;
+    editor_ = (isLine ? makeLineEditor(*this, kind == Kind::SecretLine) : makePageEditor(*this, kind == Kind::RichLine))
+                  .release();
     editor_->setText(text);
     shownRich_ = nil;
     watchEvents(editor_->widget());
@@ -141,6 +142,7 @@ void FieldWidget::syncColors(const NSTextFieldCell& cell) {
 
 FieldWidget::Kind FieldWidget::kindFor(NSTextField& field) const {
     if (!wantsEditor(field)) return Kind::None;
+    if (field.isSecret()) return Kind::SecretLine;
     const bool rich = field.textCell().richText() != nullptr;
     // What cannot be worked is drawn, and paler than an editor would show it.
     if (rich && !field.isEnabled()) return Kind::None;
@@ -164,7 +166,7 @@ void FieldWidget::syncText(NSTextField& field) {
 
 void FieldWidget::sync(NSTextField& field) {
     const NSTextFieldCell& cell = field.textCell();
-    makeEditor(kindFor(field), field.isSecret());
+    makeEditor(kindFor(field));
     syncColors(cell);
     const QString text = qtText(field.editedText()), hint = qtText(cell.placeholderString());
     if (editor_) {

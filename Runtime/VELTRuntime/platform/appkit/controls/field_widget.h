@@ -56,10 +56,10 @@ protected:
 
 private:
     /// What stands in the field: nothing, plain text, a line with attributes, several lines.
-    enum class Kind { None, Line, RichLine, Page };
+    enum class Kind { None, Line, SecretLine, RichLine, Page };
     Kind kindFor(NSTextField& field) const;
     void syncText(NSTextField& field);
-    void makeEditor(Kind kind, bool secret);
+    void makeEditor(Kind kind);
     void syncColors(const NSTextFieldCell& cell);
 
     FieldEditor* editor_ = nullptr;  // one of the widget's children

@@ -14,11 +14,6 @@ public:
 class VELT_EXPORT NSSecureTextField : public NSTextField {
     VELT_OBJECT(NSSecureTextField, NSTextField)
 public:
-    void cutText(const id&) override {}
-    void copyText(const id&) override {}
-    void undoTyping(const id&) override {}
-    void redoTyping(const id&) override {}
-    bool isSecret() const override { return true; }
     static void describe(velt::ClassBuilder<NSSecureTextField>&) {}
 
 protected:

@@ -2,6 +2,7 @@
 
 #include "VELTRuntime/platform/appkit/controls/field_text.h"
 #include "VELTRuntime/platform/appkit/controls/field_widget.h"
+#include "VELTRuntime/platform/appkit/controls/secret_text.h"
 #include "VELTRuntime/platform/appkit/font.h"
 #include "VELTRuntime/platform/appkit/qt_values.h"
 #include "VELTRuntime/platform/appkit/window.h"
@@ -60,6 +61,8 @@ void NSTextField::cellChanged(NSCell& cell) {
     NSControl::cellChanged(cell);
 }
 
+bool NSTextField::isSecret() const { return velt::isSecret(textCell()); }
+
 bool NSTextField::showsSeveralLines() const {
     const NSTextFieldCell& cell = textCell();
     using LineBreak = NSTextFieldCell::LineBreak;
@@ -101,10 +104,10 @@ void NSTextField::moveToWindow(NSWindow* window) {
 // Edits.
 
 void NSTextField::cutText(const id&) {
-    if (velt::FieldEditor* shown = editor(); shown && isEditable()) shown->cut();
+    if (velt::FieldEditor* shown = editor(); shown && isEditable() && !isSecret()) shown->cut();
 }
 void NSTextField::copyText(const id&) {
-    if (velt::FieldEditor* shown = editor()) shown->copy();
+    if (velt::FieldEditor* shown = editor(); shown && !isSecret()) shown->copy();
 }
 void NSTextField::pasteText(const id&) {
     if (velt::FieldEditor* shown = editor(); shown && isEditable()) shown->paste();
@@ -116,10 +119,10 @@ void NSTextField::selectAllText(const id&) {
     if (velt::FieldEditor* shown = editor()) shown->selectAll();
 }
 void NSTextField::undoTyping(const id&) {
-    if (velt::FieldEditor* shown = editor(); shown && isEditable()) shown->undo();
+    if (velt::FieldEditor* shown = editor(); shown && isEditable() && !isSecret()) shown->undo();
 }
 void NSTextField::redoTyping(const id&) {
-    if (velt::FieldEditor* shown = editor(); shown && isEditable()) shown->redo();
+    if (velt::FieldEditor* shown = editor(); shown && isEditable() && !isSecret()) shown->redo();
 }
 
 void NSTextField::describe(velt::ClassBuilder<NSTextField>& c) {

@@ -65,9 +65,9 @@ public:
     virtual void copyText(const id& sender);
     virtual void pasteText(const id& sender);
     virtual void deleteText(const id& sender);
-    virtual void selectAllText(const id& sender);
-    virtual void undoTyping(const id& sender);
-    virtual void redoTyping(const id& sender);
+    void selectAllText(const id& sender);
+    void undoTyping(const id& sender);
+    void redoTyping(const id& sender);
 
     bool resignFirstResponder() override;
     void moveToWindow(NSWindow* window) override;
@@ -86,8 +86,8 @@ public:
     // What the widget asks.
     /// Wraps its text over several lines.
     bool showsSeveralLines() const;
-    /// Dots stand for the text.
-    virtual bool isSecret() const { return false; }
+    /// Dots stand for the text, and it leaves the field by the program alone.
+    bool isSecret() const;
     /// The part of the value that stands in the editor.
     virtual id editedText() const { return stringValue(); }
     velt::FieldEditor* editor() const;

@@ -52,20 +52,21 @@ void NSOutlineView::reloadData() {
         open = openBelow({});
         for (const QModelIndex& index : view.selectionModel()->selectedRows()) selected.push_back(pathOf(index));
     }
-    beginReloading();
-    model_->reset();
-    // What was open is open again, if it is still there.
-    {
-        const velt::Setting opening(opening_, true);
-        openAgain({}, open);
-    }
-    auto& selection = static_cast<velt::RowSelection&>(*view.selectionModel());
     QItemSelection kept;
-    for (const Path& path : selected) {
-        const QModelIndex index = follow(path);
-        if (index.isValid()) kept.select(index, index);
+    {
+        const Reloading reloading(*this);
+        model_->reset();
+        // What was open is open again, if it is still there.
+        {
+            const velt::Setting opening(opening_, true);
+            openAgain({}, open);
+        }
+        for (const Path& path : selected) {
+            const QModelIndex index = follow(path);
+            if (index.isValid()) kept.select(index, index);
+        }
+        auto& selection = static_cast<velt::RowSelection&>(*view.selectionModel());
+        selection.selectUnasked(kept, QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
     }
-    selection.selectUnasked(kept, QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
-    endReloading();
     if (kept.size() < static_cast<qsizetype>(selected.size())) selectionChanged();
 }

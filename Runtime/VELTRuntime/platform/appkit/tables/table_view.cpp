@@ -71,22 +71,23 @@ void NSTableView::reloadData() {
     const int x = view.horizontalScrollBar()->value(), y = view.verticalScrollBar()->value();
     const QPersistentModelIndex current = view.currentIndex();
     const int currentRow = current.row(), currentColumn = current.column();
-    beginReloading();
-    static_cast<velt::TableModel*>(view.model())->setRows(static_cast<int>(rows));
-    auto& selection = static_cast<velt::RowSelection&>(*view.selectionModel());
     bool lost = false;
-    QItemSelection kept;
-    for (const NSRange& range : selected) {
-        const long end = std::min(static_cast<long>(range.location + range.length), rows);
-        const long begin = static_cast<long>(range.location);
-        lost = lost || end < static_cast<long>(range.location + range.length);
-        if (begin < end) kept.append(rowsBetween(begin, end));
+    {
+        const Reloading reloading(*this);
+        static_cast<velt::TableModel*>(view.model())->setRows(static_cast<int>(rows));
+        QItemSelection kept;
+        for (const NSRange& range : selected) {
+            const long end = std::min(static_cast<long>(range.location + range.length), rows);
+            const long begin = static_cast<long>(range.location);
+            lost = lost || end < static_cast<long>(range.location + range.length);
+            if (begin < end) kept.append(rowsBetween(begin, end));
+        }
+        auto& selection = static_cast<velt::RowSelection&>(*view.selectionModel());
+        selection.selectUnasked(kept, QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+        if (currentRow >= 0 && currentRow < rows) {
+            selection.setCurrentIndex(indexOf(currentRow, currentColumn), QItemSelectionModel::NoUpdate);
+        }
     }
-    selection.selectUnasked(kept, QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
-    if (currentRow >= 0 && currentRow < rows) {
-        selection.setCurrentIndex(indexOf(currentRow, currentColumn), QItemSelectionModel::NoUpdate);
-    }
-    endReloading();
     view.horizontalScrollBar()->setValue(x);
     view.verticalScrollBar()->setValue(y);
     if (lost) selectionChanged();
@@ -98,11 +99,6 @@ long NSTableView::numberOfRows() {
 }
 
 long NSTableView::shownRows() { return itemView().model()->rowCount(); }
-
-void NSTableView::endReloading() {
-    reloading_ = false;
-    syncColumns(itemView());
-}
 
 // Values.
 

@@ -7,6 +7,7 @@
 #include "VELTRuntime/platform/appkit/controls/control.h"
 #include "VELTRuntime/platform/appkit/tables/table_column.h"
 #include "VELTRuntime/platform/foundation/index_set.h"
+#include "VELTRuntime/platform/object/setting.h"
 
 #include <optional>
 #include <vector>
@@ -207,10 +208,19 @@ protected:
     void columnsChanged();
     virtual long shownRows();
     bool isLoaded() const { return loaded_; }
-    bool isReloading() const { return reloading_; }
-    void beginReloading() { reloading_ = loaded_ = true; }
-    /// The columns are told to the header anew, which forgets them with the rows.
-    void endReloading();
+    /// While it exists, the rows are loaded anew, and nothing is told of the selection. Then, also when the source
+    /// raises, the header is told of the columns again, which it forgets with the rows.
+    class Reloading {
+    public:
+        explicit Reloading(NSTableView& table) : table_(table), quiet_(table.reloading_, true) { table.loaded_ = true; }
+        ~Reloading() { table_.syncColumns(table_.itemView()); }
+        Reloading(const Reloading&) = delete;
+        Reloading& operator=(const Reloading&) = delete;
+
+    private:
+        NSTableView& table_;
+        const velt::Setting<bool> quiet_;
+    };
 
 private:
     id dataCellAt(const QModelIndex& index);
