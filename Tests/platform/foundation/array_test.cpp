@@ -32,6 +32,80 @@ TEST(ArrayObjects, AreEqualWithEqualElementsInOrder) {
     EXPECT_FALSE(velt::isEqual(array(), nil));
 }
 
+TEST(ArrayObjects, ThatHoldThemselvesAreComparedToTheEnd) {
+    const id first = array(integer(1)), second = array(integer(1));
+    velt::send(first, "addObject:", first);
+    velt::send(second, "addObject:", second);
+    EXPECT_TRUE(velt::isEqual(first, second));
+    EXPECT_EQ(velt::hash(first), velt::hash(second));
+    velt::send(second, "addObject:", integer(2));
+    velt::send(first, "addObject:", integer(3));
+    EXPECT_FALSE(velt::isEqual(first, second));
+    for (const id& list : {first, second}) velt::send(list, "removeAllObjects");
+}
+
+TEST(ArrayObjects, ThatHoldOneAnotherInDictionariesAreComparedToTheEnd) {
+    const auto ring = [](long number) {
+        const id entries = velt::make<NSMutableDictionary>(), list = array(entries);
+        velt::send(entries, "setObject:forKey:", list, str("list"));
+        velt::send(entries, "setObject:forKey:", integer(number), str("number"));
+        return list;
+    };
+    const id first = ring(1), second = ring(1), third = ring(2);
+    EXPECT_TRUE(velt::isEqual(first, second));
+    EXPECT_FALSE(velt::isEqual(first, third));
+    EXPECT_FALSE(velt::isEqual(third, first));
+    for (const id& list : {first, second, third}) velt::send(list, "removeAllObjects");
+}
+
+TEST(ArrayObjects, SayThatTheyAreTooDeepToBeCompared) {
+    const auto nested = [](int levels) {
+        id list = array();
+        for (int i = 1; i < levels; ++i) list = array(list);
+        return list;
+    };
+    EXPECT_TRUE(velt::isEqual(nested(10'000), nested(10'000)));
+    EXPECT_RAISES(
+        "NSInvalidArgumentException: 'NSMutableArray' isEqual:: collections are nested deeper than 10000 levels",
+        velt::isEqual(nested(20'000), nested(20'000)));
+    // Nothing is left of what was given up.
+    EXPECT_TRUE(velt::isEqual(nested(10'000), nested(10'000)));
+}
+
+TEST(ArrayObjects, ThatHoldThemselvesSayThatTheirElementsHaveNoEnd) {
+    const id list = array(array());
+    velt::send(list, "addObject:", list);
+    EXPECT_RAISES("NSInvalidArgumentException: 'NSMutableArray' valueForKey:: the array holds itself",
+                  velt::valueForKey(list, "description"));
+    EXPECT_RAISES("NSInvalidArgumentException: 'NSMutableArray' setValue:forKey:: the array holds itself",
+                  velt::setValueForKey(list, "any", integer(1)));
+    EXPECT_VALUE("Q 2", velt::valueForKey(list, "@count"));
+    velt::send(list, "removeAllObjects");
+}
+
+/// Empties a list whenever it is compared.
+class EmptyingElement : public NSObject {
+    VELT_OBJECT(EmptyingElement, NSObject)
+public:
+    bool isEqual(const id&) const override {
+        velt::send(list, "removeAllObjects");
+        return true;
+    }
+    static void describe(velt::ClassBuilder<EmptyingElement>&) {}
+    id list;
+};
+
+TEST(ArrayObjects, AreComparedAlthoughTheirElementsChangeThem) {
+    const velt::Ref<EmptyingElement> element = velt::make<EmptyingElement>();
+    const id mine = array(element, integer(2)), its = array(str("x"), integer(2));
+    element->list = its;
+    EXPECT_FALSE(velt::isEqual(mine, its));
+    const id other = array(str("x"), integer(2));
+    element->list = mine;
+    EXPECT_TRUE(velt::isEqual(mine, other)) << "nothing is left to compare";
+    element->list = nil;
+}
+
 TEST(ArrayCopies, ShareElementsAndStayAsTheyAre) {
     const id inner = array(), list = array(inner);
     const id copy = velt::copy(list);

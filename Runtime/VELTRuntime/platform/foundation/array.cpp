@@ -44,8 +44,15 @@ id NSArray::description() const {
 bool NSArray::isEqual(const id& other) const {
     const NSArray* array = velt::arrayOf(other);
     if (!array || array->count() != count()) return false;
+    const velt::CollectionWalk walk(velt::CollectionWalk::Purpose::Comparison, *this, array);
+    // Two that hold themselves are equal unless something else in them differs.
+    if (walk.isWithinItself()) return true;
+    walk.requireBearable("isEqual:");
     for (std::size_t i = 0; i < count(); ++i) {
-        if (!velt::isEqual(values_[i], array->values_[i])) return false;
+        if (i >= array->count()) return false;
+        // A program's elements may change the arrays when they are asked.
+        const id mine = values_[i], its = array->values_[i];
+        if (!velt::isEqual(mine, its)) return false;
     }
     return true;
 }
@@ -122,10 +129,19 @@ namespace velt {
 
 namespace {
 
+/// An array that holds itself has no end of elements to ask.
+void requireElsewhere(const CollectionWalk& walk, const id& array, std::string_view operation) {
+    if (!walk.isWithinItself()) return walk.requireBearable(operation);
+    raise(kInvalidArgumentException,
+          "'" + classOf(array)->name() + "' " + std::string(operation) + ": the array holds itself");
+}
+
 /// Each element's value under the key; an element without one leaves no place.
 id elementValues(const id& self, std::string_view key) {
     if (key.starts_with('@')) return collectionValue(self, key, {});
     const NSArray* array = arrayOf(self);
+    const CollectionWalk walk(CollectionWalk::Purpose::Values, *array);
+    requireElsewhere(walk, self, "valueForKey:");
     Ref<NSMutableArray> values = make<NSMutableArray>();
     for (std::size_t i = 0; i < array->count(); ++i) {
         const id element = array->items()[i];
@@ -136,6 +152,8 @@ id elementValues(const id& self, std::string_view key) {
 
 void setElementValues(const id& self, std::string_view key, const id& value) {
     const NSArray* array = arrayOf(self);
+    const CollectionWalk walk(CollectionWalk::Purpose::Values, *array);
+    requireElsewhere(walk, self, "setValue:forKey:");
     for (std::size_t i = 0; i < array->count(); ++i) {
         const id element = array->items()[i];
         setValueForKey(element, key, value);

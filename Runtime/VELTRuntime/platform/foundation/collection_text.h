@@ -1,7 +1,7 @@
 // The text of collections: elements by their description, and an end to collections that hold themselves.
 #pragma once
 
-#include "VELTRuntime/platform/object/object.h"
+#include "VELTRuntime/platform/foundation/collection_walk.h"
 
 #include <string>
 
@@ -10,18 +10,13 @@ namespace velt {
 /// Marks a collection as being described on this thread while it exists.
 class DescriptionScope {
 public:
-    explicit DescriptionScope(const NSObject& collection);
-    ~DescriptionScope();
-    DescriptionScope(const DescriptionScope&) = delete;
-    DescriptionScope& operator=(const DescriptionScope&) = delete;
+    explicit DescriptionScope(const NSObject& collection) : walk_(CollectionWalk::Purpose::Description, collection) {}
     /// The collection holds itself, or collections are nested deeper than a text could show.
-    bool isNested() const { return nested_; }
+    bool isNested() const { return walk_.isWithinItself() || walk_.depth() > kDeepest; }
 
 private:
-    const NSObject* collection_;
-    const DescriptionScope* outer_;
-    unsigned depth_;
-    bool nested_ = false;
+    static constexpr unsigned kDeepest = 200;
+    CollectionWalk walk_;
 };
 
 /// The text of one element: a string as it is, any other value by its description.

@@ -82,6 +82,10 @@ id NSDictionary::description() const {
 bool NSDictionary::isEqual(const id& other) const {
     const NSDictionary* dictionary = velt::dictionaryOf(other);
     if (!dictionary || dictionary->count() != count()) return false;
+    const velt::CollectionWalk walk(velt::CollectionWalk::Purpose::Comparison, *this, dictionary);
+    // Two that hold themselves are equal unless something else in them differs.
+    if (walk.isWithinItself()) return true;
+    walk.requireBearable("isEqual:");
     bool equal = true;
     forEach([&](const id& key, const id& value) {
         const id* found = equal ? dictionary->table_.find(key) : nullptr;
