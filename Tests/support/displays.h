@@ -30,6 +30,20 @@ inline bool windowBecomesActive(QWidget& window) {
     return comesIntoView(&window);
 }
 
+/// Gives a window the keyboard for good. A window manager that still looks after windows that were closed before may take
+/// it away again for a moment, and a shortcut that is pressed just then is lost.
+inline bool windowStaysActive(QWidget& window) {
+    constexpr int kTurns = 5, kTurn = 20;
+    if (!windowBecomesActive(window)) return false;
+    if (!displayIsX11()) return true;
+    int turns = 0;
+    return comesTrue([&] {
+        QTest::qWait(kTurn);
+        turns = window.isActiveWindow() ? turns + 1 : 0;
+        return turns >= kTurns;
+    });
+}
+
 /// Waits for what a window manager says, some time after a window is shown, of what it puts around it.
 inline bool frameIsKnown(QWidget& window) {
     if (!displayIsX11() || !displayHasWindowManager()) return true;

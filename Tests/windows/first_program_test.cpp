@@ -236,7 +236,7 @@ struct ShoppingProgram : testing::Test {
         list = velt::make<shopping::ShoppingList>();
         list->path = str(folder.file("list.plist"));
         list->open();
-        ASSERT_TRUE(windowBecomesActive(window().widget()));
+        ASSERT_TRUE(windowStaysActive(window().widget()));
     }
     void close() {
         if (list && !list->window.isNil()) VELT_NSWINDOW_CLOSE(list->window);
@@ -270,7 +270,7 @@ TEST(GreetingProgram, GreetsByTheButtonAndByReturn) {
     EXPECT_EQ(0, greeting::program(0, nullptr));
     Ref<NSWindow> window(shownWindow("Greetings"));
     ASSERT_TRUE(window);
-    ASSERT_TRUE(windowBecomesActive(window->widget()));
+    ASSERT_TRUE(windowStaysActive(window->widget()));
     Ref<greeting::Greeter> greeter(velt::as<greeting::Greeter>(
         VELT_NSCONTROL_TARGET(velt::as<NSView>(window->contentView())->subviewList().front())));
     window->makeFirstResponder(greeter->field);

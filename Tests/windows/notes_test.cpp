@@ -60,7 +60,7 @@ struct NotesProgram : testing::Test {
         NSApplication::sharedApplication().setDelegate(program);
         NSApplication::sharedApplication().setMainMenu(notes::mainMenu(program));
         program->open();
-        ASSERT_TRUE(windowBecomesActive(window().widget()));
+        ASSERT_TRUE(windowStaysActive(window().widget()));
         ASSERT_TRUE(comesTrue([this] { return window().isKeyWindow(); }));
     }
     void close() {

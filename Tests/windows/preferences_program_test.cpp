@@ -50,7 +50,7 @@ struct ReaderProgram : testing::Test {
         program = velt::make<Reader>();
         NSApplication::sharedApplication().setMainMenu(reader::mainMenu(program));
         program->open("One line.\nAnother one.\n"_v);
-        ASSERT_TRUE(windowBecomesActive(window().widget()));
+        ASSERT_TRUE(windowStaysActive(window().widget()));
         // The settings are watched from the next turn on.
         QTest::qWait(1);
     }
@@ -69,7 +69,8 @@ struct ReaderProgram : testing::Test {
     }
     void openPreferences() const {
         pressKey(window(), Qt::Key_Comma, kCommand);
-        ASSERT_TRUE(comesTrue([this] { return prefs().isKeyWindow(); }));
+        ASSERT_TRUE(comesTrue([this] { return prefs().isKeyWindow(); }))
+            << (prefs().isVisible() ? "shown without the keyboard" : "not shown");
     }
     /// Clicks a pane's button in the toolbar and waits until the window has its size.
     void goTo(const char* pane) const {
