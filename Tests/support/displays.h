@@ -30,8 +30,8 @@ inline bool windowBecomesActive(QWidget& window) {
     return comesIntoView(&window);
 }
 
-/// Gives a window the keyboard for good. A window manager that still looks after windows that were closed before may take
-/// it away again for a moment, and a shortcut that is pressed just then is lost.
+/// Gives a window the keyboard for good. A window manager that still looks after windows that were closed before may
+/// take it away again for a moment, and a shortcut that is pressed just then is lost.
 inline bool windowStaysActive(QWidget& window) {
     constexpr int kTurns = 5, kTurn = 20;
     if (!windowBecomesActive(window)) return false;
