@@ -558,7 +558,10 @@ TEST_F(TextFields, AreAsSecretAsTheirCell) {
     shown.add(field);
     ASSERT_TRUE(shown.show());
     ASSERT_TRUE(shown.focus(field));
-    velt::send(field, "setCell:", id(velt::make<NSSecureTextFieldCell>(str("hidden"))));
+    const id secret = VELT_NSSECURETEXTFIELD_INIT(nil, "");
+    VELT_NSCONTROL_STRINGVALUE(secret, str("hidden"));
+    velt::send(field, "setCell:", velt::send(secret, "cell"));
+    QTest::qWait(1);  // the editor before it goes with the next events
     ASSERT_TRUE(lineOf(field));
     EXPECT_EQ(QLineEdit::Password, lineOf(field)->echoMode());
     EXPECT_EQ("hidden", lineOf(field)->text().toStdString());
@@ -569,6 +572,7 @@ TEST_F(TextFields, AreAsSecretAsTheirCell) {
     EXPECT_EQ("before", QApplication::clipboard()->text().toStdString());
     EXPECT_EQ("hidden", textOfField(field));
     velt::send(field, "setCell:", plain);
+    QTest::qWait(1);
     EXPECT_EQ(QLineEdit::Normal, lineOf(field)->echoMode());
     EXPECT_EQ("letters", lineOf(field)->text().toStdString());
     velt::send(field, "selectText:", nil);

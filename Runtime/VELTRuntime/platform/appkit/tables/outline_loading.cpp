@@ -54,7 +54,7 @@ void NSOutlineView::reloadData() {
     }
     QItemSelection kept;
     {
-        const Reloading reloading(*this);
+        const velt::Setting quiet = reloading();
         model_->reset();
         // What was open is open again, if it is still there.
         {
@@ -68,5 +68,6 @@ void NSOutlineView::reloadData() {
         auto& selection = static_cast<velt::RowSelection&>(*view.selectionModel());
         selection.selectUnasked(kept, QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
     }
+    syncColumns(view);
     if (kept.size() < static_cast<qsizetype>(selected.size())) selectionChanged();
 }

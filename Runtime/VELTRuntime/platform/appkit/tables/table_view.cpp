@@ -73,7 +73,7 @@ void NSTableView::reloadData() {
     const int currentRow = current.row(), currentColumn = current.column();
     bool lost = false;
     {
-        const Reloading reloading(*this);
+        const velt::Setting quiet = reloading();
         static_cast<velt::TableModel*>(view.model())->setRows(static_cast<int>(rows));
         QItemSelection kept;
         for (const NSRange& range : selected) {
@@ -88,6 +88,7 @@ void NSTableView::reloadData() {
             selection.setCurrentIndex(indexOf(currentRow, currentColumn), QItemSelectionModel::NoUpdate);
         }
     }
+    syncColumns(view);
     view.horizontalScrollBar()->setValue(x);
     view.verticalScrollBar()->setValue(y);
     if (lost) selectionChanged();

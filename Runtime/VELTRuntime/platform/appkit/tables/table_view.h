@@ -208,23 +208,16 @@ protected:
     void columnsChanged();
     virtual long shownRows();
     bool isLoaded() const { return loaded_; }
-    /// While it exists, the rows are loaded anew, and nothing is told of the selection. Then, also when the source
-    /// raises, the header is told of the columns again, which it forgets with the rows.
-    class Reloading {
-    public:
-        explicit Reloading(NSTableView& table) : table_(table), quiet_(table.reloading_, true) { table.loaded_ = true; }
-        ~Reloading() { table_.syncColumns(table_.itemView()); }
-        Reloading(const Reloading&) = delete;
-        Reloading& operator=(const Reloading&) = delete;
-
-    private:
-        NSTableView& table_;
-        const velt::Setting<bool> quiet_;
-    };
+    /// The rows are loaded anew: nothing is told of the selection as long as the result exists.
+    [[nodiscard]] velt::Setting<bool> reloading() {
+        loaded_ = true;
+        return {reloading_, true};
+    }
+    /// Tells the header of the columns, which it forgets with the rows.
+    void syncColumns(QAbstractItemView& view);
 
 private:
     id dataCellAt(const QModelIndex& index);
-    void syncColumns(QAbstractItemView& view);
     void syncSortIndicator();
     void syncDragging(QAbstractItemView& view);
 
