@@ -68,6 +68,16 @@ TEST(ArrayObjects, SayThatTheyAreTooDeepToBeCompared) {
     EXPECT_RAISES(
         "NSInvalidArgumentException: 'NSMutableArray' isEqual:: collections are nested deeper than 10000 levels",
         velt::isEqual(nested(20'000), nested(20'000)));
+    const auto nestedEntries = [](int levels) {
+        id entries = velt::make<NSMutableDictionary>();
+        for (int i = 1; i < levels; ++i) {
+            const id outer = velt::make<NSMutableDictionary>();
+            velt::send(outer, "setObject:forKey:", entries, str("inner"));
+            entries = outer;
+        }
+        return entries;
+    };
+    EXPECT_TRUE(velt::isEqual(nestedEntries(10'000), nestedEntries(10'000)));
     // Nothing is left of what was given up.
     EXPECT_TRUE(velt::isEqual(nested(10'000), nested(10'000)));
 }
