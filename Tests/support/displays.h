@@ -10,6 +10,7 @@
 #include "VELTRuntime/platform/appkit/application_object.h"
 #include "VELTRuntime/process/window_activation.h"
 #include "support/patience.h"
+#include "support/person.h"
 
 namespace velt::test {
 
@@ -23,8 +24,14 @@ inline bool displayIsWayland() { return displayKind().startsWith(QLatin1String("
 
 /// Somebody gives windows the keyboard and miniaturizes them when asked.
 inline bool displayHasWindowManager() { return displayIsInMemory() || velt::WindowActivation().isPossible(); }
+/// A window manager passes over a program's request for the keyboard that it holds for older than what it did
+/// meanwhile: the tests' own keys never went through it. A person then chooses the window.
+inline void chooseWindow(const QWidget& window) {
+    if (window.isVisible()) Person::choose(window.winId());
+}
 /// Gives a window the keyboard. A compositor that has no keyboard to give leaves that to the toolkit.
 inline bool windowBecomesActive(QWidget& window) {
+    if (displayIsX11() && !QTest::qWaitForWindowActive(&window, kSoon)) chooseWindow(window);
     if (!displayIsWayland()) return becomesActive(&window);
     QApplication::setActiveWindow(&window);
     return comesIntoView(&window);
@@ -33,7 +40,7 @@ inline bool windowBecomesActive(QWidget& window) {
 /// Gives a window the keyboard for good. A window manager that still looks after windows that were closed before may
 /// take it away again for a moment, and a shortcut that is pressed just then is lost.
 inline bool windowStaysActive(QWidget& window) {
-    constexpr int kTurns = 5, kTurn = 20;
+    constexpr int kTurns = 5;
     if (!windowBecomesActive(window)) return false;
     if (!displayIsX11()) return true;
     int turns = 0;
@@ -44,10 +51,15 @@ inline bool windowStaysActive(QWidget& window) {
     });
 }
 
-/// Waits for what a window manager says, some time after a window is shown, of what it puts around it.
+/// Waits for what a window manager says, some time after a window is shown, of where it is and what lies around it.
 inline bool frameIsKnown(QWidget& window) {
     if (!displayIsX11() || !displayHasWindowManager()) return true;
-    return comesTrue([&] { return !window.windowHandle()->frameMargins().isNull(); });
+    QRect frame;
+    return comesTrue([&] {
+        const QRect before = std::exchange(frame, window.frameGeometry());
+        QTest::qWait(kTurn);
+        return !window.windowHandle()->frameMargins().isNull() && frame == before;
+    });
 }
 
 }  // namespace velt::test

@@ -39,6 +39,8 @@ public:
         act({"mousedown", "1"});
     }
     static void letGo() { act({"mouseup", "1"}); }
+    /// Chooses a window by its number in the window system, as from a list of those that are open.
+    static void choose(unsigned long window) { act({"windowactivate", QString::number(window)}); }
     /// Keys by the window system's names, each with those that are held, as in "ctrl+a".
     static void press(const char* keys) { act({"key", "--clearmodifiers", QString::fromLatin1(keys)}); }
     static void type(const char* text) { act({"type", "--delay", "5", QString::fromUtf8(text)}); }

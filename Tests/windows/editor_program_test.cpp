@@ -69,7 +69,7 @@ struct EditorProgram : testing::Test {
         for (const std::string& path : paths) VELT_NSMUTABLEARRAY_APPEND(files, str(path));
         program->open(str(VELT_SOURCE_FOLDER "/Examples/editor/Resources"), files);
         ASSERT_TRUE(windowStaysActive(window().widget()));
-        ASSERT_TRUE(comesTrue([this] { return window().isKeyWindow(); }));
+        ASSERT_TRUE(hasKeyboard(window()));
         program->applicationDidFinishLaunching(nil);
     }
     void close() {
@@ -87,7 +87,10 @@ struct EditorProgram : testing::Test {
     Ref<editor::Source> current() const { return program->current(); }
     const id& view() const { return current()->view; }
     QWidget& page() const { return velt::as<NSView>(view())->widget(); }
-    void press(Qt::Key key, Qt::KeyboardModifiers modifiers = {}) const { pressKey(window(), key, modifiers); }
+    void press(Qt::Key key, Qt::KeyboardModifiers modifiers = {}) const {
+        EXPECT_TRUE(takesKeys(window()));
+        pressKey(window(), key, modifiers);
+    }
     void type(const char* text) const {
         for (; *text; ++text) {
             if (*text == '\n')
@@ -145,7 +148,7 @@ struct EditorProgram : testing::Test {
     void inPreferences(const char* pane, const std::function<void(NSWindow&)>& work) const {
         press(Qt::Key_Comma, kCommand);
         const Ref<NSWindow> prefs(velt::as<NSWindow>(program->preferences->window()));
-        ASSERT_TRUE(comesTrue([&] { return prefs->isKeyWindow(); }));
+        ASSERT_TRUE(hasKeyboard(*prefs));
         ASSERT_NO_FATAL_FAILURE(clickPane(*prefs, pane));
         ASSERT_TRUE(comesTrue([&] { return velt::utf8(prefs->title()) == pane; }));
         work(*prefs);
@@ -442,7 +445,7 @@ TEST_F(EditorProgram, GoesToALine) {
         // Not every display gives the keyboard back by itself.
         window().makeKeyAndOrderFront(nil);
         ASSERT_TRUE(windowStaysActive(window().widget()));
-        ASSERT_TRUE(comesTrue([this] { return window().isKeyWindow(); }));
+        ASSERT_TRUE(hasKeyboard(window()));
     };
     answer("4");
     EXPECT_EQ("Line 4, column 1", place());

@@ -61,7 +61,7 @@ struct NotesProgram : testing::Test {
         NSApplication::sharedApplication().setMainMenu(notes::mainMenu(program));
         program->open();
         ASSERT_TRUE(windowStaysActive(window().widget()));
-        ASSERT_TRUE(comesTrue([this] { return window().isKeyWindow(); }));
+        ASSERT_TRUE(velt::test::hasKeyboard(window()));
     }
     void close() {
         if (!program) return;
@@ -70,7 +70,10 @@ struct NotesProgram : testing::Test {
     }
 
     NSWindow& window() const { return *velt::as<NSWindow>(program->window); }
-    void press(Qt::Key key, Qt::KeyboardModifiers modifiers = {}) const { pressKey(window(), key, modifiers); }
+    void press(Qt::Key key, Qt::KeyboardModifiers modifiers = {}) const {
+        EXPECT_TRUE(takesKeys(window()));
+        pressKey(window(), key, modifiers);
+    }
     void type(const char* text) const {
         for (const char* unit = text; *unit; ++unit) QTest::keyClick(window().widget().windowHandle(), *unit);
     }

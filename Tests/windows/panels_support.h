@@ -4,6 +4,7 @@
 #include "support/control_window.h"
 #include "support/patience.h"
 
+#include <QElapsedTimer>
 #include <QLabel>
 #include <QLineEdit>
 #include <QTimer>
@@ -36,8 +37,18 @@ inline void onceThat(std::function<bool()> holds, std::function<void()> then) {
 /// Runs a function once another session than now has a window that is seen and has the keyboard.
 inline void onceAsked(std::function<void(NSWindow&)> answer) {
     NSWindow* before = modalWindow();
-    onceThat([before] { return modalWindow() && modalWindow() != before && modalWindow()->isKeyWindow(); },
-             [answer = std::move(answer)] { answer(*modalWindow()); });
+    const auto isSeen = [before, seen = QElapsedTimer()]() mutable {
+        NSWindow* window = modalWindow();
+        if (!window || window == before) return false;
+        if (window->isKeyWindow()) return true;
+        if (!seen.isValid()) seen.start();
+        if (displayIsX11() && seen.hasExpired(kSoon)) {
+            chooseWindow(window->widget());
+            seen.restart();
+        }
+        return false;
+    };
+    onceThat(isSeen, [answer = std::move(answer)] { answer(*modalWindow()); });
 }
 
 /// A key and a click as the window system delivers them.
@@ -63,16 +74,29 @@ inline void clickButton(NSWindow& window, std::string_view title) {
     ADD_FAILURE() << "no button " << title;
 }
 
-/// The sheet that a window shows, once it is seen and has the keyboard; null when it is not within ten seconds.
+/// Waits until a window has the keyboard, as a person does before pressing keys.
+inline bool hasKeyboard(NSWindow& window) {
+    const auto has = [&] { return window.isKeyWindow(); };
+    if (displayIsX11() && !QTest::qWaitFor(has, kSoon)) chooseWindow(window.widget());
+    return comesTrue(has);
+}
+/// The same, unless something in front of the window has the keyboard.
+inline bool takesKeys(NSWindow& window) {
+    return !window.isVisible() || !window.attachedSheet().isNil() || QApplication::activeModalWidget() ||
+           hasKeyboard(window);
+}
+
+/// The sheet that a window shows, once it is seen and has the keyboard; null when none comes.
 inline Ref<NSWindow> waitForSheet(const id& window) {
     NSWindow& shown = *as<NSWindow>(window);
-    const auto seen = [&] {
+    const auto isSeen = [&] {
         const id sheet = shown.attachedSheet();
-        return !sheet.isNil() && as<NSWindow>(sheet)->isKeyWindow();
+        return !sheet.isNil() && as<NSWindow>(sheet)->isVisible();
     };
-    const bool came = comesTrue(seen);
+    const Ref<NSWindow> sheet(comesTrue(isSeen) ? as<NSWindow>(shown.attachedSheet()) : nullptr);
+    const bool came = sheet && hasKeyboard(*sheet);
     EXPECT_TRUE(came);
-    return came ? Ref<NSWindow>(as<NSWindow>(shown.attachedSheet())) : Ref<NSWindow>();
+    return came ? sheet : Ref<NSWindow>();
 }
 
 /// What a person reads of an alert: "message|informative|[button][button]", with a dash for what is not there.

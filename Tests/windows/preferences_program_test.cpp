@@ -68,9 +68,10 @@ struct ReaderProgram : testing::Test {
         return *velt::as<NSWindow>(shown);
     }
     void openPreferences() const {
+        EXPECT_TRUE(hasKeyboard(window()));
         pressKey(window(), Qt::Key_Comma, kCommand);
-        ASSERT_TRUE(comesTrue([this] { return prefs().isKeyWindow(); }))
-            << (prefs().isVisible() ? "shown without the keyboard" : "not shown");
+        ASSERT_TRUE(hasKeyboard(prefs())) << (prefs().isVisible() ? "shown without the keyboard" : "not shown");
+        ASSERT_TRUE(frameIsKnown(prefs().widget()));
     }
     /// Clicks a pane's button in the toolbar and waits until the window has its size.
     void goTo(const char* pane) const {
@@ -230,13 +231,14 @@ TEST_F(ReaderProgram, AsksBeforeItIsClosedWhenToldTo) {
     closePreferences(prefs(), window());
     openPreferences();
     window().makeKeyWindow();
-    ASSERT_TRUE(comesTrue([this] { return window().isKeyWindow(); }));
+    ASSERT_TRUE(hasKeyboard(window()));
     pressKey(window(), Qt::Key_W, kCommand);
     Ref<NSWindow> sheet = waitForSheet(program->window);
     ASSERT_TRUE(sheet);
     EXPECT_EQ("Close the reader?|The preferences say that you want to be asked.|[Close][Cancel]", readAlert(*sheet));
     pressKey(*sheet, Qt::Key_Escape);
-    EXPECT_TRUE(comesTrue([this] { return window().attachedSheet().isNil() && window().isKeyWindow(); }));
+    EXPECT_TRUE(comesTrue([this] { return window().attachedSheet().isNil(); }));
+    EXPECT_TRUE(hasKeyboard(window()));
     EXPECT_TRUE(window().isVisible());
     pressKey(window(), Qt::Key_W, kCommand);
     sheet = waitForSheet(program->window);

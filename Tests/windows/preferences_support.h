@@ -37,7 +37,7 @@ inline void closePreferences(NSWindow& prefs, NSWindow& main) {
     EXPECT_FALSE(prefs.isVisible());
     EXPECT_TRUE(main.isVisible());
     main.makeKeyWindow();
-    EXPECT_TRUE(comesTrue([&] { return main.isKeyWindow(); }));
+    EXPECT_TRUE(hasKeyboard(main));
 }
 
 /// Clicks a control of the pane that is shown.
