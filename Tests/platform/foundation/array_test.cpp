@@ -1,4 +1,5 @@
 #include "VELTRuntime/platform/foundation/array.h"
+#include "VELTRuntime/platform/object/setting.h"
 
 #include "support/values.h"
 
@@ -85,12 +86,38 @@ TEST(ArrayObjects, SayThatTheyAreTooDeepToBeCompared) {
 TEST(ArrayObjects, ThatHoldThemselvesSayThatTheirElementsHaveNoEnd) {
     const id list = array(array());
     velt::send(list, "addObject:", list);
-    EXPECT_RAISES("NSInvalidArgumentException: 'NSMutableArray' valueForKey:: the array holds itself",
-                  velt::valueForKey(list, "description"));
-    EXPECT_RAISES("NSInvalidArgumentException: 'NSMutableArray' setValue:forKey:: the array holds itself",
-                  velt::setValueForKey(list, "any", integer(1)));
+    EXPECT_RAISES(
+        "NSInvalidArgumentException: 'NSMutableArray' valueForKey:: collections are nested deeper than 1000 levels",
+        velt::valueForKey(list, "name"));
+    EXPECT_RAISES(
+        "NSInvalidArgumentException: 'NSMutableArray' setValue:forKey:: collections are nested deeper than 1000 levels",
+        velt::setValueForKey(list, "name", integer(1)));
     EXPECT_VALUE("Q 2", velt::valueForKey(list, "@count"));
     velt::send(list, "removeAllObjects");
+}
+
+/// Asks the others of its list, itself among them, unless it is asked by one of them.
+class Sibling : public NSObject {
+    VELT_OBJECT(Sibling, NSObject)
+public:
+    id isChosen() const { return chosen; }
+    void choose(const id& value) {
+        if (isTelling) return;
+        const velt::Setting telling(isTelling, true);
+        velt::setValueForKey(list, "chosen", boolean(false));
+        chosen = value;
+    }
+    static void describe(velt::ClassBuilder<Sibling>& c) { c.property("chosen", &Sibling::isChosen, &Sibling::choose); }
+    id list, chosen = boolean(false);
+    static inline bool isTelling = false;
+};
+
+TEST(ArrayObjects, MayBeAskedForTheirElementsValuesByAnElement) {
+    const velt::Ref<Sibling> sibling = velt::make<Sibling>();
+    sibling->list = array(sibling, velt::make<Sibling>());
+    velt::setValueForKey(sibling->list, "chosen", boolean(true));
+    EXPECT_VALUE("NSMutableArray (1, 1)", velt::valueForKey(sibling->list, "chosen"));
+    sibling->list = nil;
 }
 
 /// Empties a list whenever it is compared.

@@ -47,7 +47,7 @@ bool NSArray::isEqual(const id& other) const {
     const velt::CollectionWalk walk(velt::CollectionWalk::Purpose::Comparison, *this, array);
     // Two that hold themselves are equal unless something else in them differs.
     if (walk.isWithinItself()) return true;
-    walk.requireBearable("isEqual:");
+    walk.requireBearable("isEqual:", velt::kMostComparedLevels);
     for (std::size_t i = 0; i < count(); ++i) {
         if (i >= array->count()) return false;
         // A program's elements may change the arrays when they are asked.
@@ -129,19 +129,15 @@ namespace velt {
 
 namespace {
 
-/// An array that holds itself has no end of elements to ask.
-void requireElsewhere(const CollectionWalk& walk, const id& array, std::string_view operation) {
-    if (!walk.isWithinItself()) return walk.requireBearable(operation);
-    raise(kInvalidArgumentException,
-          "'" + classOf(array)->name() + "' " + std::string(operation) + ": the array holds itself");
-}
+/// An array that holds itself has no end of elements to ask. An element that asks its own array in turn has.
+constexpr unsigned kMostAskedLevels = 1'000;
 
 /// Each element's value under the key; an element without one leaves no place.
 id elementValues(const id& self, std::string_view key) {
     if (key.starts_with('@')) return collectionValue(self, key, {});
     const NSArray* array = arrayOf(self);
     const CollectionWalk walk(CollectionWalk::Purpose::Values, *array);
-    requireElsewhere(walk, self, "valueForKey:");
+    walk.requireBearable("valueForKey:", kMostAskedLevels);
     Ref<NSMutableArray> values = make<NSMutableArray>();
     for (std::size_t i = 0; i < array->count(); ++i) {
         const id element = array->items()[i];
@@ -153,7 +149,7 @@ id elementValues(const id& self, std::string_view key) {
 void setElementValues(const id& self, std::string_view key, const id& value) {
     const NSArray* array = arrayOf(self);
     const CollectionWalk walk(CollectionWalk::Purpose::Values, *array);
-    requireElsewhere(walk, self, "setValue:forKey:");
+    walk.requireBearable("setValue:forKey:", kMostAskedLevels);
     for (std::size_t i = 0; i < array->count(); ++i) {
         const id element = array->items()[i];
         setValueForKey(element, key, value);

@@ -9,8 +9,6 @@ namespace velt {
 
 namespace {
 
-constexpr unsigned kDeepest = 10'000;
-
 const CollectionWalk*& innermostOf(CollectionWalk::Purpose purpose) {
     constinit static thread_local std::array<const CollectionWalk*, 3> innermost{};
     return innermost[static_cast<std::size_t>(purpose)];
@@ -29,11 +27,10 @@ CollectionWalk::CollectionWalk(Purpose purpose, const NSObject& collection, cons
 
 CollectionWalk::~CollectionWalk() { innermost_ = outer_; }
 
-void CollectionWalk::requireBearable(std::string_view operation) const {
-    if (depth_ <= kDeepest) return;
+void CollectionWalk::requireBearable(std::string_view operation, unsigned levels) const {
+    if (depth_ <= levels) return;
     raise(kInvalidArgumentException, "'" + collection_->isa().name() + "' " + std::string(operation) +
-                                         ": collections are nested deeper than " + std::to_string(kDeepest) +
-                                         " levels");
+                                         ": collections are nested deeper than " + std::to_string(levels) + " levels");
 }
 
 }  // namespace velt

@@ -7,6 +7,9 @@
 
 namespace velt {
 
+/// How deep collections that are compared may be nested.
+constexpr unsigned kMostComparedLevels = 10'000;
+
 /// Marks a collection, or a pair of them, as being walked over on this thread while it exists.
 class CollectionWalk {
 public:
@@ -21,8 +24,9 @@ public:
     bool isWithinItself() const { return withinItself_; }
     /// How many walks of the purpose this one is within.
     unsigned depth() const { return depth_; }
-    /// Raises NSInvalidArgumentException for an operation of a collection that lies deeper than the stack could bear.
-    void requireBearable(std::string_view operation) const;
+    /// Raises NSInvalidArgumentException for an operation of a collection that lies deeper than a number of levels,
+    /// which the stack can bear.
+    void requireBearable(std::string_view operation, unsigned levels) const;
 
 private:
     const NSObject* collection_;

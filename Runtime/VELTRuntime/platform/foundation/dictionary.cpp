@@ -85,7 +85,7 @@ bool NSDictionary::isEqual(const id& other) const {
     const velt::CollectionWalk walk(velt::CollectionWalk::Purpose::Comparison, *this, dictionary);
     // Two that hold themselves are equal unless something else in them differs.
     if (walk.isWithinItself()) return true;
-    walk.requireBearable("isEqual:");
+    walk.requireBearable("isEqual:", velt::kMostComparedLevels);
     bool equal = true;
     forEach([&](const id& key, const id& value) {
         const id* found = equal ? dictionary->table_.find(key) : nullptr;
