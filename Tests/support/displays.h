@@ -43,11 +43,17 @@ inline bool windowStaysActive(QWidget& window) {
     constexpr int kTurns = 5;
     if (!windowBecomesActive(window)) return false;
     if (!displayIsX11()) return true;
-    int turns = 0;
+    int with = 0, without = 0;
     return comesTrue([&] {
         QTest::qWait(kTurn);
-        turns = window.isActiveWindow() ? turns + 1 : 0;
-        return turns >= kTurns;
+        const bool active = window.isActiveWindow();
+        with = active ? with + 1 : 0;
+        without = active ? 0 : without + 1;
+        if (without * kTurn >= kSoon) {
+            chooseWindow(window);
+            without = 0;
+        }
+        return with >= kTurns;
     });
 }
 

@@ -158,6 +158,14 @@ TEST_F(Applications, GiveANegativeStatusForAProcessThatIsNotThere) {
     EXPECT_CAST_FAILURE("'Integer' expected", VELT_NSAPPLICATION_SHOWOTHERAPPLICATION(application(), nil));
 }
 
+TEST_F(Applications, KnowTheWindowThatAPersonChooses) {
+    if (!displayIsX11() || !displayHasWindowManager() || !Person::isThere()) GTEST_SKIP() << "nobody could choose";
+    const id first = keyWindow(), second = keyWindow(400);
+    EXPECT_EQ(second, VELT_NSAPPLICATION_KEYWINDOW(application()));
+    chooseWindow(velt::as<NSWindow>(first)->widget());
+    EXPECT_TRUE(comesTrue([&] { return VELT_NSAPPLICATION_KEYWINDOW(application()) == first; }));
+}
+
 TEST_F(Applications, BringAnotherProcessToTheFront) {
     if (!displayIsX11() || !displayHasWindowManager()) GTEST_SKIP() << "only X11's window managers are asked";
     const id window = keyWindow();
