@@ -56,7 +56,7 @@ TEST(AlertSheets, AreFollowedByWhatTheirDelegateBegins) {
     EXPECT_EQ("Second|I|[Yes]", readAlert(*second));
     EXPECT_FALSE(first->isVisible());
     pressKey(*second, Qt::Key_Return);
-    EXPECT_TRUE(comesTrue([&] { return VELT_CBOOL(VELT_NSWINDOW_ISKEYWINDOW(window.window)) != 0; }));
+    EXPECT_TRUE(hasKeyboard(*velt::as<NSWindow>(window.window)));
     EXPECT_TRUE(velt::as<NSWindow>(window.window)->attachedSheet().isNil());
 }
 
